@@ -1,0 +1,47 @@
+// The operations of the operating system on files, each of which may fail, behind one small interface. Everything
+// that touches a file goes through `CurrentDisk()`, so a test can put a disk there that fills, fails the nth time
+// or ends the process.
+//
+// Operations answer as POSIX does: a negative result with errno set. platform/Files.h turns that into run-time
+// errors; nothing else should call this.
+#pragma once
+
+#include <sys/stat.h>
+#include <sys/types.h>
+
+#include <cstddef>
+#include <string>
+
+namespace qel {
+
+class Disk {
+ public:
+  virtual ~Disk() = default;
+  virtual int Open(const std::string& path, int flags, mode_t mode);
+  virtual ssize_t Read(int file, void* buffer, std::size_t size);
+  virtual ssize_t Write(int file, const void* data, std::size_t size);
+  virtual int Sync(int file);
+  virtual int SetMode(int file, mode_t mode);
+  virtual int Lock(int file);  // waits for an exclusive lock, which closing the file gives back
+  virtual int Close(int file);
+  virtual int Status(const std::string& path, struct stat* status);
+  virtual int Rename(const std::string& from, const std::string& to);
+  virtual int Remove(const std::string& path);
+  virtual int MakeFolder(const std::string& path, mode_t mode);
+};
+
+Disk& CurrentDisk();
+
+// Puts another disk in place for as long as this lives.
+class DiskInPlace {
+ public:
+  explicit DiskInPlace(Disk& disk);
+  ~DiskInPlace();
+  DiskInPlace(const DiskInPlace&) = delete;
+  DiskInPlace& operator=(const DiskInPlace&) = delete;
+
+ private:
+  Disk* before;
+};
+
+}  // namespace qel

@@ -1,0 +1,110 @@
+// Files as the program uses them: whole-line input, checked output, replacement and renaming that never leave less
+// on the disk than before. Every failure is a RunTimeError with the number for its errno; a folder opened as a file
+// is 75, a missing folder on the way is 76, a missing file 53.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qel {
+
+// The separator of folders in file paths (registry paths have their own).
+inline constexpr char PathSeparator = '/';
+
+bool PathExists(const std::string& path);
+bool IsFolder(const std::string& path);
+
+// The size of a file in bytes. Raises 53 where there is none.
+std::int64_t FileLength(const std::string& path);
+
+// Makes a folder and the folders above it that are missing.
+void MakeFolders(const std::string& path);
+
+// The folder part of a path, without the separator; "." when it has none.
+std::string FolderOf(const std::string& path);
+
+// A file that is open. Open files stand in one table so that all can be closed at once; a file closed that way
+// raises 52 when it is used again.
+class OpenFile {
+ public:
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+ protected:
+  OpenFile() = default;
+  virtual ~OpenFile();  // closes without looking at the outcome; Close() looks
+  void OpenWith(const std::string& path, int flags, int mode);
+  void CloseChecked();
+  int Handle() const;  // raises 52 where the file is closed
+
+  friend void CloseAllFiles();
+
+  int handle = -1;
+  std::string path;
+};
+
+// Closes every open file of the program. Raises nothing.
+void CloseAllFiles();
+
+// Reads a file line by line. A line ends at a line feed, a carriage return before it belonging to the end; the last
+// line may lack its end. A lone carriage return, NUL and bytes above 127 are ordinary characters.
+// The file is read in blocks of 256 KB; only a longer line takes more memory.
+class LineReader : public OpenFile {
+ public:
+  explicit LineReader(const std::string& path);
+
+  // The next line without its end, valid until the next call; false at the end of the file.
+  bool Next(std::string_view& line);
+
+  void Close() { CloseChecked(); }
+
+ private:
+  bool Fill();  // reads on behind what is left of the buffer; false when the file gives no more
+
+  std::vector<char> buffer;
+  std::size_t begin = 0;  // of what is not handed out yet
+  std::size_t end = 0;
+};
+
+// Reads a file in blocks, for who looks at bytes.
+class BlockReader : public OpenFile {
+ public:
+  explicit BlockReader(const std::string& path);
+  std::string_view Next();  // empty at the end of the file; valid until the next call
+  void Close() { CloseChecked(); }
+
+ private:
+  std::vector<char> buffer;
+};
+
+// Writes a file from its beginning, emptying what stood there. Writes are gathered in blocks; Close writes the rest,
+// flushes to the disk and raises what went wrong. A file that is not closed is not complete.
+class FileWriter : public OpenFile {
+ public:
+  explicit FileWriter(const std::string& path);
+  void Write(std::string_view text);
+  void Close();
+
+ private:
+  void WriteOut();
+  std::string pending;
+};
+
+std::string ReadWholeFile(const std::string& path);
+
+// Replaces a file's content so that a crash at any instant leaves the old content or the new, whole: a temporary
+// file beside it, flush, rename, flush of the folder. A symbolic link is resolved, and the file behind it keeps its
+// mode. New files get `newMode`.
+void ReplaceFile(const std::string& path, std::string_view content, int newMode = 0644);
+
+// Renames a file; an existing file at `to` is replaced. Across volumes it is copied beside `to`, flushed, renamed
+// there and removed here, in that order, so that one whole copy always stands.
+void RenameFile(const std::string& from, const std::string& to);
+
+// Removes a file. Raises 53 where there is none.
+void RemoveFile(const std::string& path);
+
+}  // namespace qel

@@ -1,0 +1,51 @@
+#include "platform/Calendar.h"
+
+#include <gtest/gtest.h>
+
+namespace qel {
+namespace {
+
+TEST(DateSerial, CarriesMonthsAndDaysOver) {
+  const struct {
+    int year, month, day;
+    CalendarDay result;
+  } cases[] = {
+      {1999, 12, 31, {1999, 12, 31}}, {1999, 13, 1, {2000, 1, 1}},  {1999, 1, 32, {1999, 2, 1}},
+      {1999, 1, 0, {1998, 12, 31}},   {1999, 0, 1, {1998, 12, 1}},  {1999, -12, 1, {1997, 12, 1}},
+      {98, 1, 2, {1998, 1, 2}},       {29, 1, 2, {2029, 1, 2}},     {30, 1, 2, {1930, 1, 2}},
+      {2000, 2, 30, {2000, 3, 1}},    {1900, 2, 29, {1900, 3, 1}},  {1850, 6, 7, {1850, 6, 7}},
+  };
+  for (const auto& c : cases) {
+    const CalendarDay day = DayOf(DateSerial(c.year, c.month, c.day));
+    EXPECT_EQ(day.year, c.result.year);
+    EXPECT_EQ(day.month, c.result.month);
+    EXPECT_EQ(day.day, c.result.day);
+  }
+  EXPECT_EQ(DateSerial(1899, 12, 30), 0);
+  EXPECT_EQ(DateSerial(1900, 1, 1), 2);
+  EXPECT_THROW(DateSerial(9999, 12, 32), RunTimeError);
+  EXPECT_THROW(DateSerial(10000, 1, 1), RunTimeError);
+}
+
+TEST(Calendar, WeekdaysRunFromMonday) {
+  EXPECT_EQ(Weekday(DateSerial(1998, 10, 5)), 1);
+  EXPECT_EQ(Weekday(DateSerial(1998, 10, 11)), 7);
+  EXPECT_EQ(Weekday(DateSerial(1850, 1, 1)), 2);
+}
+
+TEST(Calendar, TimesAreWholeSeconds) {
+  EXPECT_EQ(TimeSerial(23, 59, 59) + 1.0 / SecondsPerDay, 1.0);
+  EXPECT_EQ(SecondsBetween(TimeSerial(23, 59, 59), TimeSerial(0, 0, 0)), -86399);
+  EXPECT_EQ(SecondsBetween(DateSerial(1999, 1, 1) + TimeSerial(23, 59, 59), DateSerial(1999, 1, 2)), 1);
+  EXPECT_EQ(AddSeconds(TimeSerial(10, 0, 0), 59), TimeSerial(10, 0, 59));
+  EXPECT_EQ(DaysBetween(DateSerial(1999, 1, 1) + 0.9, DateSerial(1999, 1, 2) + 0.1), 1);
+}
+
+TEST(Calendar, AMonthLaterStaysInsideTheMonth) {
+  EXPECT_EQ(AddMonths(DateSerial(1999, 1, 31), 1), DateSerial(1999, 2, 28));
+  EXPECT_EQ(AddMonths(DateSerial(2000, 3, 31), -1), DateSerial(2000, 2, 29));
+  EXPECT_EQ(AddMonths(DateSerial(1999, 11, 15), 2), DateSerial(2000, 1, 15));
+}
+
+}  // namespace
+}  // namespace qel
