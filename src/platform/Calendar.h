@@ -19,9 +19,9 @@ struct ClockTime {
   int hour, minute, second;  // hour 0 to 23
 };
 
-// The date of a year, month and day with the usual carry: month 13 is January of the next year, day 0 the last
-// day of the month before. Years 0 to 29 mean 2000 to 2029, 30 to 99 mean 1930 to 1999.
-// Raises 5 (invalid call) outside the years 100 to 9999.
+// The date of a year, month and day with the usual carry: month 13 is January of the next year, day 0 the
+// last day of the month before. Years 0 to 29 mean 2000 to 2029, 30 to 99 mean 1930 to 1999. Raises 5
+// (invalid call) outside the years 100 to 9999.
 Date DateSerial(int year, int month, int day);
 
 // The time of day of hours, minutes and seconds, which may run past a day.
@@ -44,8 +44,8 @@ Date AddSeconds(Date date, double seconds);
 // The same day `months` later, limited to that month's last day.
 Date AddMonths(Date date, int months);
 
-// Whole seconds and whole days from `from` to `to`; negative when `to` is earlier. Days count midnights passed.
-// Raise 6 (overflow) beyond 32 bits.
+// Whole seconds and whole days from `from` to `to`; negative when `to` is earlier. Days count midnights
+// passed. Raise 6 (overflow) beyond 32 bits.
 Int32 SecondsBetween(Date from, Date to);
 Int32 DaysBetween(Date from, Date to);
 

@@ -38,7 +38,8 @@ class Checked {
   template <std::floating_point U>
   Checked(U from) {
     const double rounded = RoundHalfEven(static_cast<double>(from));
-    if (!(rounded >= std::numeric_limits<T>::min() && rounded <= std::numeric_limits<T>::max())) Raise(Overflow);
+    if (!(rounded >= std::numeric_limits<T>::min() && rounded <= std::numeric_limits<T>::max()))
+      Raise(Overflow);
     value = static_cast<T>(rounded);
   }
 

@@ -1,16 +1,15 @@
-// The operations of the operating system on files, each of which may fail, behind one small interface. Everything
-// that touches a file goes through `CurrentDisk()`, so a test can put a disk there that fills, fails the nth time
-// or ends the process.
+// The operations of the operating system on files, each of which may fail, behind one small interface.
+// Everything that touches a file goes through `CurrentDisk()`, so a test can put a disk there that fills,
+// fails the nth time or ends the process.
 //
-// Operations answer as POSIX does: a negative result with errno set. platform/Files.h turns that into run-time
-// errors; nothing else should call this.
+// Operations answer as POSIX does: a negative result with errno set. platform/Files.h turns that into
+// run-time errors; nothing else should call this.
 #pragma once
-
-#include <sys/stat.h>
-#include <sys/types.h>
 
 #include <cstddef>
 #include <string>
+#include <sys/stat.h>
+#include <sys/types.h>
 
 namespace qel {
 

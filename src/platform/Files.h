@@ -1,6 +1,6 @@
-// Files as the program uses them: whole-line input, checked output, replacement and renaming that never leave less
-// on the disk than before. Every failure is a RunTimeError with the number for its errno; a folder opened as a file
-// is 75, a missing folder on the way is 76, a missing file 53.
+// Files as the program uses them: whole-line input, checked output, replacement and renaming that never leave
+// less on the disk than before. Every failure is a RunTimeError with the number for its errno; a folder
+// opened as a file is 75, a missing folder on the way is 76, a missing file 53.
 #pragma once
 
 #include <cstddef>
@@ -26,8 +26,8 @@ void MakeFolders(const std::string& path);
 // The folder part of a path, without the separator; "." when it has none.
 std::string FolderOf(const std::string& path);
 
-// A file that is open. Open files stand in one table so that all can be closed at once; a file closed that way
-// raises 52 when it is used again.
+// A file that is open. Open files stand in one table so that all can be closed at once; a file closed that
+// way raises 52 when it is used again.
 class OpenFile {
  public:
   OpenFile(const OpenFile&) = delete;
@@ -49,8 +49,8 @@ class OpenFile {
 // Closes every open file of the program. Raises nothing.
 void CloseAllFiles();
 
-// Reads a file line by line. A line ends at a line feed, a carriage return before it belonging to the end; the last
-// line may lack its end. A lone carriage return, NUL and bytes above 127 are ordinary characters.
+// Reads a file line by line. A line ends at a line feed, a carriage return before it belonging to the end;
+// the last line may lack its end. A lone carriage return, NUL and bytes above 127 are ordinary characters.
 // The file is read in blocks of 256 KB; only a longer line takes more memory.
 class LineReader : public OpenFile {
  public:
@@ -80,8 +80,8 @@ class BlockReader : public OpenFile {
   std::vector<char> buffer;
 };
 
-// Writes a file from its beginning, emptying what stood there. Writes are gathered in blocks; Close writes the rest,
-// flushes to the disk and raises what went wrong. A file that is not closed is not complete.
+// Writes a file from its beginning, emptying what stood there. Writes are gathered in blocks; Close writes
+// the rest, flushes to the disk and raises what went wrong. A file that is not closed is not complete.
 class FileWriter : public OpenFile {
  public:
   explicit FileWriter(const std::string& path);
@@ -95,13 +95,13 @@ class FileWriter : public OpenFile {
 
 std::string ReadWholeFile(const std::string& path);
 
-// Replaces a file's content so that a crash at any instant leaves the old content or the new, whole: a temporary
-// file beside it, flush, rename, flush of the folder. A symbolic link is resolved, and the file behind it keeps its
-// mode. New files get `newMode`.
+// Replaces a file's content so that a crash at any instant leaves the old content or the new, whole: a
+// temporary file beside it, flush, rename, flush of the folder. A symbolic link is resolved, and the file
+// behind it keeps its mode. New files get `newMode`.
 void ReplaceFile(const std::string& path, std::string_view content, int newMode = 0644);
 
-// Renames a file; an existing file at `to` is replaced. Across volumes it is copied beside `to`, flushed, renamed
-// there and removed here, in that order, so that one whole copy always stands.
+// Renames a file; an existing file at `to` is replaced. Across volumes it is copied beside `to`, flushed,
+// renamed there and removed here, in that order, so that one whole copy always stands.
 void RenameFile(const std::string& from, const std::string& to);
 
 // Removes a file. Raises 53 where there is none.

@@ -1,5 +1,5 @@
-// The seam to everything around the program that is no control of a window: message boxes, sound, clipboard, mouse
-// pointer, the message loop. There is one host for each face of the program and one for the tests.
+// The seam to everything around the program that is no control of a window: message boxes, sound, clipboard,
+// mouse pointer, the message loop. There is one host for each face of the program and one for the tests.
 #pragma once
 
 #include <string>

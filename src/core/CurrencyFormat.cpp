@@ -1,0 +1,47 @@
+#include "core/CurrencyFormat.h"
+
+#include <algorithm>
+
+#include "platform/FormatMask.h"
+#include "platform/Regional.h"
+#include "platform/RegistryStore.h"
+
+namespace qel {
+
+std::string Country, CurrencySymbol;
+Int16 SymbolPrecedes, SymbolSpaced, CurrencyDigits;
+std::string DateSeparator, MoneyDecimal, MoneyThousand, TimeSeparator, NumberThousand, NumberDecimal;
+std::string ShortDatePattern;
+
+void GetCurrencySymbolInfo() {
+  Region = ReadRegionalValues(Registry);
+  Country = Region.Country;
+  CurrencySymbol = Region.CurrencySymbol;
+  SymbolPrecedes = Region.SymbolPrecedes;
+  SymbolSpaced = Region.SymbolSpaced;
+  CurrencyDigits = Region.CurrencyDigits;
+  DateSeparator = Region.DateSeparator;
+  MoneyDecimal = Region.MoneyDecimal;
+  MoneyThousand = Region.MoneyThousand;
+  TimeSeparator = Region.TimeSeparator;
+  NumberThousand = Region.NumberThousand;
+  NumberDecimal = Region.NumberDecimal;
+  ShortDatePattern = Region.ShortDatePattern;
+}
+
+std::string FormatCurrency(double amount, const std::string& symbol, Int16 symbolPrecedes, Int16 spaceSeparated,
+                           Int16 digits, Int16 maxDigits) {
+  std::string mask = "#,##0";
+  if (digits > 0 || maxDigits > digits) mask += '.';
+  mask.append(digits, '0');
+  if (maxDigits > digits) mask.append(maxDigits - digits, '#');
+  const std::string text = FormatNumber(amount, mask);
+  const std::string blanks(spaceSeparated, ' ');
+  return symbolPrecedes == 1 ? symbol + blanks + text : text + blanks + symbol;
+}
+
+std::string MoneyText(double amount) {
+  return FormatCurrency(amount, CurrencySymbol, SymbolPrecedes, SymbolSpaced, CurrencyDigits, 0);
+}
+
+}  // namespace qel

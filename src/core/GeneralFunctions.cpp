@@ -1,0 +1,131 @@
+#include "core/GeneralFunctions.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "core/CurrencyFormat.h"
+#include "core/ProgramState.h"
+#include "platform/CodePage.h"
+#include "platform/DateConversion.h"
+#include "platform/Files.h"
+#include "platform/FormatMask.h"
+#include "platform/TextConversion.h"
+
+namespace qel {
+
+std::string DateMask;
+std::array<std::string, 7> ShortDayNames, LongDayNames;
+
+namespace {
+
+using ThreeParts = std::array<std::string, 3>;
+
+// The three parts of a text around the first and the second separator.
+std::optional<ThreeParts> SplitInThree(const std::string& text, const std::string& separator) {
+  if (separator.empty()) return std::nullopt;
+  const auto first = text.find(separator);
+  if (first == std::string::npos) return std::nullopt;
+  const auto second = text.find(separator, first + separator.size());
+  if (second == std::string::npos) return std::nullopt;
+  return ThreeParts{text.substr(0, first),
+                    text.substr(first + separator.size(), second - first - separator.size()),
+                    text.substr(second + separator.size())};
+}
+
+std::string MaskPart(const std::string& patternPart) {
+  const std::string part = LowerCase(patternPart);
+  if (part == "yyyy") return "####";
+  if (part == "ddd" || part == "mmm") return "AAA";
+  return "##";
+}
+
+}  // namespace
+
+void BuildDateMask() {
+  const auto parts = SplitInThree(ShortDatePattern, DateSeparator).value_or(ThreeParts{});
+  DateMask = MaskPart(parts[0]) + DateSeparator + MaskPart(parts[1]) + DateSeparator + MaskPart(parts[2]);
+}
+
+void BuildDayNames() {
+  const Date monday = DateSerial(1998, 10, 5);
+  for (std::size_t i = 0; i < 7; ++i) {
+    ShortDayNames[i] = FormatDate(monday + static_cast<double>(i), "ddd");
+    LongDayNames[i] = FormatDate(monday + static_cast<double>(i), "dddd");
+  }
+}
+
+std::string format_date(const std::string& dateText, const std::string& separator) {
+  const std::string& divider = separator.empty() ? DateSeparator : separator;
+  StepTrace = dateText + " " + divider;
+  const auto parts = SplitInThree(dateText, divider);
+  if (!parts) return FormatDate(TextToDate(dateText), "Short Date");
+  return PadLeft((*parts)[0], '0', 2) + DateSeparator + PadLeft((*parts)[1], '0', 2) + DateSeparator +
+         PadLeft((*parts)[2], '0', 2);
+}
+
+std::string format_date(Date date) { return format_date(DateText(WholeDay(date))); }
+
+std::string FormatTime(float seconds, bool noHours) {
+  double rest = seconds;
+  const auto takeWhole = [&rest](double unit) {
+    if (rest < unit) return 0.0;
+    const double whole = std::floor(rest / unit);
+    rest -= whole * unit;
+    return whole;
+  };
+  const double hours = takeWhole(3600);
+  const double minutes = takeWhole(60);
+  const auto twoDigits = [](double value) { return PadLeft(NumberText(std::trunc(value)), '0', 2); };
+  const std::string tail = twoDigits(minutes) + TimeSeparator + twoDigits(rest);
+  return noHours ? tail : twoDigits(hours) + TimeSeparator + tail;
+}
+
+std::string Format_Dplaces(const std::string& text, Int16 places) {
+  if (!IsNumber(text)) return text;
+  const auto required = static_cast<std::size_t>(std::max<int>(CurrencyDigits, 0));
+  const auto wanted = static_cast<std::size_t>(std::max<int>(places, 0));
+  std::string mask = "#,##0";
+  if (required > 0 || wanted > 0) mask += ".";
+  mask += std::string(required, '0');
+  if (wanted > required) mask += std::string(wanted - required, '#');
+  return FormatNumber(TextToNumber(text), mask);
+}
+
+double XVal(const std::string& text) {
+  const auto decimal = text.find(NumberDecimal);
+  std::string plain;
+  for (std::size_t i = 0; i < text.size();) {
+    if (i == decimal && !NumberDecimal.empty()) {
+      plain += ".";
+      i += NumberDecimal.size();
+    } else if (i < decimal && !NumberThousand.empty() && NumberThousand != NumberDecimal &&
+               text.compare(i, NumberThousand.size(), NumberThousand) == 0) {
+      i += NumberThousand.size();
+    } else {
+      plain += text[i++];
+    }
+  }
+  return Val(plain);
+}
+
+bool FileExists(const std::string& path) { return !path.empty() && PathExists(path); }
+
+std::string PadLeft(const std::string& text, char pad, Int16 width) {
+  const std::string trimmed(Trim(text));
+  const auto wanted = static_cast<std::size_t>(std::max<int>(width, 0));
+  return trimmed.size() >= wanted ? trimmed : std::string(wanted - trimmed.size(), pad) + trimmed;
+}
+
+Int16 DayIndex(const std::string& longName) {
+  const auto found = std::find(LongDayNames.begin(), LongDayNames.end(), longName);
+  return found == LongDayNames.end() ? Int16(0) : Int16(found - LongDayNames.begin() + 1);
+}
+
+std::string FileNamePart(const std::string& path) { return path.substr(path.rfind(PathSeparator) + 1); }
+
+std::string TextBefore(const std::string& text, const std::string& mark) {
+  return text.substr(0, text.find(mark));
+}
+
+}  // namespace qel

@@ -1,0 +1,51 @@
+// What the whole program knows: where it runs, which log it reads, what it is doing right now.
+// Valid from the start to the end of the program; each value has one writer.
+#pragma once
+
+#include <string>
+
+namespace qel {
+
+// Where the program is, for the error dialogue: every procedure of note writes these on its way in.
+extern std::string ModuleTrace;
+extern std::string ProcedureTrace;
+extern std::string StepTrace;
+
+void SetTrace(const char* module, const char* procedure);
+
+inline constexpr char NewLine[] = "\r\n";
+
+// Folders. AppPath and HelpFile are without, WindowsDir and DefaultLogDir with a separator at the end.
+extern std::string AppPath;  // the program's own folder: working copies, tips, help, sound
+extern std::string HelpFile;
+extern std::string WindowsDir;      // where the system keeps its log: $WinDir, else the home folder
+extern std::string DefaultLogFile;  // "ModemLog.txt"
+extern std::string DefaultLogDir;
+extern std::string OSName;
+
+// Takes the six above from the environment.
+void ReadEnvironment();
+
+extern std::string TimeFormat;  // format of clock times in reports: "Long Time" or a 12 hour mask
+
+extern bool SettingsDirty;         // a default was filled in; the settings must be written
+extern std::string ActiveLogFile;  // the log that the system's modem is set to write; empty if unknown
+extern std::string ActiveLogDir;
+
+// The file that all reading works on. The path is folder and file joined with nothing between them.
+extern std::string CurrentLogFile;
+extern std::string CurrentLogDir;
+extern std::string CurrentLogPath;
+extern bool ArchiveOpen;  // it is an archive or other file and not the default modem log
+
+// What is known of that file.
+extern bool LogExists;
+extern bool LogCorrupt;  // holds a byte that no text log holds, or a line without a date
+extern bool LogTooBig;
+extern bool LogEmpty;
+extern bool LogInvalid;  // the first or the last entry has no date
+
+// Puts all of the above as a fresh process has it.
+void ResetProgramState();
+
+}  // namespace qel

@@ -1,0 +1,17 @@
+// The program's version, as error reports, new logs and --version give it. CMakeLists.txt owns the numbers.
+#pragma once
+
+#include <string>
+
+namespace qel {
+
+extern const int VersionMajor;
+extern const int VersionMinor;
+extern const int VersionRevision;
+
+// "1.0.0"
+std::string VersionText();
+
+inline constexpr char ProgramTitle[] = "QEL";
+
+}  // namespace qel
