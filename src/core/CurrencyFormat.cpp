@@ -29,8 +29,8 @@ void GetCurrencySymbolInfo() {
   ShortDatePattern = Region.ShortDatePattern;
 }
 
-std::string FormatCurrency(double amount, const std::string& symbol, Int16 symbolPrecedes, Int16 spaceSeparated,
-                           Int16 digits, Int16 maxDigits) {
+std::string FormatCurrency(double amount, const std::string& symbol, Int16 symbolPrecedes,
+                           Int16 spaceSeparated, Int16 digits, Int16 maxDigits) {
   std::string mask = "#,##0";
   if (digits > 0 || maxDigits > digits) mask += '.';
   mask.append(digits, '0');

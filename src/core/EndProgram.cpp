@@ -8,14 +8,17 @@
 
 namespace qel {
 
-void EndProgram() {
-  CloseAllFiles();
+void SaveRegistry() {
   try {
     Registry.Flush();
   } catch (const RunTimeError& error) {
-    // Nobody is left to answer a dialogue.
     std::cerr << "qel: the settings could not be written: " << error.Description() << '\n';
   }
+}
+
+void EndProgram() {
+  CloseAllFiles();
+  SaveRegistry();
   throw ProgramEnd();
 }
 

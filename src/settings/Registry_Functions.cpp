@@ -1,0 +1,115 @@
+#include "settings/Registry_Functions.h"
+
+#include "core/ProgramState.h"
+#include "platform/DateConversion.h"
+#include "platform/TextConversion.h"
+
+namespace qel {
+
+namespace {
+
+constexpr long Success = 0;
+constexpr long NotFound = 2;
+constexpr long UnknownType = -1;
+
+template <class... Cases>
+struct Overloaded : Cases... {
+  using Cases::operator()...;
+};
+
+std::string LowByteFirst(std::uint32_t number) {
+  std::string bytes;
+  for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xff);
+  return bytes;
+}
+
+Int32 NumberFromBytes(const std::string& bytes) {
+  std::uint32_t number = 0;
+  for (std::size_t i = 0; i < bytes.size() && i < 4; ++i)
+    number |= std::uint32_t{static_cast<unsigned char>(bytes[i])} << (8 * i);
+  return Int32(static_cast<std::int32_t>(number));
+}
+
+}  // namespace
+
+std::string KeyPath(RegistryRoot root, const std::string& keyName) {
+  return (root == RegistryRoot::LocalMachine ? "HKEY_LOCAL_MACHINE\\" : "HKEY_CURRENT_USER\\") + keyName;
+}
+
+std::string TextOf(const SettingValue& value) {
+  return std::visit(
+      Overloaded{[](std::monostate) { return std::string(); }, [](const std::string& text) { return text; },
+                 [](Int32 number) { return NumberText(number); },
+                 [](double number) { return NumberText(number); },
+                 [](DateValue date) { return DateText(date.Value); },
+                 [](bool flag) { return std::string(flag ? "True" : "False"); }},
+      value);
+}
+
+Int32 WholeOf(const SettingValue& value) {
+  return std::visit(
+      Overloaded{[](std::monostate) { return Int32(0); },
+                 [](const std::string& text) { return Int32(TextToNumber(text)); },
+                 [](Int32 number) { return number; }, [](double number) { return Int32(number); },
+                 [](DateValue date) { return Int32(date.Value); },
+                 [](bool flag) { return Int32(flag ? -1 : 0); }},
+      value);
+}
+
+void CreatNewKey(const std::string& keyName, RegistryRoot root) {
+  StepTrace = "CreatNewKey";
+  Registry.CreateKey(KeyPath(root, keyName));
+}
+
+void SetKeyValue(RegistryRoot root, const std::string& keyName, const std::string& valueName,
+                 const SettingValue& value, std::uint32_t valueType) {
+  StepTrace = "SetKeyValue";
+  SetValueEx(KeyPath(root, keyName), valueName, valueType, value);
+}
+
+SettingValue QueryValue(RegistryRoot root, const std::string& keyName, const std::string& valueName) {
+  StepTrace = "QueryValue";
+  SettingValue value;
+  QueryValueEx(KeyPath(root, keyName), valueName, value);
+  return value;
+}
+
+long SetValueEx(const std::string& key, const std::string& valueName, std::uint32_t valueType,
+                const SettingValue& value) {
+  StepTrace = "SetValueEx";
+  std::string bytes;
+  switch (valueType) {
+    case REG_SZ:
+      bytes = TextOf(value) + '\0';
+      break;
+    case REG_BINARY:
+      bytes = LowByteFirst(static_cast<std::uint32_t>(std::int32_t{WholeOf(value)})).substr(0, 1);
+      break;
+    case REG_DWORD:
+      bytes = LowByteFirst(static_cast<std::uint32_t>(std::int32_t{WholeOf(value)}));
+      break;
+    default:
+      return Success;
+  }
+  return Registry.Set(key, valueName, {valueType, bytes}) ? Success : NotFound;
+}
+
+long QueryValueEx(const std::string& key, const std::string& valueName, SettingValue& value) {
+  StepTrace = "QueryValueEx";
+  const RegistryValue* stored = Registry.Query(key, valueName);
+  if (!stored) return NotFound;
+  switch (stored->Type) {
+    case REG_SZ:
+      // All but the last character, which is the closing zero.
+      value = stored->Data.substr(0, stored->Data.empty() ? 0 : stored->Data.size() - 1);
+      return Success;
+    case REG_BINARY:
+    case REG_DWORD:
+      value = NumberFromBytes(stored->Data);
+      return Success;
+    default:
+      return UnknownType;
+  }
+}
+
+}  // namespace qel

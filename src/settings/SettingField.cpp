@@ -1,0 +1,75 @@
+#include "settings/SettingField.h"
+
+#include "platform/CodePage.h"
+#include "platform/DateConversion.h"
+#include "platform/TextConversion.h"
+
+namespace qel {
+
+namespace {
+
+constexpr double MoneyScale = 10000;
+
+bool IsEmpty(const SettingValue& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  return std::holds_alternative<std::monostate>(value) || (text && text->empty());
+}
+
+// The words of any case, or a number that is not zero.
+bool TruthOf(const SettingValue& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    if (EqualNoCase(*text, "True")) return true;
+    if (EqualNoCase(*text, "False")) return false;
+    return TextToNumber(*text) != 0;
+  }
+  return WholeOf(value) != 0;
+}
+
+double NumberOf(const SettingValue& value, StoredAs as) {
+  const auto* text = std::get_if<std::string>(&value);
+  if (as == StoredAs::Money) return WholeOf(value) / MoneyScale;
+  if (!text) return WholeOf(value);
+  return as == StoredAs::Clock ? TextToDate(*text) : TextToNumber(*text);
+}
+
+struct Loader {
+  const SettingValue& value;
+  StoredAs as;
+
+  void operator()(std::string* place) const { *place = TextOf(value); }
+  void operator()(bool* place) const { *place = !IsEmpty(value) && TruthOf(value); }
+  void operator()(Option* place) const { *place = IsEmpty(value) ? Option() : Option(TruthOf(value)); }
+  void operator()(auto* place) const {
+    using Number = std::remove_pointer_t<decltype(place)>;
+    *place = IsEmpty(value) ? Number(0) : Number(NumberOf(value, as));
+  }
+};
+
+struct Storer {
+  StoredAs as;
+
+  SettingValue operator()(const std::string* place) const { return *place; }
+  SettingValue operator()(const bool* place) const { return *place; }
+  SettingValue operator()(const Option* place) const { return bool{*place}; }
+  SettingValue operator()(const auto* place) const {
+    const double number = *place;
+    if (as == StoredAs::Clock) return DateValue{number};
+    return as == StoredAs::Money ? number * MoneyScale : number;
+  }
+};
+
+}  // namespace
+
+void LoadSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
+                 const SettingPlace& place) {
+  const SettingValue value = QueryValue(SettingsRoot, keyName, valueName);
+  std::visit(Loader{value, as}, place);
+}
+
+void StoreSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
+                  const SettingPlace& place) {
+  const bool asNumber = as == StoredAs::Whole || as == StoredAs::Money;
+  SetKeyValue(SettingsRoot, keyName, valueName, std::visit(Storer{as}, place), asNumber ? REG_DWORD : REG_SZ);
+}
+
+}  // namespace qel
