@@ -7,8 +7,8 @@ namespace qel {
 // loop throws it on, so that destructors run all the way out.
 struct ProgramEnd {};
 
-// Brings the settings' changes to the disk. A failure is never shown in a dialogue, since the program can go on with
-// the settings in memory; standard error has a word of it.
+// Brings the settings' changes to the disk. A failure is never shown in a dialogue, since the program can go
+// on with the settings in memory; standard error has a word of it.
 void SaveRegistry();
 
 // Closes all files, brings the settings' changes to the disk and throws ProgramEnd.

@@ -1,0 +1,73 @@
+#include "analysis/QELAnalyse.h"
+
+namespace qel {
+
+BoundedArray<ConnectionRecord> Connections;
+Int16 ConnectionCount;
+BoundedArray<ServiceTotal> ServiceTotals;
+Int16 TotalsCount;
+UsageTable Penalties;
+
+std::string CurrentLine;
+Date LineDate = 0, LineTime = 0, ConnectDate = 0, ConnectTime = 0, DisconnectDate = 0, DisconnectTime = 0;
+bool Connected = false;
+Int16 CurrentService, LastService;
+bool AnsweredPending = false, DialledPending = false;
+Int32 ConnectSeconds;
+Int16 BlockMinutes, BlockCount;
+double DialCostNow = 0, ServiceCostNow = 0, DataCostNow = 0;
+bool KeepReading = false;
+Int32 EntriesProcessed, ProgressChunk;
+bool ServicesExceeded = false, ConnectionsExceeded = false;
+bool LogErrorsFound = false, TariffIncomplete = false, ShowBlocks = false;
+bool SummaryBuilt = false, DetailBuilt = false;
+
+void UsageTable::Make(Int16 lastService) {
+  byService.Make(lastService);
+  for (int i = 0; i <= lastService; ++i) byService[i].Make(LastPeriod);
+}
+
+void ClearAnalysisVars() {
+  Connected = false;
+  CurrentService = 0;
+  ConnectDate = ConnectTime = DisconnectDate = DisconnectTime = 0;
+  ConnectSeconds = 0;
+  BlockCount = 0;
+  BlockMinutes = 0;
+}
+
+void ClearAnalysisArrays() {
+  for (int i = 0; i <= ServiceTotals.Last(); ++i) {
+    ServiceTotal& slot = ServiceTotals[i];
+    slot.Number.clear();
+    slot.Seconds = 0;
+    slot.Connections = 0;
+    slot.TotalCost = 0;
+    slot.BytesRead = 0;
+  }
+  for (int i = 1; i <= Connections.Last(); ++i) {
+    ConnectionRecord& connection = Connections[i];
+    connection.StartDate = connection.StartTime = connection.EndDate = connection.EndTime = 0;
+    connection.Number.clear();
+    connection.Notes.clear();
+    connection.Answered = false;
+  }
+}
+
+void ResetAnalysis() {
+  Connections = {};
+  ServiceTotals = {};
+  Penalties = {};
+  ConnectionCount = TotalsCount = 0;
+  CurrentLine.clear();
+  LineDate = LineTime = 0;
+  ClearAnalysisVars();
+  LastService = 0;
+  AnsweredPending = DialledPending = KeepReading = false;
+  DialCostNow = ServiceCostNow = DataCostNow = 0;
+  EntriesProcessed = ProgressChunk = 0;
+  ServicesExceeded = ConnectionsExceeded = LogErrorsFound = TariffIncomplete = ShowBlocks = false;
+  SummaryBuilt = DetailBuilt = false;
+}
+
+}  // namespace qel

@@ -1,0 +1,57 @@
+#include "analysis/ConnectionNotes.h"
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "platform/CodePage.h"
+#include "platform/FormatMask.h"
+
+namespace qel {
+
+namespace {
+
+std::string Kilobytes(Int32 bytes) { return FormatNumber(bytes / 1024.0, "#,##0") + "K"; }
+
+}  // namespace
+
+std::string ReadNote(Int32 bytes) { return " R:" + Kilobytes(bytes); }
+std::string WrittenNote(Int32 bytes) { return " - W:" + Kilobytes(bytes); }
+std::string FreeNote(Int32 seconds) { return " - Free:" + FormatTime(static_cast<float>(seconds), false); }
+
+std::string BlocksNote(Int16 blocks, Int16 minutes) {
+  return " - " + std::to_string(blocks) + "B" + " x " + std::to_string(minutes) + "Min -";
+}
+
+std::string TidyNotes(const std::string& text) {
+  std::string notes(Trim(text));
+  if (const auto dashes = notes.find("- -"); dashes != std::string::npos) notes.erase(dashes + 1, 2);
+  if (notes.starts_with('-')) notes.erase(0, 1);
+  if (notes.ends_with(" -")) notes.erase(notes.size() - 2);
+  return notes + " ";
+}
+
+float GetConnectionSeconds(Int16 index) {
+  float seconds = 0;
+  IgnoreErrors([&] {
+    ConnectionRecord& c = Connections[index];
+    if (c.StartDate == c.EndDate) {
+      seconds = static_cast<float>(SecondsBetween(c.StartTime, c.EndTime));
+      return;
+    }
+    Int32 n = 0;
+    if (c.StartDate + 1 < c.EndDate) n = (Int32(DaysBetween(c.StartDate, c.EndDate)) - 1) * SecondsPerDay;
+    if (c.StartDate >= PeriodStart) {
+      c.Notes = " Time prior to midnight";
+      n += SecondsBetween(c.StartTime, TimeSerial(23, 59, 59)) + 1;
+    }
+    if (c.EndDate <= PeriodEnd) {
+      c.Notes = n == 0 ? " Time from midnight" : "";
+      n += SecondsBetween(0, c.EndTime);
+    }
+    seconds = static_cast<float>(n);
+  });
+  return seconds;
+}
+
+}  // namespace qel

@@ -1,0 +1,28 @@
+// The pieces of text that a connection's notes are made of, and what the details report makes of them.
+#pragma once
+
+#include <string>
+
+#include "platform/CheckedInteger.h"
+
+namespace qel {
+
+inline constexpr char NoDialLineNote[] = " Unable to get dialled number -";
+inline constexpr char AnsweredNote[] = " No Cost";
+inline constexpr char NoDisconnectNote[] = " ERROR - No Disconnect Entry -";
+inline constexpr char IncompleteTariffNote[] = " ERROR - Incomplete Tariff -";
+
+std::string ReadNote(Int32 bytes);                    // " R:12K"
+std::string WrittenNote(Int32 bytes);                 // " - W:12K"
+std::string FreeNote(Int32 seconds);                  // " - Free:00:12:30"
+std::string BlocksNote(Int16 blocks, Int16 minutes);  // " - 3B x 15Min -"
+
+// Notes as they are shown: trimmed, the first "- -" made one dash, no dash at either end, one blank behind.
+std::string TidyNotes(const std::string& text);
+
+// Seconds of connection `index` inside the period. Where the connection sticks out of the period its Notes
+// become " Time prior to midnight" or " Time from midnight"; over a midnight inside the period they become
+// empty. An error inside leaves the seconds counted so far.
+float GetConnectionSeconds(Int16 index);
+
+}  // namespace qel

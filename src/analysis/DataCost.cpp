@@ -1,0 +1,27 @@
+#include "analysis/DataCost.h"
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ServiceCost.h"
+#include "core/ProgramState.h"
+#include "modemlog/DialledNumber.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+double GetDataCost(const std::string& number, double bytes, Date date) {
+  ProcedureTrace = "GetDataCost";
+  if (bytes == 0) return 0;
+  const Int16 index = GetServiceIndex(number);
+  if (index < 0) return bytes / 1024 / 1024 * CostPerMeg;
+  const ServiceRecord& service = Services[index];
+  const double allowance = BytesPerMegabyte * service.AfterMeg;
+  Int32& used = Penalties.At(index, GetPeriodNumber(date, service.MegPeriod)).Bytes;
+  if (service.MegPeriod == "Session") used = 0;  // the allowance starts afresh for each connection
+  used = Int32(used + bytes);
+  if (used <= allowance) return 0;
+  const double within = bytes - (used - allowance);
+  const double charged = within > 0 ? bytes - within : bytes;
+  return charged / 1024 / 1024 * service.PerMeg;
+}
+
+}  // namespace qel

@@ -1,0 +1,205 @@
+#include "analysis/DialupCost.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/DialledNumber.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+enum DialOption { FixedCharge = 1, TariffCharge = 2 };
+
+constexpr int LastMinute = 59;  // seconds that a tariff's end includes
+constexpr int LastSecondOfDay = SecondsPerDay - 1;
+
+// How a piece writes its units into the notes.
+enum class UnitNote { Once, AfterDash, Always };
+
+// The walk through one call, piece by piece, from its start. All times are seconds of the day.
+class TariffWalk {
+ public:
+  TariffWalk(const ServiceRecord& service, Date startDate, Date startTime, Date endDate, Date endTime,
+             Int16 index)
+      : service(service),
+        day(startDate),
+        second(SecondOfDay(startTime)),
+        endDay(endDate),
+        endSecond(SecondOfDay(endTime)),
+        index(index) {}
+
+  double Cost() {
+    if (service.UsedTariffs < 1) return 0;  // nothing that could end the walk
+    while (!done) TryAllTariffs();
+    return covered ? cost : 0 - cost;
+  }
+
+ private:
+  enum class Outcome { Miss, CheckEnd, SameTariffAgain };
+
+  void TryAllTariffs() {
+    misses = 0;
+    for (int t = 0; t < service.UsedTariffs && !done; ++t) {
+      const TariffRecord& tariff = service.Tariffs[t];
+      Outcome outcome = Try(tariff);
+      while (outcome == Outcome::SameTariffAgain) outcome = Try(tariff);
+      if (outcome == Outcome::CheckEnd && day > PeriodEnd) done = covered = true;
+      if (done) return;
+      ++misses;
+      if (misses >= service.UsedTariffs) done = true;
+    }
+  }
+
+  Outcome Try(const TariffRecord& tariff) {
+    if (!DayMatches(day, tariff.AppliesDays)) return Outcome::Miss;
+    if (SecondOfDay(tariff.AppliesTimeStart) > second) return Outcome::CheckEnd;
+    const bool withinOneDay = endDay <= PeriodEnd && day >= PeriodStart && endDay == day;
+    return withinOneDay ? TryWithinOneDay(tariff) : TryAcrossDays(tariff);
+  }
+
+  Outcome TryWithinOneDay(const TariffRecord& tariff) {
+    const int segmentEnd = SecondOfDay(tariff.AppliesTimeEnd) + LastMinute;
+    if (endSecond <= segmentEnd) {
+      Price(tariff, endSecond - second, UnitNote::Once);
+      done = covered = true;
+      return Outcome::CheckEnd;
+    }
+    if (second > segmentEnd) return Outcome::Miss;
+    Price(tariff, segmentEnd - second, UnitNote::AfterDash);
+    AdvanceBehind(segmentEnd);
+    return Outcome::CheckEnd;
+  }
+
+  // The call crosses days or an edge of the period.
+  Outcome TryAcrossDays(const TariffRecord& tariff) {
+    if (day < PeriodStart) {
+      EnterPeriod();
+      return Outcome::SameTariffAgain;
+    }
+    if (day > PeriodEnd) return Outcome::CheckEnd;
+    const int tariffEnd = SecondOfDay(tariff.AppliesTimeEnd);
+    int segmentEnd = tariffEnd + LastMinute;
+    if (endDay <= day && endSecond <= tariffEnd) {
+      segmentEnd = endSecond;
+      covered = true;
+    }
+    if (second > segmentEnd) return Outcome::Miss;
+    Price(tariff, segmentEnd - second, UnitNote::Always);
+    AdvanceBehind(segmentEnd);
+    return Outcome::SameTariffAgain;
+  }
+
+  // What lies before the period is not priced, the charge per call and the first piece's allowance included.
+  void EnterPeriod() {
+    day = PeriodStart;
+    second = 0;
+    firstPiece = false;
+    dialAdded = true;
+    cost = 0;
+  }
+
+  void Price(const TariffRecord& tariff, int seconds, UnitNote form) {
+    Int16 units = 0;
+    cost += GetSegmentCost(tariff, seconds, firstPiece, units);
+    if (!dialAdded) cost += tariff.DialRate;
+    dialAdded = true;
+    if (index > 0) WriteNotes(tariff, units, form);
+  }
+
+  void WriteNotes(const TariffRecord& tariff, Int16 units, UnitNote form) const {
+    std::string& notes = Connections[index].Notes;
+    if (notes.find(tariff.Description) == std::string::npos) notes += " - " + tariff.Description;
+    if (units <= 0) return;
+    std::string unitText = " - " + std::to_string(units) + "U x " + std::to_string(tariff.UnitMins) + "Min";
+    if (tariff.UnitSecs > 0) unitText += " " + std::to_string(tariff.UnitSecs) + "Sec";
+    if (form == UnitNote::AfterDash) notes += " - ";  // TidyNotes takes the double dash out where it can
+    if (form != UnitNote::Once || notes.find(unitText) == std::string::npos) notes += unitText;
+  }
+
+  // The second between a piece and the next is in neither.
+  void AdvanceBehind(int segmentEnd) {
+    firstPiece = false;
+    misses = 0;
+    second = segmentEnd == LastSecondOfDay ? 0 : segmentEnd + 1;
+    if (second == 0) day += 1;
+  }
+
+  const ServiceRecord& service;
+  Date day;
+  int second;
+  const Date endDay;
+  const int endSecond;
+  const Int16 index;
+
+  double cost = 0;
+  bool dialAdded = false;
+  bool firstPiece = true;
+  bool done = false;
+  bool covered = false;
+  Int16 misses = 0;  // tariffs tried in a row without effect
+};
+
+}  // namespace
+
+double GetDialupCost(const std::string& number, Date startDate, Date startTime, Date endDate, Date endTime,
+                     Int16 index) {
+  ProcedureTrace = "GetDialupCost";
+  const Int16 found = GetServiceIndex(number);
+  if (found < 0) return DialCost;
+  const ServiceRecord& service = Services[found];
+  switch (service.DialOption) {
+    case FixedCharge:
+      return service.DialFixedTariff;
+    case TariffCharge:
+      return TariffWalk(service, startDate, startTime, endDate, endTime, index).Cost();
+    default:
+      return 0;
+  }
+}
+
+double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece, Int16& units) {
+  const bool perMinute = tariff.Unit == "Per Minute";
+  if (perMinute || tariff.Unit == "Per Second") {
+    if (firstPiece) seconds = std::max<Int32>(seconds - tariff.After, 0);
+    return seconds / (perMinute ? 60.0 : 1.0) * tariff.PerMinuteRate;
+  }
+  const Int16 unitLength = tariff.UnitMins * 60 + tariff.UnitSecs;
+  if (unitLength > 0) {
+    units = Int16(seconds / unitLength);
+    if (seconds % unitLength != 0) ++units;
+  } else {
+    units = Int16(seconds);
+  }
+  return units * tariff.PerMinuteRate;
+}
+
+bool DayMatches(Date date, const std::string& appliesDays) {
+  if (appliesDays == "Holidays") return IsHoliday(date);
+  if (appliesDays == "Everyday") return true;
+  const std::string& name = LongDayNames[static_cast<std::size_t>(Weekday(date) - 1)];
+  if (appliesDays == name) return true;
+  const Int16 first = GetDayIndex(appliesDays.substr(0, 3));
+  const Int16 last =
+      GetDayIndex(appliesDays.size() < 3 ? appliesDays : appliesDays.substr(appliesDays.size() - 3));
+  const Int16 current = GetDayIndex(name.substr(0, 3));
+  return first <= current && last >= current;
+}
+
+Int16 GetDayIndex(const std::string& shortName) {
+  const auto found = std::find(ShortDayNames.begin(), ShortDayNames.end(), shortName);
+  return Int16(found - ShortDayNames.begin() + 1);
+}
+
+bool IsHoliday(Date date) {
+  for (int i = 0; i < UsedHolidays; ++i)
+    if (Holidays[i] == date) return true;
+  return false;
+}
+
+}  // namespace qel

@@ -1,0 +1,36 @@
+// The telephone side of a connection: what the phone company charges for the call.
+#pragma once
+
+#include <string>
+
+#include "platform/Calendar.h"
+#include "platform/CheckedInteger.h"
+#include "settings/ServiceRecords.h"
+
+namespace qel {
+
+// Cost in the user's currency of a call to `number` inside the reporting period: the service's fixed charge,
+// or the sum over the pieces into which its tariffs divide the call; the default charge for an unknown
+// number. At each moment the first tariff that holds wins.
+//
+// A negative result says that the tariffs left a gap behind a priced piece; its magnitude is what was priced.
+// `index` is the connection whose Notes get the tariffs' names and units, 0 for none. Raises 6 for more units
+// than 16 bits hold, 9 for a tariff count beyond the array.
+double GetDialupCost(const std::string& number, Date startDate, Date startTime, Date endDate, Date endTime,
+                     Int16 index);
+
+// Cost of `seconds` in one tariff, its charge per call apart. The first piece of a call is spared the
+// tariff's allowance, unless it is charged by units; begun units are paid whole, and `units` tells how many
+// there were.
+double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece, Int16& units);
+
+// Whether a tariff's days hold on a date. A tariff for one long day name also holds on the later days of the
+// week up to Sunday, and a range that wraps over Sunday never holds.
+bool DayMatches(Date date, const std::string& appliesDays);
+
+// 1 to 7, the position of a short day name, Monday being 1; 8 when it is none.
+Int16 GetDayIndex(const std::string& shortName);
+
+bool IsHoliday(Date date);
+
+}  // namespace qel

@@ -1,0 +1,91 @@
+#include "analysis/ReportPeriod.h"
+
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/DateConversion.h"
+
+namespace qel {
+
+Date PeriodStart = 0, PeriodEnd = 0;
+Int16 PeriodDays;
+bool StartingChanged = false, EndingChanged = false;
+
+const std::array<StatusMessage, 16> StatusMessages = {{
+    {"", false, false},
+    {"Enter the starting date for the report by clicking on the calendar or typing.", false, false},
+    {"Enter the ending date for the report by clicking on the calendar or typing.", false, false},
+    {"Exit Qelmark.", false, false},
+    {"Process your report.", false, false},
+    {"View the Modem Log File.", false, false},
+    {"Click on the calendar to enter a date without typing.", false, false},
+    {"No Modem Log Found!", true, true},
+    {"Corruption Detected in Modem Log File!", true, true},
+    {"Invalid date entry!", true, true},
+    {"The start date cannot be less than the first entry in modem log!", true, true},
+    {"The end date cannot be less than the start date!", true, true},
+    {"The end date cannot be greater than the last entry in modem log!", true, true},
+    {"The start date cannot be greater than the end date!", true, true},
+    {"", false, false},
+    {"", false, false},
+}};
+
+namespace {
+
+bool LimitsKnown() { return (LogExists || ArchiveOpen) && !LogInvalid && !LogCorrupt; }
+
+}  // namespace
+
+void PeriodFields::SetStarting(const std::string& text) {
+  if (text == starting) return;
+  starting = text;
+  inputStarting_Change();
+}
+
+void PeriodFields::SetEnding(const std::string& text) {
+  if (text == ending) return;
+  ending = text;
+  inputEnding_Change();
+}
+
+void PeriodFields::inputStarting_Change() {
+  StartingChanged = IsDate(starting);
+  if (!StartingChanged) return;
+  PeriodStart = WholeDay(TextToDate(starting));
+  if (PeriodStart < FirstEntryDate && LimitsKnown()) {
+    PeriodStart = FirstEntryDate;
+    SetStarting(format_date(FirstEntryDate));
+    StatusIndex = CurrentDateField == DateField::Starting ? 10 : 11;
+    if (!FormLoading) Complain();
+  }
+  ShowOnCalendar(PeriodStart);
+  if (PeriodEnd < PeriodStart) SetEnding(starting);
+}
+
+void PeriodFields::inputEnding_Change() {
+  EndingChanged = IsDate(ending);
+  if (!EndingChanged) return;
+  PeriodEnd = WholeDay(TextToDate(ending));
+  if (PeriodEnd > LastEntryDate && LimitsKnown() && !LogEmpty) {
+    PeriodEnd = LastEntryDate;
+    SetEnding(format_date(LastEntryDate));
+    StatusIndex = CurrentDateField == DateField::Ending ? 12 : 13;
+    if (!FormLoading) Complain();
+  }
+  ShowOnCalendar(PeriodEnd);
+  if (PeriodEnd < PeriodStart) SetStarting(ending);
+}
+
+bool checkProcess() {
+  if (!StartingChanged || !EndingChanged || !(LogExists || ArchiveOpen)) return false;
+  PeriodDays = Int16(DaysBetween(PeriodStart, PeriodEnd)) + 1;
+  return true;
+}
+
+void ResetReportPeriod() {
+  PeriodStart = PeriodEnd = 0;
+  PeriodDays = 0;
+  StartingChanged = EndingChanged = false;
+}
+
+}  // namespace qel

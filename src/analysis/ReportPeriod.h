@@ -1,0 +1,62 @@
+// The reporting period: two dates typed by the user, tied together by a few firm rules. They lie inside the
+// log, the end does not come before the start, and a report can only be made when both are dates.
+//
+// The two rules call each other: moving one date may push the other, whose own limits may push back.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "platform/Calendar.h"
+#include "platform/CheckedInteger.h"
+
+namespace qel {
+
+extern Date PeriodStart, PeriodEnd;          // whole days, both inside the period
+extern Int16 PeriodDays;                     // both ends counted
+extern bool StartingChanged, EndingChanged;  // the field's text is a date
+
+// A line for the status bar. The complaints are bold and stand for some seconds.
+struct StatusMessage {
+  const char* Text;
+  bool Timed;
+  bool Bold;
+};
+extern const std::array<StatusMessage, 16> StatusMessages;
+
+enum class DateField { Starting = 1, Ending = 2 };
+
+// The two date fields as far as the rules see them. Setting a text runs the rule of its field, as typing
+// does.
+class PeriodFields {
+ public:
+  virtual ~PeriodFields() = default;
+
+  void SetStarting(const std::string& text);
+  void SetEnding(const std::string& text);
+  const std::string& Starting() const { return starting; }
+  const std::string& Ending() const { return ending; }
+
+  DateField CurrentDateField = DateField::Starting;
+  Int16 StatusIndex = 1;     // into StatusMessages
+  bool FormLoading = false;  // fields are filled by the program: no complaint is heard
+
+ protected:
+  // A date was moved to its limit; StatusIndex says which.
+  virtual void Complain() {}
+  // The calendar goes to the date that was set.
+  virtual void ShowOnCalendar(Date) {}
+
+ private:
+  void inputStarting_Change();
+  void inputEnding_Change();
+
+  std::string starting, ending;
+};
+
+// Whether a report can be made; counts PeriodDays when it can. Raises 6 for a period of 32768 days or more.
+bool checkProcess();
+
+void ResetReportPeriod();
+
+}  // namespace qel

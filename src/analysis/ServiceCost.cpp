@@ -1,0 +1,82 @@
+#include "analysis/ServiceCost.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "core/ProgramState.h"
+#include "modemlog/DialledNumber.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+enum ServiceOption { FlatRate = 1, FlexibleRate = 2 };
+
+double FlexibleCost(Int16 index, Int32 seconds, Date date) {
+  const ServiceRecord& service = Services[index];
+  const Int32 limit = Int32(service.UpToHours) * 3600;
+  const Int16 period = GetPeriodNumber(std::max(date, PeriodStart), service.PenaltyPeriod);
+  Int32& used = Penalties.At(index, period).Seconds;
+  used += seconds;
+  if (used <= limit) return service.FlexRate * SecondsToHours(static_cast<float>(seconds));
+  const Int32 within = std::max<Int32>(seconds - (used - limit), 0);
+  const double normal = service.FlexRate * SecondsToHours(static_cast<float>(within));
+  return service.FlexRate2 * SecondsToHours(static_cast<float>(seconds - within)) + normal;
+}
+
+}  // namespace
+
+double SecondsToHours(float seconds) { return seconds / 3600.0; }
+
+double GetServiceCost(const std::string& number, Int32 seconds, Date date) {
+  ProcedureTrace = "GetServiceCost";
+  const Int16 index = GetServiceIndex(number);
+  const double hours = SecondsToHours(static_cast<float>(seconds));
+  if (index < 0) return CostPerHour * hours;
+  switch (Services[index].ServiceOption) {
+    case FlatRate:
+      return Services[index].ServiceRate * hours;
+    case FlexibleRate:
+      return FlexibleCost(index, seconds, date);
+    default:
+      return 0;
+  }
+}
+
+Int16 GetPeriodNumber(Date date, const std::string& periodName) {
+  const double days = DaysBetween(PeriodStart, date);
+  double number = 0;
+  if (periodName == "Month") {
+    const double length = DaysBetween(PeriodStart, AddMonths(PeriodStart, 1));
+    if (length > 0) number = std::floor(days / length);
+  } else if (periodName == "Week") {
+    number = std::floor(days / 7);
+  } else if (periodName == "Day") {
+    number = days;
+  }
+  return number < 1 ? Int16(0) : Int16(number);
+}
+
+double ApplyMaxCharge(double cost, const std::string& number) {
+  const Int16 index = GetServiceIndex(number);
+  const double most = index < 0 ? 0 : Services[index].MaxCharge;
+  return most > 0 && cost > most ? most : cost;
+}
+
+Int16 ServiceBlockMinutes(const std::string& number) {
+  const Int16 index = GetServiceIndex(number);
+  return index < 0 ? Int16(0) : Services[index].Block;
+}
+
+Int16 GetBlockCount(Int16 minutes, Int32 seconds) {
+  if (minutes == 0) return 0;
+  const float connected = static_cast<float>(seconds) / 60;
+  const Int16 whole = Int16(std::floor(connected / static_cast<float>(minutes)));
+  const float left = connected - static_cast<float>(whole * minutes);
+  return left > 0 ? whole + 1 : whole;
+}
+
+}  // namespace qel

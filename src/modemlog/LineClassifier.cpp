@@ -1,0 +1,86 @@
+#include "modemlog/LineClassifier.h"
+
+#include <algorithm>
+
+#include "platform/CodePage.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+bool StandsAt(std::string_view line, std::size_t position, const std::string& text) {
+  if (line.size() - position < text.size()) return false;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (UpperCase(static_cast<unsigned char>(line[position + i])) != static_cast<unsigned char>(text[i]))
+      return false;
+  return true;
+}
+
+// All pairs of characters whose capitals are these two.
+template <typename Visit>
+void ForEachSpelling(const char* capitals, Visit visit) {
+  for (int first = 0; first < 256; ++first) {
+    if (UpperCase(static_cast<unsigned char>(first)) != static_cast<unsigned char>(capitals[0])) continue;
+    for (int second = 0; second < 256; ++second) {
+      if (UpperCase(static_cast<unsigned char>(second)) != static_cast<unsigned char>(capitals[1])) continue;
+      const char pair[] = {static_cast<char>(first), static_cast<char>(second)};
+      visit(pair);
+    }
+  }
+}
+
+}  // namespace
+
+LineClassifier::LineClassifier()
+    : LineClassifier({ModemDial, ModemAnswer, ModemConnect, ModemUserDisconnect, ModemHostDisconnect,
+                      ModemReads, ModemWrites}) {}
+
+LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) {
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    responses[i] = {texts[i], 1u << i};
+    if (texts[i].empty()) {
+      always |= responses[i].lineClass;
+      continue;
+    }
+    searched |= responses[i].lineClass;
+    window = window == 0 ? texts[i].size() : std::min(window, texts[i].size());
+  }
+  window = std::min<std::size_t>(window, 200);  // what a skip has room for
+  if (window < 2) return;
+  skip.fill(static_cast<std::uint8_t>(window - 1));
+  for (const auto& response : responses) {
+    if (response.text.empty()) continue;
+    for (std::size_t i = 0; i + 1 < window; ++i)
+      ForEachSpelling(response.text.data() + i, [&](const char* pair) {
+        auto& entry = skip[PairIndex(pair)];
+        entry = std::min(entry, static_cast<std::uint8_t>(window - 2 - i));
+      });
+  }
+}
+
+unsigned LineClassifier::ClassesAt(std::string_view line, std::size_t position) const {
+  unsigned classes = NoClass;
+  for (const auto& response : responses)
+    if (!response.text.empty() && StandsAt(line, position, response.text)) classes |= response.lineClass;
+  return classes;
+}
+
+unsigned LineClassifier::ClassesOf(std::string_view line) const {
+  unsigned classes = always;
+  if (searched == NoClass || line.size() < window) return classes;
+  if (window == 1) {
+    for (std::size_t i = 0; i < line.size(); ++i) classes |= ClassesAt(line, i);
+    return classes;
+  }
+  const char* const text = line.data();
+  const std::size_t last = line.size() - 2;  // where the last pair begins
+  for (std::size_t pair = window - 2; pair <= last;) {
+    const std::size_t step = skip[PairIndex(text + pair)];
+    if (step == 0) classes |= ClassesAt(line, pair - (window - 2));
+    pair += std::max<std::size_t>(step, 1);
+  }
+  return classes;
+}
+
+}  // namespace qel

@@ -1,0 +1,103 @@
+#include "modemlog/LogLine.h"
+
+#include <cstring>
+
+#include "core/ProgramState.h"
+#include "core/Version.h"
+#include "platform/Clock.h"
+#include "platform/DateConversion.h"
+#include "platform/Files.h"
+#include "platform/FormatMask.h"
+#include "platform/TextConversion.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// The value of `count` digits at `position`, or -1 where they are not all digits.
+int DigitsAt(std::string_view text, std::size_t position, std::size_t count) {
+  if (text.size() < position + count) return -1;
+  int value = 0;
+  for (std::size_t i = position; i < position + count; ++i) {
+    if (!IsDigit(text[i])) return -1;
+    value = value * 10 + (text[i] - '0');
+  }
+  return value;
+}
+
+// The lenient value of what stands at a place of the line, as a whole number.
+double ValueAt(std::string_view line, std::size_t position, std::size_t count) {
+  return position < line.size() ? RoundHalfEven(Val(line.substr(position, count))) : 0;
+}
+
+// For lines that are not laid out as a driver lays them out.
+Date DateOfOddLine(std::string_view line) {
+  const double day = ValueAt(line, 3, 2);
+  const double month = ValueAt(line, 0, 2);
+  const double year = ValueAt(line, 6, 4);
+  if (!(day * month * year >= 1)) return 0;
+  try {
+    return DateSerial(Int16(year), Int16(month), Int16(day));
+  } catch (const RunTimeError&) {
+    return 0;  // no calendar has it
+  }
+}
+
+Int32 BytesBehind(std::string_view line, const std::string& marker) {
+  const auto found = line.find(marker);
+  const std::string_view rest = line.substr(found == std::string_view::npos ? 0 : found + marker.size());
+  const auto first = rest.find_first_of("0123456789");
+  if (first == std::string_view::npos) return 0;
+  const auto stop = rest.find_first_not_of("0123456789", first);
+  if (stop == std::string_view::npos) return 0;
+  return Int32(Val(rest.substr(first, stop - first)));
+}
+
+}  // namespace
+
+Date GetLineDate(std::string_view line) {
+  const int month = DigitsAt(line, 0, 2);
+  const int day = DigitsAt(line, 3, 2);
+  const int year = DigitsAt(line, 6, 4);
+  if (day < 1 || month < 1 || year < 100) return DateOfOddLine(line);
+  try {
+    return DateSerial(year, month, day);
+  } catch (const RunTimeError&) {
+    return 0;
+  }
+}
+
+Date TimeOfLine(std::string_view line) {
+  const auto blank = line.find(' ');
+  const std::size_t start = blank == std::string_view::npos ? 0 : blank + 1;
+  const auto stop = line.find('.', start);
+  if (stop == std::string_view::npos) Raise(InvalidCall);
+  const std::string_view text = line.substr(start, stop - start);
+  const int hour = DigitsAt(text, 0, 2), minute = DigitsAt(text, 3, 2), second = DigitsAt(text, 6, 2);
+  const bool plain = text.size() == 8 && text[2] == ':' && text[5] == ':';
+  if (plain && hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60)
+    return TimeSerial(hour, minute, second);
+  return TimeSerial(0, 0, SecondOfDay(TextToDate(text)));
+}
+
+Int32 GetReadBytes(std::string_view line) { return BytesBehind(line, ModemReads); }
+Int32 GetWriteBytes(std::string_view line) { return BytesBehind(line, ModemWrites); }
+
+bool IsBlankLine(std::string_view line) {
+  if (!line.empty() && line.front() != ' ') return false;
+  return line.find_first_not_of(' ') == std::string_view::npos;
+}
+
+void NewModemLog(const std::string& path) {
+  const Date now = Now();
+  FileWriter file(path);
+  file.Write(FormatDate(now, "mm-dd-yyyy") + " " + FormatDate(now, "hh:nn:ss") + ".00 - " +
+             "New modem log file created by QEL (Qelmark) v" + std::to_string(VersionMajor) + "." +
+             std::to_string(VersionMinor) + NewLine);
+  file.Close();
+}
+
+}  // namespace qel

@@ -1,0 +1,33 @@
+// The one definition of a line of the modem log: "MM-DD-YYYY hh:nn:ss.ff - text". Only the fixed positions of
+// the date, the first blank and the first "." behind it matter.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/Calendar.h"
+#include "platform/CheckedInteger.h"
+
+namespace qel {
+
+// The date of a line, or 0 where it has none: day, month or year are no number above 0, or make no date that
+// the calendar has. Month 13 and day 32 carry over; nothing here rejects them.
+Date GetLineDate(std::string_view line);
+
+// The time of day between the first blank and the first "." behind it. Raises 5 (invalid call) where there is
+// no
+// ".", 13 (type mismatch) where the text is no time.
+Date TimeOfLine(std::string_view line);
+
+// The first run of digits behind the reads or writes marker, in bytes. 0 where there is none or where the run
+// ends the line: a number without anything behind it does not count. Raises 6 (overflow) above 2147483647.
+Int32 GetReadBytes(std::string_view line);
+Int32 GetWriteBytes(std::string_view line);
+
+// Whether a line holds nothing but blanks. Such a line is no entry.
+bool IsBlankLine(std::string_view line);
+
+// Writes a log of one entry that says so, emptying what stood at `path`. Raises the disk's errors.
+void NewModemLog(const std::string& path);
+
+}  // namespace qel

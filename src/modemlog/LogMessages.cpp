@@ -1,0 +1,89 @@
+#include "modemlog/LogMessages.h"
+
+#include <initializer_list>
+#include <string>
+
+#include "core/ProgramState.h"
+#include "platform/Host.h"
+
+namespace qel {
+
+namespace {
+
+constexpr int MissingLogHelp = 6;
+
+bool missingShown = false;
+
+std::string Lines(std::initializer_list<std::string> lines) {
+  std::string text;
+  for (const auto& line : lines) text += (text.empty() ? "" : NewLine) + line;
+  return text;
+}
+
+}  // namespace
+
+void ResetLogMessages() { missingShown = false; }
+
+void ShowLogMissing() {
+  if (LogExists || missingShown) return;
+  missingShown = true;
+  const std::string text = Lines({
+      "Qelmark Cannot Locate Your Modem Log File!",
+      "",
+      "If you have configured your dial-up connections to use a modem log",
+      "then you should re-check your QEL options as they are INCORRECT.",
+      "",
+      "If NOT, then you will need to configure your Dial-up Networking ",
+      "connections to use a modem log file before Qelmark is fully",
+      "functional.",
+      "",
+      "Click on the Help button below for information on how to do this.",
+      "",
+      "NOTE: If you are sure that your settings are correct but have not yet",
+      "made any dial-up networking connections (such as the Internet)",
+      "then please exit QEL now and try again after you have disconnected",
+      "from your next dial-up networking session.",
+  });
+  MsgBox({text, "No Modem Log Detected!", Icon::Exclamation, Buttons::OK, MissingLogHelp});
+}
+
+void ShowLogCorrupt() {
+  if (!LogCorrupt) return;
+  const std::string text = Lines({
+      "Corruption Detected in Modem Log File!",
+      "",
+      "Your Modem Log File is either corrupt or not a valid",
+      "Modem Log!  If you are sure it is a valid Modem Log then ",
+      "please select the 'Repair Modem Log' option from the",
+      "TOOLS menu. Reports will not be available until corruption",
+      "has been repaired or a valid log file is set up!",
+  });
+  MsgBox({text, "WARNING", Icon::Critical});
+}
+
+void ShowLogInvalid() {
+  if (!LogInvalid) return;
+  const std::string text = Lines({
+      "INVALID MODEM LOG FILE!",
+      "",
+      "The current file is NOT a Modem Log File.",
+      "Please review your configuration by clicking ",
+      "on 'QEL Options' in the 'File' menu.",
+  });
+  MsgBox({text, "WARNING", Icon::Critical});
+}
+
+void ShowLogTooBig() {
+  if (!LogTooBig) return;
+  const std::string text = Lines({
+      "Your Modem Log is Too Big!",
+      "",
+      "Your modem log can become unreliable and prone to",
+      "corruption if it is allowed to become too large. Select",
+      "one of the options in the TOOLS menu or ARCHIVE",
+      "this log to prevent it from growing any larger.",
+  });
+  MsgBox({text, "WARNING", Icon::Exclamation});
+}
+
+}  // namespace qel

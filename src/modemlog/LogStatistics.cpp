@@ -1,0 +1,134 @@
+#include "modemlog/LogStatistics.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <optional>
+
+#include "core/Display.h"
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogLine.h"
+#include "platform/Files.h"
+#include "platform/Host.h"
+#include "platform/TextConversion.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+Int32 LogLength;
+float LogEntries = 0;
+Date FirstEntryDate = 0, LastEntryDate = 0;
+
+namespace {
+
+constexpr std::size_t DateLength = 10;
+
+bool IsTextByte(unsigned char byte) {
+  return (byte >= 32 && byte < 127) || byte == 9 || byte == 10 || byte == 13;
+}
+
+void TakeLength() {
+  const auto length = FileLength(CurrentLogPath);
+  LogLength = Int32(std::min<std::int64_t>(length, std::numeric_limits<std::int32_t>::max()));
+}
+
+void ShowLoading(int percent) {
+  CurrentDisplay().SplashText("Please Wait .....Loading " + Str(percent) + "%");
+  CurrentHost().Yield();
+}
+
+// Tells the splash window at every multiple of the step between two positions.
+void ShowLoadingUpTo(int position, int before, Int16 step) {
+  if (step < 1) return;
+  for (int next = (before / step + 1) * step; next <= position; next += step)
+    ShowLoading(Int16(100.0 * next / LogLength));
+}
+
+// True where a byte before the last one of the file is none of a text.
+bool HoldsBadByte(bool showProgress, Int16 step) {
+  BlockReader file(CurrentLogPath);
+  int position = 0;  // bytes looked at
+  for (std::string_view block = file.Next(); !block.empty() && position < LogLength - 1;
+       block = file.Next()) {
+    block = block.substr(0, static_cast<std::size_t>(LogLength - 1 - position));
+    if (!std::all_of(block.begin(), block.end(),
+                     [](char c) { return IsTextByte(static_cast<unsigned char>(c)); }))
+      return true;
+    const int before = position + 1;
+    position += static_cast<int>(block.size());
+    if (showProgress) ShowLoadingUpTo(position + 1, before, step);
+  }
+  return false;
+}
+
+void ReadEntries() {
+  LineReader file(CurrentLogPath);
+  std::string lastDate;  // as much of the last entry as its date takes
+  std::int64_t entries = 0;
+  for (std::string_view line; file.Next(line);) {
+    if (IsBlankLine(line)) continue;
+    if (FirstEntryDate < 1) FirstEntryDate = GetLineDate(line);
+    ++entries;
+    lastDate.assign(line.substr(0, DateLength));
+  }
+  file.Close();
+  // A float counter that is stepped by one stops at 2^24.
+  LogEntries = static_cast<float>(std::min<std::int64_t>(entries, 16777216));
+  LastEntryDate = GetLineDate(lastDate);
+}
+
+}  // namespace
+
+void ResetLogStatistics() {
+  LogLength = 0;
+  LogEntries = 0;
+  FirstEntryDate = LastEntryDate = 0;
+}
+
+bool CheckCorruption(bool showProgress) {
+  SetTrace("QELMain", "CheckCorruption");
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  CurrentHost().Yield();
+  Attempt(TakeLength);
+  if (LogLength < 1) {
+    LogEmpty = true;
+    CurrentHost().SetMousePointer(MousePointer::Default);
+    return false;
+  }
+  Int16 step;
+  Attempt([&step] { step = Int16(LogLength / 100.0); });
+  CloseAllFiles();
+  bool corrupt = false;
+  Attempt([&] { corrupt = HoldsBadByte(showProgress, step); });
+  if (corrupt) return true;  // the pointer stays for the window that tells of it
+  if (showProgress) {
+    CurrentDisplay().SplashText("Please Wait .....Loading 100%");
+    CurrentHost().Yield();
+  }
+  CurrentHost().SetMousePointer(MousePointer::Default);
+  return false;
+}
+
+void GetLogStats(bool keepPointer) {
+  SetTrace("QELMain", "GetLogStats");
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  CurrentHost().Yield();
+  LogEntries = 0;
+  FirstEntryDate = LastEntryDate = 0;
+  LogEmpty = false;
+  Attempt(TakeLength);
+  if (LogLength < 1) {
+    LogEmpty = true;
+    CurrentHost().SetMousePointer(MousePointer::Default);
+    return;
+  }
+  Attempt([] { LogTooBig = LogLength >= MaxLogSize * 1024; });
+  Attempt(ReadEntries);
+  LogInvalid = FirstEntryDate == 0 || LastEntryDate == 0;
+  if (!keepPointer) CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+}  // namespace qel
