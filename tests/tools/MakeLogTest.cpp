@@ -1,0 +1,163 @@
+#include <algorithm>
+#include <cctype>
+#include <gtest/gtest.h>
+#include <map>
+#include <sstream>
+#include <stdexcept>
+
+#include "makelog/LogOptions.h"
+#include "makelog/Random.h"
+#include "makelog/WriteLog.h"
+
+namespace qel {
+namespace {
+
+std::string Log(const std::vector<std::string>& arguments) {
+  std::ostringstream out;
+  WriteLog(ParseOptions(arguments), out);
+  return out.str();
+}
+
+std::vector<std::string> Lines(const std::string& log) {
+  std::vector<std::string> lines;
+  std::istringstream in(log);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+constexpr std::size_t TextAt = std::string_view("MM-DD-YYYY hh:nn:ss.ff - ").size();
+
+// The texts by which the analysis knows a line.
+const char* const Markers[] = {
+    "RECV: ATD", "ANSWERING", "CONNECTION ESTABLISHED", "HANGING UP THE MODEM", "REMOTE MODEM HUNG UP",
+    "READS",     "WRITES"};
+
+// The markers of a log's lines, one letter each in their order: d a c u h r w. A line may hold only one.
+std::string Events(const std::string& log) {
+  std::string events;
+  for (std::string line : Lines(log)) {
+    std::ranges::transform(line, line.begin(), [](unsigned char c) { return std::toupper(c); });
+    std::string found;
+    for (std::size_t i = 0; i < std::size(Markers); ++i) {
+      if (line.find(Markers[i]) != std::string::npos) found += "dacuhrw"[i];
+    }
+    EXPECT_LE(found.size(), 1u) << line;
+    events += found;
+  }
+  return events;
+}
+
+// Digits to "9" and the date in its sorting order, so that lines compare as text.
+TEST(MakeLog, LinesAreDatedAscendAndEndInCarriageReturnAndLineFeed) {
+  std::string before;
+  for (const char* calls : {"0.3", "50"}) {
+    before.clear();
+    for (const std::string& line :
+         Lines(Log({"--days", "60", "--start", "1999-12-10", "--calls-per-day", calls}))) {
+      std::string form = line.substr(0, TextAt);
+      std::ranges::replace_if(
+          form, [](unsigned char c) { return std::isdigit(c); }, '9');
+      ASSERT_EQ(form, "99-99-9999 99:99:99.99 - ");
+      ASSERT_EQ(line.back(), '\r');
+      ASSERT_EQ(std::ranges::count_if(line, [](char c) { return c < ' ' || c > '~'; }), 1) << line;
+      const std::string moment = line.substr(6, 4) + line.substr(0, 5) + line.substr(11, 11);
+      ASSERT_LE(before, moment);
+      before = moment;
+    }
+    EXPECT_EQ(before.substr(0, 6), "200002");
+  }
+}
+
+TEST(MakeLog, TheSameSeedGivesTheSameBytes) {
+  EXPECT_EQ(Log({"--days", "30", "--seed", "7"}), Log({"--days", "30", "--seed", "7"}));
+  EXPECT_NE(Log({"--days", "30", "--seed", "7"}), Log({"--days", "30", "--seed", "8"}));
+
+  Random random(1234567);  // the generator's published values
+  EXPECT_EQ(random.Next(), 6457827717110365317u);
+  EXPECT_EQ(random.Next(), 3203168211198807973u);
+}
+
+TEST(MakeLog, TheLastCallIsTheOneThatReachesTheSize) {
+  const std::map<std::string, std::size_t> sizes = {
+      {"1", 1}, {"70000", 70000}, {"64K", 65536}, {"2M", 2097152}};
+  for (const auto& [text, bytes] : sizes) {
+    const std::string log = Log({"--size", text, "--chatter", "0"});
+    EXPECT_GE(log.size(), bytes);
+    EXPECT_LT(log.size(), bytes + 1000);
+  }
+}
+
+TEST(MakeLog, CallsTakeEveryCourse) {
+  const std::string events = Events(Log({"--days", "2000", "--chatter", "60"}));
+  const struct {
+    const char* what;
+    std::string course;
+  } courses[] = {
+      {"ended by the user", "dcurw"},
+      {"ended by the host", "dchrw"},
+      {"incoming", "acu"},
+      {"not answered", "du"},
+      {"disconnect lost, dialled", "dcdc"},
+      {"disconnect lost, answered", "dcac"},
+  };
+  for (const auto& c : courses) EXPECT_NE(events.find(c.course), std::string::npos) << c.what;
+
+  std::string rest = events;  // nothing but these courses
+  for (const char* course : {"curw", "chrw", "du", "d", "a", "c"}) {
+    for (std::size_t at; (at = rest.find(course)) != std::string::npos;)
+      rest.erase(at, std::string(course).size());
+  }
+  EXPECT_EQ(rest, "");
+}
+
+TEST(MakeLog, ChatterChangesNothingThatCounts) {
+  for (const char* chatter : {"0", "1", "100"}) {
+    const std::string events = Events(Log({"--days", "5", "--chatter", chatter, "--calls-per-day", "1"}));
+    EXPECT_EQ(std::ranges::count(events, 'd') + std::ranges::count(events, 'a'), 5);
+  }
+}
+
+TEST(MakeLog, DialsTheNumbersByTheirShare) {
+  std::map<std::string, int> dials;
+  for (const std::string& line : Lines(Log({"--days", "500", "--numbers", "5550101,5550101,5550101,#31"}))) {
+    const std::string dial = "Recv: ATDT";
+    if (line.compare(TextAt, dial.size(), dial) == 0) ++dials[line.substr(TextAt + dial.size())];
+  }
+  EXPECT_EQ(dials.size(), 2u);
+  EXPECT_NEAR(dials["5550101<cr>\r"], 735, 60);
+  EXPECT_NEAR(dials["#31<cr>\r"], 245, 60);
+}
+
+TEST(MakeLog, RefusesWrongArguments) {
+  const struct {
+    std::vector<std::string> arguments;
+    const char* complaint;
+  } cases[] = {
+      {{}, "either --days or --size"},
+      {{"--days", "3", "--size", "3"}, "either --days or --size"},
+      {{"--day", "3"}, "unknown option \"--day\""},
+      {{"--days"}, "--days lacks its value"},
+      {{"--days", "0"}, "--days: \"0\" is not"},
+      {{"--days", "3x"}, "--days: \"3x\" is not"},
+      {{"--size", "M"}, "--size: \"M\" is not"},
+      {{"--size", "9999999999999G"}, "--size: \"9999999999999G\" is not"},
+      {{"--start", "1999-02-29"}, "--start: \"1999-02-29\" is not"},
+      {{"--start", "1999-1-1"}, "--start: \"1999-1-1\" is not"},
+      {{"--calls-per-day", "0.0004"}, "--calls-per-day: \"0.0004\" is not"},
+      {{"--calls-per-day", "50.001"}, "--calls-per-day: \"50.001\" is not"},
+      {{"--numbers", "5550101,,5550102"}, "--numbers: \"\" is not"},
+      {{"--numbers", "home"}, "--numbers: \"home\" is not"},
+  };
+  for (const auto& c : cases) {
+    try {
+      ParseOptions(c.arguments);
+      ADD_FAILURE() << "accepted, but should say " << c.complaint;
+    } catch (const std::invalid_argument& error) {
+      EXPECT_NE(std::string(error.what()).find(c.complaint), std::string::npos) << error.what();
+    }
+  }
+  EXPECT_THROW(Log({"--days", "40", "--start", "9999-12-01"}), std::runtime_error);
+}
+
+}  // namespace
+}  // namespace qel
