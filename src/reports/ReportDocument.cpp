@@ -1,0 +1,45 @@
+#include "reports/ReportDocument.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "core/CurrencyFormat.h"
+#include "platform/FormatMask.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+void ReportRow::SetSubItem(int number, std::string text) {
+  const auto index = static_cast<std::size_t>(number - 1);
+  if (SubItems.size() <= index) SubItems.resize(index + 1);
+  SubItems[index] = std::move(text);
+}
+
+void ReportDocument::FillLabels(const std::string& title) {
+  RepTitle = "QELMARK - " + title + " Report";
+  TitleLength = static_cast<int>(RepTitle.size());
+  RepBegin = FormatDate(PeriodStart, "long date");
+  RepEnd = FormatDate(PeriodEnd, "long date");
+  RepPeriod = PeriodText();
+  fraWarning = ErrorsAreShown();
+}
+
+ReportRow& ReportDocument::AddRow(std::string text) {
+  Rows.push_back({std::move(text), {}});
+  return Rows.back();
+}
+
+void ReportDocument::AddDottedRow() { AddRow().SubItems.assign(Columns.size() - 1, std::string(100, '.')); }
+
+bool ErrorsAreShown() { return LogErrorsFound && ShowErrors; }
+
+std::string PeriodText() { return std::to_string(PeriodDays) + (PeriodDays > 1 ? " days" : " day"); }
+
+std::string Blanks(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), ' '); }
+std::string Dashes(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), '-'); }
+
+int CostWidth() { return static_cast<int>(CurrencySymbol.size()) + 8 + SymbolSpaced + CurrencyDigits; }
+
+}  // namespace qel

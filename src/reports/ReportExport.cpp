@@ -1,0 +1,213 @@
+#include "reports/ReportExport.h"
+
+#include <cstdio>
+#include <variant>
+#include <vector>
+
+#include "analysis/ConnectionNotes.h"
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "core/CurrencyFormat.h"
+#include "core/ErrorHandler.h"
+#include "modemlog/DialledNumber.h"
+#include "platform/CodePage.h"
+#include "platform/FormatMask.h"
+#include "reports/DetailLines.h"
+#include "reports/SummaryReport.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+struct Field {
+  const char* Name;
+  std::variant<std::string, long, double, Words> Value;
+};
+using Record = std::vector<Field>;
+
+std::string IsoDate(Date date) { return FormatDate(date, "yyyy\\-mm\\-dd"); }
+
+std::string IsoMoment(Date date, Date time) {
+  const ClockTime clock = TimeOf(time);
+  char text[16];
+  std::snprintf(text, sizeof text, "T%02d:%02d:%02d", clock.hour, clock.minute, clock.second);
+  return IsoDate(date) + text;
+}
+
+// "12.5", never with an exponent, at most six decimals.
+std::string PlainNumber(double number) {
+  char text[400];
+  std::snprintf(text, sizeof text, "%.6f", number);
+  std::string plain = text;
+  plain.erase(plain.find_last_not_of('0') + 1);
+  if (plain.ends_with('.')) plain.pop_back();
+  return plain == "-0" ? "0" : plain;
+}
+
+std::string Joined(const Words& words, const char* divider) {
+  std::string text;
+  for (const auto& word : words) text += (text.empty() ? "" : divider) + word;
+  return text;
+}
+
+std::string CsvText(const std::string& text) {
+  if (text.find_first_of("\",\r\n") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+  return quoted + '"';
+}
+
+std::string JsonText(const std::string& text) {
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') {
+      quoted += '\\';
+      quoted += c;
+    } else if (static_cast<unsigned char>(c) < 32) {
+      char escape[8];
+      std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
+      quoted += escape;
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted + '"';
+}
+
+struct CsvValue {
+  std::string operator()(const std::string& text) const { return CsvText(text); }
+  std::string operator()(long number) const { return std::to_string(number); }
+  std::string operator()(double number) const { return PlainNumber(number); }
+  std::string operator()(const Words& words) const { return CsvText(Joined(words, " ")); }
+};
+
+struct JsonValue {
+  std::string operator()(const std::string& text) const { return JsonText(text); }
+  std::string operator()(long number) const { return std::to_string(number); }
+  std::string operator()(double number) const { return PlainNumber(number); }
+  std::string operator()(const Words& words) const {
+    Words quoted;
+    for (const auto& word : words) quoted.push_back(JsonText(word));
+    return "[" + Joined(quoted, ", ") + "]";
+  }
+};
+
+// Takes records one by one, so that a long report is never held twice.
+class Writer {
+ public:
+  Writer(ExportFormat format, const char* report, const char* records) : format(format) {
+    if (format == ExportFormat::Json)
+      text = std::string("{\n  \"report\": ") + JsonText(report) + ",\n  \"from\": " + JsonText(IsoDate(PeriodStart)) +
+             ",\n  \"to\": " + JsonText(IsoDate(PeriodEnd)) + ",\n  \"days\": " + std::to_string(PeriodDays) +
+             ",\n  \"currency\": " + JsonText(CurrencySymbol) +
+             ",\n  \"errors_found\": " + (LogErrorsFound ? "true" : "false") +
+             ",\n  \"complete\": " + (ConnectionsExceeded ? "false" : "true") + ",\n  \"" + records + "\": [";
+  }
+
+  // The names stand at the top even where no record follows.
+  void Head(const Record& record) {
+    if (format == ExportFormat::Json) return;
+    Words names;
+    for (const auto& field : record) names.emplace_back(field.Name);
+    text += Joined(names, ",") + "\r\n";
+  }
+
+  void Add(const Record& record) {
+    Words values;
+    for (const auto& field : record) {
+      if (format == ExportFormat::Csv)
+        values.push_back(std::visit(CsvValue(), field.Value));
+      else
+        values.push_back(JsonText(field.Name) + ": " + std::visit(JsonValue(), field.Value));
+    }
+    if (format == ExportFormat::Json) text += std::string(first ? "" : ",") + "\n    {";
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (i > 0) text += format == ExportFormat::Csv ? "," : ", ";
+      text += values[i];
+    }
+    text += format == ExportFormat::Csv ? "\r\n" : "}";
+    first = false;
+  }
+
+  std::string Finish() {
+    if (format == ExportFormat::Json) text += first ? "]\n}\n" : "\n  ]\n}\n";
+    return std::move(text);
+  }
+
+ private:
+  const ExportFormat format;
+  std::string text;
+  bool first = true;
+};
+
+Record SummaryRecord(Int16 slot) {
+  const ServiceTotal& total = slot < 0 ? ServiceTotal() : ServiceTotals[slot];
+  const double charged = slot < 0 || IsAnsweredSlot(slot) || !CalcCosts ? 0 : 1;
+  return {{"service", GetServiceName(total.Number)},
+          {"number", total.Number},
+          {"sessions", long{total.Connections}},
+          {"seconds", long{total.Seconds}},
+          {"bytes_read", long{total.BytesRead}},
+          {"blocks", long{total.Blocks}},
+          {"free_seconds", long{total.FreeSeconds}},
+          {"dialup_cost", total.DialCost * charged},
+          {"service_cost", total.ServiceCost * charged},
+          {"data_cost", (total.TotalCost - total.DialCost - total.ServiceCost) * charged},
+          {"total_cost", total.TotalCost * charged}};
+}
+
+Words FlagsOf(const ConnectionRecord& connection) {
+  const struct {
+    bool holds;
+    const char* flag;
+  } flags[] = {
+      {connection.Answered, "answered"},
+      {connection.Notes.find("Unable to get dialled number") != std::string::npos, "no-dial"},
+      {connection.Notes.find("No Disconnect Entry") != std::string::npos, "no-disconnect"},
+      {connection.Notes.find("Incomplete Tariff") != std::string::npos, "incomplete-tariff"},
+  };
+  Words found;
+  for (const auto& row : flags)
+    if (row.holds) found.emplace_back(row.flag);
+  return found;
+}
+
+Record DetailRecord(const DetailLine& line) {
+  const ConnectionRecord& c = line.Connection;
+  const double charged = c.Answered ? 0 : 1;
+  return {{"start", IsoMoment(c.StartDate, c.StartTime)},
+          {"end", IsoMoment(c.EndDate, c.EndTime)},
+          {"number", c.Number},
+          {"service", GetServiceName(c.Number)},
+          {"seconds", long{line.Seconds}},
+          {"bytes_read", long{c.BytesRead}},
+          {"bytes_written", long{c.BytesWritten}},
+          {"dialup_cost", line.DialCost * charged},
+          {"service_cost", line.ServiceCost * charged},
+          {"data_cost", line.DataCost * charged},
+          {"total_cost", line.ConnectionCost},
+          {"notes", std::string(Trim(TidyNotes(c.Notes)))},
+          {"flags", FlagsOf(c)}};
+}
+
+}  // namespace
+
+std::string ExportSummary(ExportFormat format) {
+  Writer writer(format, "summary", "services");
+  writer.Head(SummaryRecord(-1));
+  for (Int16 slot = FirstSlotShown(); slot <= TotalsCount; ++slot)
+    Attempt([&] { writer.Add(SummaryRecord(slot)); });
+  return writer.Finish();
+}
+
+std::string ExportDetails(ExportFormat format) {
+  Writer writer(format, "details", "connections");
+  writer.Head(DetailRecord({ConnectionRecord(), 0, false, 0, 0, 0, 0, 0}));
+  ForEachDetailLine([&](const DetailLine& line) { writer.Add(DetailRecord(line)); });
+  return writer.Finish();
+}
+
+}  // namespace qel

@@ -1,0 +1,234 @@
+#include "reports/SummaryReport.h"
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "analysis/ServiceCost.h"
+#include "core/CurrencyFormat.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/DialledNumber.h"
+#include "platform/CodePage.h"
+#include "platform/FormatMask.h"
+#include "platform/Host.h"
+#include "platform/TextConversion.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+struct TextColumn {
+  std::string Title;
+  int Width;  // characters of the text report
+  ColumnAlignment Alignment;
+};
+
+// The columns of the text, by their number.
+enum Column { ServiceColumn = 1, TimeColumn, SessionsColumn, AvSessionColumn, AvDayColumn, UseColumn, CostColumn };
+
+std::string WholeTime(float seconds) { return std::string(Trim(FormatTime(seconds, false))); }
+
+float Quotient(Int32 seconds, Int16 divisor) {
+  if (divisor == 0) Raise(DivisionByZero);
+  return static_cast<float>(seconds) / static_cast<float>(divisor);
+}
+
+std::string BlocksText(int blocks, Int32 minutes) {
+  return std::to_string(blocks) + " (" + FormatTime(static_cast<float>(minutes * 60), true) + ")";
+}
+
+class SummaryBuilder {
+ public:
+  ReportDocument Build();
+
+ private:
+  void FillColumns();
+  std::string Header() const;
+  std::string Heading() const;
+  void AddSlots();
+  void AddSlot(Int16 slot);
+  void AddTimes(const ServiceTotal& total, std::string& line, ReportRow& row) const;
+  std::string TakeUse(const ServiceTotal& total, std::string& line);
+  void AddTotalsRow();
+  std::string TotalsLine() const;
+
+  // One cell of the text, the value in front of the blanks or behind them.
+  std::string Before(int column, const std::string& value) const { return value + PadFor(column, value); }
+  std::string Behind(int column, const std::string& value) const { return PadFor(column, value) + value; }
+  std::string PadFor(int column, const std::string& value) const {
+    return Blanks(WidthOf(column) - static_cast<int>(value.size()));
+  }
+  int WidthOf(int column) const { return columns[static_cast<std::size_t>(column - 1)].Width; }
+  std::string UseTotal() const;
+
+  ReportDocument document;
+  std::vector<TextColumn> columns;  // those that are shown
+  int totalWidth = 0;
+  bool anyConnections = false;
+  std::string rows;
+
+  float totalTime = 0;
+  Int16 totalSessions;
+  double totalKilobytes = 0;
+  Int16 totalBlocks;
+  Int32 totalBlockMinutes;
+  double totalCost = 0;
+};
+
+void SummaryBuilder::FillColumns() {
+  using enum ColumnAlignment;
+  columns = {{"Service", 16, Left},
+             {"Qelmark", 15, Centre},
+             {"Sessions", 11, Centre},
+             {"AvSession", 13, Centre},
+             {"AvDay", 8, Centre},
+             {ShowBlocks ? "* Blocks" : "* Data Read", ShowBlocks ? 14 : 12, Right}};
+  if (CalcCosts) columns.push_back({"Cost", CostWidth(), Right});
+  document.Columns = {ReportColumn()};
+  for (const auto& column : columns) {
+    totalWidth += column.Width;
+    document.Columns.push_back({column.Title, column.Alignment});
+  }
+}
+
+std::string SummaryBuilder::Header() const {
+  const bool warn = ErrorsAreShown();
+  return std::string(" QELMARK - Summary Report") + NewLine + NewLine + " Beginning: " +
+         FormatDate(PeriodStart, "long date") + (warn ? "        WARNING: Errors found in log!" : "") + NewLine +
+         " Ending:    " + FormatDate(PeriodEnd, "long date") +
+         (warn ? "                 Check details report." : "") + NewLine + " Period:    " + PeriodText() + NewLine;
+}
+
+std::string SummaryBuilder::Heading() const {
+  const std::string rule = " " + Dashes(totalWidth) + NewLine;
+  std::string titles = " ";
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const bool right = columns[i].Alignment == ColumnAlignment::Right;
+    const int number = static_cast<int>(i) + 1;
+    titles += right ? Behind(number, columns[i].Title) : Before(number, columns[i].Title);
+  }
+  return std::string(" ") + NewLine + rule + titles + NewLine + rule;
+}
+
+std::string NameCell(const std::string& name, int width) {
+  const std::string trimmed(Trim(name));
+  const int length = static_cast<int>(trimmed.size());
+  // A name that would just fit is cut too, so that a blank always stands before the next column.
+  if (length < width) return trimmed + Blanks(width - length);
+  return trimmed.substr(0, static_cast<std::size_t>(width - 4)) + "... ";
+}
+
+void SummaryBuilder::AddTimes(const ServiceTotal& total, std::string& line, ReportRow& row) const {
+  const std::string perSession = WholeTime(Quotient(total.Seconds, total.Connections));
+  const std::string perDay = WholeTime(Quotient(total.Seconds, PeriodDays));
+  row.SetSubItem(AvSessionColumn, perSession);
+  row.SetSubItem(AvDayColumn, perDay);
+  line += Before(AvSessionColumn, perSession) + Before(AvDayColumn, perDay);
+}
+
+// The cell of blocks or data; gives what the grid shows.
+std::string SummaryBuilder::TakeUse(const ServiceTotal& total, std::string& line) {
+  if (ShowBlocks) {
+    const Int16 minutes = total.Blocks * ServiceBlockMinutes(total.Number);
+    const std::string value = BlocksText(total.Blocks, minutes);
+    totalBlocks += total.Blocks;
+    totalBlockMinutes += minutes;
+    line += Behind(UseColumn, value);
+    return value;
+  }
+  const std::string value(Trim(FormatNumber(total.BytesRead / 1024.0, "#,##0")));
+  totalKilobytes += TextToNumber(value);  // the total is that of the figures shown
+  line += Behind(UseColumn, value) + "K";  // the "K" hangs over the column
+  return value + "K";
+}
+
+void SummaryBuilder::AddSlot(Int16 slot) {
+  const ServiceTotal& total = ServiceTotals[slot];
+  const std::string name = GetServiceName(total.Number);
+  const std::string time = WholeTime(static_cast<float>(total.Seconds));
+  const std::string sessions = std::to_string(total.Connections);
+  ReportRow row;
+  row.SetSubItem(ServiceColumn, name);
+  row.SetSubItem(TimeColumn, time);
+  row.SetSubItem(SessionsColumn, sessions);
+  std::string line = " " + NameCell(name, WidthOf(ServiceColumn)) + Before(TimeColumn, time) +
+                     Before(SessionsColumn, sessions);
+  totalTime += static_cast<float>(total.Seconds);
+  totalSessions += total.Connections;
+  if (total.Seconds > 0) {
+    AddTimes(total, line, row);
+    row.SetSubItem(UseColumn, TakeUse(total, line));
+    if (CalcCosts) {
+      const std::string cost = MoneyText(ShownCost(slot));
+      totalCost += ShownCost(slot);
+      row.SetSubItem(CostColumn, cost);
+      line += Behind(CostColumn, cost);
+    }
+  }
+  rows += line + NewLine;
+  document.Rows.push_back(std::move(row));
+}
+
+void SummaryBuilder::AddSlots() {
+  for (Int16 slot = FirstSlotShown(); slot <= TotalsCount; ++slot) Attempt([&] { AddSlot(slot); });
+}
+
+std::string SummaryBuilder::UseTotal() const {
+  return ShowBlocks ? BlocksText(totalBlocks, totalBlockMinutes) : FormatNumber(totalKilobytes, "#,##0") + "K";
+}
+
+void SummaryBuilder::AddTotalsRow() {
+  ReportRow& row = document.AddRow();
+  row.SetSubItem(ServiceColumn, "TOTALS:");
+  row.SetSubItem(TimeColumn, WholeTime(totalTime));
+  row.SetSubItem(SessionsColumn, std::to_string(totalSessions));
+  row.SetSubItem(UseColumn, UseTotal());
+  if (CalcCosts) row.SetSubItem(CostColumn, MoneyText(totalCost));
+}
+
+std::string SummaryBuilder::TotalsLine() const {
+  const std::string use = anyConnections ? UseTotal() : "";
+  const std::string cost = anyConnections && CalcCosts ? MoneyText(totalCost) : "";
+  return " " + Dashes(totalWidth) + NewLine + " " + Before(ServiceColumn, "TOTALS:") +
+         Before(TimeColumn, WholeTime(totalTime)) + Before(SessionsColumn, std::to_string(totalSessions)) +
+         Blanks(WidthOf(AvSessionColumn) + WidthOf(AvDayColumn)) + Behind(UseColumn, use) +
+         Blanks(CostWidth() - static_cast<int>(cost.size())) + cost;
+}
+
+ReportDocument SummaryBuilder::Build() {
+  FillColumns();
+  document.FillLabels("Summary");
+  document.AddRow();
+  anyConnections = !ServiceTotals[0].Number.empty() || TotalsCount > 0;
+  if (anyConnections) {
+    AddSlots();
+    document.AddDottedRow();
+    Attempt([this] { AddTotalsRow(); });
+  } else {
+    rows = std::string(NewLine) + " No Connections Made During his Period." + NewLine;
+  }
+  document.fraNoConn = !anyConnections;
+  document.ReportText = Header() + Heading() + rows + TotalsLine();
+  document.SelectedRow = static_cast<int>(document.Rows.size());
+  return std::move(document);
+}
+
+}  // namespace
+
+ReportDocument DisplaySummaryReport() {
+  SetTrace("QELAnalyse", "DisplaySummaryReport");
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  ReportDocument document = SummaryBuilder().Build();
+  SummaryBuilt = true;
+  CurrentHost().SetMousePointer(MousePointer::Default);
+  return document;
+}
+
+Int16 FirstSlotShown() { return ServiceTotals[0].Seconds > 0 ? 0 : 1; }
+
+bool IsAnsweredSlot(Int16 slot) { return UpperCase(ServiceTotals[slot].Number).find("ANSWER") != std::string::npos; }
+
+double ShownCost(Int16 slot) { return IsAnsweredSlot(slot) ? 0 : ServiceTotals[slot].TotalCost; }
+
+}  // namespace qel

@@ -1,0 +1,19 @@
+// The Summary report: one row for each number that the analysis met, in the order in which it met them.
+#pragma once
+
+#include "reports/ReportDocument.h"
+
+namespace qel {
+
+// Builds the report of the latest analysis and sets SummaryBuilt. An overflow of a 16-bit sum goes to the error
+// handler; the row concerned is left out where the user goes on.
+ReportDocument DisplaySummaryReport();
+
+// The first slot of ServiceTotals that a summary shows: the group "Unknown" only with time in it.
+Int16 FirstSlotShown();
+
+// What a slot costs in a report: calls that were answered cost nothing.
+double ShownCost(Int16 slot);
+bool IsAnsweredSlot(Int16 slot);
+
+}  // namespace qel
