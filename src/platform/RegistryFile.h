@@ -19,13 +19,13 @@ class RegistryFileError : public std::runtime_error {
   int line;
 };
 
-// Reads either format, told by the first line. Takes CR LF and LF, comments (";"), values "text", dword:, hex: and
-// hex(n):, continued lines, the default value "@", and the deletions "[-key]" and "name"=-. Text of version 5.00 is
-// turned into Windows-1252. An empty text is an empty tree. Raises RegistryFileError.
+// Reads either format, told by the first line. Takes CR LF and LF, comments (";"), values "text", dword:,
+// hex: and hex(n):, continued lines, the default value "@", and the deletions "[-key]" and "name"=-. Text of
+// version 5.00 is turned into Windows-1252. An empty text is an empty tree. Raises RegistryFileError.
 RegistryTree ParseRegistryFile(std::string_view content);
 
-// The REGEDIT4 text of a tree, CR LF lines, keys and values in alphabetical order, so that equal trees have equal
-// texts. What it writes, ParseRegistryFile reads back to the byte.
+// The REGEDIT4 text of a tree, CR LF lines, keys and values in alphabetical order, so that equal trees have
+// equal texts. What it writes, ParseRegistryFile reads back to the byte.
 std::string WriteRegistryFile(const RegistryTree& tree);
 
 }  // namespace qel

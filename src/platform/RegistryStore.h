@@ -1,8 +1,8 @@
-// The registry: keys, value names and typed values in one text file of the REGEDIT4 format, so that a settings file
-// exported on the old system is read as it stands, and ours can be read, compared and restored.
+// The registry: keys, value names and typed values in one text file of the REGEDIT4 format, so that a
+// settings file exported on the old system is read as it stands, and ours can be read, compared and restored.
 //
-// Keys are named by their whole path, as "HKEY_LOCAL_MACHINE\SOFTWARE\QEL\General". Keys and value names compare
-// without regard to case and keep the case they were created with.
+// Keys are named by their whole path, as "HKEY_LOCAL_MACHINE\SOFTWARE\QEL\General". Keys and value names
+// compare without regard to case and keep the case they were created with.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,8 @@ enum RegistryType : std::uint32_t { REG_SZ = 1, REG_BINARY = 3, REG_DWORD = 4 };
 
 struct RegistryValue {
   std::uint32_t Type = REG_SZ;
-  std::string Data;  // the stored bytes: text in Windows-1252 with its closing zero byte, a DWORD's four low first
+  std::string
+      Data;  // the stored bytes: text in Windows-1252 with its closing zero byte, a DWORD's four low first
 
   bool operator==(const RegistryValue&) const = default;
 };
@@ -41,9 +42,10 @@ class RegistryStore {
  public:
   enum class Access { ReadOnly, Shared };
 
-  // Reads the file; a file that does not exist is an empty store. With Shared access a file that cannot be parsed is
-  // set aside as PATH.bad (with a word on standard error) and the store begins empty; with ReadOnly it raises 57
-  // (see RegistryFile.h for the line at fault). An unreadable file raises its disk error either way.
+  // Reads the file; a file that does not exist is an empty store. With Shared access a file that cannot be
+  // parsed is set aside as PATH.bad (with a word on standard error) and the store begins empty; with ReadOnly
+  // it raises 57 (see RegistryFile.h for the line at fault). An unreadable file raises its disk error either
+  // way.
   void Open(const std::string& path, Access access);
 
   // Forgets everything, file included: an empty store in memory that Flush leaves there.
@@ -64,9 +66,9 @@ class RegistryStore {
   std::vector<std::string> SubKeys(std::string_view key) const;
   std::vector<std::string> ValueNames(std::string_view key) const;
 
-  // Brings the gathered changes to the file: lock, read again, apply the changes, write beside it, flush, rename,
-  // flush the folder. Two running programs lose none of each other's changes. Nothing to do where nothing changed or
-  // the access is ReadOnly. Afterwards the store also has what others changed meanwhile.
+  // Brings the gathered changes to the file: lock, read again, apply the changes, write beside it, flush,
+  // rename, flush the folder. Two running programs lose none of each other's changes. Nothing to do where
+  // nothing changed or the access is ReadOnly. Afterwards the store also has what others changed meanwhile.
   void Flush();
 
   const RegistryTree& Tree() const { return tree; }
