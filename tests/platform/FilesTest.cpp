@@ -106,14 +106,6 @@ TEST(Files, FailuresHaveTheNumbersOfThePlatform) {
   EXPECT_EQ(ErrorOf([&] { LineReader reader(folder.Path("file")); }), PermissionDenied);
 }
 
-TEST(Files, WhatCannotBeLookedAtIsNotTakenForMissing) {
-  const TemporaryFolder folder;
-  FailingDisk disk;
-  const DiskInPlace inPlace(disk);
-  disk.FailNth(1, EIO);
-  EXPECT_EQ(ErrorOf([&] { PathExists(folder.Path("file")); }), DeviceError);
-}
-
 TEST(Files, ClosedAllAtOnceTheyRaise52) {
   const TemporaryFolder folder;
   folder.Put("log", "one\ntwo\nthree\n");

@@ -35,6 +35,9 @@ class TemporaryFolder {
     std::ifstream file(Path(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
+  void Empty() const {
+    for (const auto& entry : std::filesystem::directory_iterator(path)) std::filesystem::remove_all(entry);
+  }
   bool Has(const std::string& name) const { return std::filesystem::exists(Path(name)); }
   std::ptrdiff_t Entries() const {
     return std::distance(std::filesystem::directory_iterator(path), std::filesystem::directory_iterator());
