@@ -4,6 +4,7 @@
 // File paths are the exception: they are the bytes that the operating system gave and are never converted.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,14 +14,32 @@ namespace qel {
 // The five bytes that the code page leaves undefined become the C1 control characters of the same number.
 std::string ToUtf8(std::string_view text);
 
+// Nothing where the code page lacks the character.
+std::optional<char> FromUnicode(char32_t codePoint);
+
 // Nothing where `utf8` is not valid UTF-8 or holds a character that the code page lacks.
 std::optional<std::string> FromUtf8(std::string_view utf8);
 
 // As FromUtf8, with "?" for each character or stray byte that cannot be had.
 std::string FromUtf8Lossy(std::string_view utf8);
 
-// Capital letters by the code page, accented letters included. Never changes the length.
-unsigned char UpperCase(unsigned char character);
+// The capital letter of each character by the code page, itself where it has none: "\xB5" (micro), "\xDF"
+// (sharp s) and "\x83" (florin) stay.
+inline constexpr std::array<unsigned char, 256> UpperCaseTable = [] {
+  std::array<unsigned char, 256> table{};
+  for (unsigned c = 0; c < 256; ++c) {
+    const bool isSmall = (c >= 'a' && c <= 'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7);
+    table[c] = static_cast<unsigned char>(isSmall ? c - 0x20 : c);
+  }
+  table[0x9A] = 0x8A;
+  table[0x9C] = 0x8C;
+  table[0x9E] = 0x8E;
+  table[0xFF] = 0x9F;
+  return table;
+}();
+
+// Capital and small letters by the code page, accented letters included. Never change the length.
+constexpr unsigned char UpperCase(unsigned char character) { return UpperCaseTable[character]; }
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);
 

@@ -2,7 +2,7 @@
 // Everything that touches a file goes through `CurrentDisk()`, so a test can put a disk there that fills,
 // fails the nth time or ends the process.
 //
-// Operations answer as POSIX does: a negative result with errno set. platform/Files.h turns that into
+// Operations answer as POSIX does: a negative result with errno set. DiskFile.h and Files.h turn that into
 // run-time errors; nothing else should call this.
 #pragma once
 
@@ -24,6 +24,7 @@ class Disk {
   virtual int Lock(int file);  // waits for an exclusive lock, which closing the file gives back
   virtual int Close(int file);
   virtual int Status(const std::string& path, struct stat* status);
+  virtual ssize_t ReadLink(const std::string& path, char* buffer, std::size_t size);
   virtual int Rename(const std::string& from, const std::string& to);
   virtual int Remove(const std::string& path);
   virtual int MakeFolder(const std::string& path, mode_t mode);

@@ -5,14 +5,20 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/DiskFile.h"
 
 namespace qel {
 
 // The separator of folders in file paths (registry paths have their own).
 inline constexpr char PathSeparator = '/';
+
+// Files are read and written in blocks of this many bytes.
+inline constexpr std::size_t BlockSize = 256 * 1024;
 
 bool PathExists(const std::string& path);
 bool IsFolder(const std::string& path);
@@ -20,8 +26,8 @@ bool IsFolder(const std::string& path);
 // The size of a file in bytes. Raises 53 where there is none.
 std::int64_t FileLength(const std::string& path);
 
-// Makes a folder and the folders above it that are missing.
-void MakeFolders(const std::string& path);
+// Makes a folder and the folders above it that are missing, each with `mode`.
+void MakeFolders(const std::string& path, int mode = 0777);
 
 // The folder part of a path, without the separator; "." when it has none.
 std::string FolderOf(const std::string& path);
@@ -34,16 +40,13 @@ class OpenFile {
   OpenFile& operator=(const OpenFile&) = delete;
 
  protected:
-  OpenFile() = default;
+  OpenFile();
   virtual ~OpenFile();  // closes without looking at the outcome; Close() looks
   void OpenWith(const std::string& path, int flags, int mode);
-  void CloseChecked();
-  int Handle() const;  // raises 52 where the file is closed
 
   friend void CloseAllFiles();
 
-  int handle = -1;
-  std::string path;
+  DiskFile file;
 };
 
 // Closes every open file of the program. Raises nothing.
@@ -57,11 +60,26 @@ class LineReader : public OpenFile {
   explicit LineReader(const std::string& path);
 
   // The next line without its end, valid until the next call; false at the end of the file.
-  bool Next(std::string_view& line);
+  bool Next(std::string_view& line) {
+    if (!file.IsOpen()) Raise(BadFileName);
+    const char* from = buffer.data() + begin;
+    const auto* feed = static_cast<const char*>(std::memchr(from, '\n', end - begin));
+    if (feed == nullptr) return NextOverBlocks(line);
+    HandOut(line, static_cast<std::size_t>(feed - from));
+    return true;
+  }
 
-  void Close() { CloseChecked(); }
+  void Close() { file.Close(); }
 
  private:
+  // Hands out `length` bytes, of which a carriage return at the end is left out, and steps over the line
+  // feed.
+  void HandOut(std::string_view& line, std::size_t length) {
+    line = std::string_view(buffer.data() + begin, length);
+    begin += length + 1;
+    if (length > 0 && line.back() == '\r') line.remove_suffix(1);
+  }
+  bool NextOverBlocks(std::string_view& line);
   bool Fill();  // reads on behind what is left of the buffer; false when the file gives no more
 
   std::vector<char> buffer;
@@ -74,14 +92,15 @@ class BlockReader : public OpenFile {
  public:
   explicit BlockReader(const std::string& path);
   std::string_view Next();  // empty at the end of the file; valid until the next call
-  void Close() { CloseChecked(); }
+  void Close() { file.Close(); }
 
  private:
   std::vector<char> buffer;
 };
 
 // Writes a file from its beginning, emptying what stood there. Writes are gathered in blocks; Close writes
-// the rest, flushes to the disk and raises what went wrong. A file that is not closed is not complete.
+// the rest, flushes to the disk and raises what went wrong. A file that is not closed is not complete. A
+// Write that failed has taken nothing of its text, so it can be run again when the disk has room.
 class FileWriter : public OpenFile {
  public:
   explicit FileWriter(const std::string& path);
@@ -91,17 +110,22 @@ class FileWriter : public OpenFile {
  private:
   void WriteOut();
   std::string pending;
+  std::size_t written = 0;  // of what is pending
 };
 
+// Raises as the readers do.
 std::string ReadWholeFile(const std::string& path);
 
 // Replaces a file's content so that a crash at any instant leaves the old content or the new, whole: a
 // temporary file beside it, flush, rename, flush of the folder. A symbolic link is resolved, and the file
-// behind it keeps its mode. New files get `newMode`.
+// behind it keeps its mode. New files get `newMode` less the process's umask. What is no regular file, such
+// as a pipe, is written to.
 void ReplaceFile(const std::string& path, std::string_view content, int newMode = 0644);
 
-// Renames a file; an existing file at `to` is replaced. Across volumes it is copied beside `to`, flushed,
-// renamed there and removed here, in that order, so that one whole copy always stands.
+// Renames a file; an existing file at `to` is replaced. Symbolic links at either end stay where they are: it
+// is the file behind the link that moves, and the file behind the other link that is replaced or made. Across
+// volumes it is copied beside `to`, flushed, renamed there and removed here, in that order, so that one whole
+// copy always stands.
 void RenameFile(const std::string& from, const std::string& to);
 
 // Removes a file. Raises 53 where there is none.

@@ -40,7 +40,8 @@ void Price(const ConnectionRecord& c, Int16 index, Int32 billable) {
     DialCostNow = std::fabs(GetDialupCost(c.Number, c.StartDate, c.StartTime, c.EndDate, c.EndTime, index));
   });
   Attempt([&] {
-    ServiceCostNow = ApplyMaxCharge(GetServiceCost(c.Number, billable - c.FreeSeconds, c.StartDate), c.Number);
+    ServiceCostNow =
+        ApplyMaxCharge(GetServiceCost(c.Number, billable - c.FreeSeconds, c.StartDate), c.Number);
   });
   Attempt([&] { DataCostNow = GetDataCost(c.Number, c.BytesRead, c.StartDate); });
 }

@@ -20,7 +20,7 @@ namespace qel {
 
 namespace {
 
-constexpr int NotesWidth = 6000;   // twips
+constexpr int NotesWidth = 6000;    // twips
 constexpr int ErrorMarkLength = 8;  // of " ERROR -", which the grid shows in its own column
 
 enum SubItem { ServiceItem = 1, StatusItem, DateItem, TimeItem, DurationItem, CostItem };
@@ -78,11 +78,12 @@ void DetailBuilder::FillColumns() {
 
 std::string DetailBuilder::Header() const {
   const bool warn = ErrorsAreShown();
-  return std::string(" QELMARK - Details Report") + NewLine + NewLine + " Beginning: " +
-         FormatDate(PeriodStart, "Short Date") + (warn ? "    WARNING: Errors found in log." : "") + NewLine +
-         " Ending:    " + FormatDate(PeriodEnd, "Short Date") + (warn ? "      Report may not be accurate." : "") +
-         NewLine + " Period:    " + PeriodText() + NewLine + NewLine + " " + Dashes(52 + costExtra) + NewLine +
-         NewLine;
+  return std::string(" QELMARK - Details Report") + NewLine + NewLine +
+         " Beginning: " + FormatDate(PeriodStart, "Short Date") +
+         (warn ? "    WARNING: Errors found in log." : "") + NewLine +
+         " Ending:    " + FormatDate(PeriodEnd, "Short Date") +
+         (warn ? "      Report may not be accurate." : "") + NewLine + " Period:    " + PeriodText() +
+         NewLine + NewLine + " " + Dashes(52 + costExtra) + NewLine + NewLine;
 }
 
 void DetailBuilder::TellProgress(Int16 index) const {

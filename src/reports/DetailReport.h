@@ -1,12 +1,13 @@
-// The Details report: every connection with its times, its length, and what it cost by dial-up, service and data.
+// The Details report: every connection with its times, its length, and what it cost by dial-up, service and
+// data.
 #pragma once
 
 #include "reports/ReportDocument.h"
 
 namespace qel {
 
-// Builds the report of the latest analysis and sets DetailBuilt. It prices each connection itself, so its totals are
-// its own and not the analysis's.
+// Builds the report of the latest analysis and sets DetailBuilt. It prices each connection itself, so its
+// totals are its own and not the analysis's.
 ReportDocument DisplayDetailReport();
 
 }  // namespace qel

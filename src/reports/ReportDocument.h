@@ -1,5 +1,5 @@
-// A report in its two presentations, built together: the fixed-pitch text that is shown, saved and printed, and the
-// grid and labels of the list view. A window only has to show it.
+// A report in its two presentations, built together: the fixed-pitch text that is shown, saved and printed,
+// and the grid and labels of the list view. A window only has to show it.
 #pragma once
 
 #include <string>

@@ -100,7 +100,8 @@ class Writer {
  public:
   Writer(ExportFormat format, const char* report, const char* records) : format(format) {
     if (format == ExportFormat::Json)
-      text = std::string("{\n  \"report\": ") + JsonText(report) + ",\n  \"from\": " + JsonText(IsoDate(PeriodStart)) +
+      text = std::string("{\n  \"report\": ") + JsonText(report) +
+             ",\n  \"from\": " + JsonText(IsoDate(PeriodStart)) +
              ",\n  \"to\": " + JsonText(IsoDate(PeriodEnd)) + ",\n  \"days\": " + std::to_string(PeriodDays) +
              ",\n  \"currency\": " + JsonText(CurrencySymbol) +
              ",\n  \"errors_found\": " + (LogErrorsFound ? "true" : "false") +

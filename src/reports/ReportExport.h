@@ -1,5 +1,6 @@
-// The reports' figures for other programs: CSV by RFC 4180 and JSON by RFC 8259, with plain numbers and ISO dates.
-// Text is Windows-1252 like everything inside the program; the face that writes it out turns it into UTF-8.
+// The reports' figures for other programs: CSV by RFC 4180 and JSON by RFC 8259, with plain numbers and ISO
+// dates. Text is Windows-1252 like everything inside the program; the face that writes it out turns it into
+// UTF-8.
 //
 // Money is given to the sixth decimal. Answered calls cost nothing in all their parts.
 #pragma once
@@ -13,8 +14,8 @@ enum class ExportFormat { Csv, Json };
 // One record for each service: name, number, sessions, time, bytes, blocks, costs.
 std::string ExportSummary(ExportFormat format);
 
-// One record for each connection: start, end, number, service, seconds inside the period, bytes read and written,
-// dial-up, service, data and total cost, notes, and flags: "answered", "no-dial", "no-disconnect",
+// One record for each connection: start, end, number, service, seconds inside the period, bytes read and
+// written, dial-up, service, data and total cost, notes, and flags: "answered", "no-dial", "no-disconnect",
 // "incomplete-tariff", divided by blanks in CSV.
 std::string ExportDetails(ExportFormat format);
 

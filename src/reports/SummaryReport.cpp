@@ -25,7 +25,15 @@ struct TextColumn {
 };
 
 // The columns of the text, by their number.
-enum Column { ServiceColumn = 1, TimeColumn, SessionsColumn, AvSessionColumn, AvDayColumn, UseColumn, CostColumn };
+enum Column {
+  ServiceColumn = 1,
+  TimeColumn,
+  SessionsColumn,
+  AvSessionColumn,
+  AvDayColumn,
+  UseColumn,
+  CostColumn
+};
 
 std::string WholeTime(float seconds) { return std::string(Trim(FormatTime(seconds, false))); }
 
@@ -78,12 +86,10 @@ class SummaryBuilder {
 
 void SummaryBuilder::FillColumns() {
   using enum ColumnAlignment;
-  columns = {{"Service", 16, Left},
-             {"Qelmark", 15, Centre},
-             {"Sessions", 11, Centre},
-             {"AvSession", 13, Centre},
-             {"AvDay", 8, Centre},
-             {ShowBlocks ? "* Blocks" : "* Data Read", ShowBlocks ? 14 : 12, Right}};
+  columns = {
+      {"Service", 16, Left},    {"Qelmark", 15, Centre},
+      {"Sessions", 11, Centre}, {"AvSession", 13, Centre},
+      {"AvDay", 8, Centre},     {ShowBlocks ? "* Blocks" : "* Data Read", ShowBlocks ? 14 : 12, Right}};
   if (CalcCosts) columns.push_back({"Cost", CostWidth(), Right});
   document.Columns = {ReportColumn()};
   for (const auto& column : columns) {
@@ -94,10 +100,12 @@ void SummaryBuilder::FillColumns() {
 
 std::string SummaryBuilder::Header() const {
   const bool warn = ErrorsAreShown();
-  return std::string(" QELMARK - Summary Report") + NewLine + NewLine + " Beginning: " +
-         FormatDate(PeriodStart, "long date") + (warn ? "        WARNING: Errors found in log!" : "") + NewLine +
+  return std::string(" QELMARK - Summary Report") + NewLine + NewLine +
+         " Beginning: " + FormatDate(PeriodStart, "long date") +
+         (warn ? "        WARNING: Errors found in log!" : "") + NewLine +
          " Ending:    " + FormatDate(PeriodEnd, "long date") +
-         (warn ? "                 Check details report." : "") + NewLine + " Period:    " + PeriodText() + NewLine;
+         (warn ? "                 Check details report." : "") + NewLine + " Period:    " + PeriodText() +
+         NewLine;
 }
 
 std::string SummaryBuilder::Heading() const {
@@ -138,7 +146,7 @@ std::string SummaryBuilder::TakeUse(const ServiceTotal& total, std::string& line
     return value;
   }
   const std::string value(Trim(FormatNumber(total.BytesRead / 1024.0, "#,##0")));
-  totalKilobytes += TextToNumber(value);  // the total is that of the figures shown
+  totalKilobytes += TextToNumber(value);   // the total is that of the figures shown
   line += Behind(UseColumn, value) + "K";  // the "K" hangs over the column
   return value + "K";
 }
@@ -175,7 +183,8 @@ void SummaryBuilder::AddSlots() {
 }
 
 std::string SummaryBuilder::UseTotal() const {
-  return ShowBlocks ? BlocksText(totalBlocks, totalBlockMinutes) : FormatNumber(totalKilobytes, "#,##0") + "K";
+  return ShowBlocks ? BlocksText(totalBlocks, totalBlockMinutes)
+                    : FormatNumber(totalKilobytes, "#,##0") + "K";
 }
 
 void SummaryBuilder::AddTotalsRow() {
@@ -227,7 +236,9 @@ ReportDocument DisplaySummaryReport() {
 
 Int16 FirstSlotShown() { return ServiceTotals[0].Seconds > 0 ? 0 : 1; }
 
-bool IsAnsweredSlot(Int16 slot) { return UpperCase(ServiceTotals[slot].Number).find("ANSWER") != std::string::npos; }
+bool IsAnsweredSlot(Int16 slot) {
+  return UpperCase(ServiceTotals[slot].Number).find("ANSWER") != std::string::npos;
+}
 
 double ShownCost(Int16 slot) { return IsAnsweredSlot(slot) ? 0 : ServiceTotals[slot].TotalCost; }
 

@@ -1,0 +1,59 @@
+// An open file of the current disk whose every operation is checked: what the disk answers with errno leaves
+// here as a RunTimeError. Calls that a signal interrupted are repeated. For the modules of this folder; the
+// rest of the program uses Files.h.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+
+#include "platform/RunTimeError.h"
+
+namespace qel {
+
+class DiskFile {
+ public:
+  DiskFile() = default;
+  ~DiskFile() { CloseQuietly(); }
+  DiskFile(const DiskFile&) = delete;
+  DiskFile& operator=(const DiskFile&) = delete;
+
+  // Flags and mode are those of open(2).
+  void Open(const std::string& path, int flags, mode_t mode = 0);
+  bool IsOpen() const { return handle >= 0; }
+
+  // The rest raise 52 where the file is not open.
+
+  // The number of bytes read, 0 at the end of the file.
+  std::size_t Read(char* buffer, std::size_t size);
+
+  // The number of bytes written, at least one.
+  std::size_t WriteSome(std::string_view text);
+  void Write(std::string_view text);
+
+  // Waits until the disk has it. A pipe or a device that knows no such thing is content at once.
+  void Sync();
+  void SetMode(mode_t mode);
+
+  // Waits for the exclusive lock, which closing gives back.
+  void Lock();
+
+  // The file is closed whatever this raises; a file closed already is left alone.
+  void Close();
+  void CloseQuietly() noexcept;
+
+ private:
+  int Handle() const;
+
+  int handle = -1;
+  std::string path;
+};
+
+// False where there is nothing at `path`; what else goes wrong is raised.
+bool FindStatus(const std::string& path, struct stat& status);
+
+// The error for an errno value; a file not found is 76 where its folder is missing.
+[[noreturn]] void RaiseDiskError(int systemError, const std::string& path);
+
+}  // namespace qel

@@ -1,0 +1,116 @@
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "platform/Disk.h"
+#include "platform/Files.h"
+
+namespace qel {
+
+namespace {
+
+constexpr mode_t PermissionBits = 07777;
+
+// The path behind a symbolic link, which need not exist yet; the path itself where it is no link.
+std::string BehindLinks(std::string path) {
+  constexpr int MostLinks = 40;
+  char target[4096];
+  for (int links = 0; links < MostLinks; ++links) {
+    const ssize_t length = CurrentDisk().ReadLink(path, target, sizeof target);
+    if (length < 0 && (errno == EINVAL || errno == ENOENT)) return path;  // no link; nothing there
+    if (length < 0) RaiseDiskError(errno, path);
+    const std::string behind(target, static_cast<std::size_t>(length));
+    path = behind.starts_with(PathSeparator) ? behind : FolderOf(path) + PathSeparator + behind;
+  }
+  RaiseDiskError(ELOOP, path);
+}
+
+void SyncFolder(const std::string& path) {
+  DiskFile folder;
+  folder.Open(path, O_RDONLY | O_DIRECTORY);
+  folder.Sync();
+  folder.Close();
+}
+
+// A file that grows beside its target and takes its place at the end. What is not finished leaves no trace.
+class Replacement {
+ public:
+  Replacement(const std::string& target, mode_t newMode) : target(target) { OpenBeside(newMode); }
+  ~Replacement() {
+    if (finished) return;
+    file.CloseQuietly();
+    CurrentDisk().Remove(temporary);
+  }
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+
+  void SetMode(mode_t mode) { file.SetMode(mode & PermissionBits); }
+  void Write(std::string_view text) { file.Write(text); }
+  void Finish() {
+    file.Sync();
+    file.Close();
+    if (CurrentDisk().Rename(temporary, target) < 0) RaiseDiskError(errno, target);
+    finished = true;
+    SyncFolder(FolderOf(target));
+  }
+
+ private:
+  // Under a name of its own: a process of the same number may have left a file behind when it crashed.
+  void OpenBeside(mode_t mode) {
+    constexpr int MostLeftBehind = 100;
+    for (int number = 1;; ++number) {
+      temporary = target + "." + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp";
+      try {
+        return file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
+      } catch (const RunTimeError& error) {
+        if (error.SystemError() != EEXIST || number == MostLeftBehind) throw;
+      }
+    }
+  }
+
+  std::string target, temporary;
+  DiskFile file;
+  bool finished = false;
+};
+
+void WriteThrough(const std::string& path, std::string_view content) {
+  FileWriter writer(path);
+  writer.Write(content);
+  writer.Close();
+}
+
+void MoveAcrossVolumes(const std::string& from, const std::string& to) {
+  struct stat status {};
+  if (!FindStatus(from, status)) RaiseDiskError(ENOENT, from);
+  BlockReader reader(from);
+  Replacement replacement(to, status.st_mode & PermissionBits);
+  replacement.SetMode(status.st_mode);
+  for (auto block = reader.Next(); !block.empty(); block = reader.Next()) replacement.Write(block);
+  reader.Close();
+  replacement.Finish();
+  RemoveFile(from);
+}
+
+}  // namespace
+
+void ReplaceFile(const std::string& path, std::string_view content, int newMode) {
+  struct stat status {};
+  const bool exists = FindStatus(path, status);
+  if (exists && !S_ISREG(status.st_mode)) return WriteThrough(path, content);
+  Replacement replacement(BehindLinks(path),
+                          exists ? status.st_mode & PermissionBits : static_cast<mode_t>(newMode));
+  if (exists) replacement.SetMode(status.st_mode);
+  replacement.Write(content);
+  replacement.Finish();
+}
+
+void RenameFile(const std::string& from, const std::string& to) {
+  const std::string source = BehindLinks(from);
+  const std::string target = BehindLinks(to);
+  if (CurrentDisk().Rename(source, target) == 0) return SyncFolder(FolderOf(target));
+  const int systemError = errno;
+  if (systemError == EXDEV) return MoveAcrossVolumes(source, target);
+  RaiseDiskError(systemError, PathExists(source) ? to : from);
+}
+
+}  // namespace qel

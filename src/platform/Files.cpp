@@ -1,0 +1,52 @@
+#include "platform/Files.h"
+
+#include <cerrno>
+
+#include "platform/Disk.h"
+
+namespace qel {
+
+bool PathExists(const std::string& path) {
+  struct stat status {};
+  return FindStatus(path, status);
+}
+
+bool IsFolder(const std::string& path) {
+  struct stat status {};
+  return FindStatus(path, status) && S_ISDIR(status.st_mode);
+}
+
+std::int64_t FileLength(const std::string& path) {
+  struct stat status {};
+  if (CurrentDisk().Status(path, &status) < 0) RaiseDiskError(errno, path);
+  if (S_ISDIR(status.st_mode)) RaiseDiskError(EISDIR, path);
+  return status.st_size;
+}
+
+void MakeFolders(const std::string& path, int mode) {
+  if (IsFolder(path)) return;
+  MakeFolders(FolderOf(path), mode);
+  if (CurrentDisk().MakeFolder(path, static_cast<mode_t>(mode)) == 0) return;
+  if (errno != EEXIST) RaiseDiskError(errno, path);
+  if (!IsFolder(path)) RaiseDiskError(ENOTDIR, path);  // else another program was faster
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t separator = path.rfind(PathSeparator);
+  if (separator == std::string::npos) return ".";
+  return path.substr(0, separator == 0 ? 1 : separator);
+}
+
+std::string ReadWholeFile(const std::string& path) {
+  std::string content;
+  BlockReader reader(path);
+  for (auto block = reader.Next(); !block.empty(); block = reader.Next()) content += block;
+  reader.Close();
+  return content;
+}
+
+void RemoveFile(const std::string& path) {
+  if (CurrentDisk().Remove(path) < 0) RaiseDiskError(errno, path);
+}
+
+}  // namespace qel

@@ -1,0 +1,192 @@
+#include <gtest/gtest.h>
+#include <random>
+
+#include "platform/CodePage.h"
+#include "platform/RegistryFile.h"
+
+namespace qel {
+namespace {
+
+using namespace std::string_literals;
+
+const std::string Root = "HKEY_CURRENT_USER";
+const std::string Key = Root + "\\Software";
+
+RegistryTree TreeWith(RegistryValues values) { return {{Root, {}}, {Key, std::move(values)}}; }
+
+// As an editor saves it in UTF-16; each byte of `text` is one character.
+std::string Utf16(const std::string& text, bool lowFirst) {
+  std::string pairs = lowFirst ? "\xFF\xFE" : "\xFE\xFF";
+  for (const char c : text) pairs += lowFirst ? std::string{c, '\0'} : std::string{'\0', c};
+  return pairs;
+}
+
+int LineOfError(const std::string& content) {
+  try {
+    ParseRegistryFile(content);
+  } catch (const RegistryFileError& error) {
+    return error.Line();
+  }
+  return 0;
+}
+
+TEST(RegistryFile, ReadsEveryKindOfValue) {
+  const struct {
+    std::string line;
+    RegistryValue value;
+  } cases[] = {
+      {R"("name"="text")", {REG_SZ, "text\0"s}},
+      {R"("name" = "C:\\Logs\\a \"b\"" ; comment)", {REG_SZ, "C:\\Logs\\a \"b\"\0"s}},
+      {"\"name\"=\"two\r\nlines\"", {REG_SZ, "two\r\nlines\0"s}},
+      {R"("name"="\\;]=" )", {REG_SZ, "\\;]=\0"s}},
+      {R"("name"=dword:0000012c)", {REG_DWORD, "\x2C\x01\0\0"s}},
+      {R"("name"=DWORD:FFFFFFFF)", {REG_DWORD, "\xFF\xFF\xFF\xFF"s}},
+      {R"("name"=hex:)", {REG_BINARY, ""}},
+      {"\"name\"=hex:01, 2,\\\r\n  ff,\\\n\t00", {REG_BINARY, "\x01\x02\xFF\0"s}},
+      {R"("name"=hex(7):61,00,00)", {REG_MULTI_SZ, "a\0\0"s}},
+      {R"("name"=hex(1):61,00)", {REG_SZ, "a\0"s}},
+      {R"("name"=hex(80000001):07)", {0x80000001, "\x07"}},
+  };
+  for (const auto& c : cases) {
+    const std::string content = "REGEDIT4\n; comment\n\n[" + Key + "]\n" + c.line + "\n";
+    EXPECT_EQ(ParseRegistryFile(content), TreeWith({{"name", c.value}})) << c.line;
+  }
+}
+
+TEST(RegistryFile, ReadsTheEncodingsOfVersion5) {
+  const std::string content = "Windows Registry Editor Version 5.00\r\n\r\n[" + Key +
+                              "]\r\n@=\"caf\xE9\"\r\n" +
+                              "\"multi\"=hex(7):e9,00,ac,20,00,00,3d,d8,00,de,00,00\r\n\"b\"=hex:e9,00\r\n";
+  const RegistryTree tree = TreeWith({{"", {REG_SZ, "caf\xE9\0"s}},
+                                      {"multi", {REG_MULTI_SZ, "\xE9\x80\0?\0"s}},
+                                      {"b", {REG_BINARY, "\xE9\0"s}}});
+  EXPECT_EQ(ParseRegistryFile(Utf16(content, true)), tree);
+  EXPECT_EQ(ParseRegistryFile(Utf16(content, false)), tree);
+  EXPECT_EQ(ParseRegistryFile(ToUtf8(content)), tree);
+  EXPECT_EQ(ParseRegistryFile("\xEF\xBB\xBF" + ToUtf8(content)), tree);
+  EXPECT_EQ(LineOfError(Utf16("REGEDIT4\n", true) + "x"), 2);
+}
+
+TEST(RegistryFile, DeletesAndMergesInOrder) {
+  const std::string content =
+      "REGEDIT4\r\n[HKEY_X\\A]\r\n\"a\"=\"1\"\r\n\"b\"=\"2\"\r\n[HKEY_X\\A\\B]\r\n[HKEY_X\\A B]\r\n"
+      "[hkey_x\\a]\r\n\"A\"=-\r\n\"B\"=\"3\"\r\n[-HKEY_X\\a\\b]\r\n";
+  EXPECT_EQ(ParseRegistryFile(content),
+            (RegistryTree{{"HKEY_X", {}}, {"HKEY_X\\A", {{"b", {REG_SZ, "3\0"s}}}}, {"HKEY_X\\A B", {}}}));
+  EXPECT_EQ(ParseRegistryFile(""), RegistryTree());
+}
+
+TEST(RegistryFile, GarbageIsRefusedWithItsLine) {
+  std::string deep = "HKEY_X";
+  for (int level = 0; level < 512; ++level) deep += "\\a";
+  const std::string begin = "REGEDIT4\n[HKEY_X\\A]\n";
+  const std::pair<std::string, int> cases[] = {
+      {"REGEDIT", 1},
+      {"REGEDIT5\n", 1},
+      {"REGEDIT4 x", 1},
+      {"REGEDIT4\n\"a\"=\"b\"", 2},
+      {"REGEDIT4\n[HKEY_X\\A", 2},
+      {"REGEDIT4\n[SOFTWARE]", 2},
+      {"REGEDIT4\n[HKEY_X\\]", 2},
+      {"REGEDIT4\n[HKEY_X\\\\A]", 2},
+      {"REGEDIT4\n[HKEY_X\\A\0]"s, 2},
+      {"REGEDIT4\n[" + deep + "]", 2},
+      {"REGEDIT4\n[-HKEY_X]\n@=\"\"", 3},
+      {begin + "\"a\"=\"b\n\nc", 3},
+      {begin + "\"a\"=\"b\nc\"\n\"d\"", 5},
+      {begin + "\"a\"=\"b\" c", 3},
+      {begin + "\"a\"=\"C:\\n\"", 3},
+      {begin + "\"a\"=\"b\0\""s, 3},
+      {begin + "\0\0\0"s, 3},
+      {begin + "a=b", 3},
+      {begin + "@=dword:", 3},
+      {begin + "@=dword:123456789", 3},
+      {begin + "@=dword:-1", 3},
+      {begin + "@=hex:01,", 3},
+      {begin + "@=hex:01,\\\n", 4},
+      {begin + "@=hex:01,\\ 02", 3},
+      {begin + "@=hex:123", 3},
+      {begin + "@=hex(1:00", 3},
+      {begin + "@=hex(123456789):00", 3},
+      {"Windows Registry Editor Version 5.00\n[HKEY_X]\n@=hex(1):61,00,00", 3},
+  };
+  for (const auto& [content, line] : cases) EXPECT_EQ(LineOfError(content), line) << content;
+}
+
+TEST(RegistryFile, WritesWhatTheOldEditorReads) {
+  const RegistryTree tree = TreeWith({{"", {REG_SZ, "\"caf\xE9\"\0"s}},
+                                      {"back\\slash", {REG_DWORD, "\x01\0\0\x80"s}},
+                                      {"bytes", {REG_BINARY, std::string(30, '\x5A')}},
+                                      {"lines", {REG_SZ, "a\nb\0"s}},
+                                      {"open", {REG_SZ, "a"}}});
+  EXPECT_EQ(WriteRegistryFile(tree),
+            "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER]\r\n\r\n[HKEY_CURRENT_USER\\Software]\r\n"
+            "@=\"\\\"caf\xE9\\\"\"\r\n"
+            "\"back\\\\slash\"=dword:80000001\r\n"
+            "\"bytes\"=hex:5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,5a,\\\r\n"
+            "  5a,5a,5a,5a,5a,5a,5a,5a\r\n"
+            "\"lines\"=hex(1):61,0a,62,00\r\n"
+            "\"open\"=hex(1):61\r\n");
+}
+
+class RandomTree {
+ public:
+  explicit RandomTree(unsigned seed) : random(seed) {}
+
+  RegistryTree Make() {
+    RegistryTree tree;
+    for (std::size_t keys = Below(8) + 1; keys > 0; --keys) {
+      std::string path = "HKEY_";
+      path += Text(32, 3);
+      for (std::size_t depth = Below(4); depth > 0; --depth)
+        path.append("\\").append(Text(32, 6)).append("]");
+      if (!IsKeyPath(path)) continue;
+      RegistryValues& values = MakeKey(tree, path);
+      for (std::size_t count = Below(6); count > 0; --count)
+        values[Text(1, 8)] = {static_cast<std::uint32_t>(Below(9)),
+                              Text(0, 60) + std::string(Below(2), '\0')};
+    }
+    return tree;
+  }
+
+ private:
+  std::size_t Below(int limit) { return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random); }
+  std::string Text(int least, int longest) {
+    std::uniform_int_distribution<int> character(least, Below(2) == 0 ? 255 : 126);
+    std::string text(Below(longest), ' ');
+    for (char& c : text) c = static_cast<char>(std::max(least, character(random)));
+    return text;
+  }
+  std::mt19937 random;
+};
+
+TEST(RegistryFile, RandomTreesComeBackToTheByte) {
+  for (unsigned seed = 0; seed < 300; ++seed) {
+    const RegistryTree tree = RandomTree(seed).Make();
+    const std::string text = WriteRegistryFile(tree);
+    ASSERT_EQ(ParseRegistryFile(text), tree) << "seed " << seed;
+    ASSERT_EQ(WriteRegistryFile(ParseRegistryFile(text)), text) << "seed " << seed;
+  }
+}
+
+TEST(RegistryFile, CutOrDamagedAnywhereItParsesOrIsRefused) {
+  const std::string text = WriteRegistryFile(RandomTree(7).Make());
+  const std::string wide = Utf16("Windows Registry Editor Version 5.00" + text.substr(8), true);
+  for (const std::string& whole : {text, wide}) {
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+      std::string damaged = whole;
+      damaged[i] = static_cast<char>(~damaged[i]);
+      for (const std::string& content : {whole.substr(0, i), damaged}) {
+        try {
+          const RegistryTree tree = ParseRegistryFile(content);
+          EXPECT_EQ(ParseRegistryFile(WriteRegistryFile(tree)), tree) << "at " << i;
+        } catch (const RegistryFileError& error) {
+          EXPECT_GE(error.Line(), 1);
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace qel

@@ -1,0 +1,96 @@
+// A disk on which a chosen operation fails: once, from then on, or by ending the process there. For the loop
+//
+//   for (int n = 1; n == 1 || disk.Failed(); ++n) { disk.FailNth(n); ...; }
+//
+// which runs a piece of work with each of its operations failing in turn, and once more with none.
+#pragma once
+
+#include <cerrno>
+#include <unistd.h>
+
+#include "platform/Disk.h"
+
+namespace qel {
+
+class FailingDisk : public Disk {
+ public:
+  // Each starts counting anew; operations count from 1.
+  void FailNth(int operation, int systemError = EIO) { Plan(operation, systemError, Then::Recover); }
+  void FailFrom(int operation, int systemError = EIO) { Plan(operation, systemError, Then::KeepFailing); }
+  void EndProcessAt(int operation) { Plan(operation, 0, Then::EndProcess); }
+  void Mend() { Plan(0, 0, Then::Recover); }
+
+  int Operations() const { return operations; }
+  bool Failed() const { return failed; }
+
+  int Open(const std::string& path, int flags, mode_t mode) override {
+    return Fails() ? -1 : Disk::Open(path, flags, mode);
+  }
+  ssize_t Read(int file, void* buffer, std::size_t size) override {
+    return Fails() ? -1 : Disk::Read(file, buffer, size);
+  }
+  // Half of the data gets to the disk before the failure, as when it fills.
+  ssize_t Write(int file, const void* data, std::size_t size) override {
+    if (halfWritten) {
+      halfWritten = false;
+      errno = systemError;
+      return -1;
+    }
+    if (!Fails()) return Disk::Write(file, data, size);
+    if (size < 2) return -1;
+    halfWritten = true;
+    return Disk::Write(file, data, size / 2);
+  }
+  int Sync(int file) override { return Fails() ? -1 : Disk::Sync(file); }
+  int SetMode(int file, mode_t mode) override { return Fails() ? -1 : Disk::SetMode(file, mode); }
+  int Lock(int file) override { return Fails() ? -1 : Disk::Lock(file); }
+  int Close(int file) override {
+    const bool fails = Fails();  // which closes it none the less
+    const int result = Disk::Close(file);
+    if (fails) errno = systemError;
+    return fails ? -1 : result;
+  }
+  int Status(const std::string& path, struct stat* status) override {
+    return Fails() ? -1 : Disk::Status(path, status);
+  }
+  ssize_t ReadLink(const std::string& path, char* buffer, std::size_t size) override {
+    return Fails() ? -1 : Disk::ReadLink(path, buffer, size);
+  }
+  int Rename(const std::string& from, const std::string& to) override {
+    return Fails() ? -1 : Disk::Rename(from, to);
+  }
+  int Remove(const std::string& path) override { return Fails() ? -1 : Disk::Remove(path); }
+  int MakeFolder(const std::string& path, mode_t mode) override {
+    return Fails() ? -1 : Disk::MakeFolder(path, mode);
+  }
+
+ private:
+  enum class Then { Recover, KeepFailing, EndProcess };
+
+  void Plan(int operation, int error, Then after) {
+    operations = 0;
+    failed = halfWritten = false;
+    failAt = operation;
+    systemError = error;
+    then = after;
+  }
+
+  bool Fails() {
+    ++operations;
+    const bool fails = operations == failAt || (operations > failAt && failed && then == Then::KeepFailing);
+    if (!fails) return false;
+    if (then == Then::EndProcess) ::_exit(0);
+    failed = true;
+    errno = systemError;
+    return true;
+  }
+
+  int operations = 0;
+  int failAt = 0;
+  int systemError = EIO;
+  Then then = Then::Recover;
+  bool failed = false;
+  bool halfWritten = false;  // the next write tells of it
+};
+
+}  // namespace qel
