@@ -32,7 +32,11 @@ const std::array<StatusMessage, 16> StatusMessages = {{
 
 namespace {
 
-bool LimitsKnown() { return (LogExists || ArchiveOpen) && !LogInvalid && !LogCorrupt; }
+// A log whose last entry lies before its first (a clock was set back) has no limits that both dates could
+// keep.
+bool LimitsKnown() {
+  return (LogExists || ArchiveOpen) && !LogInvalid && !LogCorrupt && FirstEntryDate <= LastEntryDate;
+}
 
 }  // namespace
 

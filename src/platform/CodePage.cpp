@@ -107,6 +107,14 @@ std::string FromUtf8Lossy(std::string_view utf8) {
   return text;
 }
 
+bool IsUtf8(std::string_view bytes) {
+  while (!bytes.empty())
+    if (!TakeUtf8(bytes)) return false;
+  return true;
+}
+
+std::string PathText(std::string_view path) { return IsUtf8(path) ? FromUtf8Lossy(path) : std::string(path); }
+
 std::string UpperCase(std::string_view text) {
   std::string upper(text);
   for (char& character : upper) character = static_cast<char>(UpperCaseTable[Byte(character)]);

@@ -23,6 +23,11 @@ std::optional<std::string> FromUtf8(std::string_view utf8);
 // As FromUtf8, with "?" for each character or stray byte that cannot be had.
 std::string FromUtf8Lossy(std::string_view utf8);
 
+bool IsUtf8(std::string_view bytes);
+
+// A file path as text to show: Windows-1252 from its UTF-8, or the bytes as they are where they are no UTF-8.
+std::string PathText(std::string_view path);
+
 // The capital letter of each character by the code page, itself where it has none: "\xB5" (micro), "\xDF"
 // (sharp s) and "\x83" (florin) stay.
 inline constexpr std::array<unsigned char, 256> UpperCaseTable = [] {

@@ -9,8 +9,11 @@
 #include "analysis/ReportPeriod.h"
 #include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
+#include "modemlog/LogStatistics.h"
 #include "platform/CodePage.h"
+#include "platform/Files.h"
 #include "platform/FormatMask.h"
 #include "reports/DetailLines.h"
 #include "reports/SummaryReport.h"
@@ -95,41 +98,46 @@ struct JsonValue {
   }
 };
 
-// Takes records one by one, so that a long report is never held twice.
-class Writer {
- public:
-  Writer(ExportFormat format, const char* report, const char* records) : format(format) {
-    if (format == ExportFormat::Json)
-      text = std::string("{\n  \"report\": ") + JsonText(report) +
-             ",\n  \"from\": " + JsonText(IsoDate(PeriodStart)) +
-             ",\n  \"to\": " + JsonText(IsoDate(PeriodEnd)) + ",\n  \"days\": " + std::to_string(PeriodDays) +
-             ",\n  \"currency\": " + JsonText(CurrencySymbol) +
-             ",\n  \"errors_found\": " + (LogErrorsFound ? "true" : "false") +
-             ",\n  \"complete\": " + (ConnectionsExceeded ? "false" : "true") + ",\n  \"" + records + "\": [";
+// A record as one line of CSV or one object of JSON.
+std::string RecordText(const Record& record, ExportFormat format) {
+  const bool csv = format == ExportFormat::Csv;
+  std::string text;
+  for (const auto& field : record) {
+    if (!text.empty()) text += csv ? "," : ", ";
+    text += csv ? std::visit(CsvValue(), field.Value)
+                : JsonText(field.Name) + ": " + std::visit(JsonValue(), field.Value);
   }
+  return csv ? text + "\r\n" : "{" + text + "}";
+}
 
-  // The names stand at the top even where no record follows.
-  void Head(const Record& record) {
-    if (format == ExportFormat::Json) return;
-    Words names;
-    for (const auto& field : record) names.emplace_back(field.Name);
-    text += Joined(names, ",") + "\r\n";
+std::string CsvNames(const Record& record) {
+  Words names;
+  for (const auto& field : record) names.emplace_back(field.Name);
+  return Joined(names, ",") + "\r\n";
+}
+
+// A report as text, taking its records one by one. `pattern` is any record: CSV has the names at the top even
+// where no record follows.
+class ReportWriter {
+ public:
+  ReportWriter(ExportFormat format, const char* report, const char* records, const Record& pattern)
+      : format(format) {
+    if (format == ExportFormat::Csv) {
+      text = CsvNames(pattern);
+      return;
+    }
+    text = std::string("{\n  \"report\": ") + JsonText(report) +
+           ",\n  \"from\": " + JsonText(IsoDate(PeriodStart)) +
+           ",\n  \"to\": " + JsonText(IsoDate(PeriodEnd)) + ",\n  \"days\": " + std::to_string(PeriodDays) +
+           ",\n  \"currency\": " + JsonText(CurrencySymbol) +
+           ",\n  \"errors_found\": " + (LogErrorsFound ? "true" : "false") +
+           ",\n  \"complete\": " + (ConnectionsExceeded ? "false" : "true") + ",\n  " + JsonText(records) +
+           ": [";
   }
 
   void Add(const Record& record) {
-    Words values;
-    for (const auto& field : record) {
-      if (format == ExportFormat::Csv)
-        values.push_back(std::visit(CsvValue(), field.Value));
-      else
-        values.push_back(JsonText(field.Name) + ": " + std::visit(JsonValue(), field.Value));
-    }
-    if (format == ExportFormat::Json) text += std::string(first ? "" : ",") + "\n    {";
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      if (i > 0) text += format == ExportFormat::Csv ? "," : ", ";
-      text += values[i];
-    }
-    text += format == ExportFormat::Csv ? "\r\n" : "}";
+    if (format == ExportFormat::Json) text += std::string(first ? "" : ",") + "\n    ";
+    text += RecordText(record, format);
     first = false;
   }
 
@@ -197,16 +205,26 @@ Record DetailRecord(const DetailLine& line) {
 }  // namespace
 
 std::string ExportSummary(ExportFormat format) {
-  Writer writer(format, "summary", "services");
-  writer.Head(SummaryRecord(-1));
+  ReportWriter writer(format, "summary", "services", SummaryRecord(-1));
   for (Int16 slot = FirstSlotShown(); slot <= TotalsCount; ++slot)
     Attempt([&] { writer.Add(SummaryRecord(slot)); });
   return writer.Finish();
 }
 
+std::string ExportStatistics(ExportFormat format) {
+  const Record record = {{"path", PathText(CurrentLogPath)},
+                         {"length", static_cast<long>(FileLength(CurrentLogPath))},
+                         {"entries", double{LogEntries}},
+                         {"first_entry", IsoDate(FirstEntryDate)},
+                         {"last_entry", IsoDate(LastEntryDate)},
+                         {"span_days", long{DaysBetween(FirstEntryDate, LastEntryDate)}}};
+  const std::string text = RecordText(record, format);
+  return format == ExportFormat::Csv ? CsvNames(record) + text : text + "\n";
+}
+
 std::string ExportDetails(ExportFormat format) {
-  Writer writer(format, "details", "connections");
-  writer.Head(DetailRecord({ConnectionRecord(), 0, false, 0, 0, 0, 0, 0}));
+  ReportWriter writer(format, "details", "connections",
+                      DetailRecord({ConnectionRecord(), 0, false, 0, 0, 0, 0, 0}));
   ForEachDetailLine([&](const DetailLine& line) { writer.Add(DetailRecord(line)); });
   return writer.Finish();
 }

@@ -19,4 +19,7 @@ std::string ExportSummary(ExportFormat format);
 // "incomplete-tariff", divided by blanks in CSV.
 std::string ExportDetails(ExportFormat format);
 
+// One record of the current log's statistics: path, length, entries, first and last date, span in days.
+std::string ExportStatistics(ExportFormat format);
+
 }  // namespace qel

@@ -1,0 +1,138 @@
+#include "cli/Arguments.h"
+
+#include <algorithm>
+
+namespace qel {
+
+namespace {
+
+using Take = void (*)(Arguments&, const std::string& value);
+
+struct OptionRow {
+  const char* name;
+  const char* value;  // what the usage calls it; nullptr for an option without one
+  const char* explanation;
+  Take take;
+};
+
+bool AllDigits(const std::string& text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+Date IsoDateOf(const std::string& text) {
+  const bool shaped = text.size() == 10 && text[4] == '-' && text[7] == '-' && AllDigits(text.substr(0, 4)) &&
+                      AllDigits(text.substr(5, 2)) && AllDigits(text.substr(8));
+  if (shaped) {
+    const int year = std::stoi(text.substr(0, 4)), month = std::stoi(text.substr(5, 2)),
+              day = std::stoi(text.substr(8));
+    if (year >= 100 && month >= 1 && month <= 12 && day >= 1 && day <= DaysInMonth(year, month))
+      return DateSerial(year, month, day);
+  }
+  throw ArgumentError("'" + text + "' is no date; write it as YYYY-MM-DD");
+}
+
+template <typename Value>
+struct Choice {
+  const char* name;
+  Value value;
+};
+
+template <typename Value, std::size_t N>
+Value Choose(const Choice<Value> (&choices)[N], const char* option, const std::string& text) {
+  std::string names;
+  for (const auto& choice : choices) {
+    if (text == choice.name) return choice.value;
+    names += (names.empty() ? "" : ", ") + std::string(choice.name);
+  }
+  throw ArgumentError(std::string(option) + " is one of " + names + ", not '" + text + "'");
+}
+
+const Choice<ReportKind> Reports[] = {{"summary", ReportKind::Summary}, {"details", ReportKind::Details}};
+const Choice<OutputFormat> Formats[] = {
+    {"text", OutputFormat::Text}, {"csv", OutputFormat::Csv}, {"json", OutputFormat::Json}};
+
+const OptionRow Rows[] = {
+    {"--log", "FILE", "read FILE, a modem log or an archive of one, in place of the default log",
+     [](Arguments& a, const std::string& value) { a.log = value; }},
+    {"--settings", "FILE.reg",
+     "take services, tariffs and all options from FILE.reg; nothing is written to it",
+     [](Arguments& a, const std::string& value) { a.settings = value; }},
+    {"--from", "YYYY-MM-DD", "first day of the report (default: the log's first entry)",
+     [](Arguments& a, const std::string& value) { a.from = IsoDateOf(value); }},
+    {"--to", "YYYY-MM-DD", "last day of the report (default: the log's last entry)",
+     [](Arguments& a, const std::string& value) { a.to = IsoDateOf(value); }},
+    {"--report", "summary|details", "totals of each service (default), or every connection",
+     [](Arguments& a, const std::string& value) { a.report = Choose(Reports, "--report", value); }},
+    {"--format", "text|csv|json", "how the report is written (default: text)",
+     [](Arguments& a, const std::string& value) { a.format = Choose(Formats, "--format", value); }},
+    {"--output", "FILE", "write to FILE in place of standard output",
+     [](Arguments& a, const std::string& value) { a.output = value; }},
+    {"--stats", nullptr, "print the statistics of the log in place of a report",
+     [](Arguments& a, const std::string&) { a.stats = true; }},
+    {"--help", nullptr, "print this help", [](Arguments& a, const std::string&) { a.help = true; }},
+    {"--version", nullptr, "print the version", [](Arguments& a, const std::string&) { a.version = true; }},
+};
+
+const OptionRow& RowOf(const std::string& name) {
+  for (const auto& row : Rows)
+    if (name == row.name) return row;
+  if (name.starts_with("-")) throw ArgumentError("unknown option '" + name + "'");
+  throw ArgumentError("unexpected argument '" + name + "'; a log is named with --log");
+}
+
+std::string Shown(const OptionRow& row) {
+  return row.value ? std::string(row.name) + " " + row.value : std::string(row.name);
+}
+
+}  // namespace
+
+Arguments ParseArguments(const std::vector<std::string>& words) {
+  Arguments arguments;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const auto equals = words[i].starts_with("--") ? words[i].find('=') : std::string::npos;
+    const OptionRow& row = RowOf(words[i].substr(0, equals));
+    std::string value;
+    if (equals != std::string::npos) {
+      if (!row.value) throw ArgumentError(std::string(row.name) + " takes no value");
+      value = words[i].substr(equals + 1);
+    } else if (row.value) {
+      if (++i == words.size()) throw ArgumentError(Shown(row) + ": the value is missing");
+      value = words[i];
+    }
+    if (row.value && value.empty()) throw ArgumentError(Shown(row) + ": the value is empty");
+    row.take(arguments, value);
+  }
+  return arguments;
+}
+
+std::string UsageText() {
+  constexpr std::size_t width = 80;
+  const std::string margin(17, ' ');
+  std::string text, line = "usage: qelreport";
+  for (const auto& row : Rows) {
+    const std::string word = " [" + Shown(row) + "]";
+    if (line.size() + word.size() > width) {
+      text += line + "\n";
+      line = margin.substr(1);
+    }
+    line += word;
+  }
+  return text + line + "\n";
+}
+
+std::string HelpText() {
+  std::string text = UsageText() +
+                     "\nRebuilds the dial-up connections of a modem log, prices them by your services and\n"
+                     "tariffs, and prints the report of a period.\n\n";
+  std::size_t width = 0;
+  for (const auto& row : Rows) width = std::max(width, Shown(row).size());
+  for (const auto& row : Rows) {
+    const std::string shown = Shown(row);
+    text += "  " + shown + std::string(width - shown.size() + 2, ' ') + row.explanation + "\n";
+  }
+  return text +
+         "\nExit status: 0 a whole report, 1 no report, 2 wrong arguments, 3 a report that is\n"
+         "incomplete because the connection limit was reached.\n";
+}
+
+}  // namespace qel

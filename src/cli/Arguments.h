@@ -1,0 +1,46 @@
+// The command line of qelreport: one table holds the options, and parser, usage line and help are made from
+// it.
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/Calendar.h"
+
+namespace qel {
+
+enum class ReportKind { Summary, Details };
+enum class OutputFormat { Text, Csv, Json };
+
+struct Arguments {
+  std::optional<std::string> log;  // file paths are the bytes that were given
+  std::optional<std::string> settings;
+  std::optional<Date> from;
+  std::optional<Date> to;
+  ReportKind report = ReportKind::Summary;
+  OutputFormat format = OutputFormat::Text;
+  std::optional<std::string> output;
+  bool stats = false;
+  bool help = false;
+  bool version = false;
+};
+
+// What is wrong with a command line, in one line for the user.
+class ArgumentError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Takes "--option value" and "--option=value"; of an option given twice the last one counts. Raises
+// ArgumentError.
+Arguments ParseArguments(const std::vector<std::string>& words);
+
+// "usage: qelreport [--log FILE] ...", in lines of a terminal's width.
+std::string UsageText();
+
+// The usage and a line or two on every option.
+std::string HelpText();
+
+}  // namespace qel

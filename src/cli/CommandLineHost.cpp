@@ -1,0 +1,55 @@
+#include "cli/CommandLineHost.h"
+
+#include <iostream>
+
+#include "core/EndProgram.h"
+#include "core/ProgramState.h"
+#include "platform/CodePage.h"
+
+namespace qel {
+
+namespace {
+
+// The lines of a message text, empty ones left out, whatever control characters divide them.
+std::string IndentedLines(const std::string& text) {
+  std::string lines, line;
+  for (const char c : text + "\n") {
+    if (c != '\r' && c != '\n') {
+      line += c;
+    } else if (!line.empty()) {
+      lines += "  " + line + "\n";
+      line.clear();
+    }
+  }
+  return lines;
+}
+
+}  // namespace
+
+void Complain(const std::string& line) { std::cerr << "qelreport: " << line << '\n'; }
+
+std::string ShownPath(const std::string& path) { return IsUtf8(path) ? path : ToUtf8(path); }
+
+Answer CommandLineHost::MessageBox(const Message& message) {
+  Complain(ToUtf8(message.Title.empty() ? "WARNING" : message.Title));
+  std::cerr << ToUtf8(IndentedLines(message.Text));
+  switch (message.buttons) {
+    case Buttons::OKCancel:
+      return Answer::Cancel;
+    case Buttons::AbortRetryIgnore:
+      return Answer::Abort;
+    case Buttons::YesNo:
+      return Answer::No;
+    default:
+      return Answer::OK;
+  }
+}
+
+Answer CommandLineHost::ErrorBox(const RunTimeError& error, const Message&) {
+  std::string line = "error " + std::to_string(error.Number()) + ", " + error.Description();
+  if (!error.Path().empty()) line += ": " + ShownPath(error.Path());
+  Complain(line + " (in " + ToUtf8(ModuleTrace + ", " + ProcedureTrace + ", " + StepTrace) + ")");
+  throw ProgramEnd();
+}
+
+}  // namespace qel

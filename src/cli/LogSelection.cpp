@@ -1,0 +1,92 @@
+#include "cli/LogSelection.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+
+#include "cli/CommandLineHost.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogMessages.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/Files.h"
+#include "platform/RegistryFile.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+std::string Variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value ? value : "";
+}
+
+void TakeAsArchive(const std::string& path) {
+  CurrentLogPath = path;
+  CurrentLogFile = FileNamePart(path);
+  CurrentLogDir = path.substr(0, path.size() - CurrentLogFile.size());
+  ArchiveOpen = true;
+}
+
+void TakeDefaultLog() {
+  CurrentLogFile = ModemLogFile;
+  CurrentLogDir = ModemLogDir;
+  CurrentLogPath = CurrentLogDir + CurrentLogFile;
+}
+
+bool Refuse(const std::string& why) {
+  Complain(ShownPath(CurrentLogPath) + ": " + why);
+  return false;
+}
+
+bool CanBeRead() {
+  try {
+    LineReader file(CurrentLogPath);
+    file.Close();
+    return true;
+  } catch (const RunTimeError& error) {
+    const bool missingDefault = !ArchiveOpen && error.SystemError() == ENOENT;
+    return Refuse(missingDefault ? "there is no modem log here; name one with --log FILE"
+                                 : "cannot read the log: " + ReasonOf(error));
+  }
+}
+
+}  // namespace
+
+std::string SettingsStorePath() {
+  const std::string name = std::string(1, PathSeparator) + "registry.reg";
+  if (const std::string home = Variable("QEL_HOME"); !home.empty()) return home + name;
+  if (const std::string config = Variable("XDG_CONFIG_HOME"); !config.empty()) return config + "/qel" + name;
+  return Variable("HOME") + "/.config/qel" + name;
+}
+
+std::string ReasonOf(const RunTimeError& error) {
+  try {
+    std::rethrow_if_nested(error);
+  } catch (const RegistryFileError& nested) {
+    return nested.what();
+  } catch (...) {
+  }
+  return error.SystemError() != 0 ? std::strerror(error.SystemError()) : error.Description();
+}
+
+bool SelectLog(const std::optional<std::string>& named) {
+  if (named)
+    TakeAsArchive(*named);
+  else
+    TakeDefaultLog();
+  if (!CanBeRead()) return false;
+  LogExists = true;
+  if (!ArchiveOpen) {
+    LogCorrupt = CheckCorruption(false);
+    if (LogCorrupt) return Refuse("the log is corrupt: it holds a byte that no text log can hold");
+  }
+  GetLogStats(false);
+  if (LogEmpty) return Refuse("the log is empty");
+  if (LogInvalid) return Refuse("this is no modem log: its first or last entry has no date");
+  if (!ArchiveOpen) ShowLogTooBig();
+  return true;
+}
+
+}  // namespace qel

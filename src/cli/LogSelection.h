@@ -1,0 +1,22 @@
+// Which log a run of qelreport reads, and whether it can be reported on at all.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/RunTimeError.h"
+
+namespace qel {
+
+// Where the program keeps its settings: registry.reg in $QEL_HOME, else in qel below the user's
+// configuration.
+std::string SettingsStorePath();
+
+// Takes the named file as an opened archive, or else the default log of the settings after the test for
+// corruption, and gathers its statistics. False with a complaint where there is nothing to report on.
+bool SelectLog(const std::optional<std::string>& named);
+
+// Why a file could not be used, in the words of the system where it said something.
+std::string ReasonOf(const RunTimeError& error);
+
+}  // namespace qel

@@ -1,0 +1,101 @@
+#include "cli/ReportOutput.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "cli/CommandLineHost.h"
+#include "cli/LogSelection.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/CodePage.h"
+#include "platform/Disk.h"
+#include "platform/Files.h"
+#include "platform/FormatMask.h"
+#include "platform/TextConversion.h"
+#include "reports/DetailReport.h"
+#include "reports/ReportExport.h"
+#include "reports/SummaryReport.h"
+
+namespace qel {
+
+namespace {
+
+constexpr std::size_t PieceSize = 65536;
+
+// UTF-8 in pieces, so that a long report is not held twice.
+template <typename Take>
+void ForEachUtf8Piece(const std::string& text, Take take) {
+  for (std::size_t begin = 0; begin < text.size(); begin += PieceSize)
+    take(ToUtf8(std::string_view(text).substr(begin, PieceSize)));
+}
+
+bool SameFile(const std::string& a, const std::string& b) {
+  struct stat first {
+  }, second{};
+  return CurrentDisk().Status(a, &first) == 0 && CurrentDisk().Status(b, &second) == 0 &&
+         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
+void WriteToStandardOutput(const std::string& text) {
+  bool written = true;
+  ForEachUtf8Piece(text, [&written](const std::string& piece) {
+    written = written && std::fwrite(piece.data(), 1, piece.size(), stdout) == piece.size();
+  });
+  if (!written || std::fflush(stdout) != 0) RaiseErrno(errno, "standard output");
+}
+
+std::string StatisticsText() {
+  const auto length = FileLength(CurrentLogPath);
+  return "Path: " + PathText(CurrentLogDir) + NewLine + "Name: " + PathText(CurrentLogFile) + NewLine +
+         "Length: " + std::to_string(length) + " Bytes (" + std::to_string(length / 1024) + "KB)" + NewLine +
+         "Entries: " + NumberText(LogEntries) + NewLine +
+         "First Entry: " + FormatDate(FirstEntryDate, "Short Date") + NewLine +
+         "Last Entry: " + FormatDate(LastEntryDate, "Short Date") + NewLine +
+         "Span: " + std::to_string(DaysBetween(FirstEntryDate, LastEntryDate)) + " Days" + NewLine;
+}
+
+}  // namespace
+
+std::string ReportOutput(ReportKind report, OutputFormat format) {
+  const bool summary = report == ReportKind::Summary;
+  if (format != OutputFormat::Text) {
+    const ExportFormat as = format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
+    return summary ? ExportSummary(as) : ExportDetails(as);
+  }
+  ReportDocument document = summary ? DisplaySummaryReport() : DisplayDetailReport();
+  return std::move(document.ReportText += NewLine);
+}
+
+std::string StatisticsOutput(OutputFormat format) {
+  if (format == OutputFormat::Text) return StatisticsText();
+  return ExportStatistics(format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json);
+}
+
+bool MayWriteTo(const std::string& path, const std::optional<std::string>& settings) {
+  const std::string read[] = {CurrentLogPath, settings.value_or(SettingsStorePath())};
+  for (const auto& file : read)
+    if (SameFile(path, file)) {
+      Complain("--output " + ShownPath(path) + " would overwrite what the report is made from");
+      return false;
+    }
+  return true;
+}
+
+bool WriteOut(const std::string& text, const std::optional<std::string>& path) {
+  try {
+    if (!path) {
+      WriteToStandardOutput(text);
+      return true;
+    }
+    FileWriter file(*path);
+    ForEachUtf8Piece(text, [&file](const std::string& piece) { file.Write(piece); });
+    file.Close();
+    return true;
+  } catch (const RunTimeError& error) {
+    Complain("cannot write to " + ShownPath(path.value_or("standard output")) + ": " + ReasonOf(error));
+    return false;
+  }
+}
+
+}  // namespace qel

@@ -1,0 +1,23 @@
+// What a run of qelreport writes, and where it goes. Text is Windows-1252 until WriteOut makes it UTF-8.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/Arguments.h"
+
+namespace qel {
+
+// The report of the latest analysis; as text, byte for byte what the report window saves.
+std::string ReportOutput(ReportKind report, OutputFormat format);
+
+// The statistics of the current log.
+std::string StatisticsOutput(OutputFormat format);
+
+// False with a complaint where writing to `path` would destroy the log or the settings that the run reads.
+bool MayWriteTo(const std::string& path, const std::optional<std::string>& settings);
+
+// Writes to the file, or to standard output. False with a complaint where that fails.
+bool WriteOut(const std::string& text, const std::optional<std::string>& path);
+
+}  // namespace qel

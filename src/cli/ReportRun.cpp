@@ -1,0 +1,104 @@
+#include "cli/ReportRun.h"
+
+#include <cstdlib>
+#include <optional>
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "cli/CommandLineHost.h"
+#include "cli/LogSelection.h"
+#include "cli/ReportOutput.h"
+#include "core/CurrencyFormat.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogMessages.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/Files.h"
+#include "platform/Regional.h"
+#include "platform/RegistryFile.h"
+#include "platform/RegistryStore.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+void StartFresh() {
+  ResetProgramState();
+  ResetRegion();
+  ResetSettings();
+  ResetLogStatistics();
+  ResetLogMessages();
+  ResetReportPeriod();
+  ResetAnalysis();
+}
+
+// Reads the store, or the file named in its place. False with a complaint where it makes no sense.
+bool OpenSettings(const std::optional<std::string>& named) {
+  const std::string path = named.value_or(SettingsStorePath());
+  try {
+    if (named && !PathExists(path)) RaiseErrno(ENOENT, path);
+    Registry.Open(path, RegistryStore::Access::ReadOnly);
+    return true;
+  } catch (const RunTimeError& error) {
+    Complain("cannot read the settings in " + ShownPath(path) + ": " + ReasonOf(error));
+    return false;
+  }
+}
+
+// The same road as the desktop program's start, in its order.
+void LoadSettings() {
+  ReadEnvironment();
+  GetCurrencySymbolInfo();
+  BuildDateMask();
+  BuildDayNames();
+  ReadUserParameters();
+  FillMissingSettings();
+  SettleMissingLogPath();
+}
+
+// The two date fields without a window: what is not granted is said on standard error.
+class TypedPeriod : public PeriodFields {
+ protected:
+  void Complain() override { qel::Complain(StatusMessages[static_cast<std::size_t>(StatusIndex)].Text); }
+};
+
+bool ChoosePeriod(const Arguments& arguments) {
+  TypedPeriod fields;
+  fields.FormLoading = true;
+  fields.SetStarting(format_date(FirstEntryDate));
+  fields.SetEnding(format_date(LastEntryDate));
+  fields.FormLoading = false;
+  if (arguments.from) fields.SetStarting(format_date(*arguments.from));
+  fields.CurrentDateField = DateField::Ending;
+  if (arguments.to) fields.SetEnding(format_date(*arguments.to));
+  bool usable = false;
+  Attempt([&usable] { usable = checkProcess(); });
+  return usable;
+}
+
+}  // namespace
+
+ExitStatus RunReport(const Arguments& arguments) {
+  StartFresh();
+  CommandLineHost host;
+  SetHost(host);
+  SetDisplay(host);
+  if (!OpenSettings(arguments.settings)) return NoReport;
+  LoadSettings();
+  if (!SelectLog(arguments.log)) return NoReport;
+  if (arguments.output && !MayWriteTo(*arguments.output, arguments.settings)) return NoReport;
+  if (arguments.stats)
+    return WriteOut(StatisticsOutput(arguments.format), arguments.output) ? WholeReport : NoReport;
+  if (!ChoosePeriod(arguments)) return NoReport;
+  Analyse();
+  if (LogCorrupt)
+    Complain(ShownPath(CurrentLogPath) + ": entry " + std::to_string(EntriesProcessed + 1) +
+             " has no date; the log is damaged and must be repaired first");
+  if (!host.ReportReady()) return NoReport;
+  if (!WriteOut(ReportOutput(arguments.report, arguments.format), arguments.output)) return NoReport;
+  return ConnectionsExceeded ? IncompleteReport : WholeReport;
+}
+
+}  // namespace qel

@@ -1,0 +1,14 @@
+// One run of qelreport, from the settings to the report on standard output.
+#pragma once
+
+#include "cli/Arguments.h"
+
+namespace qel {
+
+enum ExitStatus : int { WholeReport = 0, NoReport = 1, WrongArguments = 2, IncompleteReport = 3 };
+
+// Runs by the arguments and says on standard error why there is no report, if there is none. Never writes to
+// the settings. Throws ProgramEnd where an error dialogue ends the run.
+ExitStatus RunReport(const Arguments& arguments);
+
+}  // namespace qel

@@ -1,0 +1,80 @@
+// A fixture in which the whole program is as a fresh process has it: United States, an empty store in memory,
+// all settings at their defaults, the clock stopped.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <string>
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "core/CurrencyFormat.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogMessages.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/Clock.h"
+#include "platform/Files.h"
+#include "platform/Regional.h"
+#include "platform/RegistryStore.h"
+#include "settings/Settings.h"
+#include "support/ScriptedHost.h"
+#include "support/TemporaryFolder.h"
+
+namespace qel {
+
+class FreshProgram : public ::testing::Test {
+ protected:
+  FreshProgram() {
+    ResetProgramState();
+    ResetRegion();
+    Registry.Reset();
+    ResetSettings();
+    ResetLogStatistics();
+    ResetLogMessages();
+    ResetReportPeriod();
+    ResetAnalysis();
+    // No store and no locale speak here, so the regional values are those of the United States.
+    for (const char* name : {"LC_ALL", "LANG", "LC_TIME", "LC_NUMERIC", "LC_MONETARY"}) unsetenv(name);
+    GetCurrencySymbolInfo();
+    BuildDateMask();
+    BuildDayNames();
+    ReadUserParameters();
+    FillMissingSettings();
+    StopClockAt(DateSerial(1999, 1, 15) + TimeSerial(12, 0, 0));
+  }
+  ~FreshProgram() override { ResetClock(); }
+
+  // Makes `text` the current log, an archive as the user would open it, and gathers its statistics.
+  void OpenLog(const std::string& text) {
+    CurrentLogDir = folder.Path() + "/";
+    CurrentLogFile = "test.log";
+    CurrentLogPath = CurrentLogDir + CurrentLogFile;
+    FileWriter file(CurrentLogPath);
+    file.Write(text);
+    file.Close();
+    LogExists = ArchiveOpen = true;
+    GetLogStats(false);
+  }
+
+  void SetPeriod(Date start, Date end) {
+    PeriodStart = start;
+    PeriodEnd = end;
+    PeriodDays = Int16(DaysBetween(start, end)) + 1;
+  }
+
+  // Adds a service to the settings; the record stays valid until the next one.
+  ServiceRecord& AddService(const std::string& name, const std::string& number,
+                            const std::string& altNumber) {
+    ServiceRecord& service = Services[UsedServices];
+    ++UsedServices;
+    service.ServiceName = name;
+    service.ServiceNumber = number;
+    service.ServiceAltNumber = altNumber;
+    return service;
+  }
+
+  TemporaryFolder folder;
+  ScriptedHost host;
+};
+
+}  // namespace qel

@@ -1,0 +1,54 @@
+// The tests' host: scripted answers, and a transcript of all that was shown, in order.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "core/Display.h"
+#include "platform/Host.h"
+
+namespace qel {
+
+class ScriptedHost : public Host, public Display {
+ public:
+  ScriptedHost() {
+    SetHost(*this);
+    SetDisplay(*this);
+  }
+
+  Answer MessageBox(const Message& message) override {
+    messages.push_back(message);
+    transcript.push_back("message: " + message.Title);
+    if (answers.empty()) return message.buttons == Buttons::AbortRetryIgnore ? Answer::Ignore : Answer::OK;
+    const Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  void SetClipboardText(const std::string& text) override { clipboard = text; }
+  void PlaySoundFile(const std::string& path) override { transcript.push_back("sound: " + path); }
+  void Beep() override { transcript.push_back("beep"); }
+  void SetMousePointer(MousePointer shape) override { pointer = shape; }
+  void Yield() override { ++yields; }
+
+  void SplashText(const std::string& text) override { transcript.push_back("splash: " + text); }
+  void StatusText(const std::string& text) override { transcript.push_back("status: " + text); }
+  void Progress(Int16 percent) override { lastProgress = percent; }
+  void ShowReport() override { transcript.push_back("report"); }
+
+  bool Showed(const std::string& entry) const {
+    for (const auto& line : transcript)
+      if (line == entry) return true;
+    return false;
+  }
+
+  std::deque<Answer> answers;  // to the next message boxes; then Ignore or OK
+  std::vector<Message> messages;
+  std::vector<std::string> transcript;
+  std::string clipboard;
+  MousePointer pointer = MousePointer::Default;
+  int yields = 0;
+  int lastProgress = -1;
+};
+
+}  // namespace qel
