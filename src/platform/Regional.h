@@ -33,8 +33,9 @@ struct RegionalValues {
                                          "Friday", "Saturday", "Sunday"};
   std::array<std::string, 12> ShortMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-  std::array<std::string, 12> LongMonths = {"January", "February", "March",     "April",   "May",      "June",
-                                            "July",    "August",   "September", "October", "November", "December"};
+  std::array<std::string, 12> LongMonths = {"January",   "February", "March",    "April",
+                                            "May",       "June",     "July",     "August",
+                                            "September", "October",  "November", "December"};
 };
 
 // The values that every conversion and format mask follows. Set once at the start.
@@ -42,11 +43,12 @@ extern RegionalValues Region;
 
 void ResetRegion();
 
-// The values by their three sources: for each one the store's "HKEY_CURRENT_USER\Control Panel\International" where
-// it stands there, else the locale of the environment (LC_ALL, LC_TIME, LC_NUMERIC, LC_MONETARY, LANG), else the
-// defaults above. The C locale gives nothing. Day and month names come from the locale or the defaults.
-// A short date or time pattern in the store without its separator brings its own separator along, and a separator
-// without its pattern goes into the pattern, so that the two never disagree.
+// The values by their three sources: for each one the store's "HKEY_CURRENT_USER\Control Panel\International"
+// where it stands there, else the locale of the environment (LC_ALL, LC_TIME, LC_NUMERIC, LC_MONETARY, LANG),
+// else the defaults above. The C locale gives nothing. Day and month names come from the locale or the
+// defaults. A short date or time pattern in the store without its separator brings its own separator along,
+// and a separator without its pattern goes into the pattern, so that the two never disagree. Where both stand
+// there and differ, the pattern's own separator holds.
 RegionalValues ReadRegionalValues(const RegistryStore& store);
 
 }  // namespace qel
