@@ -47,7 +47,8 @@ void ResetRegion();
 // where it stands there, else the locale of the environment (LC_ALL, LC_TIME, LC_NUMERIC, LC_MONETARY, LANG),
 // else the defaults above. The C locale gives nothing. Day and month names come from the locale or the
 // defaults. A short date or time pattern in the store without its separator brings its own separator along,
-// and a separator without its pattern goes into the pattern, so that the two never disagree.
+// and a separator without its pattern goes into the pattern, so that the two never disagree. Where both stand
+// there and differ, the pattern's own separator holds.
 RegionalValues ReadRegionalValues(const RegistryStore& store);
 
 }  // namespace qel

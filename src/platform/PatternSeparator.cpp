@@ -1,0 +1,91 @@
+#include "platform/PatternSeparator.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/CodePage.h"
+
+namespace qel {
+
+namespace {
+
+// A place of the pattern, or the text between two of them with its quotes off.
+struct Part {
+  std::string text;
+  bool isPlace;
+};
+
+std::vector<Part> PartsOf(std::string_view pattern) {
+  std::vector<Part> parts;
+  bool quoted = false;
+  for (std::size_t i = 0; i < pattern.size(); ++i) {
+    const char c = pattern[i];
+    if (c == '\'') {
+      const bool doubled = quoted && pattern.substr(i).starts_with("''");
+      if (!doubled) {
+        quoted = !quoted;
+        continue;
+      }
+      ++i;
+    }
+    const bool isPlace = !quoted && std::string_view("dMyHhmst").find(c) != std::string_view::npos;
+    const bool joins =
+        !parts.empty() && parts.back().isPlace == isPlace && (!isPlace || parts.back().text.back() == c);
+    if (joins)
+      parts.back().text += c;
+    else
+      parts.push_back({std::string(1, c), isPlace});
+  }
+  return parts;
+}
+
+// Weekday and day half have neighbours, not separators.
+bool IsSeparated(const Part& part) {
+  return part.isPlace && part.text.front() != 't' && !part.text.starts_with("ddd");
+}
+
+bool IsSeparator(const std::vector<Part>& parts, std::size_t i) {
+  return i > 0 && i + 1 < parts.size() && !parts[i].isPlace && IsSeparated(parts[i - 1]) &&
+         IsSeparated(parts[i + 1]);
+}
+
+std::string_view WithoutBlanksAround(std::string_view text) {
+  const std::string_view trimmed = Trim(text);
+  return trimmed.empty() ? text : trimmed;
+}
+
+std::string SeparatorAmong(const std::vector<Part>& parts) {
+  for (std::size_t i = 0; i < parts.size(); ++i)
+    if (IsSeparator(parts, i)) return std::string(WithoutBlanksAround(parts[i].text));
+  return "";
+}
+
+std::string Quoted(std::string_view text) {
+  const bool plain = std::none_of(text.begin(), text.end(), [](char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '\'';
+  });
+  if (plain) return std::string(text);
+  std::string quoted = "'";
+  for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
+  return quoted + "'";
+}
+
+}  // namespace
+
+std::string SeparatorIn(std::string_view pattern) { return SeparatorAmong(PartsOf(pattern)); }
+
+std::string WithSeparator(std::string_view pattern, std::string_view separator) {
+  const std::vector<Part> parts = PartsOf(pattern);
+  const std::string own = SeparatorAmong(parts);
+  std::string result;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const bool replaced = IsSeparator(parts, i) && WithoutBlanksAround(parts[i].text) == own;
+    if (replaced)
+      result += Quoted(separator);
+    else
+      result += parts[i].isPlace ? parts[i].text : Quoted(parts[i].text);
+  }
+  return result;
+}
+
+}  // namespace qel

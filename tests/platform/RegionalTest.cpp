@@ -1,0 +1,166 @@
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/PatternSeparator.h"
+#include "platform/Regional.h"
+#include "platform/RegistryStore.h"
+#include "platform/SystemLocale.h"
+
+namespace qel {
+namespace {
+
+constexpr const char* Key = "HKEY_CURRENT_USER\\Control Panel\\International";
+
+class RegionalValuesTest : public testing::Test {
+ protected:
+  RegionalValuesTest() {
+    setenv("LC_ALL", "C", 1);
+    store.CreateKey(Key);
+  }
+  ~RegionalValuesTest() override { unsetenv("LC_ALL"); }
+
+  using Texts = std::vector<std::pair<const char*, std::string>>;
+  RegionalValues ReadWith(const Texts& texts) {
+    for (const auto& [name, text] : texts) store.Set(Key, name, {REG_SZ, text + '\0'});
+    return ReadRegionalValues(store);
+  }
+
+  RegistryStore store;
+};
+
+TEST_F(RegionalValuesTest, WithoutStoreAndLocaleAreThoseOfTheUnitedStates) {
+  for (const char* locale : {"C", "POSIX", "C.UTF-8", "xx_NOT_INSTALLED.UTF-8"}) {
+    setenv("LC_ALL", locale, 1);
+    const RegionalValues values = ReadRegionalValues(store);
+    EXPECT_EQ(values.ShortDatePattern, "M/d/yyyy") << locale;
+    EXPECT_EQ(values.TimePattern, "h:mm:ss tt") << locale;
+    EXPECT_EQ(values.CurrencySymbol, "$") << locale;
+    EXPECT_EQ(values.CurrencyDigits, 2) << locale;
+    EXPECT_EQ(values.NumberThousand, ",") << locale;
+    EXPECT_EQ(values.LongDays[6], "Sunday") << locale;
+  }
+}
+
+TEST_F(RegionalValuesTest, TheStoreGoesFirst) {
+  const RegionalValues values = ReadWith({{"sCountry", "Germany"},
+                                          {"sCurrency", "DM"},
+                                          {"sMonDecimalSep", ","},
+                                          {"sMonThousandSep", "."},
+                                          {"sDecimal", std::string(";\0junk", 6)},
+                                          {"sThousand", ""},
+                                          {"sLongDate", "d. MMMM yyyy"},
+                                          {"s1159", "vorm."},
+                                          {"s2359", ""}});
+  EXPECT_EQ(values.Country, "Germany");
+  EXPECT_EQ(values.CurrencySymbol, "DM");
+  EXPECT_EQ(values.MoneyDecimal, ",");
+  EXPECT_EQ(values.MoneyThousand, ".");
+  EXPECT_EQ(values.NumberDecimal, ";");
+  EXPECT_EQ(values.NumberThousand, "");
+  EXPECT_EQ(values.LongDatePattern, "d. MMMM yyyy");
+  EXPECT_EQ(values.AM, "vorm.");
+  EXPECT_EQ(values.PM, "");
+}
+
+TEST_F(RegionalValuesTest, EmptyTextsStandOnlyWhereTheyMakeSense) {
+  const RegionalValues values =
+      ReadWith({{"sDecimal", ""}, {"sCurrency", ""}, {"sShortDate", ""}, {"sDate", ""}, {"iCurrDigits", ""}});
+  EXPECT_EQ(values.NumberDecimal, ".");
+  EXPECT_EQ(values.CurrencySymbol, "$");
+  EXPECT_EQ(values.ShortDatePattern, "M/d/yyyy");
+  EXPECT_EQ(values.DateSeparator, "/");
+  EXPECT_EQ(values.CurrencyDigits, 2);
+}
+
+TEST_F(RegionalValuesTest, TheCurrencyNumberTellsSideAndBlank) {
+  const struct {
+    const char* number;
+    int precedes, spaced;
+  } cases[] = {{"0", 1, 0}, {"1", 0, 0}, {"2", 1, 1}, {"3", 0, 1}, {"4", 1, 0}, {"x", 1, 0}, {"-1", 1, 0}};
+  for (const auto& c : cases) {
+    const RegionalValues values = ReadWith({{"iCurrency", c.number}});
+    EXPECT_EQ(values.SymbolPrecedes, c.precedes) << c.number;
+    EXPECT_EQ(values.SymbolSpaced, c.spaced) << c.number;
+  }
+  store.Set(Key, "iCurrDigits", {REG_DWORD, std::string("\3\0\0\0", 4)});
+  EXPECT_EQ(ReadRegionalValues(store).CurrencyDigits, 3);
+  store.Set(Key, "iCurrDigits", {REG_DWORD, std::string("\xFF\xFF\xFF\xFF", 4)});
+  EXPECT_EQ(ReadRegionalValues(store).CurrencyDigits, 2);
+}
+
+TEST_F(RegionalValuesTest, PatternAndSeparatorNeverDisagree) {
+  const struct {
+    Texts texts;
+    const char *date, *dateSeparator, *time, *timeSeparator;
+  } cases[] = {
+      {{{"sShortDate", "dd.MM.yyyy"}}, "dd.MM.yyyy", ".", "h:mm:ss tt", ":"},
+      {{{"sDate", "-"}}, "M-d-yyyy", "-", "h:mm:ss tt", ":"},
+      {{{"sDate", "-"}, {"sShortDate", "yyyy/MM/dd"}}, "yyyy/MM/dd", "/", "h:mm:ss tt", ":"},
+      {{{"sDate", "-"}, {"sShortDate", "ddMMyy"}}, "ddMMyy", "-", "h:mm:ss tt", ":"},
+      {{{"sTimeFormat", "HH'h'mm"}}, "M/d/yyyy", "/", "HH'h'mm", "h"},
+      {{{"sTime", "."}}, "M/d/yyyy", "/", "h.mm.ss tt", "."},
+      {{{"sTime", "h"}}, "M/d/yyyy", "/", "h'h'mm'h'ss tt", "h"},
+  };
+  for (const auto& c : cases) {
+    store.DeleteKey(Key);
+    store.CreateKey(Key);
+    const RegionalValues values = ReadWith(c.texts);
+    EXPECT_EQ(values.ShortDatePattern, c.date);
+    EXPECT_EQ(values.DateSeparator, c.dateSeparator) << c.date;
+    EXPECT_EQ(values.TimePattern, c.time);
+    EXPECT_EQ(values.TimeSeparator, c.timeSeparator) << c.time;
+  }
+}
+
+TEST(PatternSeparator, StandsBetweenTwoPlacesOfADateOrATime) {
+  const struct {
+    const char *pattern, *separator, *withStroke;
+  } cases[] = {
+      {"d. M. yyyy", ".", "d/M/yyyy"},
+      {"ddd, dd-MM-yy", "-", "ddd, dd/MM/yy"},
+      {"d MMM yyyy", " ", "d/MMM/yyyy"},
+      {"d' o''clock 'M", "o'clock", "d/M"},
+      {"yyyy. MM. dd.", ".", "yyyy/MM/dd."},
+      {"tt h:mm", ":", "tt h/mm"},
+      {"ddMMyy", "", "ddMMyy"},
+      {"'on 'd", "", "'on 'd"},
+      {"", "", ""},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(SeparatorIn(c.pattern), c.separator) << c.pattern;
+    EXPECT_EQ(WithSeparator(c.pattern, "/"), c.withStroke) << c.pattern;
+  }
+}
+
+TEST(SystemLocale, FormatsOfStrftimeBecomePatterns) {
+  const struct {
+    const char *format, *pattern;
+  } cases[] = {
+      {"%m/%d/%Y", "MM/dd/yyyy"}, {"%d.%m.%y", "dd.MM.yy"},      {"%-d. %-m. %Y", "d. M. yyyy"},
+      {"%e %b %Y", "d MMM yyyy"}, {"%A %B", "dddd MMMM"},        {"%T", "HH:mm:ss"},
+      {"%r", "hh:mm:ss tt"},      {"%l:%M:%S %P", "h:mm:ss tt"}, {"%H:%M:%S %Z", "HH:mm:ss"},
+      {"%Hh%M", "HH'h'mm"},       {"%d de %B", "dd 'de' MMMM"},  {"%H o'clock", "HH 'o''clock'"},
+      {"%Ey-%Om", "yy-MM"},       {"%F%%", "yyyy-MM-dd%"},       {"'%d", "''''dd"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(PatternOfStrftime(c.format), c.pattern) << c.format;
+  EXPECT_EQ(PatternOfStrftime("%r", "%I.%M %p"), "hh.mm tt");
+  for (const char* format : {"%j", "%", "%-", "%G"}) EXPECT_FALSE(PatternOfStrftime(format)) << format;
+  EXPECT_FALSE(PatternOfStrftime("%r", "%r"));
+}
+
+TEST(SystemLocale, TextsComeInWindows1252) {
+  EXPECT_EQ(FromCharset("M\xC3\xA4rz", "UTF-8"), "M\xE4rz");
+  EXPECT_EQ(FromCharset("\xE2\x82\xAC", "UTF-8"), "\x80");
+  EXPECT_EQ(FromCharset("\xE2\x80\xAF", "UTF-8"), "\xA0");
+  EXPECT_EQ(FromCharset("K\xC4\x8D", "UTF-8"), std::nullopt);
+  EXPECT_EQ(FromCharset("M\xE4rz", "ISO-8859-1"), "M\xE4rz");
+  EXPECT_EQ(FromCharset("\xA4", "ISO-8859-15"), "\x80");
+  EXPECT_EQ(FromCharset("plain", "KOI8-R"), "plain");
+  EXPECT_EQ(FromCharset("\xC1", "KOI8-R"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace qel
