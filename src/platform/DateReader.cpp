@@ -108,7 +108,7 @@ std::optional<DateReader::Piece> DateReader::TakeNumber() {
 }
 
 // The month whose name stands here, an abbreviation's full stop included.
-std::optional<int> DateReader::TakeMonthName() {
+std::optional<DateReader::Piece> DateReader::TakeMonthName() {
   const auto take = [this](std::string_view name) {
     if (name.ends_with('.')) name.remove_suffix(1);
     return TakeWord(name);
@@ -118,7 +118,7 @@ std::optional<int> DateReader::TakeMonthName() {
     if (take(Region.LongMonths[month]) || take(Region.ShortMonths[month]) || take(english) ||
         take(english.substr(0, 3))) {
       Take(".");
-      return static_cast<int>(month) + 1;
+      return Piece{static_cast<int>(month) + 1, 0};
     }
   }
   return std::nullopt;
@@ -178,14 +178,10 @@ bool DateReader::ReadTimeParts() {
 // Reads a number or the name of a month. The pieces of a date stand together, before the time or behind it.
 bool DateReader::ReadPiece() {
   if (count == pieces.size() || (time && piecesBeforeTime > 0)) return false;
-  if (const auto month = TakeMonthName()) {
-    pieces[count] = {*month, 0};
-  } else {
-    const auto number = TakeNumber();
-    if (!number) return false;
-    pieces[count] = *number;
-  }
-  ++count;
+  auto piece = TakeMonthName();
+  if (!piece) piece = TakeNumber();
+  if (!piece) return false;
+  pieces[count++] = *piece;
   commaBetween |= divider == ',';
   divider = 0;
   return true;

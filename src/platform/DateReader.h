@@ -47,7 +47,7 @@ class DateReader {
   bool Take(std::string_view text);
   bool TakeWord(std::string_view word);
   std::optional<Piece> TakeNumber();
-  std::optional<int> TakeMonthName();
+  std::optional<Piece> TakeMonthName();
   std::optional<bool> TakeDayHalf();
 
   bool ReadTime();

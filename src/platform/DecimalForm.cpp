@@ -45,7 +45,7 @@ void RoundToPlaces(DecimalForm& form, int places) {
   if (up) {
     while (!form.Digits.empty() && form.Digits.back() == '9') form.Digits.pop_back();
     if (form.Digits.empty()) {
-      form.Digits = "1";
+      form.Digits += '1';
       ++form.Point;
     } else {
       ++form.Digits.back();

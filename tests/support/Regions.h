@@ -10,39 +10,34 @@ namespace qel {
 inline RegionalValues UnitedStates() { return {}; }
 
 inline RegionalValues Germany() {
-  RegionalValues values;
-  values.NumberDecimal = values.MoneyDecimal = ",";
-  values.NumberThousand = values.MoneyThousand = ".";
-  values.CurrencySymbol = "DM";
-  values.DateSeparator = ".";
-  values.ShortDatePattern = "dd.MM.yyyy";
-  values.LongDatePattern = "dddd, d. MMMM yyyy";
-  values.TimePattern = "HH:mm:ss";
-  values.AM = values.PM = "";
-  values.ShortDays = {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"};
-  values.LongDays = {"Montag", "Dienstag", "Mittwoch", "Donnerstag", "Freitag", "Samstag", "Sonntag"};
-  values.ShortMonths = {"Jan", "Feb", "M\xE4r", "Apr", "Mai", "Jun",
-                        "Jul", "Aug", "Sep",    "Okt", "Nov", "Dez"};
-  values.LongMonths = {"Januar", "Februar", "M\xE4rz",   "April",   "Mai",      "Juni",
-                       "Juli",   "August",  "September", "Oktober", "November", "Dezember"};
-  return values;
+  return {
+      .CurrencySymbol = "DM",
+      .MoneyDecimal = ",",
+      .MoneyThousand = ".",
+      .NumberDecimal = ",",
+      .NumberThousand = ".",
+      .DateSeparator = ".",
+      .ShortDatePattern = "dd.MM.yyyy",
+      .LongDatePattern = "dddd, d. MMMM yyyy",
+      .TimePattern = "HH:mm:ss",
+      .AM = "",
+      .PM = "",
+      .ShortDays = {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"},
+      .LongDays = {"Montag", "Dienstag", "Mittwoch", "Donnerstag", "Freitag", "Samstag", "Sonntag"},
+      .ShortMonths = {"Jan", "Feb", "M\xE4r", "Apr", "Mai", "Jun", "Jul", "Aug", "Sep", "Okt", "Nov", "Dez"},
+      .LongMonths = {"Januar", "Februar", "M\xE4rz", "April", "Mai", "Juni", "Juli", "August", "September",
+                     "Oktober", "November", "Dezember"},
+  };
 }
 
 inline RegionalValues International() {
-  RegionalValues values;
-  values.DateSeparator = "-";
-  values.ShortDatePattern = "yyyy-MM-dd";
-  values.TimePattern = "HH:mm:ss";
-  return values;
+  return {.DateSeparator = "-", .ShortDatePattern = "yyyy-MM-dd", .TimePattern = "HH:mm:ss"};
 }
 
 // One separator for dates and times.
 inline RegionalValues Finland() {
-  RegionalValues values;
-  values.DateSeparator = values.TimeSeparator = ".";
-  values.ShortDatePattern = "d.M.yyyy";
-  values.TimePattern = "H.mm.ss";
-  return values;
+  return {
+      .DateSeparator = ".", .TimeSeparator = ".", .ShortDatePattern = "d.M.yyyy", .TimePattern = "H.mm.ss"};
 }
 
 // The United States before each test and behind it.
