@@ -7,19 +7,20 @@
 
 namespace qel {
 
-// The lenient value: leading blanks are skipped, then sign, digits, one "." and an exponent are read up to the
-// first character that cannot continue a number ("12abc" is 12, "1 2" is 1). A text without a digit gives 0.
+// The lenient value: leading blanks are skipped, then sign, digits, one "." and an exponent are read up to
+// the first character that cannot continue a number ("12abc" is 12, "1 2" is 1). A text without a digit gives
+// 0, a number too large the largest there is.
 double Val(std::string_view text);
 
-// A number's text with "." and a blank before it unless it is negative: " 5", "-5".
+// A number's text with "." and a blank before it unless it is negative: " 5", "-5". Raises as NumberText.
 std::string Str(double number);
 
-// A number's text with the regional decimal symbol, up to 15 significant digits, exponent form outside
-// 1E-15 to 1E+15: "0.25", "1E+20".
+// A number's text with the regional decimal symbol, up to 15 significant digits, exponent form below 1E-15
+// and from 1E+15 on: "0.25", "1E+20". Raises 6 (overflow) for an infinite number.
 std::string NumberText(double number);
 
-// Whether TextToNumber takes the text: digits with optional regional thousand separators, decimal symbol, sign
-// before or behind, parentheses for negative, currency symbol, exponent, blanks around.
+// Whether TextToNumber takes the text: digits with optional regional thousand separators, decimal symbol,
+// sign before or behind, parentheses for negative, currency symbol, exponent, blanks around.
 bool IsNumber(std::string_view text);
 
 // Raises 13 (type mismatch) for a text that is no number, 6 (overflow) for one too large.
