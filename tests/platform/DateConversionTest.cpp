@@ -109,7 +109,7 @@ TEST_F(TextToDateTest, TimesStandAloneOrBesideADate) {
 }
 
 TEST_F(TextToDateTest, ASeparatorOfDatesMayDivideTimesToo) {
-  Region.TimeSeparator = ".";
+  Region.TimeSeparator = '.';
   ExpectDates({
       {"10.15", TimeSerial(10, 15, 0)},
       {"10.11.12", TimeSerial(10, 11, 12)},
@@ -126,7 +126,7 @@ TEST_F(TextToDateTest, ASeparatorOfDatesMayDivideTimesToo) {
       {"31.12", DateSerial(2003, 12, 31)},
       {"10:11:12", TimeSerial(10, 11, 12)},
   });
-  Region.TimeSeparator = "h";
+  Region.TimeSeparator = 'h';
   ExpectDates({{"10h15", TimeSerial(10, 15, 0)}});
 }
 
@@ -193,7 +193,7 @@ TEST_F(RegionTest, DateTextIsTheRegionsWithSeconds) {
   EXPECT_EQ(DateText(time), "15:04:05");
   Region = Finland();
   EXPECT_EQ(DateText(day + time), "3.2.1999 15:04:05");
-  Region.DateSeparator = "/";
+  Region.DateSeparator = '/';
   Region.ShortDatePattern = "dd/MM/yy";
   EXPECT_EQ(DateText(day + time), "03/02/99 15.04.05");
 }
@@ -228,7 +228,7 @@ TEST_F(RegionTest, EveryShortDateWithItsYearIsReadBack) {
   Region.ShortMonths[0] = "janv.";
   for (const char* pattern : patterns) {
     Region.ShortDatePattern = pattern;
-    Region.DateSeparator = std::string(pattern).find('|') != std::string::npos ? "|" : "/";
+    Region.DateSeparator = std::string(pattern).find('|') != std::string::npos ? '|' : '/';
     for (Date date = DateSerial(1996, 1, 1); date < DateSerial(2004, 12, 31); ++date) {
       const Date moment = date + (static_cast<int>(date) % 2 == 0 ? TimeSerial(13, 5, 59) : 0);
       ASSERT_EQ(TextToDate(DateText(moment)), moment) << pattern << ": " << DateText(moment);

@@ -64,7 +64,7 @@ TEST_F(RegionTest, NamedFormsFollowTheRegion) {
 
 TEST_F(RegionTest, MasksDrawTheRegionsSeparatorsNamesAndMarks) {
   Region = Germany();
-  Region.TimeSeparator = "h";
+  Region.TimeSeparator = 'h';
   Region.AM = "vorm.";
   Region.PM = "nachm.";
   EXPECT_EQ(FormatDate(Morning, "d/m h:n AMPM"), "3.2 9h5 vorm.");
@@ -89,7 +89,7 @@ TEST_F(RegionTest, PatternsTellCapitalFromSmallLetters) {
       {Morning, "D n", "D n"},
   };
   for (const auto& c : cases) EXPECT_EQ(FormatByPattern(c.date, c.pattern), c.text) << c.pattern;
-  Region.DateSeparator = "x";
+  Region.DateSeparator = 'x';
   EXPECT_EQ(FormatByPattern(Morning, "d/M"), "3/2");
 }
 

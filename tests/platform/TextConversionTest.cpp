@@ -82,7 +82,7 @@ TEST_F(RegionTest, NumbersTurnToTextWithFifteenDigits) {
     EXPECT_EQ(NumberText(c.number), c.text);
     Region = Germany();
     EXPECT_EQ(NumberText(c.number), c.german);
-    EXPECT_EQ(Str(c.number), (*c.text == '-' ? "" : " ") + std::string(c.text));
+    EXPECT_EQ(Str(c.number), std::string(*c.text == '-' ? 0 : 1, ' ') + c.text);
   }
   EXPECT_THROW(NumberText(std::numeric_limits<double>::infinity()), RunTimeError);
   EXPECT_THROW(Str(std::numeric_limits<double>::quiet_NaN()), RunTimeError);
