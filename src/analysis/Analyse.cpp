@@ -67,7 +67,7 @@ void Analyse() {
   MakeArrays();
   StepTrace = "Progress Chunk";
   CurrentDisplay().ShowProgress(true);
-  ProgressChunk = Int32(std::floor(LogEntries / 10));
+  ProgressChunk = NextProgress = Int32(std::floor(LogEntries / 10));
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   ReadLog();
   StepTrace = "Finished Processing";

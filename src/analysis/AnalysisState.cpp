@@ -8,7 +8,7 @@ BoundedArray<ServiceTotal> ServiceTotals;
 Int16 TotalsCount;
 UsageTable Penalties;
 
-std::string CurrentLine;
+std::string CurrentLine, LineDateText;
 Date LineDate = 0, LineTime = 0, ConnectDate = 0, ConnectTime = 0, DisconnectDate = 0, DisconnectTime = 0;
 bool Connected = false;
 Int16 CurrentService, LastService;
@@ -17,7 +17,7 @@ Int32 ConnectSeconds;
 Int16 BlockMinutes, BlockCount;
 double DialCostNow = 0, ServiceCostNow = 0, DataCostNow = 0;
 bool KeepReading = false;
-Int32 EntriesProcessed, ProgressChunk;
+Int32 EntriesProcessed, ProgressChunk, NextProgress;
 bool ServicesExceeded = false, ConnectionsExceeded = false;
 bool LogErrorsFound = false, TariffIncomplete = false, ShowBlocks = false;
 bool SummaryBuilt = false, DetailBuilt = false;
@@ -60,12 +60,13 @@ void ResetAnalysis() {
   Penalties = {};
   ConnectionCount = TotalsCount = 0;
   CurrentLine.clear();
+  LineDateText.clear();
   LineDate = LineTime = 0;
   ClearAnalysisVars();
   LastService = 0;
   AnsweredPending = DialledPending = KeepReading = false;
   DialCostNow = ServiceCostNow = DataCostNow = 0;
-  EntriesProcessed = ProgressChunk = 0;
+  EntriesProcessed = ProgressChunk = NextProgress = 0;
   ServicesExceeded = ConnectionsExceeded = LogErrorsFound = TariffIncomplete = ShowBlocks = false;
   SummaryBuilt = DetailBuilt = false;
 }

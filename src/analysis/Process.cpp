@@ -1,6 +1,7 @@
 #include "analysis/Process.h"
 
 #include <cmath>
+#include <cstring>
 #include <string>
 
 #include "analysis/ConnectionClose.h"
@@ -35,7 +36,8 @@ void TakeLineTime() {
 }
 
 void TellProgress() {
-  if (ProgressChunk < 1 || EntriesProcessed % ProgressChunk != 0) return;
+  if (EntriesProcessed != NextProgress || ProgressChunk < 1) return;
+  NextProgress += ProgressChunk;
   const double percent = std::floor(EntriesProcessed / static_cast<double>(LogEntries) * 100);
   if (percent <= 100) {
     CurrentDisplay().StatusText("Please Wait .....Processing  " + NumberText(percent) + "%");
@@ -44,10 +46,18 @@ void TellProgress() {
   CurrentHost().Yield();
 }
 
+Date DateOf(std::string_view line) {
+  if (line.size() >= DateLength && LineDateText.size() == DateLength &&
+      std::memcmp(line.data(), LineDateText.data(), DateLength) == 0)
+    return LineDate;
+  LineDateText = line.substr(0, DateLength);
+  return GetLineDate(line);
+}
+
 // Dates and counts the line; false where it is none to go on with.
 bool TakeLine(std::string_view line) {
   if (IsBlankLine(line)) return false;
-  LineDate = GetLineDate(line);
+  LineDate = DateOf(line);
   if (LineDate == 0) {
     KeepReading = false;
     LogCorrupt = true;
@@ -142,7 +152,6 @@ void BetweenConnections(unsigned classes) {
 }  // namespace
 
 void Process(std::string_view line, const LineClassifier& classifier) {
-  ProcedureTrace = "Process";
   if (!TakeLine(line)) return;
   bool classified = false;
   unsigned classes = NoClass;
@@ -157,6 +166,7 @@ void Process(std::string_view line, const LineClassifier& classifier) {
       classes = classifier.ClassesOf(line);
       if (classes != NoClass) {
         CurrentLine = UpperCase(line);
+        ProcedureTrace = "Process";  // nothing can fail in a line of no class
         StepTrace = "Log Entry:" + Str(EntriesProcessed);
       }
     }

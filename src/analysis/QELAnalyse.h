@@ -67,7 +67,8 @@ extern UsageTable Penalties;
 // The line in hand, in capitals. Only lines of some class are kept here.
 extern std::string CurrentLine;
 extern Date LineDate, LineTime;
-extern Date ConnectDate, ConnectTime;        // of the open connection
+extern std::string LineDateText;       // the characters that LineDate was read from; most lines repeat them
+extern Date ConnectDate, ConnectTime;  // of the open connection
 extern Date DisconnectDate, DisconnectTime;  // of the connection being closed
 extern bool Connected;
 extern Int16 CurrentService;  // slot of the dial under way; 0 none
@@ -80,6 +81,7 @@ extern double DialCostNow, ServiceCostNow, DataCostNow;
 extern bool KeepReading;
 extern Int32 EntriesProcessed;
 extern Int32 ProgressChunk;  // entries between two words on the progress
+extern Int32 NextProgress;   // the entry that gives the next one
 extern bool ServicesExceeded, ConnectionsExceeded;
 extern bool LogErrorsFound;    // a connection was closed without a disconnect line
 extern bool TariffIncomplete;  // a connection could not be fully priced

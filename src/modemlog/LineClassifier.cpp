@@ -1,6 +1,7 @@
 #include "modemlog/LineClassifier.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "platform/CodePage.h"
 #include "settings/Settings.h"
@@ -46,23 +47,35 @@ LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) {
     searched |= responses[i].lineClass;
     window = window == 0 ? texts[i].size() : std::min(window, texts[i].size());
   }
-  window = std::min<std::size_t>(window, 200);  // what a skip has room for
+  window = std::min<std::size_t>(window, 33);  // what the offsets have bits for
   if (window < 2) return;
-  skip.fill(static_cast<std::uint8_t>(window - 1));
   for (const auto& response : responses) {
     if (response.text.empty()) continue;
+    ForEachSpelling(response.text.data(), [&](const char* pair) {
+      begins[PairIndex(pair)] |= static_cast<std::uint8_t>(response.lineClass);
+    });
     for (std::size_t i = 0; i + 1 < window; ++i)
-      ForEachSpelling(response.text.data() + i, [&](const char* pair) {
-        auto& entry = skip[PairIndex(pair)];
-        entry = std::min(entry, static_cast<std::uint8_t>(window - 2 - i));
-      });
+      ForEachSpelling(response.text.data() + i,
+                      [&](const char* pair) { offsets[PairIndex(pair)] |= 1u << i; });
   }
 }
 
-unsigned LineClassifier::ClassesAt(std::string_view line, std::size_t position) const {
+unsigned LineClassifier::ClassesAt(std::string_view line, std::size_t position, unsigned candidates) const {
   unsigned classes = NoClass;
   for (const auto& response : responses)
-    if (!response.text.empty() && StandsAt(line, position, response.text)) classes |= response.lineClass;
+    if ((candidates & response.lineClass) && StandsAt(line, position, response.text))
+      classes |= response.lineClass;
+  return classes;
+}
+
+// The pair has each of the `places` in some response string.
+unsigned LineClassifier::ClassesAround(std::string_view line, std::size_t pair, std::uint32_t places) const {
+  unsigned classes = NoClass;
+  for (; places != 0; places &= places - 1) {
+    const std::size_t begin = pair - static_cast<std::size_t>(std::countr_zero(places));
+    if (const unsigned candidates = begins[PairIndex(line.data() + begin)])
+      classes |= ClassesAt(line, begin, candidates);
+  }
   return classes;
 }
 
@@ -70,16 +83,13 @@ unsigned LineClassifier::ClassesOf(std::string_view line) const {
   unsigned classes = always;
   if (searched == NoClass || line.size() < window) return classes;
   if (window == 1) {
-    for (std::size_t i = 0; i < line.size(); ++i) classes |= ClassesAt(line, i);
+    for (std::size_t i = 0; i < line.size(); ++i) classes |= ClassesAt(line, i, searched);
     return classes;
   }
-  const char* const text = line.data();
-  const std::size_t last = line.size() - 2;  // where the last pair begins
-  for (std::size_t pair = window - 2; pair <= last;) {
-    const std::size_t step = skip[PairIndex(text + pair)];
-    if (step == 0) classes |= ClassesAt(line, pair - (window - 2));
-    pair += std::max<std::size_t>(step, 1);
-  }
+  const std::size_t stride = window - 1;
+  for (std::size_t pair = window - 2; pair + 2 <= line.size(); pair += stride)
+    if (const std::uint32_t places = offsets[PairIndex(line.data() + pair)])
+      classes |= ClassesAround(line, pair, places);
   return classes;
 }
 

@@ -23,8 +23,9 @@ enum LineClass : unsigned {
 // Searches as if the line were in capital letters: a response string with a small letter is never found, an
 // empty one is found in every line.
 //
-// The search looks at the last two characters of a window as long as the shortest string and skips ahead by
-// what the table says can be skipped, so most characters are never looked at.
+// Of a line only every few pairs of characters are looked at, so far apart that any response string in the
+// line covers one of them. The looks do not depend on each other, which the processor likes better than fewer
+// that do.
 class LineClassifier {
  public:
   // By the response strings of the settings.
@@ -39,19 +40,21 @@ class LineClassifier {
     std::string text;
     unsigned lineClass;
   };
-  unsigned ClassesAt(std::string_view line, std::size_t position) const;
+  unsigned ClassesAt(std::string_view line, std::size_t position, unsigned candidates) const;
+  unsigned ClassesAround(std::string_view line, std::size_t pair, std::uint32_t places) const;
 
   // A pair of characters by their low five bits, which are the same for a letter and its capital.
   static std::size_t PairIndex(const char* pair) {
-    return std::size_t{static_cast<unsigned char>(pair[0])} % 32 * 32 +
-           static_cast<unsigned char>(pair[1]) % 32;
+    return static_cast<std::size_t>((pair[0] & 31) << 5 | (pair[1] & 31));
   }
 
   std::array<Response, 7> responses;
   unsigned always = NoClass;    // classes of empty response strings
   unsigned searched = NoClass;  // classes that a line may or may not have
   std::size_t window = 0;       // length of the shortest string searched for
-  std::array<std::uint8_t, 1024> skip{};
+  std::array<std::uint32_t, 1024>
+      offsets{};  // a bit for each place that a pair has in some string's first window
+  std::array<std::uint8_t, 1024> begins{};  // the classes whose strings can begin with a pair
 };
 
 }  // namespace qel

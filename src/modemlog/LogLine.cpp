@@ -86,11 +86,6 @@ Date TimeOfLine(std::string_view line) {
 Int32 GetReadBytes(std::string_view line) { return BytesBehind(line, ModemReads); }
 Int32 GetWriteBytes(std::string_view line) { return BytesBehind(line, ModemWrites); }
 
-bool IsBlankLine(std::string_view line) {
-  if (!line.empty() && line.front() != ' ') return false;
-  return line.find_first_not_of(' ') == std::string_view::npos;
-}
-
 void NewModemLog(const std::string& path) {
   const Date now = Now();
   FileWriter file(path);

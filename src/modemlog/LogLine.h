@@ -10,6 +10,9 @@
 
 namespace qel {
 
+// The characters at the beginning of a line that its date is read from.
+inline constexpr std::size_t DateLength = 10;
+
 // The date of a line, or 0 where it has none: day, month or year are no number above 0, or make no date that
 // the calendar has. Month 13 and day 32 carry over; nothing here rejects them.
 Date GetLineDate(std::string_view line);
@@ -25,7 +28,9 @@ Int32 GetReadBytes(std::string_view line);
 Int32 GetWriteBytes(std::string_view line);
 
 // Whether a line holds nothing but blanks. Such a line is no entry.
-bool IsBlankLine(std::string_view line);
+inline bool IsBlankLine(std::string_view line) {
+  return (line.empty() || line.front() == ' ') && line.find_first_not_of(' ') == std::string_view::npos;
+}
 
 // Writes a log of one entry that says so, emptying what stood at `path`. Raises the disk's errors.
 void NewModemLog(const std::string& path);

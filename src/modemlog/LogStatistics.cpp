@@ -24,8 +24,6 @@ Date FirstEntryDate = 0, LastEntryDate = 0;
 
 namespace {
 
-constexpr std::size_t DateLength = 10;
-
 bool IsTextByte(unsigned char byte) {
   return (byte >= 32 && byte < 127) || byte == 9 || byte == 10 || byte == 13;
 }
@@ -66,18 +64,23 @@ bool HoldsBadByte(bool showProgress, Int16 step) {
 
 void ReadEntries() {
   LineReader file(CurrentLogPath);
-  std::string lastDate;  // as much of the last entry as its date takes
+  std::array<char, DateLength> last{};  // as much of the last entry as its date takes
+  std::size_t lastLength = 0;
   std::int64_t entries = 0;
   for (std::string_view line; file.Next(line);) {
     if (IsBlankLine(line)) continue;
     if (FirstEntryDate < 1) FirstEntryDate = GetLineDate(line);
     ++entries;
-    lastDate.assign(line.substr(0, DateLength));
+    lastLength = std::min(line.size(), DateLength);
+    if (lastLength == DateLength)
+      std::memcpy(last.data(), line.data(), DateLength);
+    else
+      line.copy(last.data(), lastLength);
   }
   file.Close();
   // A float counter that is stepped by one stops at 2^24.
   LogEntries = static_cast<float>(std::min<std::int64_t>(entries, 16777216));
-  LastEntryDate = GetLineDate(lastDate);
+  LastEntryDate = GetLineDate({last.data(), lastLength});
 }
 
 }  // namespace
