@@ -18,26 +18,13 @@ bool StandsAt(std::string_view line, std::size_t position, const std::string& te
   return true;
 }
 
-// All pairs of characters whose capitals are these two.
-template <typename Visit>
-void ForEachSpelling(const char* capitals, Visit visit) {
-  for (int first = 0; first < 256; ++first) {
-    if (UpperCase(static_cast<unsigned char>(first)) != static_cast<unsigned char>(capitals[0])) continue;
-    for (int second = 0; second < 256; ++second) {
-      if (UpperCase(static_cast<unsigned char>(second)) != static_cast<unsigned char>(capitals[1])) continue;
-      const char pair[] = {static_cast<char>(first), static_cast<char>(second)};
-      visit(pair);
-    }
-  }
-}
-
 }  // namespace
 
 LineClassifier::LineClassifier()
     : LineClassifier({ModemDial, ModemAnswer, ModemConnect, ModemUserDisconnect, ModemHostDisconnect,
                       ModemReads, ModemWrites}) {}
 
-LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) {
+LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) : places(65536) {
   for (std::size_t i = 0; i < texts.size(); ++i) {
     responses[i] = {texts[i], 1u << i};
     if (texts[i].empty()) {
@@ -47,34 +34,42 @@ LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) {
     searched |= responses[i].lineClass;
     window = window == 0 ? texts[i].size() : std::min(window, texts[i].size());
   }
-  window = std::min<std::size_t>(window, 33);  // what the offsets have bits for
-  if (window < 2) return;
-  for (const auto& response : responses) {
-    if (response.text.empty()) continue;
-    ForEachSpelling(response.text.data(), [&](const char* pair) {
-      begins[PairIndex(pair)] |= static_cast<std::uint8_t>(response.lineClass);
-    });
-    for (std::size_t i = 0; i + 1 < window; ++i)
-      ForEachSpelling(response.text.data() + i,
-                      [&](const char* pair) { offsets[PairIndex(pair)] |= 1u << i; });
-  }
+  window = std::min<std::size_t>(window, 9);  // eight pairs, as many as a place has bits
+  for (const auto& response : responses)
+    if (!response.text.empty()) NotePlaces(response.text);
 }
 
-unsigned LineClassifier::ClassesAt(std::string_view line, std::size_t position, unsigned candidates) const {
+// Every spelling of the string's first pairs, in capital and small letters.
+void LineClassifier::NotePlaces(const std::string& text) {
+  for (std::size_t i = 0; i + 1 < window; ++i)
+    for (unsigned first = 0; first < 256; ++first) {
+      if (UpperCaseTable[first] != static_cast<unsigned char>(text[i])) continue;
+      for (unsigned second = 0; second < 256; ++second)
+        if (UpperCaseTable[second] == static_cast<unsigned char>(text[i + 1]))
+          places[first | second << 8] |= static_cast<std::uint8_t>(1u << i);
+    }
+}
+
+unsigned LineClassifier::ClassesAt(std::string_view line, std::size_t position) const {
   unsigned classes = NoClass;
   for (const auto& response : responses)
-    if ((candidates & response.lineClass) && StandsAt(line, position, response.text))
-      classes |= response.lineClass;
+    if (!response.text.empty() && StandsAt(line, position, response.text)) classes |= response.lineClass;
   return classes;
 }
 
-// The pair has each of the `places` in some response string.
-unsigned LineClassifier::ClassesAround(std::string_view line, std::size_t pair, std::uint32_t places) const {
+// Whether each pair of the window has its place in some string.
+bool LineClassifier::MayBegin(const char* text) const {
+  for (std::size_t i = 0; i + 1 < window; ++i)
+    if (!(places[PairIndex(text + i)] >> i & 1)) return false;
+  return true;
+}
+
+// Of the strings that have the pair, each where its beginning would then stand.
+unsigned LineClassifier::ClassesAround(std::string_view line, std::size_t pair) const {
   unsigned classes = NoClass;
-  for (; places != 0; places &= places - 1) {
-    const std::size_t begin = pair - static_cast<std::size_t>(std::countr_zero(places));
-    if (const unsigned candidates = begins[PairIndex(line.data() + begin)])
-      classes |= ClassesAt(line, begin, candidates);
+  for (unsigned rest = places[PairIndex(line.data() + pair)]; rest != 0; rest &= rest - 1) {
+    const std::size_t begin = pair - static_cast<std::size_t>(std::countr_zero(rest));
+    if (begin + window <= line.size() && MayBegin(line.data() + begin)) classes |= ClassesAt(line, begin);
   }
   return classes;
 }
@@ -83,13 +78,11 @@ unsigned LineClassifier::ClassesOf(std::string_view line) const {
   unsigned classes = always;
   if (searched == NoClass || line.size() < window) return classes;
   if (window == 1) {
-    for (std::size_t i = 0; i < line.size(); ++i) classes |= ClassesAt(line, i, searched);
+    for (std::size_t i = 0; i < line.size(); ++i) classes |= ClassesAt(line, i);
     return classes;
   }
-  const std::size_t stride = window - 1;
-  for (std::size_t pair = window - 2; pair + 2 <= line.size(); pair += stride)
-    if (const std::uint32_t places = offsets[PairIndex(line.data() + pair)])
-      classes |= ClassesAround(line, pair, places);
+  for (std::size_t pair = window - 2; pair + 2 <= line.size(); pair += window - 1)
+    if (places[PairIndex(line.data() + pair)] != 0) classes |= ClassesAround(line, pair);
   return classes;
 }
 

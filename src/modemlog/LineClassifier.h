@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qel {
 
@@ -40,21 +41,21 @@ class LineClassifier {
     std::string text;
     unsigned lineClass;
   };
-  unsigned ClassesAt(std::string_view line, std::size_t position, unsigned candidates) const;
-  unsigned ClassesAround(std::string_view line, std::size_t pair, std::uint32_t places) const;
 
-  // A pair of characters by their low five bits, which are the same for a letter and its capital.
   static std::size_t PairIndex(const char* pair) {
-    return static_cast<std::size_t>((pair[0] & 31) << 5 | (pair[1] & 31));
+    return std::size_t{static_cast<unsigned char>(pair[0])} | std::size_t{static_cast<unsigned char>(pair[1])}
+                                                                  << 8;
   }
+  void NotePlaces(const std::string& text);
+  bool MayBegin(const char* text) const;
+  unsigned ClassesAround(std::string_view line, std::size_t pair) const;
+  unsigned ClassesAt(std::string_view line, std::size_t position) const;
 
   std::array<Response, 7> responses;
-  unsigned always = NoClass;    // classes of empty response strings
-  unsigned searched = NoClass;  // classes that a line may or may not have
-  std::size_t window = 0;       // length of the shortest string searched for
-  std::array<std::uint32_t, 1024>
-      offsets{};  // a bit for each place that a pair has in some string's first window
-  std::array<std::uint8_t, 1024> begins{};  // the classes whose strings can begin with a pair
+  unsigned always = NoClass;         // classes of empty response strings
+  unsigned searched = NoClass;       // classes that a line may or may not have
+  std::size_t window = 0;            // characters of each string that the looks rest on
+  std::vector<std::uint8_t> places;  // by pair: a bit for each place that it has in some string's window
 };
 
 }  // namespace qel
