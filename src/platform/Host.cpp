@@ -4,9 +4,9 @@ namespace qel {
 
 namespace {
 
-// Before a face has set its own host there is nobody to ask.
+// Before a face has set its own host there is nobody to ask, and nothing to wait for.
 class NoHost : public Host {
-  Answer MessageBox(const Message&) override { return Answer::OK; }
+  Answer MessageBox(const Message&) override { return Answer::Abort; }
 };
 
 NoHost noHost;
