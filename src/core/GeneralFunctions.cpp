@@ -111,7 +111,7 @@ double XVal(const std::string& text) {
   return Val(plain);
 }
 
-bool FileExists(const std::string& path) { return !path.empty() && PathExists(path); }
+bool FileExists(const std::string& path) { return !path.empty() && PathExists(path) && !IsFolder(path); }
 
 std::string PadLeft(const std::string& text, char pad, Int16 width) {
   const std::string trimmed(Trim(text));

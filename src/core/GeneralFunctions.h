@@ -38,6 +38,7 @@ std::string Format_Dplaces(const std::string& text, Int16 places);
 // regional form, and the text is read as it stands.
 double XVal(const std::string& text);
 
+// False for a folder.
 bool FileExists(const std::string& path);
 
 // Trims `text` and puts `pad` before it up to `width` characters.
