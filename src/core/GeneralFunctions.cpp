@@ -94,6 +94,8 @@ std::string Format_Dplaces(const std::string& text, Int16 places) {
 
 double XVal(const std::string& text) {
   const auto decimal = text.find(NumberDecimal);
+  const auto thousand = NumberThousand.empty() ? std::string::npos : text.find(NumberThousand);
+  if (thousand != std::string::npos && decimal < thousand) return Val(text);
   std::string plain;
   for (std::size_t i = 0; i < text.size();) {
     if (i == decimal && !NumberDecimal.empty()) {
@@ -109,7 +111,7 @@ double XVal(const std::string& text) {
   return Val(plain);
 }
 
-bool FileExists(const std::string& path) { return !path.empty() && PathExists(path); }
+bool FileExists(const std::string& path) { return !path.empty() && PathExists(path) && !IsFolder(path); }
 
 std::string PadLeft(const std::string& text, char pad, Int16 width) {
   const std::string trimmed(Trim(text));

@@ -34,9 +34,11 @@ std::string FormatTime(float seconds, bool noHours);
 std::string Format_Dplaces(const std::string& text, Int16 places);
 
 // The value of a text in regional form; what follows the number is ignored, an empty text is 0. Thousand
-// separators before the decimal symbol do not end the number.
+// separators before the decimal symbol do not end the number; a decimal symbol before the first of them is no
+// regional form, and the text is read as it stands.
 double XVal(const std::string& text);
 
+// False for a folder.
 bool FileExists(const std::string& path);
 
 // Trims `text` and puts `pad` before it up to `width` characters.
