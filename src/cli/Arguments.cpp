@@ -52,22 +52,21 @@ const Choice<OutputFormat> Formats[] = {
     {"text", OutputFormat::Text}, {"csv", OutputFormat::Csv}, {"json", OutputFormat::Json}};
 
 const OptionRow Rows[] = {
-    {"--log", "FILE", "read FILE, a modem log or an archive of one, in place of the default log",
+    {"--log", "FILE", "the modem log to read (default: that of the settings)",
      [](Arguments& a, const std::string& value) { a.log = value; }},
-    {"--settings", "FILE.reg",
-     "take services, tariffs and all options from FILE.reg; nothing is written to it",
+    {"--settings", "FILE.reg", "services, tariffs and options; never written to",
      [](Arguments& a, const std::string& value) { a.settings = value; }},
-    {"--from", "YYYY-MM-DD", "first day of the report (default: the log's first entry)",
+    {"--from", "YYYY-MM-DD", "first day of the report (default: the log's first)",
      [](Arguments& a, const std::string& value) { a.from = IsoDateOf(value); }},
-    {"--to", "YYYY-MM-DD", "last day of the report (default: the log's last entry)",
+    {"--to", "YYYY-MM-DD", "last day of the report (default: the log's last)",
      [](Arguments& a, const std::string& value) { a.to = IsoDateOf(value); }},
-    {"--report", "summary|details", "totals of each service (default), or every connection",
+    {"--report", "summary|details", "each service (default), or each connection",
      [](Arguments& a, const std::string& value) { a.report = Choose(Reports, "--report", value); }},
-    {"--format", "text|csv|json", "how the report is written (default: text)",
+    {"--format", "text|csv|json", "how it is written, in UTF-8 (default: text)",
      [](Arguments& a, const std::string& value) { a.format = Choose(Formats, "--format", value); }},
-    {"--output", "FILE", "write to FILE in place of standard output",
+    {"--output", "FILE", "where it is written (default: standard output)",
      [](Arguments& a, const std::string& value) { a.output = value; }},
-    {"--stats", nullptr, "print the statistics of the log in place of a report",
+    {"--stats", nullptr, "print the log's statistics in place of a report",
      [](Arguments& a, const std::string&) { a.stats = true; }},
     {"--help", nullptr, "print this help", [](Arguments& a, const std::string&) { a.help = true; }},
     {"--version", nullptr, "print the version", [](Arguments& a, const std::string&) { a.version = true; }},
@@ -122,8 +121,8 @@ std::string UsageText() {
 
 std::string HelpText() {
   std::string text = UsageText() +
-                     "\nRebuilds the dial-up connections of a modem log, prices them by your services and\n"
-                     "tariffs, and prints the report of a period.\n\n";
+                     "\nRebuilds the dial-up connections of a modem log, prices them by your services\n"
+                     "and tariffs, and prints the report of a period.\n\n";
   std::size_t width = 0;
   for (const auto& row : Rows) width = std::max(width, Shown(row).size());
   for (const auto& row : Rows) {
@@ -131,8 +130,8 @@ std::string HelpText() {
     text += "  " + shown + std::string(width - shown.size() + 2, ' ') + row.explanation + "\n";
   }
   return text +
-         "\nExit status: 0 a whole report, 1 no report, 2 wrong arguments, 3 a report that is\n"
-         "incomplete because the connection limit was reached.\n";
+         "\nExit status: 0 a whole report, 1 no report, 2 wrong arguments, 3 a report that\n"
+         "is incomplete because the connection limit was reached.\n";
 }
 
 }  // namespace qel

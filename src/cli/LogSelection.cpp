@@ -9,6 +9,7 @@
 #include "core/ProgramState.h"
 #include "modemlog/LogMessages.h"
 #include "modemlog/LogStatistics.h"
+#include "platform/Disk.h"
 #include "platform/Files.h"
 #include "platform/RegistryFile.h"
 #include "settings/Settings.h"
@@ -40,7 +41,14 @@ bool Refuse(const std::string& why) {
   return false;
 }
 
+// A pipe or a device, which gives its bytes only once and tells no length.
+bool IsStream(const std::string& path) {
+  struct stat status {};
+  return CurrentDisk().Status(path, &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+}
+
 bool CanBeRead() {
+  if (IsStream(CurrentLogPath)) return Refuse("cannot read the log: it must be a file, no pipe or device");
   try {
     LineReader file(CurrentLogPath);
     file.Close();

@@ -64,7 +64,7 @@ class TypedPeriod : public PeriodFields {
   void Complain() override { qel::Complain(StatusMessages[static_cast<std::size_t>(StatusIndex)].Text); }
 };
 
-bool ChoosePeriod(const Arguments& arguments) {
+void TypePeriod(const Arguments& arguments) {
   TypedPeriod fields;
   fields.FormLoading = true;
   fields.SetStarting(format_date(FirstEntryDate));
@@ -73,8 +73,16 @@ bool ChoosePeriod(const Arguments& arguments) {
   if (arguments.from) fields.SetStarting(format_date(*arguments.from));
   fields.CurrentDateField = DateField::Ending;
   if (arguments.to) fields.SetEnding(format_date(*arguments.to));
+}
+
+bool ChoosePeriod(const Arguments& arguments) {
+  SetTrace("ReportRun", "ChoosePeriod");
   bool usable = false;
-  Attempt([&usable] { usable = checkProcess(); });
+  Attempt([&] {
+    TypePeriod(arguments);
+    usable = checkProcess();
+  });
+  if (!usable) Complain("the short date format of the settings writes no dates that can be read back");
   return usable;
 }
 

@@ -2,23 +2,32 @@
 
 #include <iostream>
 #include <new>
+#include <optional>
+#include <string>
 
 #include "cli/Arguments.h"
 #include "cli/CommandLineHost.h"
+#include "cli/ReportOutput.h"
 #include "cli/ReportRun.h"
 #include "core/EndProgram.h"
 #include "core/Version.h"
+
+namespace {
+
+qel::ExitStatus Print(const std::string& text) {
+  return qel::WriteOut(text, std::nullopt) ? qel::WholeReport : qel::NoReport;
+}
+
+}  // namespace
 
 int main(int count, char** words) {
   try {
     const qel::Arguments arguments = qel::ParseArguments({words + 1, words + count});
     if (arguments.help) {
-      std::cout << qel::HelpText();
-      return qel::WholeReport;
+      return Print(qel::HelpText());
     }
     if (arguments.version) {
-      std::cout << "qelreport " << qel::VersionText() << '\n';
-      return qel::WholeReport;
+      return Print("qelreport " + qel::VersionText() + "\n");
     }
     return qel::RunReport(arguments);
   } catch (const qel::ArgumentError& error) {

@@ -6,6 +6,7 @@
 #include "analysis/DataCost.h"
 #include "analysis/DialupCost.h"
 #include "analysis/ServiceCost.h"
+#include "core/Display.h"
 #include "core/ErrorHandler.h"
 #include "platform/CodePage.h"
 #include "settings/Settings.h"
@@ -86,7 +87,10 @@ void VisitConnection(Int16 index, const std::function<void(const DetailLine&)>& 
 
 void ForEachDetailLine(const std::function<void(const DetailLine&)>& visit) {
   Penalties.Make(MaxServices);
-  for (Int16 i = 1; i <= ConnectionCount; ++i) Attempt([&] { VisitConnection(i, visit); });
+  for (int i = 1; i <= ConnectionCount; ++i) {
+    CurrentDisplay().Progress(Int16(100 * i / int{ConnectionCount}));
+    Attempt([&] { VisitConnection(Int16(i), visit); });
+  }
 }
 
 }  // namespace qel

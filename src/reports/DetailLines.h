@@ -19,10 +19,10 @@ struct DetailLine {
   double DialCost, ServiceCost, DataCost, ConnectionCost;
 };
 
-// Calls `visit` for every connection shown, in the order of the log. Connections with errors are passed over
-// where the user does not want errors shown. What fails in a connection goes to the error handler. Charging
-// periods are counted afresh and the connections are left as they were found, so that the lines come out the
-// same however often they are asked for.
+// Calls `visit` for every connection shown, in the order of the log, and tells the display how far it is.
+// Connections with errors are passed over where the user does not want errors shown. What fails in a
+// connection goes to the error handler. Charging periods are counted afresh and the connections are left as
+// they were found, so that the lines come out the same however often they are asked for.
 void ForEachDetailLine(const std::function<void(const DetailLine&)>& visit);
 
 }  // namespace qel

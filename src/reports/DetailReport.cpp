@@ -1,7 +1,5 @@
 #include "reports/DetailReport.h"
 
-#include <cmath>
-
 #include "analysis/ConnectionNotes.h"
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
@@ -57,7 +55,6 @@ class DetailBuilder {
   void AddRows(const DetailLine& line, const Stamp& start, const Stamp& end, const std::string& duration);
   void AddTotalsRow();
   std::string TotalsLine() const;
-  void TellProgress(Int16 index) const;
   int NotesItem() const { return CalcCosts ? CostItem + 1 : CostItem; }
   std::string TotalTime() const { return FormatTime(totalSeconds, false); }
 
@@ -84,11 +81,6 @@ std::string DetailBuilder::Header() const {
          " Ending:    " + FormatDate(PeriodEnd, "Short Date") +
          (warn ? "      Report may not be accurate." : "") + NewLine + " Period:    " + PeriodText() +
          NewLine + NewLine + " " + Dashes(52 + costExtra) + NewLine + NewLine;
-}
-
-void DetailBuilder::TellProgress(Int16 index) const {
-  const double percent = std::floor(100.0 * index / ConnectionCount);
-  if (percent <= 100) CurrentDisplay().Progress(Int16(percent));
 }
 
 void DetailBuilder::AddText(const DetailLine& line, const Stamp& start, const Stamp& end,
@@ -141,7 +133,6 @@ void DetailBuilder::AddLine(const DetailLine& line) {
   totals.Data += line.DataCost;
   totals.Total += line.ConnectionCost;
   totalSeconds += static_cast<float>(line.Seconds);
-  TellProgress(line.Index);
 }
 
 void DetailBuilder::AddTotalsRow() {
