@@ -13,6 +13,14 @@ Int16 SymbolPrecedes, SymbolSpaced, CurrencyDigits;
 std::string DateSeparator, MoneyDecimal, MoneyThousand, TimeSeparator, NumberThousand, NumberDecimal;
 std::string ShortDatePattern;
 
+namespace {
+
+std::string Repeated(char character, Int16 count) {
+  return std::string(static_cast<std::size_t>(std::max<Int16>(count, 0)), character);
+}
+
+}  // namespace
+
 void GetCurrencySymbolInfo() {
   Region = ReadRegionalValues(Registry);
   Country = Region.Country;
@@ -33,10 +41,9 @@ std::string FormatCurrency(double amount, const std::string& symbol, Int16 symbo
                            Int16 spaceSeparated, Int16 digits, Int16 maxDigits) {
   std::string mask = "#,##0";
   if (digits > 0 || maxDigits > digits) mask += '.';
-  mask.append(digits, '0');
-  if (maxDigits > digits) mask.append(maxDigits - digits, '#');
+  mask += Repeated('0', digits) + Repeated('#', maxDigits - digits);
   const std::string text = FormatNumber(amount, mask);
-  const std::string blanks(spaceSeparated, ' ');
+  const std::string blanks = Repeated(' ', spaceSeparated);
   return symbolPrecedes == 1 ? symbol + blanks + text : text + blanks + symbol;
 }
 

@@ -31,7 +31,8 @@ enum ErrorNumber : int {
 
 class RunTimeError : public std::runtime_error {
  public:
-  // `systemError` is the errno behind a disk failure, 0 for any other. `path` is the file concerned, if any.
+  // `systemError` is the errno behind a disk failure, 0 for any other. `path` is the file or setting
+  // concerned, if any.
   explicit RunTimeError(int number, std::string source = "QEL", int systemError = 0, std::string path = "");
 
   int Number() const { return number; }

@@ -16,6 +16,8 @@ template <class... Cases>
 struct Overloaded : Cases... {
   using Cases::operator()...;
 };
+template <class... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
 
 std::string LowByteFirst(std::uint32_t number) {
   std::string bytes;

@@ -63,7 +63,11 @@ struct Storer {
 void LoadSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
                  const SettingPlace& place) {
   const SettingValue value = QueryValue(SettingsRoot, keyName, valueName);
-  std::visit(Loader{value, as}, place);
+  try {
+    std::visit(Loader{value, as}, place);
+  } catch (const RunTimeError& error) {
+    throw RunTimeError(error.Number(), error.Source(), 0, keyName + "\\" + valueName);
+  }
 }
 
 void StoreSetting(const std::string& keyName, const std::string& valueName, StoredAs as,

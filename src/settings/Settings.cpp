@@ -105,14 +105,8 @@ void SetDefaults(std::span<const Setting> settings) {
   for (const auto& setting : settings) SetDefault(setting);
 }
 
-// The default costs stand for a missing CalcCosts only: a stored cost of zero is meant so.
-void FillCosts() {
-  if (!CalcCosts.Given()) {
-    SetDefaults(CostSettings().first(3));
-    SettingsDirty = true;
-  }
-  FillDefaults(CostSettings().last(1));
-}
+// The default costs go with a missing CalcCosts only: beside a stored one a cost of zero is meant so.
+void FillCosts() { FillDefaults(CalcCosts.Given() ? CostSettings().last(1) : CostSettings()); }
 
 void FillWindowSettings() {
   if (ViewLogSettings.FontName.empty()) {
