@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <cstring>
 #include <limits>
-#include <optional>
 
 #include "core/Display.h"
 #include "core/ErrorHandler.h"
