@@ -22,7 +22,7 @@ std::string TidyNotes(const std::string& text);
 
 // Seconds of connection `index` inside the period. Where the connection sticks out of the period its Notes
 // become " Time prior to midnight" or " Time from midnight"; over a midnight inside the period they become
-// empty. An error inside leaves the seconds counted so far.
+// empty. 0 where anything fails.
 float GetConnectionSeconds(Int16 index);
 
 }  // namespace qel

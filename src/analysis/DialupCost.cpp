@@ -171,7 +171,7 @@ double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece
   }
   const Int16 unitLength = tariff.UnitMins * 60 + tariff.UnitSecs;
   if (unitLength > 0) {
-    units = Int16(seconds / unitLength);
+    units = Int16(std::floor(static_cast<double>(seconds) / unitLength));
     if (seconds % unitLength != 0) ++units;
   } else {
     units = Int16(seconds);

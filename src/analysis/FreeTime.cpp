@@ -18,13 +18,12 @@ int Positive(int seconds) { return std::max(seconds, 0); }
 // All four in seconds of the day. Free from fs to fe, connected from a to b. The first rule that fits
 // decides; below 0 is 0.
 
-// A connection that begins before the free period and ends inside it fits no rule and has no free time.
 int FreeDayConnectedDay(int fs, int fe, int a, int b) {
   if (b <= fs || a >= fe) return 0;
   if (a >= fs && b <= fe) return b - a;
   if (a <= fs && b >= fe) return fe - fs;
-  if (a >= fs && b >= fe) return fe - a;
-  return 0;
+  if (a <= fs) return b - fs;
+  return fe - a;
 }
 
 int FreeDayConnectedOverMidnight(int fs, int fe, int a, int b) {

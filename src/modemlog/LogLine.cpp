@@ -1,7 +1,5 @@
 #include "modemlog/LogLine.h"
 
-#include <cstring>
-
 #include "core/ProgramState.h"
 #include "core/Version.h"
 #include "platform/Clock.h"

@@ -18,8 +18,7 @@ inline constexpr std::size_t DateLength = 10;
 Date GetLineDate(std::string_view line);
 
 // The time of day between the first blank and the first "." behind it. Raises 5 (invalid call) where there is
-// no
-// ".", 13 (type mismatch) where the text is no time.
+// no ".", 13 (type mismatch) where the text is no time.
 Date TimeOfLine(std::string_view line);
 
 // The first run of digits behind the reads or writes marker, in bytes. 0 where there is none or where the run

@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <cstring>
 #include <limits>
-#include <optional>
 
 #include "core/Display.h"
 #include "core/ErrorHandler.h"
@@ -39,14 +36,14 @@ void ShowLoading(int percent) {
 }
 
 // Tells the splash window at every multiple of the step between two positions.
-void ShowLoadingUpTo(int position, int before, Int16 step) {
+void ShowLoadingUpTo(int position, int before, int step) {
   if (step < 1) return;
   for (int next = (before / step + 1) * step; next <= position; next += step)
     ShowLoading(Int16(100.0 * next / LogLength));
 }
 
 // True where a byte before the last one of the file is none of a text.
-bool HoldsBadByte(bool showProgress, Int16 step) {
+bool HoldsBadByte(bool showProgress, int step) {
   BlockReader file(CurrentLogPath);
   int position = 0;  // bytes looked at
   for (std::string_view block = file.Next(); !block.empty() && position < LogLength - 1;

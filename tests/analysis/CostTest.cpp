@@ -1,0 +1,58 @@
+#include "analysis/AnalysisTest.h"
+#include "analysis/DialupCost.h"
+#include "analysis/ServiceCost.h"
+
+namespace qel {
+
+// The name "Holidays" says the days; all others are for every day.
+void SetTariffs(ServiceRecord& service, const std::string& text) {
+  service.DialOption = 2;
+  service.UsedTariffs = 0;
+  std::istringstream tariffs(text);
+  for (std::string entry; std::getline(tariffs, entry, ';'); ++service.UsedTariffs) {
+    TariffRecord& t = service.Tariffs[service.UsedTariffs] = {};
+    std::istringstream words(entry);
+    std::string start, end;
+    int number = 0, seconds = 0;
+    words >> t.Description >> start >> end >> t.DialRate >> t.PerMinuteRate >> t.Unit >> number >> seconds;
+    t.AppliesDays = t.Description == "Holidays" ? t.Description : "Everyday";
+    t.AppliesTimeStart = Clock(start);
+    t.AppliesTimeEnd = Clock(end);
+    t.Unit = "Per " + t.Unit;
+    t.After = t.UnitMins = number;
+    t.UnitSecs = seconds;
+  }
+}
+
+TEST_F(AnalysisTest, CallIsPricedPieceByPieceByTheFirstTariffThatHolds) {
+  Connections.Make(1);
+  for (const auto& [tariffs, call, cost, notes] : Cases("analysis/Calls")) {
+    SetTariffs(service, tariffs);
+    std::istringstream words(call);
+    int from, to;
+    std::string start, end;
+    words >> from >> start >> to >> end;
+    Connections[1].Notes.clear();
+    EXPECT_NEAR(GetDialupCost("777", Jan(from), Clock(start), Jan(to), Clock(end), 1), std::stod(cost), 1e-9)
+        << tariffs << " => " << call;
+    EXPECT_EQ(Connections[1].Notes, notes) << tariffs << " => " << call;
+  }
+  SetTariffs(service, "Flat 00:00 23:59 0 1 Unit 0 1");  // more units than 16 bits hold
+  EXPECT_THROW(GetDialupCost("777", Jan(5), Clock("01:00"), Jan(5), Clock("23:00"), 0), RunTimeError);
+}
+
+TEST_F(AnalysisTest, TariffDaysOnceNamedReachToSundayAndNeverOverIt) {
+  for (const auto& [days, expected, _, __] : Cases("analysis/TariffDays")) {
+    std::string matches;
+    for (int day = 4; day <= 10; ++day) matches += DayMatches(Jan(day), days) ? "1" : "0";
+    EXPECT_EQ(matches, expected) << days;
+  }
+}
+
+TEST_F(AnalysisTest, ChargingPeriodsAreWindowsFromTheFirstDayOfTheReport) {
+  SetPeriod(Jan(31), Jan(31));  // its month is 28 days long
+  const std::tuple<const char*, int, int> cases[] = {{"Month", 27, 0}, {"Month", 28, 1}, {"Week", -20, 0}};
+  for (const auto& [name, days, number] : cases) EXPECT_EQ(GetPeriodNumber(Jan(31 + days), name), number);
+}
+
+}  // namespace qel

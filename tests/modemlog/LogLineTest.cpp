@@ -1,0 +1,75 @@
+#include <random>
+
+#include "modemlog/DialledNumber.h"
+#include "modemlog/LineClassifier.h"
+#include "modemlog/LogLine.h"
+#include "platform/CodePage.h"
+#include "platform/FormatMask.h"
+#include "support/Cases.h"
+#include "support/FreshProgram.h"
+
+namespace qel {
+
+using LogLine = FreshProgram;
+
+TEST_F(LogLine, DateCarriesOverAndTimeLiesBetweenTheFirstBlankAndThePointBehindIt) {
+  for (const auto& [line, expectedDate, time, _] : Cases("modemlog/Lines")) {
+    const Date date = GetLineDate(line);
+    EXPECT_EQ(date == 0 ? "" : FormatDate(date, "yyyy-mm-dd"), expectedDate) << line;
+    EXPECT_EQ(time.empty() ? "" : std::to_string(SecondOfDay(TimeOfLine(line))), time) << line;
+  }
+  for (const char* noTime : {"01-05-1999 10:20:30", "01-05-1999 24:00:00.0", "01-05-1999 soon."})
+    EXPECT_THROW(TimeOfLine(noTime), RunTimeError) << noTime;
+}
+
+TEST_F(LogLine, ByteCountIsTheFirstNumberThatDoesNotEndTheLine) {
+  for (const auto& c : Cases("modemlog/ByteCounts")) EXPECT_EQ(GetReadBytes(c[0]), std::stoi(c[1])) << c[0];
+  EXPECT_THROW(GetReadBytes("READS 2147483648;"), RunTimeError);
+  EXPECT_EQ(GetWriteBytes("READS 6,789 WRITES 22."), 22);
+}
+
+TEST_F(LogLine, ClassesAreThoseThatAPlainSearchOfTheCapitalLineFinds) {
+  std::mt19937 random(1);
+  const auto below = [&random](std::size_t limit) { return random() % limit; };
+  const auto text = [&](std::size_t length, const std::string& letters) {
+    std::string result(length, ' ');
+    for (char& letter : result) letter = letters[below(letters.size())];
+    return result;
+  };
+  const std::string letters("ABab \xC4\xE4\x8A\x9A\xFF\x9F\xDF\0", 13), capitals("AB\xC4\x8A\x9F\xDF");
+  for (int round = 0; round < 3000; ++round) {
+    const std::size_t least = std::array<std::size_t, 6>{0, 1, 2, 3, 9, 300}[below(6)];
+    std::array<std::string, 7> responses;
+    for (auto& response : responses) response = text(least + below(4), below(9) == 0 ? letters : capitals);
+    const LineClassifier classifier(responses);
+    for (int n = 0; n < 10; ++n) {
+      std::string line = text(below(12), letters);
+      if (below(2) == 0) line += LowerCase(responses[below(7)]) + text(below(4), letters);
+      if (below(4) == 0) line = responses[below(7)].substr(0, least) + line;
+      unsigned expected = NoClass;
+      for (std::size_t i = 0; i < 7; ++i)
+        if (UpperCase(line).find(responses[i]) != std::string::npos) expected |= 1u << i;
+      ASSERT_EQ(classifier.ClassesOf(line), expected) << "round " << round << ", line " << line;
+    }
+  }
+}
+
+TEST_F(LogLine, NumberIsCutBetweenTheDialModeAndTheLineEndNotation) {
+  for (const auto& [line, number, valid, _] : Cases("modemlog/Numbers")) {
+    EXPECT_EQ(CutDialledNumber(line), number) << line;
+    EXPECT_EQ(IsValidNumber(number), valid == "yes") << line;
+  }
+}
+
+TEST_F(LogLine, AServiceIsFoundByEitherNumberAndTheLowerIndexWins) {
+  AddService(" Alpha ", "111", "222");
+  AddService("Beta", "222", " 333");
+  AddService("Gamma", "444", "");
+  EXPECT_EQ(GetServiceIndex(" 222 "), 0);
+  EXPECT_EQ(GetServiceIndex(" 333"), -1);  // the service's blanks count
+  EXPECT_EQ(GetServiceIndex(""), 2);
+  EXPECT_EQ(GetServiceName("111"), "Alpha");
+  EXPECT_EQ(GetAltNumber("222"), "111");
+}
+
+}  // namespace qel
