@@ -32,7 +32,8 @@ std::string Rows() {
   std::string rows;
   for (int i = 1; i <= ConnectionCount; ++i) {
     const ConnectionRecord& c = Connections[i];
-    rows += (i > 1 ? "; " : "") + c.Number + FormatDate(c.EndDate + c.EndTime, " d hh:nn:ss") + "|" + c.Notes;
+    rows += (i > 1 ? "; " : "") + c.Number + FormatDate(c.EndDate, " d ") +
+            FormatDate(c.EndTime, "hh:nn:ss") + "|" + c.Notes;
   }
   return rows;
 }
