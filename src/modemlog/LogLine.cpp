@@ -87,7 +87,7 @@ Int32 GetWriteBytes(std::string_view line) { return BytesBehind(line, ModemWrite
 void NewModemLog(const std::string& path) {
   const Date now = Now();
   FileWriter file(path);
-  file.Write(FormatDate(now, "mm-dd-yyyy") + " " + FormatDate(now, "hh:nn:ss") + ".00 - " +
+  file.Write(FormatDate(now, "mm-dd-yyyy") + " " + FormatDate(now, "hh\\:nn\\:ss") + ".00 - " +
              "New modem log file created by QEL (Qelmark) v" + std::to_string(VersionMajor) + "." +
              std::to_string(VersionMinor) + NewLine);
   file.Close();
