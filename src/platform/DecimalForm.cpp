@@ -15,10 +15,23 @@ void DropZerosBehind(DecimalForm& form) {
   if (form.Digits.empty()) form = DecimalForm{};
 }
 
+// Whole numbers are the most frequent ones and need no rounding.
+DecimalForm WholeForm(double number) {
+  char text[20];
+  const auto end = std::to_chars(text, text + sizeof text, static_cast<long long>(std::fabs(number)));
+  DecimalForm form;
+  form.Negative = number < 0;
+  form.Digits.assign(text, end.ptr);
+  form.Point = static_cast<int>(form.Digits.size());
+  DropZerosBehind(form);
+  return form;
+}
+
 }  // namespace
 
 DecimalForm ToDecimalForm(double number) {
   if (!std::isfinite(number)) Raise(Overflow);
+  if (std::fabs(number) < 1e15 && number == std::trunc(number)) return WholeForm(number);
   char text[32];  // "d.dddddddddddddde+ddd"
   const auto end =
       std::to_chars(text, text + sizeof text, std::fabs(number), std::chars_format::scientific, 14);
