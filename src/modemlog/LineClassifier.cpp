@@ -10,11 +10,12 @@ namespace qel {
 
 namespace {
 
-bool StandsAt(std::string_view line, std::size_t position, const std::string& text) {
-  if (line.size() - position < text.size()) return false;
-  for (std::size_t i = 0; i < text.size(); ++i)
-    if (UpperCase(static_cast<unsigned char>(line[position + i])) != static_cast<unsigned char>(text[i]))
-      return false;
+// Whether `text` stands in the line with its end at `end`.
+bool EndsAt(std::string_view line, std::size_t end, const std::string& text) {
+  if (end < text.size()) return false;
+  const char* const from = line.data() + end - text.size();
+  for (std::size_t i = text.size(); i-- > 0;)
+    if (UpperCase(static_cast<unsigned char>(from[i])) != static_cast<unsigned char>(text[i])) return false;
   return true;
 }
 
@@ -39,37 +40,39 @@ LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) : places
     if (!response.text.empty()) NotePlaces(response.text);
 }
 
-// Every spelling of the string's first pairs, in capital and small letters.
+// Every spelling of the string's last pairs, in capital and small letters.
 void LineClassifier::NotePlaces(const std::string& text) {
+  const char* const from = text.data() + text.size() - window;
   for (std::size_t i = 0; i + 1 < window; ++i)
     for (unsigned first = 0; first < 256; ++first) {
-      if (UpperCaseTable[first] != static_cast<unsigned char>(text[i])) continue;
+      if (UpperCaseTable[first] != static_cast<unsigned char>(from[i])) continue;
       for (unsigned second = 0; second < 256; ++second)
-        if (UpperCaseTable[second] == static_cast<unsigned char>(text[i + 1]))
+        if (UpperCaseTable[second] == static_cast<unsigned char>(from[i + 1]))
           places[first | second << 8] |= static_cast<std::uint8_t>(1u << i);
     }
 }
 
-unsigned LineClassifier::ClassesAt(std::string_view line, std::size_t position) const {
+unsigned LineClassifier::ClassesEndingAt(std::string_view line, std::size_t end) const {
   unsigned classes = NoClass;
   for (const auto& response : responses)
-    if (!response.text.empty() && StandsAt(line, position, response.text)) classes |= response.lineClass;
+    if (!response.text.empty() && EndsAt(line, end, response.text)) classes |= response.lineClass;
   return classes;
 }
 
 // Whether each pair of the window has its place in some string.
-bool LineClassifier::MayBegin(const char* text) const {
+bool LineClassifier::MayEnd(const char* text) const {
   for (std::size_t i = 0; i + 1 < window; ++i)
     if (!(places[PairIndex(text + i)] >> i & 1)) return false;
   return true;
 }
 
-// Of the strings that have the pair, each where its beginning would then stand.
+// Of the strings that have the pair, each where it would then stand.
 unsigned LineClassifier::ClassesAround(std::string_view line, std::size_t pair) const {
   unsigned classes = NoClass;
   for (unsigned rest = places[PairIndex(line.data() + pair)]; rest != 0; rest &= rest - 1) {
     const std::size_t begin = pair - static_cast<std::size_t>(std::countr_zero(rest));
-    if (begin + window <= line.size() && MayBegin(line.data() + begin)) classes |= ClassesAt(line, begin);
+    const std::size_t end = begin + window;
+    if (end <= line.size() && MayEnd(line.data() + begin)) classes |= ClassesEndingAt(line, end);
   }
   return classes;
 }
@@ -78,7 +81,7 @@ unsigned LineClassifier::ClassesOf(std::string_view line) const {
   unsigned classes = always;
   if (searched == NoClass || line.size() < window) return classes;
   if (window == 1) {
-    for (std::size_t i = 0; i < line.size(); ++i) classes |= ClassesAt(line, i);
+    for (std::size_t end = 1; end <= line.size(); ++end) classes |= ClassesEndingAt(line, end);
     return classes;
   }
   for (std::size_t pair = window - 2; pair + 2 <= line.size(); pair += window - 1)

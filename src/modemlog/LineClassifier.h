@@ -47,14 +47,14 @@ class LineClassifier {
                                                                   << 8;
   }
   void NotePlaces(const std::string& text);
-  bool MayBegin(const char* text) const;
+  bool MayEnd(const char* text) const;
   unsigned ClassesAround(std::string_view line, std::size_t pair) const;
-  unsigned ClassesAt(std::string_view line, std::size_t position) const;
+  unsigned ClassesEndingAt(std::string_view line, std::size_t end) const;
 
   std::array<Response, 7> responses;
   unsigned always = NoClass;         // classes of empty response strings
   unsigned searched = NoClass;       // classes that a line may or may not have
-  std::size_t window = 0;            // characters of each string that the looks rest on
+  std::size_t window = 0;            // characters at each string's end that the looks rest on
   std::vector<std::uint8_t> places;  // by pair: a bit for each place that it has in some string's window
 };
 
