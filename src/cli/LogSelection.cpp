@@ -1,6 +1,6 @@
 #include "cli/LogSelection.h"
 
-#include <cstdlib>
+#include <cerrno>
 #include <cstring>
 #include <exception>
 
@@ -9,7 +9,6 @@
 #include "core/ProgramState.h"
 #include "modemlog/LogMessages.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/Disk.h"
 #include "platform/Files.h"
 #include "platform/RegistryFile.h"
 #include "settings/Settings.h"
@@ -17,11 +16,6 @@
 namespace qel {
 
 namespace {
-
-std::string Variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? value : "";
-}
 
 void TakeAsArchive(const std::string& path) {
   CurrentLogPath = path;
@@ -41,12 +35,6 @@ bool Refuse(const std::string& why) {
   return false;
 }
 
-// A pipe or a device, which gives its bytes only once and tells no length.
-bool IsStream(const std::string& path) {
-  struct stat status {};
-  return CurrentDisk().Status(path, &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
-}
-
 bool CanBeRead() {
   if (IsStream(CurrentLogPath)) return Refuse("cannot read the log: it must be a file, no pipe or device");
   try {
@@ -61,13 +49,6 @@ bool CanBeRead() {
 }
 
 }  // namespace
-
-std::string SettingsStorePath() {
-  const std::string name = std::string(1, PathSeparator) + "registry.reg";
-  if (const std::string home = Variable("QEL_HOME"); !home.empty()) return home + name;
-  if (const std::string config = Variable("XDG_CONFIG_HOME"); !config.empty()) return config + "/qel" + name;
-  return Variable("HOME") + "/.config/qel" + name;
-}
 
 std::string ReasonOf(const RunTimeError& error) {
   try {

@@ -8,10 +8,6 @@
 
 namespace qel {
 
-// Where the program keeps its settings: registry.reg in $QEL_HOME, else in qel below the user's
-// configuration.
-std::string SettingsStorePath();
-
 // Takes the named file as an opened archive, or else the default log of the settings after the test for
 // corruption, and gathers its statistics. False with a complaint where there is nothing to report on.
 bool SelectLog(const std::optional<std::string>& named);

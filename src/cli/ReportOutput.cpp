@@ -2,14 +2,13 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
+#include <utility>
 
 #include "cli/CommandLineHost.h"
 #include "cli/LogSelection.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/CodePage.h"
-#include "platform/Disk.h"
 #include "platform/Files.h"
 #include "platform/FormatMask.h"
 #include "platform/TextConversion.h"
@@ -30,19 +29,16 @@ void ForEachUtf8Piece(const std::string& text, Take take) {
     take(ToUtf8(std::string_view(text).substr(begin, PieceSize)));
 }
 
-bool SameFile(const std::string& a, const std::string& b) {
-  struct stat first {
-  }, second{};
-  return CurrentDisk().Status(a, &first) == 0 && CurrentDisk().Status(b, &second) == 0 &&
-         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
-}
-
 void WriteToStandardOutput(const std::string& text) {
   bool written = true;
   ForEachUtf8Piece(text, [&written](const std::string& piece) {
     written = written && std::fwrite(piece.data(), 1, piece.size(), stdout) == piece.size();
   });
   if (!written || std::fflush(stdout) != 0) RaiseErrno(errno, "standard output");
+}
+
+ExportFormat ExportFormatOf(OutputFormat format) {
+  return format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
 }
 
 std::string StatisticsText() {
@@ -60,7 +56,7 @@ std::string StatisticsText() {
 std::string ReportOutput(ReportKind report, OutputFormat format) {
   const bool summary = report == ReportKind::Summary;
   if (format != OutputFormat::Text) {
-    const ExportFormat as = format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
+    const ExportFormat as = ExportFormatOf(format);
     return summary ? ExportSummary(as) : ExportDetails(as);
   }
   ReportDocument document = summary ? DisplaySummaryReport() : DisplayDetailReport();
@@ -69,13 +65,13 @@ std::string ReportOutput(ReportKind report, OutputFormat format) {
 
 std::string StatisticsOutput(OutputFormat format) {
   if (format == OutputFormat::Text) return StatisticsText();
-  return ExportStatistics(format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json);
+  return ExportStatistics(ExportFormatOf(format));
 }
 
 bool MayWriteTo(const std::string& path, const std::optional<std::string>& settings) {
   const std::string read[] = {CurrentLogPath, settings.value_or(SettingsStorePath())};
   for (const auto& file : read)
-    if (SameFile(path, file)) {
+    if (IsSameFile(path, file)) {
       Complain("--output " + ShownPath(path) + " would overwrite what the report is made from");
       return false;
     }

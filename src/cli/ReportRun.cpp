@@ -1,11 +1,10 @@
 #include "cli/ReportRun.h"
 
-#include <cstdlib>
+#include <cerrno>
 #include <optional>
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "cli/CommandLineHost.h"
 #include "cli/LogSelection.h"
 #include "cli/ReportOutput.h"
 #include "core/CurrencyFormat.h"
@@ -88,9 +87,8 @@ bool ChoosePeriod(const Arguments& arguments) {
 
 }  // namespace
 
-ExitStatus RunReport(const Arguments& arguments) {
+ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   StartFresh();
-  CommandLineHost host;
   SetHost(host);
   SetDisplay(host);
   if (!OpenSettings(arguments.settings)) return NoReport;

@@ -2,13 +2,15 @@
 #pragma once
 
 #include "cli/Arguments.h"
+#include "cli/CommandLineHost.h"
 
 namespace qel {
 
 enum ExitStatus : int { WholeReport = 0, NoReport = 1, WrongArguments = 2, IncompleteReport = 3 };
 
 // Runs by the arguments and says on standard error why there is no report, if there is none. Never writes to
-// the settings. Throws ProgramEnd where an error dialogue ends the run.
-ExitStatus RunReport(const Arguments& arguments);
+// the settings. `host` becomes the program's host and display and must outlive it. Throws ProgramEnd where an
+// error dialogue ends the run.
+ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host);
 
 }  // namespace qel

@@ -21,15 +21,12 @@ qel::ExitStatus Print(const std::string& text) {
 }  // namespace
 
 int main(int count, char** words) {
+  qel::CommandLineHost host;
   try {
     const qel::Arguments arguments = qel::ParseArguments({words + 1, words + count});
-    if (arguments.help) {
-      return Print(qel::HelpText());
-    }
-    if (arguments.version) {
-      return Print("qelreport " + qel::VersionText() + "\n");
-    }
-    return qel::RunReport(arguments);
+    if (arguments.help) return Print(qel::HelpText());
+    if (arguments.version) return Print("qelreport " + qel::VersionText() + "\n");
+    return qel::RunReport(arguments, host);
   } catch (const qel::ArgumentError& error) {
     qel::Complain(error.what());
     std::cerr << qel::UsageText();

@@ -23,10 +23,13 @@ std::string Variable(const char* name) {
   return value ? value : "";
 }
 
-std::string ProgramFolder() {
-  if (const std::string home = Variable("QEL_HOME"); !home.empty()) return home;
-  if (const std::string data = Variable("XDG_DATA_HOME"); !data.empty()) return data + "/qel";
-  return Variable("HOME") + "/.local/share/qel";
+// $QEL_HOME, else qel below the folder that `variable` names, else qel below that folder's place in the home
+// folder.
+std::string FolderBy(const char* variable, const std::string& placeInHome) {
+  std::string folder = Variable("QEL_HOME");
+  if (!folder.empty()) return folder;
+  folder = Variable(variable);
+  return (folder.empty() ? Variable("HOME") + placeInHome : folder) + "/qel";
 }
 
 }  // namespace
@@ -37,13 +40,17 @@ void SetTrace(const char* module, const char* procedure) {
 }
 
 void ReadEnvironment() {
-  AppPath = ProgramFolder();
+  AppPath = FolderBy("XDG_DATA_HOME", "/.local/share");
   HelpFile = AppPath + PathSeparator + "QEL.HLP";
   const std::string winDir = Variable("WinDir");
   WindowsDir = (winDir.empty() ? Variable("HOME") : winDir) + PathSeparator;
   DefaultLogFile = "ModemLog.txt";
   DefaultLogDir = WindowsDir;
   OSName = OSVersion();
+}
+
+std::string SettingsStorePath() {
+  return FolderBy("XDG_CONFIG_HOME", "/.config") + PathSeparator + "registry.reg";
 }
 
 void ResetProgramState() {

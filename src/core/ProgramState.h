@@ -15,7 +15,7 @@ void SetTrace(const char* module, const char* procedure);
 
 inline constexpr char NewLine[] = "\r\n";
 
-// Folders. AppPath and HelpFile are without, WindowsDir and DefaultLogDir with a separator at the end.
+// Places. AppPath is without, WindowsDir and DefaultLogDir are with a separator at the end.
 extern std::string AppPath;  // the program's own folder: working copies, tips, help, sound
 extern std::string HelpFile;
 extern std::string WindowsDir;      // where the system keeps its log: $WinDir, else the home folder
@@ -25,6 +25,10 @@ extern std::string OSName;
 
 // Takes the six above from the environment.
 void ReadEnvironment();
+
+// Where the program keeps its settings: registry.reg in $QEL_HOME, else in qel below the user's configuration
+// ($XDG_CONFIG_HOME, else ~/.config).
+std::string SettingsStorePath();
 
 extern std::string TimeFormat;  // format of clock times in reports: "Long Time" or a 12 hour mask
 

@@ -16,6 +16,18 @@ bool IsFolder(const std::string& path) {
   return FindStatus(path, status) && S_ISDIR(status.st_mode);
 }
 
+bool IsStream(const std::string& path) {
+  struct stat status {};
+  return CurrentDisk().Status(path, &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+}
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+  struct stat ofA {};
+  struct stat ofB {};
+  return CurrentDisk().Status(a, &ofA) == 0 && CurrentDisk().Status(b, &ofB) == 0 &&
+         ofA.st_dev == ofB.st_dev && ofA.st_ino == ofB.st_ino;
+}
+
 std::int64_t FileLength(const std::string& path) {
   struct stat status {};
   if (CurrentDisk().Status(path, &status) < 0) RaiseDiskError(errno, path);

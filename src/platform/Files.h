@@ -20,8 +20,17 @@ inline constexpr char PathSeparator = '/';
 // Files are read and written in blocks of this many bytes.
 inline constexpr std::size_t BlockSize = 256 * 1024;
 
+// False where there is nothing at `path`. Raise what else goes wrong, such as a folder on the way that may
+// not be searched.
 bool PathExists(const std::string& path);
 bool IsFolder(const std::string& path);
+
+// Whether `path` is a pipe or a device, which gives its bytes only once and tells no length. False where it
+// cannot be looked at.
+bool IsStream(const std::string& path);
+
+// Whether both paths lead to one file, by whatever links. False where either cannot be looked at.
+bool IsSameFile(const std::string& a, const std::string& b);
 
 // The size of a file in bytes. Raises 53 where there is none.
 std::int64_t FileLength(const std::string& path);
