@@ -12,7 +12,7 @@ double GetDataCost(const std::string& number, double bytes, Date date) {
   ProcedureTrace = "GetDataCost";
   if (bytes == 0) return 0;
   const Int16 index = GetServiceIndex(number);
-  if (index < 0) return bytes / 1024 / 1024 * CostPerMeg;
+  if (index < 0) return bytes / BytesPerMegabyte * CostPerMeg;
   const ServiceRecord& service = Services[index];
   const double allowance = BytesPerMegabyte * service.AfterMeg;
   Int32& used = Penalties.At(index, GetPeriodNumber(date, service.MegPeriod)).Bytes;
@@ -21,7 +21,7 @@ double GetDataCost(const std::string& number, double bytes, Date date) {
   if (used <= allowance) return 0;
   const double within = bytes - (used - allowance);
   const double charged = within > 0 ? bytes - within : bytes;
-  return charged / 1024 / 1024 * service.PerMeg;
+  return charged / BytesPerMegabyte * service.PerMeg;
 }
 
 }  // namespace qel

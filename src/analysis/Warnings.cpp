@@ -57,7 +57,7 @@ void ShowWarnings(const std::vector<WarningEntry>& list) {
 void CheckAll() {
   std::vector<WarningEntry> list;
   bool play = false, display = false;
-  for (Int16 i = 1; i <= MaxServices; ++i) {
+  for (int i = 1; i <= MaxServices; ++i) {
     const ServiceTotal& slot = ServiceTotals[i];
     const Int16 index = GetServiceIndex(slot.Number);
     if (index < 0 || !Services[index].ShowWarnings) continue;

@@ -37,12 +37,14 @@ void GetCurrencySymbolInfo() {
   ShortDatePattern = Region.ShortDatePattern;
 }
 
+std::string AmountMask(Int16 digits, Int16 maxDigits) {
+  const std::string decimals = Repeated('0', digits) + Repeated('#', maxDigits - std::max<Int16>(digits, 0));
+  return decimals.empty() ? "#,##0" : "#,##0." + decimals;
+}
+
 std::string FormatCurrency(double amount, const std::string& symbol, Int16 symbolPrecedes,
                            Int16 spaceSeparated, Int16 digits, Int16 maxDigits) {
-  std::string mask = "#,##0";
-  if (digits > 0 || maxDigits > digits) mask += '.';
-  mask += Repeated('0', digits) + Repeated('#', maxDigits - digits);
-  const std::string text = FormatNumber(amount, mask);
+  const std::string text = FormatNumber(amount, AmountMask(digits, maxDigits));
   const std::string blanks = Repeated(' ', spaceSeparated);
   return symbolPrecedes == 1 ? symbol + blanks + text : text + blanks + symbol;
 }

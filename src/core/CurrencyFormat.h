@@ -24,8 +24,11 @@ extern std::string ShortDatePattern;
 // platform's own formatting follows them from then on.
 void GetCurrencySymbolInfo();
 
-// `amount` with `digits` decimals always and up to `maxDigits` where there are any, symbol and blanks placed
-// as told: (1234.5, "$", 1, 0, 2, 0) is "$1,234.50".
+// The mask of an amount with `digits` decimals always and up to `maxDigits` where there are any; a number
+// below 0 is none.
+std::string AmountMask(Int16 digits, Int16 maxDigits);
+
+// `amount` by AmountMask, symbol and blanks placed as told: (1234.5, "$", 1, 0, 2, 0) is "$1,234.50".
 std::string FormatCurrency(double amount, const std::string& symbol, Int16 symbolPrecedes,
                            Int16 spaceSeparated, Int16 digits, Int16 maxDigits);
 

@@ -83,13 +83,7 @@ std::string FormatTime(float seconds, bool noHours) {
 
 std::string Format_Dplaces(const std::string& text, Int16 places) {
   if (!IsNumber(text)) return text;
-  const auto required = static_cast<std::size_t>(std::max<int>(CurrencyDigits, 0));
-  const auto wanted = static_cast<std::size_t>(std::max<int>(places, 0));
-  std::string mask = "#,##0";
-  if (required > 0 || wanted > 0) mask += ".";
-  mask += std::string(required, '0');
-  if (wanted > required) mask += std::string(wanted - required, '#');
-  return FormatNumber(TextToNumber(text), mask);
+  return FormatNumber(TextToNumber(text), AmountMask(CurrencyDigits, places));
 }
 
 double XVal(const std::string& text) {

@@ -32,7 +32,6 @@ LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) : places
       always |= responses[i].lineClass;
       continue;
     }
-    searched |= responses[i].lineClass;
     window = window == 0 ? texts[i].size() : std::min(window, texts[i].size());
   }
   window = std::min<std::size_t>(window, 9);  // eight pairs, as many as a place has bits
@@ -79,7 +78,7 @@ unsigned LineClassifier::ClassesAround(std::string_view line, std::size_t pair) 
 
 unsigned LineClassifier::ClassesOf(std::string_view line) const {
   unsigned classes = always;
-  if (searched == NoClass || line.size() < window) return classes;
+  if (window == 0 || line.size() < window) return classes;
   if (window == 1) {
     for (std::size_t end = 1; end <= line.size(); ++end) classes |= ClassesEndingAt(line, end);
     return classes;

@@ -42,9 +42,10 @@ class LineClassifier {
     unsigned lineClass;
   };
 
-  static std::size_t PairIndex(const char* pair) {
-    return std::size_t{static_cast<unsigned char>(pair[0])} | std::size_t{static_cast<unsigned char>(pair[1])}
-                                                                  << 8;
+  static unsigned PairIndex(const char* pair) {
+    const unsigned first = static_cast<unsigned char>(pair[0]);
+    const unsigned second = static_cast<unsigned char>(pair[1]);
+    return first | second << 8;
   }
   void NotePlaces(const std::string& text);
   bool MayEnd(const char* text) const;
@@ -52,9 +53,8 @@ class LineClassifier {
   unsigned ClassesEndingAt(std::string_view line, std::size_t end) const;
 
   std::array<Response, 7> responses;
-  unsigned always = NoClass;         // classes of empty response strings
-  unsigned searched = NoClass;       // classes that a line may or may not have
-  std::size_t window = 0;            // characters at each string's end that the looks rest on
+  unsigned always = NoClass;  // classes of empty response strings
+  std::size_t window = 0;     // characters at each string's end that the looks rest on; 0 without strings
   std::vector<std::uint8_t> places;  // by pair: a bit for each place that it has in some string's window
 };
 

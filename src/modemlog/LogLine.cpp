@@ -3,6 +3,7 @@
 #include "core/ProgramState.h"
 #include "core/Version.h"
 #include "platform/Clock.h"
+#include "platform/CodePage.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
 #include "platform/FormatMask.h"
@@ -12,8 +13,6 @@
 namespace qel {
 
 namespace {
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // The value of `count` digits at `position`, or -1 where they are not all digits.
 int DigitsAt(std::string_view text, std::size_t position, std::size_t count) {

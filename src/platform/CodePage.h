@@ -48,6 +48,8 @@ constexpr unsigned char UpperCase(unsigned char character) { return UpperCaseTab
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);
 
+constexpr bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+
 bool EqualNoCase(std::string_view a, std::string_view b);
 
 // Blanks (character 32, nothing else) off both ends.

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 #include <fcntl.h>
 
 #include "platform/Files.h"

@@ -1,7 +1,6 @@
 #include "platform/Regional.h"
 
 #include <charconv>
-#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -39,9 +38,7 @@ std::optional<std::string> StoredText(const RegistryStore& store, const char* na
   if (!value) return std::nullopt;
   if (value->Type == REG_SZ) return value->Data.substr(0, value->Data.find('\0'));
   if (value->Type != REG_DWORD || value->Data.size() != 4) return std::nullopt;
-  std::uint32_t number = 0;
-  for (std::size_t i = 4; i-- > 0;) number = number << 8 | static_cast<unsigned char>(value->Data[i]);
-  return std::to_string(number);
+  return std::to_string(DwordOf(value->Data));
 }
 
 std::optional<std::string> FilledText(const RegistryStore& store, const char* name) {

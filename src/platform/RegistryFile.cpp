@@ -110,7 +110,7 @@ class Parser {
 
   RegistryValue ReadTypedValue() {
     if (rest.starts_with('"')) return {REG_SZ, ReadQuoted() + '\0'};
-    if (Take("dword:")) return {REG_DWORD, ReadDword()};
+    if (Take("dword:")) return {REG_DWORD, DwordBytes(ReadHexNumber(8))};
     if (Take("hex:")) return {REG_BINARY, ReadHexBytes()};
     if (!Take("hex(")) Fail("a value of no known kind");
     const std::uint32_t type = ReadHexNumber(8);
@@ -148,13 +148,6 @@ class Parser {
     const char character = rest.front();
     rest.remove_prefix(1);
     return character;
-  }
-
-  std::string ReadDword() {
-    const std::uint32_t number = ReadHexNumber(8);
-    std::string bytes;
-    for (unsigned shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xFF);
-    return bytes;
   }
 
   std::string ReadHexBytes() {

@@ -55,8 +55,7 @@ void AppendValue(std::string& text, const std::string& name, const RegistryValue
   if (value.Type == REG_SZ && IsPlainText(value.Data)) {
     text += Quoted(std::string_view(value.Data).substr(0, value.Data.size() - 1));
   } else if (value.Type == REG_DWORD && value.Data.size() == 4) {
-    text += "dword:";
-    for (std::size_t i = 4; i-- > 0;) text += Hex(static_cast<unsigned char>(value.Data[i]), 2);
+    text += "dword:" + Hex(DwordOf(value.Data), 8);
   } else {
     text += value.Type == REG_BINARY ? "hex:" : "hex(" + Hex(value.Type, 1) + "):";
     AppendHex(text, lineBegin, value.Data);

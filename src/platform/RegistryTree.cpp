@@ -1,6 +1,7 @@
 #include "platform/RegistryTree.h"
 
 #include <algorithm>
+#include <cstddef>
 
 #include "platform/CodePage.h"
 
@@ -9,7 +10,7 @@ namespace qel {
 namespace {
 
 constexpr std::string_view RootBegins = "HKEY_";
-constexpr auto MostNames = 512;
+constexpr std::ptrdiff_t MostNames = 512;
 
 bool IsControl(char character) { return static_cast<unsigned char>(character) < ' '; }
 
@@ -18,11 +19,24 @@ RegistryTree::iterator FindOrMake(RegistryTree& tree, std::string_view path) {
   const std::size_t last = path.rfind(KeySeparator);
   if (last == std::string_view::npos) return tree.try_emplace(std::string(path)).first;
   const auto parent = FindOrMake(tree, path.substr(0, last));
-  return tree.try_emplace(parent->first + std::string(path.substr(last)))
-      .first;  // in the case the parent has
+  // In the case that the parent has.
+  return tree.try_emplace(parent->first + std::string(path.substr(last))).first;
 }
 
 }  // namespace
+
+std::string DwordBytes(std::uint32_t number) {
+  std::string bytes;
+  for (unsigned shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xFF);
+  return bytes;
+}
+
+std::uint32_t DwordOf(std::string_view bytes) {
+  std::uint32_t number = 0;
+  for (std::size_t i = std::min<std::size_t>(bytes.size(), 4); i-- > 0;)
+    number = number << 8 | static_cast<unsigned char>(bytes[i]);
+  return number;
+}
 
 bool NoCaseLess::operator()(std::string_view a, std::string_view b) const {
   const auto less = [](char x, char y) {

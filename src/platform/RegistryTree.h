@@ -28,6 +28,10 @@ struct RegistryValue {
   bool operator==(const RegistryValue&) const = default;
 };
 
+// A DWORD's bytes, and the number that up to four such bytes make; any further ones do not count.
+std::string DwordBytes(std::uint32_t number);
+std::uint32_t DwordOf(std::string_view bytes);
+
 struct NoCaseLess {
   using is_transparent = void;
   bool operator()(std::string_view a, std::string_view b) const;

@@ -40,6 +40,8 @@ std::string PeriodText() { return std::to_string(PeriodDays) + (PeriodDays > 1 ?
 std::string Blanks(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), ' '); }
 std::string Dashes(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), '-'); }
 
-int CostWidth() { return static_cast<int>(CurrencySymbol.size()) + 8 + SymbolSpaced + CurrencyDigits; }
+int CostWidth() {
+  return static_cast<int>(CurrencySymbol.size()) + 8 + int{SymbolSpaced} + int{CurrencyDigits};
+}
 
 }  // namespace qel

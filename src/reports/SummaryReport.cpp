@@ -145,7 +145,7 @@ std::string SummaryBuilder::TakeUse(const ServiceTotal& total, std::string& line
     line += Behind(UseColumn, value);
     return value;
   }
-  const std::string value(Trim(FormatNumber(total.BytesRead / 1024.0, "#,##0")));
+  const std::string value = FormatNumber(total.BytesRead / 1024.0, "#,##0");
   totalKilobytes += TextToNumber(value);   // the total is that of the figures shown
   line += Behind(UseColumn, value) + "K";  // the "K" hangs over the column
   return value + "K";

@@ -19,17 +19,8 @@ struct Overloaded : Cases... {
 template <class... Cases>
 Overloaded(Cases...) -> Overloaded<Cases...>;
 
-std::string LowByteFirst(std::uint32_t number) {
-  std::string bytes;
-  for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xff);
-  return bytes;
-}
-
-Int32 NumberFromBytes(const std::string& bytes) {
-  std::uint32_t number = 0;
-  for (std::size_t i = 0; i < bytes.size() && i < 4; ++i)
-    number |= std::uint32_t{static_cast<unsigned char>(bytes[i])} << (8 * i);
-  return Int32(static_cast<std::int32_t>(number));
+std::string BytesOf(const SettingValue& value) {
+  return DwordBytes(static_cast<std::uint32_t>(std::int32_t{WholeOf(value)}));
 }
 
 }  // namespace
@@ -85,10 +76,10 @@ long SetValueEx(const std::string& key, const std::string& valueName, std::uint3
       bytes = TextOf(value) + '\0';
       break;
     case REG_BINARY:
-      bytes = LowByteFirst(static_cast<std::uint32_t>(std::int32_t{WholeOf(value)})).substr(0, 1);
+      bytes = BytesOf(value).substr(0, 1);
       break;
     case REG_DWORD:
-      bytes = LowByteFirst(static_cast<std::uint32_t>(std::int32_t{WholeOf(value)}));
+      bytes = BytesOf(value);
       break;
     default:
       return Success;
@@ -107,7 +98,7 @@ long QueryValueEx(const std::string& key, const std::string& valueName, SettingV
       return Success;
     case REG_BINARY:
     case REG_DWORD:
-      value = NumberFromBytes(stored->Data);
+      value = Int32(static_cast<std::int32_t>(DwordOf(stored->Data)));
       return Success;
     default:
       return UnknownType;

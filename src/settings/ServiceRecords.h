@@ -38,9 +38,8 @@ struct ServiceRecord {
   double DialFixedTariff = 0;
   BoundedArray<TariffRecord> Tariffs;  // 0 to 9, the first UsedTariffs in use; their order is their priority
   Int16 UsedTariffs = 0;
-  Int16 ServiceOption =
-      0;  // 1: flat ServiceRate; 2: FlexRate up to UpToHours per PenaltyPeriod, then FlexRate2
-  double ServiceRate = 0;  // rates are per hour
+  Int16 ServiceOption = 0;  // 1: ServiceRate; 2: FlexRate up to UpToHours per PenaltyPeriod, then FlexRate2
+  double ServiceRate = 0;   // rates are per hour
   double FlexRate = 0;
   Int16 UpToHours = 0;
   std::string PenaltyPeriod;  // "Day", "Week", "Month"

@@ -125,7 +125,7 @@ void FillWindowSettings() {
 void WriteGeneral() {
   StepTrace = "Write General";
   OpenKey("\\General");
-  for (const std::string name : GeneralStoreOrder()) {
+  for (const std::string_view name : GeneralStoreOrder()) {
     if (name == "ShowGraphic" && !GraphicsAvailable) continue;
     for (const auto table : {GeneralSettings(), BooleanSettings()})
       for (const auto& setting : table)

@@ -1,9 +1,7 @@
 // The tables of settings: names, places, stored forms and defaults, in the order of loading.
 #pragma once
 
-#include <optional>
 #include <span>
-#include <string>
 #include <variant>
 
 #include "settings/SettingField.h"
