@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <tuple>
 
 #include "platform/Calendar.h"
 
@@ -16,10 +17,8 @@ TEST(DateSerial, CarriesMonthsAndDaysOver) {
       {2000, 2, 30, {2000, 3, 1}},    {1900, 2, 29, {1900, 3, 1}}, {1850, 6, 7, {1850, 6, 7}},
   };
   for (const auto& c : cases) {
-    const CalendarDay day = DayOf(DateSerial(c.year, c.month, c.day));
-    EXPECT_EQ(day.year, c.result.year);
-    EXPECT_EQ(day.month, c.result.month);
-    EXPECT_EQ(day.day, c.result.day);
+    const auto [year, month, day] = DayOf(DateSerial(c.year, c.month, c.day));
+    EXPECT_EQ(std::tie(year, month, day), std::tie(c.result.year, c.result.month, c.result.day));
   }
   EXPECT_EQ(DateSerial(1899, 12, 30), 0);
   EXPECT_EQ(DateSerial(1900, 1, 1), 2);

@@ -13,30 +13,25 @@ TEST_F(RegionTest, DatesFillTheirMask) {
     const char *mask, *text;
   } cases[] = {
       {Morning, "mm-dd-yyyy", "02-03-1999"},
-      {Morning, "yyyy-mm-dd hh:nn:ss", "1999-02-03 09:05:07"},
-      {Morning, "ddmmmyy", "03Feb99"},
       {Morning, "DDMMMYY", "03Feb99"},
       {Morning, "d/m/yy", "3/2/99"},
-      {Morning, "ddd", "Wed"},
-      {Morning, "dddd, d mmmm", "Wednesday, 3 February"},
       {Evening, "ddd dddd", "Sun Sunday"},
-      {Evening, "h:mm:ss AMPM", "10:45:00 PM"},
-      {Evening, "h:mmAM/PM", "10:45PM"},
-      {Evening, "am/pm h", "PM 10"},
-      {Evening, "hh:mm", "22:45"},
-      {Morning, "h.mm.ss ampm", "9.05.07 AM"},
+      {Morning, "d mmmm", "3 February"},
+      {Morning, "am/pm h.mm.ss", "AM 9.05.07"},
       {Morning, "h:mm d/m", "9:05 3/2"},
       {Morning, "h d m", "9 3 2"},
       {Morning, "mm:ss", "02:07"},
       {Morning, "n s h", "5 7 9"},
       {0, "hh AMPM", "12 AM"},
-      {TimeSerial(12, 0, 0), "h AMPM", "12 PM"},
+      {0.5, "h AMPM", "12 PM"},
       {Morning, "\\d\\\\d", "d\\3"},
       {Evening, "h \\ampm", "22 a45p11"},
-      {Morning, "ddddd ttttt", "2/3/1999 9:05:07 AM"},
       {Morning, "yyy", "99y"},
-      {Morning, "", ""},
       {Morning, "x\\", "x\\"},
+      {Evening, "h:mm AMPM", "10:45 PM"},
+      {Morning, "", ""},
+      {Morning, "ddddd", "2/3/1999"},
+      {Morning, "ttttt", "9:05:07 AM"},
   };
   for (const auto& c : cases) EXPECT_EQ(FormatDate(c.date, c.mask), c.text) << c.mask;
 }
@@ -45,7 +40,6 @@ TEST_F(RegionTest, NamedFormsFollowTheRegion) {
   const struct {
     const char *name, *american, *german;
   } cases[] = {
-      {"Short Date", "11/25/2001", "25.11.2001"},
       {"short date", "11/25/2001", "25.11.2001"},
       {"Long Date", "Sunday, November 25, 2001", "Sonntag, 25. November 2001"},
       {"Medium Date", "25-Nov-01", "25-Nov-01"},
@@ -68,25 +62,23 @@ TEST_F(RegionTest, MasksDrawTheRegionsSeparatorsNamesAndMarks) {
   Region.AM = "vorm.";
   Region.PM = "nachm.";
   EXPECT_EQ(FormatDate(Morning, "d/m h:n AMPM"), "3.2 9h5 vorm.");
-  EXPECT_EQ(FormatDate(DateSerial(1999, 3, 1), "dddd ddmmmyy"),
-            "Montag 01M\xE4r"
-            "99");
+  EXPECT_EQ(FormatDate(DateSerial(1999, 3, 1), "dddd ddmmmyy"), "Montag 01M\344r99");
 }
 
 TEST_F(RegionTest, PatternsTellCapitalFromSmallLetters) {
+  const Date NewYear = DateSerial(2005, 1, 1);
   const struct {
     Date date;
     const char *pattern, *text;
   } cases[] = {
       {Morning, "M/d/yyyy h:m:s", "2/3/1999 9:5:7"},
-      {Morning, "ddd dd MMM MMMM y", "Wed 03 Feb February 99"},
       {Evening, "HH:mm hh tt t", "22:45 10 PM P"},
-      {DateSerial(2005, 1, 1), "y yy yyyy", "5 05 2005"},
+      {Morning, "ddd dd MMM", "Wed 03 Feb"},
+      {NewYear, "y yy yyyy", "5 05 2005"},
       {0, "h H", "12 0"},
-      {Morning, "d 'de' MMMM", "3 de February"},
       {Morning, "h 'o''clock' ''''", "9 o'clock '"},
-      {Morning, "''d'", "3"},
-      {Morning, "D n", "D n"},
+      {Morning, "''d' D n", "3 D n"},
+      {Morning, "d 'de' MMMM", "3 de February"},
   };
   for (const auto& c : cases) EXPECT_EQ(FormatByPattern(c.date, c.pattern), c.text) << c.pattern;
   Region.DateSeparator = 'x';

@@ -1,4 +1,3 @@
-#include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <thread>
@@ -7,20 +6,12 @@
 
 #include "platform/Disk.h"
 #include "platform/Files.h"
+#include "support/ErrorOf.h"
 #include "support/FailingDisk.h"
 #include "support/TemporaryFolder.h"
 
 namespace qel {
 namespace {
-
-int ErrorOf(const std::function<void()>& work) {
-  try {
-    work();
-  } catch (const RunTimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 std::vector<std::string> Lines(const std::string& path) {
   LineReader reader(path);
@@ -157,15 +148,13 @@ TEST(FileWriter, GoesOnWhereItStoppedWhenTheDiskHasRoomAgain) {
   EXPECT_EQ(folder.Content("out"), first + second);
 }
 
-TEST(FileWriter, WritesToAPipe) {
+TEST(ReplaceFile, WritesToAPipe) {
   const TemporaryFolder folder;
   const std::string path = folder.Path("pipe");
   ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
   std::string received;
   std::thread listener([&] { received = folder.Content("pipe"); });
-  FileWriter writer(path);
-  writer.Write("through");
-  EXPECT_NO_THROW(writer.Close());
+  EXPECT_NO_THROW(ReplaceFile(path, "through"));
   listener.join();
   EXPECT_EQ(received, "through");
 }
