@@ -14,8 +14,8 @@ class Display {
   virtual void SplashText(const std::string&) {}  // SplashLabel1
   virtual void StatusText(const std::string&) {}  // StatusBarMain
   virtual void ShowProgress(bool /*visible*/) {}  // ProgressBar1
-  virtual void Progress(Int16 /*percent*/) {}
-  virtual void ShowReport() {}  // frmReport: the analysis has a report to show
+  virtual void Progress(Int16 /*percent*/) {}     // 0 to 100
+  virtual void ShowReport() {}                    // frmReport: the analysis has a report to show
 };
 
 Display& CurrentDisplay();

@@ -27,21 +27,24 @@ Date DateSerial(int year, int month, int day);
 // The time of day of hours, minutes and seconds, which may run past a day.
 Date TimeSerial(int hour, int minute, int second);
 
+// The parts of a date of the years 100 to 9999. A time within half a second of the next midnight is that
+// midnight, here as in all that follows.
 CalendarDay DayOf(Date date);
 ClockTime TimeOf(Date date);
 
-// The date without its time, and the time of day without its date, in seconds.
+// The date without its time, and the time of day without its date, in seconds: 0 to 86399.
 Date WholeDay(Date date);
 int SecondOfDay(Date date);
 
 // 1 is Monday, 7 is Sunday.
 int Weekday(Date date);
-int DaysInMonth(int year, int month);
+int DaysInMonth(int year, int month);  // month 1 to 12
 bool IsLeapYear(int year);
 
+// Rounds to whole seconds.
 Date AddSeconds(Date date, double seconds);
 
-// The same day `months` later, limited to that month's last day.
+// The same day and time `months` later, limited to that month's last day. Raises 5 as DateSerial.
 Date AddMonths(Date date, int months);
 
 // Whole seconds and whole days from `from` to `to`; negative when `to` is earlier. Days count midnights

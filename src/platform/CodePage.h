@@ -1,7 +1,9 @@
 // Text is single-byte Windows-1252 throughout, one byte a character, so that widths and positions count as
-// told. The two faces of the program convert from and to UTF-8 here; nothing between them does.
+// told. What comes from outside in another form is converted where it is read, what goes out in UTF-8 at the
+// two faces of the program; nothing between them does.
 //
-// File paths are the exception: they are the bytes that the operating system gave and are never converted.
+// File paths are the exception: they are the bytes that the operating system gave, converted only to be
+// shown.
 #pragma once
 
 #include <array>
