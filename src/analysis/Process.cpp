@@ -143,10 +143,8 @@ void BetweenConnections(unsigned classes) {
     if (CurrentService > 0) --ConnectionCount;  // a dial that never connected gives its number back
     CurrentService = 0;
   }
-  if (CurrentService == 0)
-    Idle(classes);
-  else
-    Dialling(classes);
+  if (CurrentService == 0) Idle(classes);
+  if (CurrentService != 0) Dialling(classes);  // one line may both dial and connect
 }
 
 }  // namespace

@@ -74,7 +74,10 @@ int DaysInMonth(int year, int month) {
 }
 
 Date AddSeconds(Date date, double seconds) {
-  return (TotalSeconds(date) + std::round(seconds)) / SecondsPerDay;
+  const double total = TotalSeconds(date) + std::round(seconds);
+  const double day = std::floor(total / SecondsPerDay);
+  const double time = (total - day * SecondsPerDay) / SecondsPerDay;
+  return day < 0 ? day - time : day + time;
 }
 
 Date AddMonths(Date date, int months) {

@@ -37,6 +37,7 @@ TEST(Calendar, TimesAreWholeSeconds) {
   EXPECT_EQ(SecondsBetween(TimeSerial(23, 59, 59), TimeSerial(0, 0, 0)), -86399);
   EXPECT_EQ(SecondsBetween(DateSerial(1999, 1, 1) + TimeSerial(23, 59, 59), DateSerial(1999, 1, 2)), 1);
   EXPECT_EQ(AddSeconds(TimeSerial(10, 0, 0), 59), TimeSerial(10, 0, 59));
+  EXPECT_EQ(SecondsBetween(TimeSerial(0, 1, 0), AddSeconds(TimeSerial(0, 1, 0), -3600)), -3600);
   EXPECT_EQ(DaysBetween(DateSerial(1999, 1, 1) + 0.9, DateSerial(1999, 1, 2) + 0.1), 1);
 }
 
