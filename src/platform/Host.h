@@ -2,6 +2,7 @@
 // mouse pointer, the message loop. There is one host for each face of the program and one for the tests.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/RunTimeError.h"
@@ -32,6 +33,9 @@ class Host {
     static_cast<void>(error);
     return MessageBox(message);
   }
+
+  // Runs the message loop until `done` says so: a modal window is in front.
+  virtual void RunModal(const std::function<bool()>& done) { static_cast<void>(done); }
 
   // Lets queued events run and windows repaint.
   virtual void Yield() {}

@@ -25,6 +25,14 @@ class ScriptedHost : public Host, public Display {
     answers.pop_front();
     return answer;
   }
+  // Runs the next scripted action of the user; a modal window that outlives the script is left open.
+  void RunModal(const std::function<bool()>& done) override {
+    while (!done() && !actions.empty()) {
+      const auto action = std::move(actions.front());
+      actions.pop_front();
+      action();
+    }
+  }
   void SetClipboardText(const std::string& text) override { clipboard = text; }
   void PlaySoundFile(const std::string& path) override { transcript.push_back("sound: " + path); }
   void Beep() override { transcript.push_back("beep"); }
@@ -42,7 +50,8 @@ class ScriptedHost : public Host, public Display {
     return false;
   }
 
-  std::deque<Answer> answers;  // to the next message boxes; then Ignore or OK
+  std::deque<Answer> answers;                 // to the next message boxes; then Ignore or OK
+  std::deque<std::function<void()>> actions;  // what the user does while modal windows are in front
   std::vector<Message> messages;
   std::vector<std::string> transcript;
   std::string clipboard;

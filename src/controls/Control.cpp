@@ -1,0 +1,36 @@
+#include "controls/Control.h"
+
+#include <utility>
+
+#include "controls/Form.h"
+
+namespace qel {
+
+Control::Control(Form& form, std::string name, int index) : form(form), name(std::move(name)), index(index) {
+  form.Join(*this);
+}
+
+Control::~Control() { form.Leave(*this); }
+
+void Control::SetFocus() { form.MoveFocusTo(*this); }
+
+bool Control::HasFocus() const { return form.ActiveControl() == this; }
+
+void Control::UserClick() {
+  if (!Usable()) return;
+  SetFocus();
+  // A field that holds the focus keeps the click from happening elsewhere.
+  if (CanHaveFocus() && !HasFocus()) return;
+  TakeClick();
+  Click();
+}
+
+void Control::UserDblClick() {
+  if (Usable()) DblClick();
+}
+
+void Control::UserKey(KeyPress& press) {
+  if (Usable()) KeyDown(press);
+}
+
+}  // namespace qel

@@ -1,0 +1,105 @@
+// What every control of a window has. Controls are models without a toolkit: a window's class owns them and
+// holds its whole behaviour, a face shows them, and tests drive them directly.
+//
+// Places and sizes are in twips (1440 to the inch). Text is Windows-1252.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "controls/Property.h"
+
+namespace qel {
+
+class Form;
+
+// Colours by what they mean on the user's screen.
+enum class SystemColour { Default, WindowText, WindowBackground, MenuBackground, GreyText, Warning };
+
+struct Font {
+  std::string Name;  // empty: the face's own
+  float Size = 0;    // points; 0: the face's own
+  bool Bold = false;
+  bool Italic = false;
+
+  bool operator==(const Font&) const = default;
+};
+
+// Keys that handlers ask for by name; any other key comes as the character it types.
+enum class Key { Other, Enter, Escape, Up, Down, PageUp, PageDown, Home, End, F1, F3, Delete };
+
+struct KeyPress {
+  Key key = Key::Other;
+  char Character = 0;  // 0 for a key that types none
+  bool Shift = false, Control = false, Alt = false;
+  bool Handled = false;  // set by a handler that wants the key to do nothing more
+};
+
+class Control {
+ public:
+  static constexpr int NoIndex = -1;
+
+  // Joins the form under `name`, which must outlive the control; `index` is its place in a control array.
+  Control(Form& form, std::string name, int index = NoIndex);
+  virtual ~Control();
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  const std::string& Name() const { return name; }
+  int Index() const { return index; }
+  Form& Parent() const { return form; }
+
+  Property<bool> Visible{Shown(), true};
+  Property<bool> Enabled{Shown(), true};
+  Property<std::string> ToolTipText{Shown()};
+  Property<int> Left{Shown()}, Top{Shown()}, Width{Shown()}, Height{Shown()};
+  Property<SystemColour> BackColor{Shown()}, ForeColor{Shown()};
+  Property<qel::Font> Font{Shown()};
+  int HelpContextID = 0;
+
+  Event<> Click, DblClick, GotFocus, LostFocus;
+  Event<KeyPress&> KeyDown;
+  Event<> MouseMove;
+
+  // Gives the control the focus of its form, if it can have it.
+  void SetFocus();
+  bool HasFocus() const;
+  bool CanHaveFocus() const { return TakesFocus() && Visible && Enabled; }
+
+  // What the user does with the mouse and the keyboard; nothing happens to a control that is hidden or
+  // disabled.
+  void UserClick();
+  void UserDblClick();
+  void UserKey(KeyPress& press);
+
+  // Called after every change that is to be seen. A face sets it when it shows the control.
+  std::function<void()> ViewChanged;
+
+ protected:
+  virtual bool TakesFocus() const { return true; }
+  // What a click does to the control itself, before its event.
+  virtual void TakeClick() {}
+  bool Usable() const { return Visible && Enabled; }
+  void ShowChange() const {
+    if (ViewChanged) ViewChanged();
+  }
+  Property<bool>::Told Shown() {
+    return [this] { ShowChange(); };
+  }
+  // Shows the change, then reacts to it.
+  template <typename Reaction>
+  std::function<void()> ShownThen(Reaction reaction) {
+    return [this, reaction] {
+      ShowChange();
+      reaction();
+    };
+  }
+
+ private:
+  friend class Form;  // which shows that the focus has moved
+  Form& form;
+  std::string name;
+  int index;
+};
+
+}  // namespace qel

@@ -1,0 +1,98 @@
+#include "controls/Form.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Host.h"
+
+namespace qel {
+
+std::vector<Form*> LoadedForms;
+
+Form::Form(std::string name) : name(std::move(name)) {}
+
+Form::~Form() { std::erase(LoadedForms, this); }
+
+void Form::Load() {
+  if (loaded) return;
+  loaded = true;
+  LoadedForms.push_back(this);
+  Form_Load();
+}
+
+void Form::Show() {
+  Load();
+  if (!loaded) return;  // Form_Load may have unloaded it
+  if (!std::exchange(visible, true)) {
+    ShowChange();
+    Form_Resize();
+    if (!active) MoveFocusOn();
+  }
+  Activate();
+}
+
+void Form::ShowModal() {
+  Show();
+  CurrentHost().RunModal([this] { return !visible; });
+}
+
+void Form::Hide() {
+  if (std::exchange(visible, false)) ShowChange();
+}
+
+bool Form::Unload() {
+  if (!loaded) return true;
+  if (!Form_Unload()) return false;
+  std::erase(LoadedForms, this);
+  loaded = false;
+  unloaded = true;
+  active = nullptr;
+  Hide();
+  return true;
+}
+
+void Form::Activate() {
+  if (visible) Form_Activate();
+}
+
+Control* Form::Find(std::string_view controlName, int index) const {
+  for (Control* control : controls)
+    if (control->Name() == controlName && control->Index() == index) return control;
+  return nullptr;
+}
+
+void Form::MoveFocusTo(Control& control) {
+  if (active == &control || !control.CanHaveFocus()) return;
+  if (Control* left = std::exchange(active, &control)) {
+    left->ShowChange();
+    left->LostFocus();
+    if (active != &control) return;  // the field that was left took the focus back
+  }
+  control.ShowChange();
+  control.GotFocus();
+}
+
+void Form::MoveFocusOn(bool backward) {
+  const auto count = controls.size();
+  const auto found = std::find(controls.begin(), controls.end(), active);
+  // Without an active control the first one comes, or the last.
+  std::size_t at = found != controls.end() ? static_cast<std::size_t>(found - controls.begin())
+                                           : (backward ? 0 : count - 1);
+  for (std::size_t tried = 0; tried < count; ++tried) {
+    at = (at + (backward ? count - 1 : 1)) % count;
+    if (controls[at]->CanHaveFocus()) return MoveFocusTo(*controls[at]);
+  }
+}
+
+void Form::Leave(Control& control) {
+  std::erase(controls, &control);
+  if (active == &control) active = nullptr;
+}
+
+Form* LoadedForm(std::string_view name) {
+  for (Form* form : LoadedForms)
+    if (form->Name() == name) return form;
+  return nullptr;
+}
+
+}  // namespace qel

@@ -1,0 +1,125 @@
+// A window as a model: its controls by name, its focus, and its life from loading to unloading.
+//
+// The order of events is that of the old windows. Showing loads first (Form_Load), then lays out
+// (Form_Resize), then activates (Form_Activate). Unloading asks Form_Unload, which may refuse.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/Control.h"
+
+namespace qel {
+
+enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
+
+class Form {
+ public:
+  explicit Form(std::string name);
+  virtual ~Form();
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  const std::string& Name() const { return name; }
+
+  Property<std::string> Caption{Shown()};
+  Property<int> Left{Shown()}, Top{Shown()};
+  Property<int> Width{Resized()}, Height{Resized()};  // twips
+  Property<qel::WindowState> WindowState{Resized()};
+  int HelpContextID = 0;
+
+  bool IsLoaded() const { return loaded; }
+  bool WasUnloaded() const { return unloaded; }
+  bool Visible() const { return visible; }
+
+  void Load();
+  void Show();
+  // Shows the form and returns when it has been hidden or unloaded.
+  void ShowModal();
+  void Hide();
+  // Asks Form_Unload. A form that refuses stays as it is; answers whether it is gone.
+  bool Unload();
+  // The form came to the front.
+  void Activate();
+
+  // The control of a name, or of a name and a place in its array; nullptr where there is none.
+  Control* Find(std::string_view controlName, int index = Control::NoIndex) const;
+  // In the order in which they joined, which is the order of the tab key.
+  const std::vector<Control*>& Controls() const { return controls; }
+
+  Control* ActiveControl() const { return active; }
+  // Leaves the active control, whose LostFocus may take the focus back, and enters `control`.
+  void MoveFocusTo(Control& control);
+  // As the tab key does: the next control that can have the focus.
+  void MoveFocusOn(bool backward = false);
+
+  std::function<void()> ViewChanged;
+
+ protected:
+  virtual void Form_Load() {}
+  virtual void Form_Resize() {}
+  virtual void Form_Activate() {}
+  // False refuses.
+  virtual bool Form_Unload() { return true; }
+
+ private:
+  friend class Control;
+  void Join(Control& control) { controls.push_back(&control); }
+  void Leave(Control& control);
+  void ShowChange() const {
+    if (ViewChanged) ViewChanged();
+  }
+  std::function<void()> Shown() {
+    return [this] { ShowChange(); };
+  }
+  std::function<void()> Resized() {
+    return [this] {
+      ShowChange();
+      if (loaded) Form_Resize();
+    };
+  }
+
+  std::string name;
+  std::vector<Control*> controls;
+  Control* active = nullptr;
+  bool loaded = false;
+  bool unloaded = false;
+  bool visible = false;
+};
+
+// All loaded forms, in the order of their loading.
+extern std::vector<Form*> LoadedForms;
+
+// The loaded form of a name, or nullptr.
+Form* LoadedForm(std::string_view name);
+
+// The one window of a class. It is made when it is first asked for, and anew after it was unloaded. An
+// unloaded window stays in memory until its successor is unloaded too, since one of its own handlers may
+// still be running.
+template <class Window>
+class TheForm {
+ public:
+  Window& operator*() {
+    if (!window || window->WasUnloaded()) {
+      retired = std::move(window);
+      window = std::make_unique<Window>();
+    }
+    return *window;
+  }
+  Window* operator->() { return &**this; }
+
+  // Whether the window is loaded; does not make it.
+  bool IsLoaded() const { return window && window->IsLoaded(); }
+
+  void Reset() {
+    window.reset();
+    retired.reset();
+  }
+
+ private:
+  std::unique_ptr<Window> window, retired;
+};
+
+}  // namespace qel

@@ -1,0 +1,160 @@
+#include <gtest/gtest.h>
+
+#include "controls/Bars.h"
+#include "controls/Buttons.h"
+#include "controls/Form.h"
+#include "controls/ListView.h"
+#include "controls/Lists.h"
+#include "controls/Pickers.h"
+#include "controls/TextControls.h"
+#include "platform/RunTimeError.h"
+
+namespace qel {
+namespace {
+
+class ControlsTest : public ::testing::Test {
+ protected:
+  Form form{"frmSample"};
+  int clicks = 0;
+};
+
+TEST_F(ControlsTest, AChangeIsShownOnceAndOnlyWhenItIsOne) {
+  Button button(form, "btnOK");
+  int shown = 0;
+  button.ViewChanged = [&shown] { ++shown; };
+  button.Enabled = false;
+  button.Enabled = false;
+  button.Caption = "&OK";
+  EXPECT_EQ(shown, 2);
+}
+
+TEST_F(ControlsTest, SettingATextRaisesChangeAsTypingDoes) {
+  TextBox box(form, "txtName");
+  std::string seen;
+  box.Change = [&] { seen += box.Text() + ";"; };
+  box.KeyPressed = [](KeyPress& press) { press.Handled = press.Character == 'x'; };
+  box.MaxLength = 4;
+  box.Text = "ab";
+  box.Text = "ab";
+  box.Select(1, 9);
+  EXPECT_EQ(box.SelText(), "b");
+  box.UserType("xyzzzz");
+  EXPECT_EQ(seen, "ab;ay;ayz;ayzz;");
+  box.Text = "q";
+  EXPECT_EQ(box.SelStart(), 1);
+  box.Locked = true;
+  box.UserType("r");
+  EXPECT_EQ(box.Text(), "q");
+}
+
+TEST_F(ControlsTest, AMaskTakesTextsOfItsShape) {
+  MaskedEdit edit(form, "inputStarting");
+  edit.Mask = "##/AAA/####";
+  EXPECT_TRUE(edit.Fits("05/Oct/1998"));
+  EXPECT_FALSE(edit.Fits("5/Oct/1998"));
+  EXPECT_FALSE(edit.Fits("05-Oct-1998"));
+  EXPECT_FALSE(edit.Fits("05/O_t/1998"));
+}
+
+TEST_F(ControlsTest, ChecksAndOptionsClickOnceHoweverTheyAreSet) {
+  CheckBox check(form, "optTips");
+  OptionButton first(form, "optFormat", 0), second(form, "optFormat", 1), stranger(form, "optOther", 0);
+  for (Control* control : form.Controls()) control->Click = [this] { ++clicks; };
+  check.Value = true;
+  check.UserClick();
+  EXPECT_FALSE(check.Value);
+  EXPECT_EQ(clicks, 2);
+  stranger.Value = true;
+  first.Value = true;
+  second.UserClick();
+  EXPECT_EQ(clicks, 5);
+  EXPECT_FALSE(first.Value);
+  EXPECT_TRUE(second.Value);
+  EXPECT_TRUE(stranger.Value);
+}
+
+TEST_F(ControlsTest, NothingHappensToWhatIsHiddenOrDisabled) {
+  Button button(form, "btnOK");
+  Timer timer(form, "Timer1", 5000);
+  button.Click = timer.Elapsed = [this] { ++clicks; };
+  button.Enabled = timer.Enabled = false;
+  button.UserClick();
+  timer.Tick();
+  button.Enabled = true;
+  button.Visible = false;
+  button.UserClick();
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(ControlsTest, APickOnlyListTakesOnlyTextsThatItHolds) {
+  ComboBox list(form, "lstUnit", ComboBox::Kind::PickOnly);
+  list.Click = [this] { ++clicks; };
+  for (const char* text : {"Per Minute", "Per Second", "Per Unit"}) list.AddItem(text);
+  list.SetText("PER UNIT");
+  EXPECT_EQ(list.Text(), "Per Unit");
+  EXPECT_EQ(list.ListIndex(), 2);
+  EXPECT_THROW(list.SetText("Per Day"), RunTimeError);
+  list.AddItem("Per Call", 0);
+  EXPECT_EQ(list.ListIndex(), 3);
+  list.UserChoose(1);
+  EXPECT_EQ(list.Text(), "Per Minute");
+  EXPECT_EQ(clicks, 2);
+  list.SetText("");
+  EXPECT_EQ(list.ListIndex(), -1);
+
+  ComboBox free(form, "lstDescription", ComboBox::Kind::Editable);
+  free.AddItem("Standard Tariff");
+  free.UserText("My Tariff");
+  EXPECT_EQ(free.ListIndex(), -1);
+  free.SetText("standard tariff");
+  EXPECT_EQ(free.ListIndex(), 0);
+}
+
+TEST_F(ControlsTest, RowsKeepTheirSelectionWhenOthersGo) {
+  ListView view(form, "ListView1");
+  view.SetColumns({{""}, {"Service"}, {"Number"}});
+  for (const char* name : {"a", "b", "c"}) view.AddRow({"", {name}});
+  view.UserSelect(2);
+  view.RemoveRow(1);
+  EXPECT_EQ(view.SelectedRow(), 1);
+  EXPECT_EQ(view.Cell(1, 2), "b");
+  EXPECT_EQ(view.Cell(1, 3), "");
+  view.RemoveRow(1);
+  EXPECT_EQ(view.SelectedRow(), 0);
+  EXPECT_THROW(view.SelectRow(2), RunTimeError);
+}
+
+TEST_F(ControlsTest, ToolButtonsAreReachedByPlaceAndByKey) {
+  Toolbar bar(form, "ToolbarMain");
+  std::string clicked;
+  bar.ButtonClick = [&clicked](const std::string& key) { clicked += key + ";"; };
+  bar.AddSeparator();
+  bar.AddButton("Setup", "QEL Options");
+  bar.UserButtonClick("Setup");
+  bar.Button(2).Enabled = false;
+  bar.UserButtonClick("Setup");
+  EXPECT_EQ(clicked, "Setup;");
+  EXPECT_THROW(bar.Button("None"), RunTimeError);
+}
+
+TEST_F(ControlsTest, ACalendarStaysInsideTheMonth) {
+  Calendar calendar(form, "Calendar1");
+  std::string events;
+  calendar.AfterUpdate = [&events] { events += "update "; };
+  calendar.Click = [&events] { events += "click "; };
+  calendar.UserPick(DateSerial(1999, 1, 31));
+  calendar.NextMonth();
+  EXPECT_EQ(calendar.Value, DateSerial(1999, 2, 28));
+  calendar.UserPick(DateSerial(1999, 3, 1), false);
+  EXPECT_EQ(events, "update click update ");
+}
+
+TEST_F(ControlsTest, AProgressBarRefusesWhatItCannotShow) {
+  ProgressBar bar(form, "ProgressBar1");
+  bar.SetValue(100);
+  EXPECT_THROW(bar.SetValue(101), RunTimeError);
+  EXPECT_EQ(bar.Value(), 100);
+}
+
+}  // namespace
+}  // namespace qel
