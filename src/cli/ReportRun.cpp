@@ -17,6 +17,7 @@
 #include "platform/Regional.h"
 #include "platform/RegistryFile.h"
 #include "platform/RegistryStore.h"
+#include "reports/ReportExport.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -72,6 +73,9 @@ void TypePeriod(const Arguments& arguments) {
   if (arguments.from) fields.SetStarting(format_date(*arguments.from));
   fields.CurrentDateField = DateField::Ending;
   if (arguments.to) fields.SetEnding(format_date(*arguments.to));
+  const bool granted =
+      PeriodStart == arguments.from.value_or(PeriodStart) && PeriodEnd == arguments.to.value_or(PeriodEnd);
+  if (!granted) Complain("the report is of " + IsoDate(PeriodStart) + " to " + IsoDate(PeriodEnd));
 }
 
 bool ChoosePeriod(const Arguments& arguments) {

@@ -31,8 +31,6 @@ struct Field {
 };
 using Record = std::vector<Field>;
 
-std::string IsoDate(Date date) { return FormatDate(date, "yyyy\\-mm\\-dd"); }
-
 std::string IsoMoment(Date date, Date time) {
   const ClockTime clock = TimeOf(time);
   char text[16];
@@ -203,6 +201,8 @@ Record DetailRecord(const DetailLine& line) {
 }
 
 }  // namespace
+
+std::string IsoDate(Date date) { return FormatDate(date, "yyyy\\-mm\\-dd"); }
 
 std::string ExportSummary(ExportFormat format) {
   ReportWriter writer(format, "summary", "services", SummaryRecord(-1));

@@ -7,9 +7,14 @@
 
 #include <string>
 
+#include "platform/Calendar.h"
+
 namespace qel {
 
 enum class ExportFormat { Csv, Json };
+
+// "1998-10-05"
+std::string IsoDate(Date date);
 
 // One record for each service: name, number, sessions, time, bytes, blocks, costs.
 std::string ExportSummary(ExportFormat format);

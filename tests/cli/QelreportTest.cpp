@@ -136,7 +136,8 @@ TEST_F(Qelreport, MovesThePeriodIntoTheLog) {
       {"--to 2020-01-01", "1999-02-28", "1999-03-06", "end date cannot be greater than the last entry"},
       {"--from 2020-01-01", "1999-03-06", "1999-03-06", "start date cannot be greater than the end date"},
       {"--to 1980-01-01", "1999-02-28", "1999-02-28", "end date cannot be less than the start date"},
-      {"--from 1999-03-04 --to 1999-03-02", "1999-03-02", "1999-03-02", ""},
+      {"--from 1999-03-04 --to 1999-03-02", "1999-03-02", "1999-03-02",
+       "the report is of 1999-03-02 to 1999-03-02"},
   };
   for (const auto& c : cases) {
     const Result run = Run(std::string("--log log --format json ") + c.arguments);
