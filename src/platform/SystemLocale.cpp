@@ -5,7 +5,7 @@
 #include <climits>
 #include <cstdlib>
 #include <langinfo.h>
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is POSIX's, not the standard library's
 #include <utility>
 
 #include "platform/CodePage.h"

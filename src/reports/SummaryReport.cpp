@@ -139,7 +139,7 @@ void SummaryBuilder::AddTimes(const ServiceTotal& total, std::string& line, Repo
 std::string SummaryBuilder::TakeUse(const ServiceTotal& total, std::string& line) {
   if (ShowBlocks) {
     const Int16 minutes = total.Blocks * ServiceBlockMinutes(total.Number);
-    const std::string value = BlocksText(total.Blocks, minutes);
+    std::string value = BlocksText(total.Blocks, minutes);
     totalBlocks += total.Blocks;
     totalBlockMinutes += minutes;
     line += Behind(UseColumn, value);
