@@ -1,5 +1,5 @@
 // Dates as day numbers: a double, day 0 being 30 December 1899, the fraction being the time of day.
-// A time of day alone has integer part 0. Times are built as seconds / 86400, so equal clock times are equal
+// A time of day alone has no days. Times are built as seconds / 86400, so equal clock times are equal
 // doubles; differences in seconds are rounded to whole seconds.
 #pragma once
 

@@ -1,5 +1,5 @@
 // The pricing model: services with their tariffs, and holidays.
-// Money is in the user's currency, times of day are fractions of a day with integer part 0.
+// Money is in the user's currency, times of day are fractions of a day.
 #pragma once
 
 #include <string>
