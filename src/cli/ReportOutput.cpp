@@ -22,18 +22,13 @@ namespace {
 
 constexpr std::size_t PieceSize = 65536;
 
-// UTF-8 in pieces, so that a long report is not held twice.
-template <typename Take>
-void ForEachUtf8Piece(const std::string& text, Take take) {
-  for (std::size_t begin = 0; begin < text.size(); begin += PieceSize)
-    take(ToUtf8(std::string_view(text).substr(begin, PieceSize)));
-}
-
+// In pieces, so that a long report is not held twice.
 void WriteToStandardOutput(const std::string& text) {
   bool written = true;
-  ForEachUtf8Piece(text, [&written](const std::string& piece) {
-    written = written && std::fwrite(piece.data(), 1, piece.size(), stdout) == piece.size();
-  });
+  for (std::size_t begin = 0; written && begin < text.size(); begin += PieceSize) {
+    const std::string piece = ToUtf8(std::string_view(text).substr(begin, PieceSize));
+    written = std::fwrite(piece.data(), 1, piece.size(), stdout) == piece.size();
+  }
   if (!written || std::fflush(stdout) != 0) RaiseErrno(errno, "standard output");
 }
 
@@ -84,9 +79,7 @@ bool WriteOut(const std::string& text, const std::optional<std::string>& path) {
       WriteToStandardOutput(text);
       return true;
     }
-    FileWriter file(*path);
-    ForEachUtf8Piece(text, [&file](const std::string& piece) { file.Write(piece); });
-    file.Close();
+    ReplaceFile(*path, ToUtf8(text));
     return true;
   } catch (const RunTimeError& error) {
     Complain("cannot write to " + ShownPath(path.value_or("standard output")) + ": " + ReasonOf(error));

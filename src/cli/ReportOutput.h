@@ -17,7 +17,8 @@ std::string StatisticsOutput(OutputFormat format);
 // False with a complaint where writing to `path` would destroy the log or the settings that the run reads.
 bool MayWriteTo(const std::string& path, const std::optional<std::string>& settings);
 
-// Writes to the file, or to standard output. False with a complaint where that fails.
+// Writes to the file, which keeps its old content until the new one is whole, or to standard output. False
+// with a complaint where that fails.
 bool WriteOut(const std::string& text, const std::optional<std::string>& path);
 
 }  // namespace qel
