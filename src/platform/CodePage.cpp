@@ -77,9 +77,16 @@ std::optional<char> FromUnicode(char32_t codePoint) {
 std::string ToUtf8(std::string_view text) {
   std::string utf8;
   utf8.reserve(text.size());
-  for (const char character : text) {
-    const unsigned char c = Byte(character);
-    AppendUtf8(utf8, c >= 0x80 && c < 0xA0 ? Unicode80To9F[c - 0x80] : c);
+  while (!text.empty()) {
+    // Most text is plain ASCII, the same in both.
+    const auto* special = std::find_if(text.begin(), text.end(), [](char c) { return Byte(c) >= 0x80; });
+    const auto plain = static_cast<std::size_t>(special - text.begin());
+    utf8 += text.substr(0, plain);
+    text.remove_prefix(plain);
+    if (text.empty()) break;
+    const unsigned char c = Byte(text.front());
+    AppendUtf8(utf8, c < 0xA0 ? Unicode80To9F[c - 0x80] : c);
+    text.remove_prefix(1);
   }
   return utf8;
 }

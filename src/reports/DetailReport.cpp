@@ -32,8 +32,7 @@ std::string SplitText(const Costs& costs) {
          " - Data: " + MoneyText(costs.Data);
 }
 
-std::string CostCell(double cost) {
-  const std::string money = MoneyText(cost);
+std::string CostCell(const std::string& money) {
   return Blanks(CostWidth() - static_cast<int>(money.size())) + money;
 }
 
@@ -43,16 +42,30 @@ struct Stamp {
   std::string Day, Clock;
 };
 
+// What text and grid both show of a connection.
+struct LineTexts {
+  explicit LineTexts(const DetailLine& line)
+      : Service(GetServiceName(line.Connection.Number)),
+        Start(line.Connection.StartDate, line.Connection.StartTime),
+        End(line.Connection.EndDate, line.Connection.EndTime),
+        Duration(FormatTime(static_cast<float>(line.Seconds), false)),
+        Cost(CalcCosts ? MoneyText(line.ConnectionCost) : "") {}
+  std::string Service;
+  Stamp Start, End;
+  std::string Duration, Cost;
+};
+
 class DetailBuilder {
  public:
   ReportDocument Build();
 
  private:
   void FillColumns();
+  void ReserveRoom();
   std::string Header() const;
   void AddLine(const DetailLine& line);
-  void AddText(const DetailLine& line, const Stamp& start, const Stamp& end, const std::string& duration);
-  void AddRows(const DetailLine& line, const Stamp& start, const Stamp& end, const std::string& duration);
+  void AddText(const DetailLine& line, const LineTexts& texts);
+  void AddRows(const DetailLine& line, const LineTexts& texts);
   void AddTotalsRow();
   std::string TotalsLine() const;
   int NotesItem() const { return CalcCosts ? CostItem + 1 : CostItem; }
@@ -73,6 +86,14 @@ void DetailBuilder::FillColumns() {
   document.Columns.push_back({" Notes", Left, NotesWidth});
 }
 
+// A long report grows once, not again and again.
+void DetailBuilder::ReserveRoom() {
+  constexpr std::size_t rowsALine = 3, charactersALine = 260;
+  const auto lines = static_cast<std::size_t>(int{ConnectionCount});
+  document.Rows.reserve(lines * rowsALine + 2);
+  body.reserve(lines * charactersALine);
+}
+
 std::string DetailBuilder::Header() const {
   const bool warn = ErrorsAreShown();
   return std::string(" QELMARK - Details Report") + NewLine + NewLine +
@@ -83,51 +104,49 @@ std::string DetailBuilder::Header() const {
          NewLine + NewLine + " " + Dashes(52 + costExtra) + NewLine + NewLine;
 }
 
-void DetailBuilder::AddText(const DetailLine& line, const Stamp& start, const Stamp& end,
-                            const std::string& duration) {
+void DetailBuilder::AddText(const DetailLine& line, const LineTexts& texts) {
   const std::string& notes = line.Connection.Notes;
-  body += " " + GetServiceName(line.Connection.Number) + NewLine;
+  body += " " + texts.Service + NewLine;
   if (line.HasError) {
-    body += Blanks(16) + start.Day + " " + start.Clock + NewLine;
+    body += Blanks(16) + texts.Start.Day + " " + texts.Start.Clock + NewLine;
     body += Blanks(3) + TidyNotes(notes) + NewLine;
   } else {
-    body += "    Connect:    " + start.Day + " " + start.Clock + NewLine;
-    body += "    Disconnect: " + end.Day + " " + end.Clock + NewLine;
+    body += "    Connect:    " + texts.Start.Day + " " + texts.Start.Clock + NewLine;
+    body += "    Disconnect: " + texts.End.Day + " " + texts.End.Clock + NewLine;
     if (!notes.empty()) body += Blanks(3) + TidyNotes(notes) + NewLine;
   }
   body += Blanks(4) + Dashes(49 + costExtra) + NewLine;
-  body += Blanks(4) + Blanks(49 - static_cast<int>(duration.size())) + duration;
-  if (CalcCosts) body += CostCell(line.ConnectionCost);
+  body += Blanks(4) + Blanks(49 - static_cast<int>(texts.Duration.size())) + texts.Duration;
+  if (CalcCosts) body += CostCell(texts.Cost);
   body += std::string(NewLine) + NewLine;
 }
 
-void DetailBuilder::AddRows(const DetailLine& line, const Stamp& start, const Stamp& end,
-                            const std::string& duration) {
+void DetailBuilder::AddRows(const DetailLine& line, const LineTexts& texts) {
   document.AddRow();
   ReportRow& first = document.AddRow(" " + std::to_string(line.Index));
-  first.SetSubItem(ServiceItem, GetServiceName(line.Connection.Number));
+  first.SubItems.reserve(static_cast<std::size_t>(NotesItem()));
+  first.SetSubItem(ServiceItem, texts.Service);
   first.SetSubItem(StatusItem, line.HasError ? "E R R O R" : "Connect");
-  first.SetSubItem(DateItem, start.Day);
-  first.SetSubItem(TimeItem, start.Clock);
+  first.SetSubItem(DateItem, texts.Start.Day);
+  first.SetSubItem(TimeItem, texts.Start.Clock);
   const std::string& notes = line.Connection.Notes;
   const bool marked = line.HasError && notes.size() >= ErrorMarkLength;
   first.SetSubItem(NotesItem(), TidyNotes(marked ? notes.substr(ErrorMarkLength) : notes));
   ReportRow& second = document.AddRow();
+  second.SubItems.reserve(static_cast<std::size_t>(NotesItem()));
   second.SetSubItem(StatusItem, line.HasError ? "" : "Disconnect");
-  second.SetSubItem(DateItem, end.Day);
-  second.SetSubItem(TimeItem, end.Clock);
-  second.SetSubItem(DurationItem, duration);
+  second.SetSubItem(DateItem, texts.End.Day);
+  second.SetSubItem(TimeItem, texts.End.Clock);
+  second.SetSubItem(DurationItem, texts.Duration);
   if (!CalcCosts) return;
-  second.SetSubItem(CostItem, MoneyText(line.ConnectionCost));
+  second.SetSubItem(CostItem, texts.Cost);
   second.SetSubItem(NotesItem(), SplitText({line.DialCost, line.ServiceCost, line.DataCost}));
 }
 
 void DetailBuilder::AddLine(const DetailLine& line) {
-  const ConnectionRecord& c = line.Connection;
-  const Stamp start(c.StartDate, c.StartTime), end(c.EndDate, c.EndTime);
-  const std::string duration = FormatTime(static_cast<float>(line.Seconds), false);
-  AddText(line, start, end, duration);
-  AddRows(line, start, end, duration);
+  const LineTexts texts(line);
+  AddText(line, texts);
+  AddRows(line, texts);
   totals.Dial += line.DialCost;
   totals.Service += line.ServiceCost;
   totals.Data += line.DataCost;
@@ -145,7 +164,7 @@ void DetailBuilder::AddTotalsRow() {
 
 std::string DetailBuilder::TotalsLine() const {
   std::string text = "TOTALS: " + TotalTime();
-  if (CalcCosts) text += CostCell(totals.Total);
+  if (CalcCosts) text += CostCell(MoneyText(totals.Total));
   return Blanks(53 + costExtra - static_cast<int>(text.size())) + text;
 }
 
@@ -154,6 +173,7 @@ ReportDocument DetailBuilder::Build() {
   document.FillLabels("Details");
   document.fraNoConn = ConnectionCount == 0;
   CurrentDisplay().ShowProgress(true);
+  ReserveRoom();
   ForEachDetailLine([this](const DetailLine& line) { AddLine(line); });
   if (ConnectionCount > 0) {
     document.AddDottedRow();
