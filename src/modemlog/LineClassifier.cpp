@@ -58,20 +58,23 @@ unsigned LineClassifier::ClassesEndingAt(std::string_view line, std::size_t end)
   return classes;
 }
 
-// Whether each pair of the window has its place in some string.
-bool LineClassifier::MayEnd(const char* text) const {
-  for (std::size_t i = 0; i + 1 < window; ++i)
-    if (!(places[PairIndex(text + i)] >> i & 1)) return false;
-  return true;
+// The places that a pair can have beside its neighbours, which have the places next to it.
+unsigned LineClassifier::PlacesOf(std::string_view line, std::size_t pair) const {
+  const char* const text = line.data() + pair;
+  const unsigned found = places[PairIndex(text)];
+  if (found == 0) return 0;
+  const unsigned last = 1u << (window - 2);
+  const unsigned behind = pair + 3 <= line.size() ? places[PairIndex(text + 1)] : 0u;
+  const unsigned before = pair > 0 ? places[PairIndex(text - 1)] : 0u;
+  return found & (behind >> 1 | last) & (before << 1 | 1u);
 }
 
-// Of the strings that have the pair, each where it would then stand.
-unsigned LineClassifier::ClassesAround(std::string_view line, std::size_t pair) const {
+// Of the strings that have the pair at one of the places, those that stand there.
+unsigned LineClassifier::ClassesAround(std::string_view line, std::size_t pair, unsigned found) const {
   unsigned classes = NoClass;
-  for (unsigned rest = places[PairIndex(line.data() + pair)]; rest != 0; rest &= rest - 1) {
-    const std::size_t begin = pair - static_cast<std::size_t>(std::countr_zero(rest));
-    const std::size_t end = begin + window;
-    if (end <= line.size() && MayEnd(line.data() + begin)) classes |= ClassesEndingAt(line, end);
+  for (; found != 0; found &= found - 1) {
+    const std::size_t end = pair - static_cast<std::size_t>(std::countr_zero(found)) + window;
+    if (end <= line.size()) classes |= ClassesEndingAt(line, end);
   }
   return classes;
 }
@@ -84,7 +87,7 @@ unsigned LineClassifier::ClassesOf(std::string_view line) const {
     return classes;
   }
   for (std::size_t pair = window - 2; pair + 2 <= line.size(); pair += window - 1)
-    if (places[PairIndex(line.data() + pair)] != 0) classes |= ClassesAround(line, pair);
+    if (const unsigned found = PlacesOf(line, pair)) classes |= ClassesAround(line, pair, found);
   return classes;
 }
 

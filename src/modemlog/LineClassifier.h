@@ -48,8 +48,8 @@ class LineClassifier {
     return first | second << 8;
   }
   void NotePlaces(const std::string& text);
-  bool MayEnd(const char* text) const;
-  unsigned ClassesAround(std::string_view line, std::size_t pair) const;
+  unsigned PlacesOf(std::string_view line, std::size_t pair) const;
+  unsigned ClassesAround(std::string_view line, std::size_t pair, unsigned found) const;
   unsigned ClassesEndingAt(std::string_view line, std::size_t end) const;
 
   std::array<Response, 7> responses;
