@@ -150,9 +150,8 @@ class ReportWriter {
   bool first = true;
 };
 
-Record SummaryRecord(Int16 slot) {
-  const ServiceTotal& total = slot < 0 ? ServiceTotal() : ServiceTotals[slot];
-  const double charged = slot < 0 || IsAnsweredSlot(slot) || !CalcCosts ? 0 : 1;
+Record SummaryRecord(const ServiceTotal& total) {
+  const double charged = CalcCosts && !IsAnswered(total) ? 1 : 0;
   return {{"service", GetServiceName(total.Number)},
           {"number", total.Number},
           {"sessions", long{total.Connections}},
@@ -205,9 +204,9 @@ Record DetailRecord(const DetailLine& line) {
 std::string IsoDate(Date date) { return FormatDate(date, "yyyy\\-mm\\-dd"); }
 
 std::string ExportSummary(ExportFormat format) {
-  ReportWriter writer(format, "summary", "services", SummaryRecord(-1));
-  for (Int16 slot = FirstSlotShown(); slot <= TotalsCount; ++slot)
-    Attempt([&] { writer.Add(SummaryRecord(slot)); });
+  ReportWriter writer(format, "summary", "services", SummaryRecord(ServiceTotal()));
+  for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot)
+    Attempt([&] { writer.Add(SummaryRecord(ServiceTotals[slot])); });
   return writer.Finish();
 }
 

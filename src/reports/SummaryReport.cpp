@@ -55,7 +55,7 @@ class SummaryBuilder {
   std::string Header() const;
   std::string Heading() const;
   void AddSlots();
-  void AddSlot(Int16 slot);
+  void AddSlot(const ServiceTotal& total);
   void AddTimes(const ServiceTotal& total, std::string& line, ReportRow& row) const;
   std::string TakeUse(const ServiceTotal& total, std::string& line);
   void AddTotalsRow();
@@ -151,8 +151,7 @@ std::string SummaryBuilder::TakeUse(const ServiceTotal& total, std::string& line
   return value + "K";
 }
 
-void SummaryBuilder::AddSlot(Int16 slot) {
-  const ServiceTotal& total = ServiceTotals[slot];
+void SummaryBuilder::AddSlot(const ServiceTotal& total) {
   const std::string name = GetServiceName(total.Number);
   const std::string time = WholeTime(static_cast<float>(total.Seconds));
   const std::string sessions = std::to_string(total.Connections);
@@ -168,8 +167,8 @@ void SummaryBuilder::AddSlot(Int16 slot) {
     AddTimes(total, line, row);
     row.SetSubItem(UseColumn, TakeUse(total, line));
     if (CalcCosts) {
-      const std::string cost = MoneyText(ShownCost(slot));
-      totalCost += ShownCost(slot);
+      const std::string cost = MoneyText(ShownCost(total));
+      totalCost += ShownCost(total);
       row.SetSubItem(CostColumn, cost);
       line += Behind(CostColumn, cost);
     }
@@ -179,7 +178,8 @@ void SummaryBuilder::AddSlot(Int16 slot) {
 }
 
 void SummaryBuilder::AddSlots() {
-  for (Int16 slot = FirstSlotShown(); slot <= TotalsCount; ++slot) Attempt([&] { AddSlot(slot); });
+  for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot)
+    Attempt([&] { AddSlot(ServiceTotals[slot]); });
 }
 
 std::string SummaryBuilder::UseTotal() const {
@@ -236,10 +236,10 @@ ReportDocument DisplaySummaryReport() {
 
 Int16 FirstSlotShown() { return ServiceTotals[0].Seconds > 0 ? 0 : 1; }
 
-bool IsAnsweredSlot(Int16 slot) {
-  return UpperCase(ServiceTotals[slot].Number).find("ANSWER") != std::string::npos;
+bool IsAnswered(const ServiceTotal& total) {
+  return UpperCase(total.Number).find("ANSWER") != std::string::npos;
 }
 
-double ShownCost(Int16 slot) { return IsAnsweredSlot(slot) ? 0 : ServiceTotals[slot].TotalCost; }
+double ShownCost(const ServiceTotal& total) { return IsAnswered(total) ? 0 : total.TotalCost; }
 
 }  // namespace qel

@@ -1,6 +1,7 @@
 // The Summary report: one row for each number that the analysis met, in the order in which it met them.
 #pragma once
 
+#include "analysis/QELAnalyse.h"
 #include "reports/ReportDocument.h"
 
 namespace qel {
@@ -13,7 +14,7 @@ ReportDocument DisplaySummaryReport();
 Int16 FirstSlotShown();
 
 // What a slot costs in a report: calls that were answered cost nothing.
-double ShownCost(Int16 slot);
-bool IsAnsweredSlot(Int16 slot);
+double ShownCost(const ServiceTotal& total);
+bool IsAnswered(const ServiceTotal& total);
 
 }  // namespace qel

@@ -64,14 +64,21 @@ void StoreKey(const char* below, const char* step, std::span<const Setting> sett
   for (const auto& setting : settings) Store(setting);
 }
 
+void FillDefaults(std::span<const Setting> settings) {
+  for (const auto& setting : settings) {
+    if (setting.Default.index() == 0 || !IsMissing(setting)) continue;
+    SetDefault(setting);
+    if (setting.Dirty) SettingsDirty = true;
+  }
+}
+
 void ReadGeneral() {
   LoadKey("\\General", "Read General", GeneralSettings());
   StepTrace = "Read Boolean";
   for (const auto& setting : BooleanSettings()) Load(setting);
-  if (MaxServices == 0) {
-    MaxServices = 10;
-    SettingsDirty = true;
-  }
+  // The array of services is made now, so its size cannot wait for the other defaults.
+  for (const auto& setting : GeneralSettings())
+    if (setting.Place == SettingPlace(&MaxServices)) FillDefaults({&setting, 1});
   Attempt([] { Services.Make(MaxServices); });
 }
 
@@ -90,14 +97,6 @@ void ReadRecentFiles() {
     LoadSetting(keyName, "RecentFileName" + number, StoredAs::Text, &RecentFiles[i].RecentFileName);
     LoadSetting(keyName, "RecentFilePath" + number, StoredAs::Text, &RecentFiles[i].RecentFilePath);
     LoadSetting(keyName, "RecentFileType" + number, StoredAs::Text, &RecentFiles[i].RecentFileType);
-  }
-}
-
-void FillDefaults(std::span<const Setting> settings) {
-  for (const auto& setting : settings) {
-    if (setting.Default.index() == 0 || !IsMissing(setting)) continue;
-    SetDefault(setting);
-    if (setting.Dirty) SettingsDirty = true;
   }
 }
 
