@@ -6,9 +6,9 @@
 
 namespace qel {
 
-void Toolbar::AddButton(const std::string& key, const std::string& toolTip) {
-  buttons.emplace_back([this] { ShowChange(); }, key, toolTip);
-  ShowChange();
+Toolbar::Toolbar(Form& form, std::string name, std::initializer_list<const char*> keys)
+    : Control(form, std::move(name)) {
+  for (const char* key : keys) buttons.emplace_back([this] { ShowChange(); }, key);
 }
 
 ToolButton& Toolbar::Button(int position) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -12,10 +13,8 @@ namespace qel {
 // One button of a tool bar. Separators have a place and no key.
 class ToolButton {
  public:
-  ToolButton(std::function<void()> shown, std::string key, std::string toolTip)
-      : Key(std::move(key)), Enabled(shown, true), Visible(shown, true), Pressed(shown), ToolTipText(shown) {
-    ToolTipText = std::move(toolTip);
-  }
+  ToolButton(std::function<void()> shown, std::string key)
+      : Key(std::move(key)), Enabled(shown, true), Visible(shown, true), Pressed(shown), ToolTipText(shown) {}
   const std::string Key;
   Property<bool> Enabled, Visible, Pressed;
   Property<std::string> ToolTipText;
@@ -25,10 +24,10 @@ class ToolButton {
 // Buttons by position, counted from 1, or by key. A click raises ButtonClick with the key.
 class Toolbar : public Control {
  public:
-  using Control::Control;
+  // The keys by position; an empty one is a separator.
+  Toolbar(Form& form, std::string name, std::initializer_list<const char*> keys);
 
-  void AddButton(const std::string& key, const std::string& toolTip);
-  void AddSeparator() { AddButton("", ""); }
+  Property<bool> Flat{Shown()};  // buttons without edges
   std::deque<ToolButton>& Buttons() { return buttons; }
   // Raise 9 where there is no such button.
   ToolButton& Button(int position);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "controls/Property.h"
+#include "platform/Font.h"
 
 namespace qel {
 
@@ -15,15 +16,6 @@ class Form;
 
 // Colours by what they mean on the user's screen.
 enum class SystemColour { Default, WindowText, WindowBackground, MenuBackground, GreyText, Warning };
-
-struct Font {
-  std::string Name;  // empty: the face's own
-  float Size = 0;    // points; 0: the face's own
-  bool Bold = false;
-  bool Italic = false;
-
-  bool operator==(const Font&) const = default;
-};
 
 // Keys that handlers ask for by name; any other key comes as the character it types.
 enum class Key { Other, Enter, Escape, Up, Down, PageUp, PageDown, Home, End, F1, F3, Delete };

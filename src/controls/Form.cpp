@@ -8,15 +8,21 @@
 namespace qel {
 
 std::vector<Form*> LoadedForms;
+Form* ActiveForm = nullptr;
+std::function<void(Form&)> AttachFace;
 
 Form::Form(std::string name) : name(std::move(name)) {}
 
-Form::~Form() { std::erase(LoadedForms, this); }
+Form::~Form() {
+  std::erase(LoadedForms, this);
+  if (ActiveForm == this) ActiveForm = nullptr;
+}
 
 void Form::Load() {
   if (loaded) return;
   loaded = true;
   LoadedForms.push_back(this);
+  if (AttachFace) AttachFace(*this);
   Form_Load();
 }
 
@@ -32,11 +38,13 @@ void Form::Show() {
 }
 
 void Form::ShowModal() {
+  modal = true;
   Show();
   CurrentHost().RunModal([this] { return !visible; });
 }
 
 void Form::Hide() {
+  if (ActiveForm == this) ActiveForm = nullptr;
   if (std::exchange(visible, false)) ShowChange();
 }
 
@@ -52,7 +60,9 @@ bool Form::Unload() {
 }
 
 void Form::Activate() {
-  if (visible) Form_Activate();
+  if (!visible || ActiveForm == this) return;
+  ActiveForm = this;
+  Form_Activate();
 }
 
 Control* Form::Find(std::string_view controlName, int index) const {

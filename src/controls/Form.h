@@ -4,6 +4,7 @@
 // (Form_Resize), then activates (Form_Activate). Unloading asks Form_Unload, which may refuse.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -38,11 +39,17 @@ class Form {
   void Show();
   // Shows the form and returns when it has been hidden or unloaded.
   void ShowModal();
+  bool IsModal() const { return modal; }
   void Hide();
   // Asks Form_Unload. A form that refuses stays as it is; answers whether it is gone.
   bool Unload();
-  // The form came to the front.
+  // The form came to the front. Coming back to it from a message box or from another program is no coming
+  // to the front.
   void Activate();
+
+  // The user presses a key with the form in front, or moves the mouse over what is no control.
+  Event<KeyPress&> KeyDown;
+  Event<> MouseMove;
 
   // The control of a name, or of a name and a place in its array; nullptr where there is none.
   Control* Find(std::string_view controlName, int index = Control::NoIndex) const;
@@ -87,10 +94,16 @@ class Form {
   bool loaded = false;
   bool unloaded = false;
   bool visible = false;
+  bool modal = false;
 };
 
-// All loaded forms, in the order of their loading.
+// All loaded forms, in the order of their loading, and the one in front; nullptr where none is.
 extern std::vector<Form*> LoadedForms;
+extern Form* ActiveForm;
+
+// Called for each form that is about to be loaded, so that a face can show it and tell it the sizes and texts
+// of its design. Forms without a face live as models.
+extern std::function<void(Form&)> AttachFace;
 
 // The loaded form of a name, or nullptr.
 Form* LoadedForm(std::string_view name);

@@ -9,6 +9,10 @@ Display* current = &nobody;
 
 }  // namespace
 
+Display::~Display() {
+  if (current == this) current = &nobody;
+}
+
 Display& CurrentDisplay() { return *current; }
 void SetDisplay(Display& display) { current = &display; }
 

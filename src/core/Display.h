@@ -10,7 +10,7 @@ namespace qel {
 
 class Display {
  public:
-  virtual ~Display() = default;
+  virtual ~Display();                             // nobody shows what this one did
   virtual void SplashText(const std::string&) {}  // SplashLabel1
   virtual void StatusText(const std::string&) {}  // StatusBarMain
   virtual void ShowProgress(bool /*visible*/) {}  // ProgressBar1

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "controls/Form.h"
 #include "platform/Files.h"
 #include "platform/RegistryStore.h"
 #include "platform/RunTimeError.h"
@@ -18,6 +19,8 @@ void SaveRegistry() {
 
 void EndProgram() {
   CloseAllFiles();
+  for (const char* name : {"frmAbout", "frmSplash", "frmViewLog", "frmReport", "frmMain"})
+    if (Form* form = LoadedForm(name)) form->Unload();
   SaveRegistry();
   throw ProgramEnd();
 }

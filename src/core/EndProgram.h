@@ -11,7 +11,7 @@ struct ProgramEnd {};
 // on with the settings in memory; standard error has a word of it.
 void SaveRegistry();
 
-// Closes all files, brings the settings' changes to the disk and throws ProgramEnd.
+// Closes all files, unloads the windows, brings the settings' changes to the disk and throws ProgramEnd.
 [[noreturn]] void EndProgram();
 
 }  // namespace qel

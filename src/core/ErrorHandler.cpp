@@ -9,8 +9,6 @@ namespace qel {
 
 namespace {
 
-constexpr char SupportAddress[] = "support@qel.example";
-
 const std::string LockMessage =
     "QEL cannot gain access to your modem log file!\r\n"
     "\r\n"
@@ -80,8 +78,8 @@ std::string ReportOf(const RunTimeError& error) {
   return std::string("An Error has occurred during processing.") + NewLine + NewLine +
          "If you receive this error often then please note the" + NewLine +
          "following details and report them to QEL Technical" + NewLine + "Support by emailing " +
-         SupportAddress + "." + NewLine + NewLine + "Error code: " + std::to_string(error.Number()) +
-         NewLine + "Description: " + error.Description() + NewLine +
+         MailAddress + "." + NewLine + NewLine + "Error code: " + std::to_string(error.Number()) + NewLine +
+         "Description: " + error.Description() + NewLine +
          "Last DLL Error: " + std::to_string(error.SystemError()) + NewLine + TraceLines() +
          "Version: " + VersionText() + NewLine + "OS: " + OSName + NewLine;
 }

@@ -14,4 +14,8 @@ std::string VersionText();
 
 inline constexpr char ProgramTitle[] = "QEL";
 
+// Where the program's author is reached: settings of the build.
+extern const char WebAddress[];   // a web page
+extern const char MailAddress[];  // a mail address, for support too
+
 }  // namespace qel

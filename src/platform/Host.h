@@ -1,10 +1,13 @@
-// The seam to everything around the program that is no control of a window: message boxes, sound, clipboard,
-// mouse pointer, the message loop. There is one host for each face of the program and one for the tests.
+// The seam to everything around the program that is no control of a window: message boxes, the dialogues for
+// files, fonts and printing, sound, clipboard, mouse pointer, other programs, the message loop. There is one
+// host for each face of the program and one for the tests.
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "platform/Font.h"
 #include "platform/RunTimeError.h"
 
 namespace qel {
@@ -21,6 +24,24 @@ struct Message {
   Buttons buttons = Buttons::OK;
   int HelpContext = 0;  // of the Help button; 0 for none
 };
+
+// What a file dialogue begins with.
+struct FileDialog {
+  std::string Filter;    // "Text (*.txt)|*.txt|All Files (*.*)|*.*"
+  std::string Folder;    // where it opens; a file path, as all paths in the system's bytes
+  std::string FileName;  // the name it proposes
+};
+
+// Text for the printer: Windows-1252, fixed pitch.
+struct PrintJob {
+  std::string Title;  // of the document
+  std::string Text;   // lines end in CR LF
+  qel::Font Font;
+  int Left = 0;  // twips from the edge of the page's printable area
+};
+
+// The colour that windows and buttons are drawn in where the display shows what the program was made for.
+inline constexpr unsigned StandardGrey = 0xC0C0C0;
 
 class Host {
  public:
@@ -44,6 +65,23 @@ class Host {
   // Plays a sound file and returns when it has ended; silence where it cannot.
   virtual void PlaySoundFile(const std::string&) {}
   virtual void Beep() {}
+
+  // The file that the user names, or nothing where the user cancels, as a host without a user does. Saving
+  // asks before it takes a file that exists.
+  virtual std::optional<std::string> AskOpenFile(const FileDialog&) { return std::nullopt; }
+  virtual std::optional<std::string> AskSaveFile(const FileDialog&) { return std::nullopt; }
+  virtual std::optional<Font> AskFont(const Font&) { return std::nullopt; }
+
+  // Lets the user see the pages, choose a printer and print.
+  virtual void Print(const PrintJob&) {}
+
+  // Opens a document, a web page or a mail address ("mailto:...") with the system's viewer, or starts a
+  // program; neither is waited for. Raise 53 where nothing answers.
+  virtual void OpenDocument(const std::string&) {}
+  virtual void StartProgram(const std::string&) {}
+
+  // 0xRRGGBB, of the background that windows are drawn on.
+  virtual unsigned BackgroundColour() { return StandardGrey; }
 };
 
 Host& CurrentHost();

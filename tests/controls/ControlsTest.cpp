@@ -125,11 +125,9 @@ TEST_F(ControlsTest, RowsKeepTheirSelectionWhenOthersGo) {
 }
 
 TEST_F(ControlsTest, ToolButtonsAreReachedByPlaceAndByKey) {
-  Toolbar bar(form, "ToolbarMain");
+  Toolbar bar(form, "ToolbarMain", {"", "Setup"});
   std::string clicked;
   bar.ButtonClick = [&clicked](const std::string& key) { clicked += key + ";"; };
-  bar.AddSeparator();
-  bar.AddButton("Setup", "QEL Options");
   bar.UserButtonClick("Setup");
   bar.Button(2).Enabled = false;
   bar.UserButtonClick("Setup");

@@ -48,6 +48,10 @@ TEST_F(FormTest, LoadsLaysOutAndActivatesInThatOrder) {
   EXPECT_EQ(sample->ActiveControl(), &sample->inputStarting);
   sample->Width = 9000;
   sample->Show();
+  EXPECT_EQ(sample->events, "load resize in activate resize ") << "it was in front already";
+  TheForm<frmSample> other;
+  other->Show();
+  sample->Activate();
   EXPECT_EQ(sample->events, "load resize in activate resize activate ");
   EXPECT_EQ(LoadedForm("frmSample"), &*sample);
 }

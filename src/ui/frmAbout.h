@@ -1,0 +1,32 @@
+// What the program is, on which system it runs, and how to reach its author.
+#pragma once
+
+#include <array>
+
+#include "controls/Buttons.h"
+#include "controls/Form.h"
+#include "controls/TextControls.h"
+
+namespace qel {
+
+class frmAbout : public Form {
+ public:
+  frmAbout();
+
+  Picture imgAbout{*this, "imgAbout"};
+  std::array<Label, 3> lblTitle{{{*this, "lblTitle", 0}, {*this, "lblTitle", 1}, {*this, "lblTitle", 2}}};
+  Label lblVersion{*this, "lblVersion"};
+  Label lblOS{*this, "lblOS"};
+  Label lblCopyright{*this, "lblCopyright"};
+  Label lblRights{*this, "lblRights"};
+  Label lblWWW{*this, "lblWWW"};
+  Label lblEmail{*this, "lblEmail"};
+  Button cmdOK{*this, "cmdOK"};
+  Button cmdSysInfo{*this, "cmdSysInfo"};
+
+ private:
+};
+
+extern TheForm<frmAbout> AboutForm;
+
+}  // namespace qel

@@ -1,0 +1,104 @@
+// The main window: the period, the commands, what is known of the log. It stays open from start to end.
+//
+// Its handlers are told apart by what they are for: frmMain.cpp (life of the window, what is enabled when),
+// MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), MainStatistics.cpp (panel, status line,
+// animation).
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "analysis/ReportPeriod.h"
+#include "controls/Bars.h"
+#include "controls/Buttons.h"
+#include "controls/Form.h"
+#include "controls/Pickers.h"
+#include "controls/TextControls.h"
+#include "core/Display.h"
+
+namespace qel {
+
+class frmMain : public Form, public Display, public PeriodFields {
+ public:
+  frmMain();
+
+  MenuItem mnuFile{*this, "mnuFile"};
+  MenuItem mnuOpenLog{*this, "mnuOpenLog"};
+  MenuItem mnuOpenArchive{*this, "mnuOpenArchive"};
+  MenuItem mnuOpenReport{*this, "mnuOpenReport"};
+  MenuItem mnuSetup{*this, "mnuSetup"};
+  MenuItem mnuExport{*this, "mnuExport"};
+  std::array<MenuItem, 5> mnuRecent{{{*this, "mnuRecent", 0},
+                                     {*this, "mnuRecent", 1},
+                                     {*this, "mnuRecent", 2},
+                                     {*this, "mnuRecent", 3},
+                                     {*this, "mnuRecent", 4}}};
+  MenuItem mnuClrLst{*this, "mnuClrLst"};
+  MenuItem mnuExit{*this, "mnuExit"};
+  MenuItem mnuTools{*this, "mnuTools"};
+  MenuItem mnuViewLog{*this, "mnuViewLog"};
+  MenuItem mnuClearLog{*this, "mnuClearLog"};
+  MenuItem mnuPurgeLog{*this, "mnuPurgeLog"};
+  MenuItem mnuOptimize{*this, "mnuOptimize"};
+  MenuItem mnuRepairLog{*this, "mnuRepairLog"};
+  MenuItem mnuModemWizard{*this, "mnuModemWizard"};
+  MenuItem mnuQuickDate{*this, "mnuQuickDate"};
+  MenuItem mnuToday{*this, "mnuToday"};
+  MenuItem mnuPlusWeek{*this, "mnuPlusWeek"};
+  MenuItem mnuMinusWeek{*this, "mnuMinusWeek"};
+  MenuItem mnuPlusMonth{*this, "mnuPlusMonth"};
+  MenuItem mnuMinusMonth{*this, "mnuMinusMonth"};
+  MenuItem mnuLogStart{*this, "mnuLogStart"};
+  MenuItem mnuLogEnd{*this, "mnuLogEnd"};
+  MenuItem mnuDefaultDate{*this, "mnuDefaultDate"};
+  MenuItem mnuHelp{*this, "mnuHelp"};
+  MenuItem mnuTopics{*this, "mnuTopics"};
+  MenuItem mnuReadme{*this, "mnuReadme"};
+  MenuItem mnsSearchHelp{*this, "mnsSearchHelp"};
+  MenuItem mnuHowToHelp{*this, "mnuHowToHelp"};
+  MenuItem mnuAbout{*this, "mnuAbout"};
+
+  Toolbar ToolbarMain{
+      *this,
+      "ToolbarMain",
+      {"", "Open Archive", "Setup", "Exit", "", "View Modem Log", "Clear Modem Log", "Optimize Modem Log",
+       "Repair Modem Log", "", "Today", "First Entry", "Last Entry", "", "Help", "Search Help", "About QEL"}};
+
+  Picture imgStartArrow{*this, "imgStartArrow"};
+  Label LabelStarting{*this, "LabelStarting"};
+  MaskedEdit inputStarting{*this, "inputStarting"};
+  UpDown UpDown1{*this, "UpDown1"};
+  Picture imgEndArrow{*this, "imgEndArrow"};
+  Label LabelEnding{*this, "LabelEnding"};
+  MaskedEdit inputEnding{*this, "inputEnding"};
+  UpDown UpDown2{*this, "UpDown2"};
+  Label lblDateTitle{*this, "lblDateTitle"};
+  Calendar Calendar1{*this, "Calendar1"};
+  UpDown UpDown3{*this, "UpDown3"};
+  UpDown UpDown4{*this, "UpDown4"};
+  Button btnProcess{*this, "btnProcess"};
+  Button btnViewLog{*this, "btnViewLog"};
+  Button btnExit{*this, "btnExit"};
+
+  Label LabelHeading{*this, "LabelHeading"}, LabelHeading2{*this, "LabelHeading2"};
+  Label LabelLogName{*this, "LabelLogName"}, LabelLogName2{*this, "LabelLogName2"};
+  Label LabelLogPath{*this, "LabelLogPath"}, LabelLogPath2{*this, "LabelLogPath2"};
+  Label LabelLogLength{*this, "LabelLogLength"}, LabelLogLength2{*this, "LabelLogLength2"};
+  Label LabelLogEntries{*this, "LabelLogEntries"}, LabelLogEntries2{*this, "LabelLogEntries2"};
+  Label LabelLogFirst{*this, "LabelLogFirst"}, LabelLogFirst2{*this, "LabelLogFirst2"};
+  Label LabelLogLast{*this, "LabelLogLast"}, LabelLogLast2{*this, "LabelLogLast2"};
+  Label LabelLogSpan{*this, "LabelLogSpan"}, LabelLogSpan2{*this, "LabelLogSpan2"};
+
+  Picture imgGraphic{*this, "imgGraphic"};  // the drawing that ShowGraphic is about
+  Picture PicAnimQel{*this, "PicAnimQel"};
+  StatusBar StatusBarMain{*this, "StatusBarMain"};
+  ProgressBar ProgressBar1{*this, "ProgressBar1"};
+  Timer TimerAnim{*this, "TimerAnim", 100};
+  Timer Timer1{*this, "Timer1", 5000};
+
+ private:
+};
+
+extern TheForm<frmMain> MainForm;
+
+}  // namespace qel

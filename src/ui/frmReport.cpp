@@ -1,0 +1,9 @@
+#include "ui/frmReport.h"
+
+namespace qel {
+
+TheForm<frmReport> ReportForm;
+
+frmReport::frmReport() : Form("frmReport") {}
+
+}  // namespace qel
