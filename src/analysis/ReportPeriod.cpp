@@ -43,12 +43,14 @@ bool LimitsKnown() {
 void PeriodFields::SetStarting(const std::string& text) {
   if (text == starting) return;
   starting = text;
+  ShowText(DateField::Starting, starting);
   inputStarting_Change();
 }
 
 void PeriodFields::SetEnding(const std::string& text) {
   if (text == ending) return;
   ending = text;
+  ShowText(DateField::Ending, ending);
   inputEnding_Change();
 }
 

@@ -42,6 +42,8 @@ class PeriodFields {
   bool FormLoading = false;  // fields are filled by the program: no complaint is heard
 
  protected:
+  // A field got its text, by the user or by a rule.
+  virtual void ShowText(DateField, const std::string& /*text*/) {}
   // A date was moved to its limit; StatusIndex says which.
   virtual void Complain() {}
   // The calendar goes to the date that was set.

@@ -5,7 +5,6 @@
 #include <exception>
 
 #include "cli/CommandLineHost.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogMessages.h"
 #include "modemlog/LogStatistics.h"
@@ -16,19 +15,6 @@
 namespace qel {
 
 namespace {
-
-void TakeAsArchive(const std::string& path) {
-  CurrentLogPath = path;
-  CurrentLogFile = FileNamePart(path);
-  CurrentLogDir = path.substr(0, path.size() - CurrentLogFile.size());
-  ArchiveOpen = true;
-}
-
-void TakeDefaultLog() {
-  CurrentLogFile = ModemLogFile;
-  CurrentLogDir = ModemLogDir;
-  CurrentLogPath = CurrentLogDir + CurrentLogFile;
-}
 
 bool Refuse(const std::string& why) {
   Complain(ShownPath(CurrentLogPath) + ": " + why);
@@ -62,9 +48,10 @@ std::string ReasonOf(const RunTimeError& error) {
 
 bool SelectLog(const std::optional<std::string>& named) {
   if (named)
-    TakeAsArchive(*named);
+    SetCurrentLog(*named);
   else
-    TakeDefaultLog();
+    SetCurrentLog(ModemLogDir, ModemLogFile);
+  ArchiveOpen = named.has_value();
   if (!CanBeRead()) return false;
   LogExists = true;
   if (!ArchiveOpen) {

@@ -5,16 +5,15 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
+#include "analysis/ResetProgram.h"
 #include "cli/LogSelection.h"
 #include "cli/ReportOutput.h"
 #include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
-#include "modemlog/LogMessages.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
-#include "platform/Regional.h"
 #include "platform/RegistryFile.h"
 #include "platform/RegistryStore.h"
 #include "reports/ReportExport.h"
@@ -23,16 +22,6 @@
 namespace qel {
 
 namespace {
-
-void StartFresh() {
-  ResetProgramState();
-  ResetRegion();
-  ResetSettings();
-  ResetLogStatistics();
-  ResetLogMessages();
-  ResetReportPeriod();
-  ResetAnalysis();
-}
 
 // Reads the store, or the file named in its place. False with a complaint where it makes no sense.
 bool OpenSettings(const std::optional<std::string>& named) {
@@ -92,7 +81,7 @@ bool ChoosePeriod(const Arguments& arguments) {
 }  // namespace
 
 ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
-  StartFresh();
+  ResetProgram();
   SetHost(host);
   SetDisplay(host);
   if (!OpenSettings(arguments.settings)) return NoReport;

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "core/GeneralFunctions.h"
 #include "core/OSVersion.h"
 #include "platform/Files.h"
 
@@ -51,6 +52,17 @@ void ReadEnvironment() {
 
 std::string SettingsStorePath() {
   return FolderBy("XDG_CONFIG_HOME", "/.config") + PathSeparator + "registry.reg";
+}
+
+void SetCurrentLog(const std::string& folder, const std::string& file) {
+  CurrentLogFile = file;
+  CurrentLogDir = folder;
+  CurrentLogPath = folder + file;
+}
+
+void SetCurrentLog(const std::string& path) {
+  const std::string file = FileNamePart(path);
+  SetCurrentLog(path.substr(0, path.size() - file.size()), file);
 }
 
 void ResetProgramState() {

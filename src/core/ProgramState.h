@@ -40,6 +40,10 @@ extern std::string ActiveLogDir;
 extern std::string CurrentLogFile;
 extern std::string CurrentLogDir;
 extern std::string CurrentLogPath;
+// Makes a file the current one: folder (with a separator at its end) and name, or a whole path.
+void SetCurrentLog(const std::string& folder, const std::string& file);
+void SetCurrentLog(const std::string& path);
+
 extern bool ArchiveOpen;  // it is an archive or other file and not the default modem log
 
 // What is known of that file.

@@ -7,14 +7,13 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
+#include "analysis/ResetProgram.h"
 #include "core/CurrencyFormat.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
-#include "modemlog/LogMessages.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
-#include "platform/Regional.h"
 #include "platform/RegistryStore.h"
 #include "settings/Settings.h"
 #include "support/ScriptedHost.h"
@@ -25,14 +24,8 @@ namespace qel {
 class FreshProgram : public ::testing::Test {
  protected:
   FreshProgram() {
-    ResetProgramState();
-    ResetRegion();
     Registry.Reset();
-    ResetSettings();
-    ResetLogStatistics();
-    ResetLogMessages();
-    ResetReportPeriod();
-    ResetAnalysis();
+    ResetProgram();
     // No store and no locale speak here, so the regional values are those of the United States.
     for (const char* name : {"LC_ALL", "LANG", "LC_TIME", "LC_NUMERIC", "LC_MONETARY"}) unsetenv(name);
     GetCurrencySymbolInfo();

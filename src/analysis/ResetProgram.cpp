@@ -1,0 +1,23 @@
+#include "analysis/ResetProgram.h"
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogMessages.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/Regional.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+void ResetProgram() {
+  ResetProgramState();
+  ResetRegion();
+  ResetSettings();
+  ResetLogStatistics();
+  ResetLogMessages();
+  ResetReportPeriod();
+  ResetAnalysis();
+}
+
+}  // namespace qel
