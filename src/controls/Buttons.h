@@ -73,7 +73,9 @@ class Frame : public Control {
 class Picture : public Control {
  public:
   using Control::Control;
-  Property<int> Frame{Shown()};  // of a row of pictures, counted from 1; 0 for the one that the design gave
+  static constexpr int NoFrame = -1;
+  // Of a row of pictures, counted from 1; 0 for the picture of the design, NoFrame for none at all.
+  Property<int> Frame{Shown()};
 
  private:
   bool TakesFocus() const override { return false; }

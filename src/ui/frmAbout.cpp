@@ -1,9 +1,83 @@
 #include "ui/frmAbout.h"
 
+#include <string>
+
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "core/Version.h"
+#include "platform/Host.h"
+#include "settings/Registry_Functions.h"
+#include "settings/Settings.h"
+
 namespace qel {
 
 TheForm<frmAbout> AboutForm;
 
-frmAbout::frmAbout() : Form("frmAbout") {}
+namespace {
+
+// What tells of the system where the store names no tool for it, in the order of trying.
+const char* const InformationTools[] = {"/usr/bin/hardinfo2", "/usr/bin/hardinfo", "/usr/bin/kinfocenter"};
+
+std::string StoredText(const char* key, const char* name) {
+  const SettingValue value = QueryValue(RegistryRoot::LocalMachine, key, name);
+  const auto* text = std::get_if<std::string>(&value);
+  return text ? *text : "";
+}
+
+// The system information tool, or nothing where there is none.
+std::string InformationTool() {
+  std::string path = StoredText("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH");
+  if (path.empty()) path = StoredText("SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO");
+  if (!path.empty() && FileExists(path)) return path;
+  if (!path.empty() && FileExists(path + "/MSINFO32.EXE")) return path + "/MSINFO32.EXE";
+  for (const char* tool : InformationTools)
+    if (FileExists(tool)) return tool;
+  return "";
+}
+
+}  // namespace
+
+frmAbout::frmAbout() : Form("frmAbout") {
+  cmdOK.Click = [this] { Unload(); };
+  cmdSysInfo.Click = [this] { StartSysInfo(); };
+  lblWWW.Click = [] { Attempt([] { CurrentHost().OpenDocument(WebAddress); }); };
+  lblEmail.Click = [] { Attempt([] { CurrentHost().OpenDocument(std::string("mailto:") + MailAddress); }); };
+  MouseMove = [this] { PointAt(nullptr); };
+  for (Label* label : {&lblCopyright, &lblRights, &lblTitle[0], &lblTitle[1], &lblTitle[2], &lblVersion})
+    label->MouseMove = [this] { PointAt(nullptr); };
+  for (Label* link : {&lblWWW, &lblEmail}) link->MouseMove = [this, link] { PointAt(link); };
+}
+
+void frmAbout::Form_Load() {
+  SetTrace("frmAbout", "Form_Load");
+  imgAbout.Visible = ShowGraphic;
+  Caption = std::string("About ") + ProgramTitle;
+  lblVersion.Caption = "Version " + VersionText();
+  for (Label& title : lblTitle) title.Caption = ProgramTitle;
+  lblOS.Caption = OSName;
+  lblWWW.Caption = WebAddress;
+  lblEmail.Caption = MailAddress;
+}
+
+void frmAbout::Form_Activate() { CurrentHost().SetMousePointer(MousePointer::Default); }
+
+// The link under the mouse is bold, and only that one.
+void frmAbout::PointAt(const Label* pointed) {
+  for (Label* link : {&lblWWW, &lblEmail}) {
+    Font font = link->Font;
+    font.Bold = link == pointed;
+    link->Font = font;
+  }
+}
+
+void frmAbout::StartSysInfo() {
+  SetTrace("frmAbout", "StartSysInfo");
+  const std::string tool = InformationTool();
+  if (tool.empty())
+    MsgBox({"System Information Is Unavailable At This Time", ProgramTitle});
+  else
+    Attempt([&tool] { CurrentHost().StartProgram(tool); });
+}
 
 }  // namespace qel

@@ -25,6 +25,10 @@ class frmAbout : public Form {
   Button cmdSysInfo{*this, "cmdSysInfo"};
 
  private:
+  void Form_Load() override;
+  void Form_Activate() override;
+  void PointAt(const Label* link);
+  void StartSysInfo();
 };
 
 extern TheForm<frmAbout> AboutForm;

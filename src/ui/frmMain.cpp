@@ -1,9 +1,146 @@
 #include "ui/frmMain.h"
 
+#include <cmath>
+
+#include "core/EndProgram.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogMessages.h"
+#include "platform/Clock.h"
+#include "platform/Host.h"
+#include "settings/Settings.h"
+#include "ui/CommandsToCome.h"
+#include "ui/frmReport.h"
+
 namespace qel {
 
 TheForm<frmMain> MainForm;
 
-frmMain::frmMain() : Form("frmMain") {}
+namespace {
+
+// There is a log, and its first and last entries have dates; nothing of the sort is asked of an archive.
+bool NoUsableLog() { return !ArchiveOpen && (!LogExists || LogInvalid); }
+
+}  // namespace
+
+frmMain::frmMain() : Form("frmMain") {
+  Calendar1.Value = Today();
+  imgEndArrow.Visible = false;
+  ProgressBar1.Visible = false;
+  Timer1.Enabled = false;
+  WireCommands();
+  WirePeriod();
+  WireStatistics();
+}
+
+void frmMain::Form_Load() {
+  SetTrace("frmMain", "Form_Load");
+  SetDisplay(*this);
+  FormLoading = true;
+  StatusIndex = 1;
+  if (!laidOut) {
+    if (MainWinWidth != 0) Width = MainWinWidth;
+    if (MainWinHeight != 0) Height = MainWinHeight;
+    laidOut = true;
+  }
+  if (FlatToolbars) ToolbarMain.Flat = true;
+  for (MaskedEdit* input : {&inputStarting, &inputEnding}) {
+    input->Mask = DateMask;
+    input->Text = "";  // the rules run anew, whatever dates stood here
+  }
+  btnProcess.Enabled = false;
+  EnableByLog();
+  setLogExtents();
+  HideStatDisplay();
+  SetStatDisplay();
+  DisplayStats();
+  FormLoading = false;
+}
+
+// Three cases: no usable log, a corrupt one, a usable file.
+void frmMain::EnableByLog() {
+  const bool noLog = NoUsableLog();
+  const bool corrupt = !noLog && LogCorrupt;
+  const bool usable = !noLog && !corrupt;
+  for (Control* control : std::initializer_list<Control*>{
+           &btnViewLog, &mnuViewLog, &mnuOptimize, &mnuQuickDate, &inputStarting, &inputEnding, &UpDown1,
+           &UpDown2, &UpDown3, &UpDown4, &LabelStarting, &LabelEnding})
+    control->Enabled = usable;
+  for (const int position : {6, 7, 8, 11, 12, 13}) ToolbarMain.Button(position).Enabled = usable;
+  mnuTools.Enabled = !noLog;
+  mnuRepairLog.Enabled = corrupt;
+  ToolbarMain.Button(9).Enabled = corrupt;
+  mnuOpenArchive.Enabled = !corrupt;  // its button stays on
+  mnuOpenLog.Enabled =
+      usable && ArchiveOpen && defaultLogUsable && FileExists(defaultLogDir + defaultLogFile);
+  mnuPurgeLog.Enabled = usable && !ArchiveOpen && !LogEmpty;
+  // Only the default log is ever cleared.
+  mnuClearLog.Enabled = !ArchiveOpen;
+  if (ArchiveOpen) ToolbarMain.Button(7).Enabled = false;
+  WithholdCommandsToCome(*this);
+}
+
+void frmMain::EnableRepair() {
+  mnuRepairLog.Enabled = true;
+  ToolbarMain.Button(9).Enabled = true;
+  WithholdCommandsToCome(*this);
+}
+
+void frmMain::TellCorrupt() {
+  if (!LogCorrupt) return;
+  ShowLogCorrupt();
+  EnableRepair();
+}
+
+// The layout is the face's; what is left is whether the display can show the graphics.
+void frmMain::Form_Resize() {
+  if (WindowState == WindowState::Minimized) return;
+  GraphicsAvailable = CurrentHost().BackgroundColour() == StandardGrey;
+  ShowGraphic = ShowGraphic && GraphicsAvailable;
+  imgGraphic.Visible = ShowGraphic;
+}
+
+void frmMain::Form_Activate() {
+  SetTrace("frmMain", "Form_Activate");
+  ShowRecentFiles();
+  ToolbarMain.Visible = ShowToolbars;
+  Form_Resize();
+  CurrentHost().SetMousePointer(MousePointer::Default);
+  if (LogInvalid && !ArchiveOpen) {
+    ShowLogInvalid();
+    StatusIndex = 7;
+  }
+  if (!LogExists && !ArchiveOpen) {
+    ShowLogMissing();
+    StatusIndex = 7;
+  }
+  if (LogCorrupt) {
+    TellCorrupt();
+    StatusIndex = 8;
+  }
+  if (LogTooBig && !ArchiveOpen) ShowLogTooBig();
+  ShowStatus();
+  CurrentHost().Yield();
+  if (inputStarting.Enabled) inputStarting.SetFocus();
+}
+
+bool frmMain::Form_Unload() {
+  for (const char* name : {"frmSplash", "frmReport", "frmAbout", "frmViewLog"})
+    if (Form* form = LoadedForm(name)) form->Unload();
+  SaveMainWinSettings();
+  return true;
+}
+
+void frmMain::SaveMainWinSettings() {
+  SetTrace("QELMain", "SaveMainWinSettings");
+  MainWinWidth = Width();
+  MainWinHeight = Height();
+  const std::string key = std::string(SettingsKey) + "\\General";
+  CreatNewKey(key, SettingsRoot);
+  SetKeyValue(SettingsRoot, key, "MainWinWidth", MainWinWidth, REG_DWORD);
+  SetKeyValue(SettingsRoot, key, "MainWinHeight", MainWinHeight, REG_DWORD);
+  SaveRegistry();
+}
 
 }  // namespace qel

@@ -96,7 +96,87 @@ class frmMain : public Form, public Display, public PeriodFields {
   Timer TimerAnim{*this, "TimerAnim", 100};
   Timer Timer1{*this, "Timer1", 5000};
 
+  // Whether the tip of the day has been offered, and whether a timed message stands in the status bar.
+  bool TipShown = false;
+  bool StatusHold = false;
+
+  // Reads an archive or another log in place of the default log.
+  void OpenArchive(const std::string& path);
+  // Shows a saved report in the report window.
+  void DoOpenReport(const std::string& path);
+
  private:
+  void WireCommands();
+  void WirePeriod();
+  void WireStatistics();
+
+  void Form_Load() override;
+  void Form_Resize() override;
+  void Form_Activate() override;
+  bool Form_Unload() override;
+  void SaveMainWinSettings();
+  void EnableByLog();
+  void TellCorrupt();
+  void EnableRepair();
+
+  // Display
+  void StatusText(const std::string& text) override;
+  void ShowProgress(bool visible) override;
+  void Progress(Int16 percent) override;
+  void ShowReport() override;
+
+  // PeriodFields
+  void ShowText(DateField field, const std::string& text) override;
+  void Complain() override;
+  void ShowOnCalendar(Date day) override { Calendar1.Value = day; }
+
+  void setLogExtents();
+  void checkProcess();
+  void CalTitle();
+  void DateField_GotFocus(DateField field);
+  void DateField_LostFocus(DateField field);
+  void Calendar1_Click();
+  void StepDay(DateField field, int days);
+  void SetField(DateField field, Date day);
+  void SetActiveField(Date day) { SetField(CurrentDateField, day); }
+  Date ActiveDate() const;
+  MaskedEdit& InputOf(DateField field);
+  void mnuDefaultDate_Click();
+  void btnProcess_Click();
+
+  void ToolbarMain_ButtonClick(const std::string& key);
+  void mnuOpenArchive_Click();
+  void mnuOpenLog_Click();
+  void mnuOpenReport_Click();
+  void mnuExport_Click();
+  void mnuRecent_Click(std::size_t index);
+  void mnuClrLst_Click();
+  void mnuAbout_Click();
+  void NameLogCommands();
+  void AddRecentFile(const std::string& name, const std::string& path, const std::string& type);
+  void SaveRecentFiles();
+  void ShowRecentFiles();
+
+  void HideStatDisplay() { ShowStatLabels(false); }
+  void DisplayStats() { ShowStatLabels(true); }
+  void ShowStatLabels(bool visible);
+  void SetStatDisplay();
+  void SetDateStatistics();
+  void SetStatus(int index);
+  void ShowStatus();
+  void Timer1_Timer();
+  void TimerAnim_Timer();
+  void PicAnimQel_DblClick();
+
+  // The default log while an archive is open, and whether it can be gone back to.
+  std::string defaultLogFile, defaultLogDir;
+  bool defaultLogUsable = false;
+
+  Int16 animFrame;
+  bool animBackward = false;
+  bool animSecondRound = false;  // in the same direction
+  bool animHidden = false;
+  bool laidOut = false;  // the stored size has been applied
 };
 
 extern TheForm<frmMain> MainForm;

@@ -50,6 +50,9 @@ class frmReport : public Form {
   Label RepWarn3{*this, "RepWarn3"};
   RichTextBox ReportTextBox{*this, "ReportTextBox"};
 
+  void ShowAnalysis();
+  void OpenReport(const std::string& path);
+
  private:
 };
 

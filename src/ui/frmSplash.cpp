@@ -1,9 +1,54 @@
 #include "ui/frmSplash.h"
 
+#include <cmath>
+
+#include "core/Version.h"
+#include "platform/Host.h"
+#include "ui/frmMain.h"
+
 namespace qel {
 
 TheForm<frmSplash> SplashForm;
 
-frmSplash::frmSplash() : Form("frmSplash") {}
+frmSplash::frmSplash() : Form("frmSplash") {
+  SplashTimer1.Enabled = false;
+  SplashTimer1.Elapsed = [this] { SplashLabel1.Visible = !SplashLabel1.Visible; };
+  KeyDown = [this](KeyPress&) { EndPause(); };
+  Picture1.Click = [this] { EndPause(); };
+  SplashLabel1.Click = [this] { EndPause(); };
+}
+
+void frmSplash::Form_Load() {
+  SetDisplay(*this);
+  Picture1.Left = Picture1.Top = 0;
+  Width = Picture1.Width;
+  Height = Picture1.Height;
+  const auto place = [this](Label& label, double factor) {
+    label.Top = static_cast<int>(std::lround(factor * (Picture1.Height - label.Height)));
+    label.Left = static_cast<int>(std::lround(factor * (Picture1.Width - label.Width)));
+  };
+  place(SplashLabel1, 0.5);
+  place(LabelVersion, 0.89);
+  LabelVersion.Caption = "Version " + std::to_string(VersionMajor) + "." + std::to_string(VersionMinor);
+  Show();
+  CurrentHost().Yield();
+  Main();
+}
+
+void frmSplash::WaitForClick() {
+  SplashTimer1.Enabled = true;
+  SplashLabel1.Caption = "Click to continue...";
+}
+
+void frmSplash::EndPause() {
+  if (PauseOnSplash) HandOver();
+}
+
+void frmSplash::HandOver() {
+  SplashTimer1.Enabled = false;
+  Hide();  // nothing that the main window has to say stands beside it
+  MainForm->Show();
+  Unload();
+}
 
 }  // namespace qel

@@ -12,6 +12,15 @@ class frmSplash : public Form, public Display {
  public:
   frmSplash();
 
+  // What the program does on its way up, while this window shows it.
+  Event<> Main;
+  bool PauseOnSplash = false;  // no log was found: the window waits for a click
+
+  // Lets SplashLabel1 blink and waits.
+  void WaitForClick();
+  // Opens the main window in place of this one.
+  void HandOver();
+
   Picture Picture1{*this, "Picture1"};
   Label LabelVersion{*this, "LabelVersion"};
   Label SplashLabel1{*this, "SplashLabel1"};
@@ -19,6 +28,9 @@ class frmSplash : public Form, public Display {
   Timer SplashTimer2{*this, "SplashTimer2", 500};
 
  private:
+  void Form_Load() override;
+  void SplashText(const std::string& text) override { SplashLabel1.Caption = text; }
+  void EndPause();
 };
 
 extern TheForm<frmSplash> SplashForm;

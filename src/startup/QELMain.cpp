@@ -1,0 +1,122 @@
+#include "startup/QELMain.h"
+
+#include <string>
+
+#include "analysis/ReportPeriod.h"
+#include "analysis/ResetProgram.h"
+#include "core/CurrencyFormat.h"
+#include "core/Display.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogLine.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/Files.h"
+#include "platform/Host.h"
+#include "platform/RegistryStore.h"
+#include "settings/Settings.h"
+#include "ui/frmSplash.h"
+
+namespace qel {
+
+namespace {
+
+void TellStep(const char* text) {
+  CurrentDisplay().SplashText(text);
+  CurrentHost().Yield();
+}
+
+void ReadRegion() {
+  TellStep("Reading Regional Settings");
+  GetCurrencySymbolInfo();
+  BuildDateMask();
+  BuildDayNames();
+}
+
+void LoadSettings() {
+  TellStep("Reading User Configuration");
+  SettingsDirty = false;
+  ReadUserParameters();
+  FillMissingSettings();
+}
+
+bool UserWantsTheActiveLog() {
+  const Message conflict{
+      "Modem Log Path Conflict!\r\n"
+      "\r\n"
+      "QEL has detected that your Window's active log file\r\n"
+      "is different to the one that QEL has been set to read.\r\n"
+      "\r\n"
+      "For QEL to operate correctly it must read your system's\r\n"
+      "currently active log file.\r\n"
+      "\r\n"
+      "Do you want QEL to fix this for you?",
+      "WARNING", Icon::Exclamation, Buttons::YesNo};
+  return MsgBox(conflict) == Answer::Yes;
+}
+
+void TellNewLog() {
+  MsgBox(
+      {"Modem Log Created!\r\n"
+       "\r\n"
+       "QEL has created a new empty modem log file\r\n"
+       "to match your system settings.\r\n"
+       "\r\n"
+       "Reports will not be available until after you \r\n"
+       "disconnect from your next dial-up networking.\r\n"
+       "session?",
+       "Modem Log", Icon::Information});
+}
+
+// The log of the settings, or the one that the system's modem writes where the user says so.
+void SettleLogPath() {
+  if (SettleMissingLogPath() || ActiveLogFile.empty()) return;
+  if (ActiveLogDir.empty()) ActiveLogDir = DefaultLogDir;
+  if (ActiveLogFile == ModemLogFile && ActiveLogDir == ModemLogDir) return;
+  if (!UserWantsTheActiveLog()) return;
+  ModemLogFile = ActiveLogFile;
+  ModemLogDir = ActiveLogDir;
+  SettingsDirty = true;
+  const std::string path = ModemLogDir + ModemLogFile;
+  if (!FileExists(path) && Attempt([&path] { NewModemLog(path); })) TellNewLog();
+}
+
+void ExamineLog() {
+  TellStep("Please Wait . . . Checking Modem Log");
+  SetCurrentLog(ModemLogDir, ModemLogFile);
+  Attempt([] { LogExists = FileExists(CurrentLogPath); });
+  if (LogExists) {
+    LogCorrupt = CheckCorruption(true);
+    if (!LogCorrupt) GetLogStats(false);
+  }
+}
+
+}  // namespace
+
+void StartProgram() {
+  ResetProgram();
+  Attempt([] { Registry.Open(SettingsStorePath(), RegistryStore::Access::Shared); });
+  SplashForm->Main = Main;
+  SplashForm->Show();
+}
+
+void Main() {
+  SetTrace("QELMain", "Main");
+  SplashForm->PauseOnSplash = false;
+  StartingChanged = EndingChanged = false;
+  ReadEnvironment();
+  IgnoreErrors([] { MakeFolders(AppPath); });
+  ReadRegion();
+  LoadSettings();
+  SettleLogPath();
+  if (SettingsDirty) WriteUserParameters();
+  SettingsDirty = false;
+  ExamineLog();
+  SplashForm->PauseOnSplash = !LogExists;
+  if (LogExists)
+    SplashForm->HandOver();
+  else
+    SplashForm->WaitForClick();
+}
+
+}  // namespace qel

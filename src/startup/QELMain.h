@@ -1,0 +1,14 @@
+// The road from the program's entry to its main window.
+#pragma once
+
+namespace qel {
+
+// Opens the settings store and the splash window, which runs Main. Throws ProgramEnd where the store cannot
+// be read and the user gives up.
+void StartProgram();
+
+// Reads the settings, settles which log to read, looks into it, and hands over to the main window; at once,
+// or after a click where there is no log.
+void Main();
+
+}  // namespace qel

@@ -1,0 +1,25 @@
+// The one place that knows which windows and documents are still to come: the log tools, the viewer, the
+// options, the modem wizard and the help. Their commands are disabled here. The tip of the day, the modem
+// check at the start and the automatic optimizing have no command; the start passes them over.
+#pragma once
+
+#include <vector>
+
+#include "controls/Bars.h"
+#include "controls/Control.h"
+
+namespace qel {
+
+class frmMain;
+
+struct CommandsToCome {
+  std::vector<Control*> Controls;
+  std::vector<ToolButton*> Buttons;
+};
+
+CommandsToCome CommandsToComeOf(frmMain& window);
+
+// Disables them, whatever the state of the log would allow.
+void WithholdCommandsToCome(frmMain& window);
+
+}  // namespace qel

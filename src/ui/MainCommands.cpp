@@ -1,0 +1,226 @@
+// The main window's menus and tool bar, the files that it opens, and the list of recent ones.
+#include <algorithm>
+#include <map>
+
+#include "core/EndProgram.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/Host.h"
+#include "platform/RegistryFile.h"
+#include "platform/RegistryStore.h"
+#include "settings/Registry_Functions.h"
+#include "settings/Settings.h"
+#include "ui/frmAbout.h"
+#include "ui/frmMain.h"
+#include "ui/frmReport.h"
+
+namespace qel {
+
+namespace {
+
+constexpr std::size_t LongestRecentName = 35;  // characters
+
+constexpr char ArchiveFilter[] =
+    "Qelmark Modem Log Archive (*.qel)|*.qel|Modem Log File (*.log, *.txt)|*.log;*.txt| All Files (*.*)|*.*";
+constexpr char ReportFilter[] = "Qelmark Report (*.txt)|*.txt";
+constexpr char RegistryFilter[] = "Registry File (*.reg)|*.reg";
+
+// Both ends of a name, which tell names apart best; "&" would mark an access key in a menu.
+std::string RecentCaption(const std::string& fileName) {
+  std::string name = PathText(fileName);
+  if (name.size() > LongestRecentName) name = name.substr(0, 16) + "..." + name.substr(name.size() - 16);
+  std::string caption;
+  for (const char c : name) caption += c == '&' ? "&&" : std::string(1, c);
+  return caption;
+}
+
+// The program's own keys as a file that restores them.
+std::string ExportedOptions() {
+  const std::string root = KeyPath(SettingsRoot, SettingsKey);
+  RegistryTree tree;
+  const auto copy = [&tree](const auto& key) { MakeKey(tree, key.first) = key.second; };
+  if (const auto own = Registry.Tree().find(root); own != Registry.Tree().end()) copy(*own);
+  for (const auto& key : KeysBelow(Registry.Tree(), root)) copy(key);
+  return WriteRegistryFile(tree);
+}
+
+void TellExported(const std::string& path) {
+  const std::string lines[] = {
+      "QEL stores all of it's options/settings in the Windows Registry. ",
+      "These paramters have been exported to:",
+      PathText(path),
+      "Keep this file in a safe place as it can be used to restore all of ",
+      "your settings and options including service definitions. It may ",
+      "also be used to transfer all your QEL settings to another PC.",
+      "To restore, make sure QEL is closed and simply double click",
+      "the " + PathText(FileNamePart(path)) + " file.",
+  };
+  std::string text;
+  for (const auto& line : lines) text += (text.empty() ? "" : NewLine) + line;
+  MsgBox({text, "QEL Options Saved", Icon::Information});
+}
+
+// Whether the file can be read as a log, tried before anything of the current one is given up.
+bool CanBeOpened(const std::string& path) {
+  return Attempt([&path] {
+    if (IsStream(path)) Raise(BadFileName);
+    LineReader(path).Close();
+  });
+}
+
+}  // namespace
+
+void frmMain::WireCommands() {
+  mnuOpenLog.Click = [this] { mnuOpenLog_Click(); };
+  mnuOpenArchive.Click = [this] { mnuOpenArchive_Click(); };
+  mnuOpenReport.Click = [this] { mnuOpenReport_Click(); };
+  mnuExport.Click = [this] { mnuExport_Click(); };
+  for (std::size_t i = 0; i < mnuRecent.size(); ++i) mnuRecent[i].Click = [this, i] { mnuRecent_Click(i); };
+  mnuClrLst.Click = [this] { mnuClrLst_Click(); };
+  mnuExit.Click = [] { EndProgram(); };
+  mnuAbout.Click = [this] { mnuAbout_Click(); };
+  btnExit.Click = [] { EndProgram(); };
+  btnExit.GotFocus = [this] { SetStatus(3); };
+  btnProcess.GotFocus = [this] { SetStatus(4); };
+  btnViewLog.GotFocus = [this] { SetStatus(5); };
+  ToolbarMain.ButtonClick = [this](const std::string& key) { ToolbarMain_ButtonClick(key); };
+}
+
+void frmMain::ToolbarMain_ButtonClick(const std::string& key) {
+  const std::map<std::string, const MenuItem*> items = {
+      {"Setup", &mnuSetup},
+      {"View Modem Log", &mnuViewLog},
+      {"Clear Modem Log", &mnuClearLog},
+      {"Optimize Modem Log", &mnuOptimize},
+      {"Repair Modem Log", &mnuRepairLog},
+      {"Today", &mnuToday},
+      {"First Entry", &mnuLogStart},
+      {"Last Entry", &mnuLogEnd},
+      {"Help", &mnuTopics},
+      {"Search Help", &mnsSearchHelp},
+      {"About QEL", &mnuAbout},
+      {"Open Archive", &mnuOpenArchive},  // a corrupt log disables the item and leaves the button
+      {"Exit", &mnuExit},
+  };
+  items.at(key)->Click();
+}
+
+void frmMain::mnuOpenArchive_Click() {
+  if (const auto path = CurrentHost().AskOpenFile({ArchiveFilter, AppPath, ""})) OpenArchive(*path);
+}
+
+void frmMain::OpenArchive(const std::string& path) {
+  SetTrace("frmMain", "OpenArchive");
+  StepTrace = path;
+  if (!CanBeOpened(path)) return;
+  if (!ArchiveOpen) {
+    defaultLogFile = CurrentLogFile;
+    defaultLogDir = CurrentLogDir;
+    defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
+  }
+  SetCurrentLog(path);
+  LogExists = true;
+  LogCorrupt = false;  // so far: archives are not searched for bad bytes
+  GetLogStats(true);
+  ArchiveOpen = true;
+  NameLogCommands();
+  AddRecentFile(CurrentLogFile, CurrentLogDir, "A");
+  ShowRecentFiles();
+  Form_Load();
+  ShowStatus();
+  CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+void frmMain::mnuOpenLog_Click() {
+  SetTrace("frmMain", "mnuOpenLog_Click");
+  SetCurrentLog(defaultLogDir, defaultLogFile);
+  ArchiveOpen = false;
+  LogExists = FileExists(CurrentLogPath);
+  LogCorrupt = LogExists && CheckCorruption(false);
+  if (LogExists && !LogCorrupt) GetLogStats(false);
+  NameLogCommands();
+  Form_Load();
+  ShowStatus();
+}
+
+void frmMain::NameLogCommands() {
+  for (auto* caption : {&mnuViewLog.Caption, &btnViewLog.Caption})
+    *caption = ArchiveOpen ? "&View Archive" : "&View Modem Log";
+  mnuOptimize.Caption = ArchiveOpen ? "&Optimize Archive" : "&Optimize Modem Log";
+}
+
+void frmMain::mnuOpenReport_Click() {
+  if (const auto path = CurrentHost().AskOpenFile({ReportFilter, AppPath, ""})) DoOpenReport(*path);
+}
+
+void frmMain::DoOpenReport(const std::string& path) {
+  SetTrace("frmMain", "DoOpenReport");
+  StepTrace = path;
+  if (!Attempt([&path] { ReportForm->OpenReport(path); })) return;
+  const std::string name = FileNamePart(path);
+  AddRecentFile(name, path.substr(0, path.size() - name.size()), "R");
+  ShowRecentFiles();
+}
+
+void frmMain::mnuExport_Click() {
+  SetTrace("frmMain", "ExportOptions");
+  const auto path = CurrentHost().AskSaveFile({RegistryFilter, AppPath, "QEL.reg"});
+  if (path && Attempt([&path] { ReplaceFile(*path, ExportedOptions()); })) TellExported(*path);
+}
+
+void frmMain::mnuAbout_Click() { AboutForm->ShowModal(); }
+
+void frmMain::mnuRecent_Click(std::size_t index) {
+  const RecentFile file = RecentFiles[index];
+  const std::string path = file.RecentFilePath + file.RecentFileName;
+  if (file.RecentFileType == "A") OpenArchive(path);
+  if (file.RecentFileType == "R") DoOpenReport(path);
+}
+
+void frmMain::mnuClrLst_Click() {
+  RecentFiles = {};
+  SaveRecentFiles();
+  ShowRecentFiles();
+}
+
+void frmMain::AddRecentFile(const std::string& name, const std::string& path, const std::string& type) {
+  std::move_backward(RecentFiles.begin(), RecentFiles.end() - 1, RecentFiles.end());
+  RecentFiles.front() = {name, path, type};
+  const auto again = std::remove_if(RecentFiles.begin() + 1, RecentFiles.end(),
+                                    [&name](const RecentFile& file) { return file.RecentFileName == name; });
+  std::fill(again, RecentFiles.end(), RecentFile());
+  SaveRecentFiles();
+}
+
+void frmMain::SaveRecentFiles() {
+  IgnoreErrors([] {
+    const std::string key = std::string(SettingsKey) + "\\RecentFiles";
+    for (std::size_t i = 0; i < RecentFiles.size(); ++i) {
+      const RecentFile& file = RecentFiles[i];
+      const std::string number = std::to_string(i + 1);
+      CreatNewKey(key, SettingsRoot);
+      SetKeyValue(SettingsRoot, key, "RecentFileName" + number, file.RecentFileName, REG_SZ);
+      SetKeyValue(SettingsRoot, key, "RecentFilePath" + number, file.RecentFilePath, REG_SZ);
+      SetKeyValue(SettingsRoot, key, "RecentFileType" + number, file.RecentFileType, REG_SZ);
+    }
+  });
+  SaveRegistry();
+}
+
+void frmMain::ShowRecentFiles() {
+  bool any = false;
+  for (std::size_t i = 0; i < mnuRecent.size(); ++i) {
+    const RecentFile& file = RecentFiles[i];
+    mnuRecent[i].Caption = RecentCaption(file.RecentFileName);
+    mnuRecent[i].ToolTipText = PathText(file.RecentFilePath + file.RecentFileName);
+    mnuRecent[i].Visible = !file.RecentFileName.empty();
+    any = any || mnuRecent[i].Visible;
+  }
+  mnuClrLst.Visible = any;  // a face draws no two separators in a row
+}
+
+}  // namespace qel

@@ -1,0 +1,191 @@
+// The main window's dates. The rules that tie them together are the period's own; here they meet the fields,
+// the calendar, the spinners and the date menu.
+#include "analysis/QELAnalyse.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogMessages.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/Clock.h"
+#include "platform/DateConversion.h"
+#include "platform/FormatMask.h"
+#include "platform/Host.h"
+#include "platform/TextConversion.h"
+#include "settings/Settings.h"
+#include "ui/frmMain.h"
+
+namespace qel {
+
+namespace {
+
+// Where the user wants periods to begin; `fallback` for a preference that names no day.
+Date PreferredStart(Date fallback) {
+  const Date today = Today();
+  const CalendarDay parts = DayOf(today);
+  if (UserStartPref == "First Log Entry") return FirstEntryDate != 0 ? FirstEntryDate : today;
+  if (UserStartPref == "Last Log Entry") return LastEntryDate != 0 ? LastEntryDate : today;
+  if (UserStartPref == "User Defined") return UserStartDate;
+  if (UserStartPref == "Start of Week") {
+    const int wanted = int{UserStartOfWeek} + 1;  // 1 is Monday
+    return today - ((Weekday(today) - wanted) % 7 + 7) % 7;
+  }
+  if (UserStartPref == "Start of Month" && UserStartOfMonth >= 0 && UserStartOfMonth <= 7) {
+    const Date first = DateSerial(parts.year, parts.month, 1);
+    return UserStartOfMonth == 0 ? first : first + (int{UserStartOfMonth} - Weekday(first) + 7) % 7;
+  }
+  return fallback;
+}
+
+}  // namespace
+
+void frmMain::WirePeriod() {
+  const auto changed = [this](DateField field) {
+    return [this, field] {
+      const std::string text = InputOf(field).Text;
+      Attempt([&] { field == DateField::Starting ? SetStarting(text) : SetEnding(text); });
+      Attempt([this] { checkProcess(); });
+      CalTitle();
+    };
+  };
+  for (const DateField field : {DateField::Starting, DateField::Ending}) {
+    const bool starting = field == DateField::Starting;
+    MaskedEdit& input = InputOf(field);
+    Label& label = starting ? LabelStarting : LabelEnding;
+    UpDown& spinner = starting ? UpDown1 : UpDown2;
+    input.Change = changed(field);
+    input.GotFocus = [this, field] { DateField_GotFocus(field); };
+    input.LostFocus = [this, field] { DateField_LostFocus(field); };
+    input.KeyDown = [this, field](KeyPress& press) {
+      if (press.key != Key::Up && press.key != Key::Down) return;
+      StepDay(field, press.key == Key::Up ? 1 : -1);
+      press.Handled = true;
+    };
+    label.Click = [&input] { input.SetFocus(); };
+    label.DblClick = [this, field] { SetField(field, Today()); };
+    spinner.UpClick = [this, field] { StepDay(field, 1); };
+    spinner.DownClick = [this, field] { StepDay(field, -1); };
+  }
+  Calendar1.GotFocus = [this] { SetStatus(6); };
+  Calendar1.AfterUpdate = [this] { CalTitle(); };
+  Calendar1.Click = [this] { Calendar1_Click(); };
+  const auto step = [this](void (Calendar::*move)()) {
+    return [this, move] {
+      Attempt([&] { (Calendar1.*move)(); });
+      Calendar1_Click();
+    };
+  };
+  UpDown3.UpClick = step(&Calendar::NextWeek);
+  UpDown3.DownClick = step(&Calendar::PreviousWeek);
+  UpDown4.UpClick = step(&Calendar::NextMonth);
+  UpDown4.DownClick = step(&Calendar::PreviousMonth);
+  mnuToday.Click = [this] { SetActiveField(Today()); };
+  mnuPlusWeek.Click = [this] { SetActiveField(ActiveDate() + 7); };
+  mnuMinusWeek.Click = [this] { SetActiveField(ActiveDate() - 7); };
+  const auto stepMonth = [this](void (Calendar::*move)()) {
+    return [this, move] {
+      Attempt([&] { (Calendar1.*move)(); });
+      SetActiveField(Calendar1.Value);
+    };
+  };
+  mnuPlusMonth.Click = stepMonth(&Calendar::NextMonth);
+  mnuMinusMonth.Click = stepMonth(&Calendar::PreviousMonth);
+  mnuLogStart.Click = [this] { SetActiveField(FirstEntryDate); };
+  mnuLogEnd.Click = [this] { SetActiveField(LastEntryDate); };
+  mnuDefaultDate.Click = [this] { mnuDefaultDate_Click(); };
+  btnProcess.Click = [this] { btnProcess_Click(); };
+}
+
+void frmMain::ShowText(DateField field, const std::string& text) { InputOf(field).Text = text; }
+
+void frmMain::Complain() {
+  CurrentHost().Beep();
+  ShowStatus();
+}
+
+void frmMain::setLogExtents() {
+  const bool known = LogExists && !LogInvalid && !LogCorrupt && !LogEmpty && !ArchiveOpen;
+  Calendar1.Value = known ? PreferredStart(Calendar1.Value) : Today();
+  PeriodStart = Calendar1.Value;
+  PeriodEnd = LastEntryDate;
+  SetField(DateField::Starting, PeriodStart);
+  SetField(DateField::Ending, PeriodEnd);
+}
+
+void frmMain::checkProcess() {
+  const bool usable = inputStarting.Enabled;  // the log can be reported on
+  const bool possible = qel::checkProcess();
+  btnProcess.Enabled = possible && usable;
+  if (possible)
+    btnProcess.Caption = "QELMARK - Report for" + Str(PeriodDays) + (PeriodDays < 2 ? " day" : " days");
+}
+
+void frmMain::CalTitle() {
+  Attempt([this] { lblDateTitle.Caption = FormatDate(Calendar1.Value, "Long Date"); });
+}
+
+void frmMain::DateField_GotFocus(DateField field) {
+  const bool starting = field == DateField::Starting;
+  CurrentDateField = field;
+  SetStatus(starting ? 1 : 2);
+  imgStartArrow.Visible = starting;
+  imgEndArrow.Visible = !starting;
+  const std::string text = InputOf(field).Text;
+  if (IsDate(text)) Calendar1.Value = WholeDay(TextToDate(text));
+  CalTitle();
+}
+
+void frmMain::DateField_LostFocus(DateField field) {
+  const bool isDate = field == DateField::Starting ? StartingChanged : EndingChanged;
+  if (isDate || FormLoading) return;
+  CurrentHost().Beep();
+  SetStatus(9);
+  InputOf(field).SetFocus();
+}
+
+void frmMain::Calendar1_Click() {
+  SetActiveField(Calendar1.Value);
+  InputOf(CurrentDateField).SetFocus();
+}
+
+// The field of a spinner is the active one from then on; entering it brings the calendar to its date.
+void frmMain::StepDay(DateField field, int days) {
+  InputOf(field).SetFocus();
+  if (CurrentDateField != field) return;  // the other field holds the focus
+  Calendar1.Value = Calendar1.Value + days;
+  SetField(field, Calendar1.Value);
+}
+
+void frmMain::SetField(DateField field, Date day) {
+  Attempt([&] { InputOf(field).Text = format_date(day); });
+}
+
+Date frmMain::ActiveDate() const { return CurrentDateField == DateField::Starting ? PeriodStart : PeriodEnd; }
+
+MaskedEdit& frmMain::InputOf(DateField field) {
+  return field == DateField::Starting ? inputStarting : inputEnding;
+}
+
+void frmMain::mnuDefaultDate_Click() {
+  const Answer answer = MsgBox({"Are you sure you want to set the default report\nstart date to " +
+                                    FormatDate(PeriodStart, "Short Date") + "?",
+                                "Default Report Start Date", Icon::Question, Buttons::OKCancel});
+  if (answer != Answer::OK) return;
+  UserStartPref = "User Defined";
+  UserStartDate = PeriodStart;
+  WriteUserParameters();
+}
+
+void frmMain::btnProcess_Click() {
+  btnProcess.Enabled = false;
+  TellCorrupt();
+  const bool knownCorrupt = LogCorrupt;
+  Analyse();
+  // An entry without a date ends the analysis without a report; that must not pass in silence.
+  if (LogCorrupt && !knownCorrupt) {
+    TellCorrupt();
+    SetStatus(8);
+  }
+  btnProcess.Enabled = true;
+}
+
+}  // namespace qel

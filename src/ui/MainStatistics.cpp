@@ -1,0 +1,117 @@
+// What the main window shows of the current file, its status line, and its animation.
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/CodePage.h"
+#include "platform/FormatMask.h"
+#include "platform/TextConversion.h"
+#include "ui/frmMain.h"
+#include "ui/frmReport.h"
+
+namespace qel {
+
+namespace {
+
+constexpr int AnimFrames = 19;
+
+}  // namespace
+
+void frmMain::WireStatistics() {
+  Timer1.Elapsed = [this] { Timer1_Timer(); };
+  TimerAnim.Elapsed = [this] { TimerAnim_Timer(); };
+  PicAnimQel.Click = [this] { TimerAnim.Enabled = !TimerAnim.Enabled; };
+  PicAnimQel.DblClick = [this] { PicAnimQel_DblClick(); };
+}
+
+void frmMain::ShowStatLabels(bool visible) {
+  for (Label* label :
+       {&LabelHeading, &LabelHeading2, &LabelLogName, &LabelLogName2, &LabelLogPath, &LabelLogPath2,
+        &LabelLogLength, &LabelLogLength2, &LabelLogEntries, &LabelLogEntries2, &LabelLogFirst,
+        &LabelLogFirst2, &LabelLogLast, &LabelLogLast2, &LabelLogSpan, &LabelLogSpan2})
+    label->Visible = visible;
+}
+
+void frmMain::SetStatDisplay() {
+  SetTrace("frmMain", "SetStatDisplay");
+  const bool found = LogExists || ArchiveOpen;
+  for (Label* heading : {&LabelHeading, &LabelHeading2})
+    heading->Caption = ArchiveOpen ? "Archive/Log Details" : "Modem Log Details";
+  LabelLogName2.Caption = found ? PathText(CurrentLogFile) : "Log Not Found";
+  LabelLogPath2.Caption = PathText(CurrentLogDir);
+  LabelLogName2.ToolTipText = LabelLogPath2.ToolTipText = PathText(CurrentLogPath);
+  for (Label* label : {&LabelLogLength2, &LabelLogEntries2, &LabelLogFirst2, &LabelLogLast2, &LabelLogSpan2})
+    label->Caption = "N/A";
+  if (LogCorrupt || LogInvalid) return;
+  Attempt([this] {
+    LabelLogLength2.Caption =
+        NumberText(LogLength) + " Bytes (" + NumberText(Int16(LogLength / 1024.0)) + "KB)";
+  });
+  LabelLogEntries2.Caption = NumberText(LogEntries);
+  if (found && !LogEmpty) SetDateStatistics();
+}
+
+void frmMain::SetDateStatistics() {
+  Attempt([this] {
+    LabelLogFirst2.Caption = FormatDate(FirstEntryDate, "Short Date");
+    LabelLogLast2.Caption = FormatDate(LastEntryDate, "Short Date");
+    LabelLogSpan2.Caption = NumberText(DaysBetween(FirstEntryDate, LastEntryDate)) + " Days";
+  });
+}
+
+void frmMain::SetStatus(int index) {
+  StatusIndex = Int16(index);
+  ShowStatus();
+}
+
+// A complaint is not overwritten by a mere prompt: it stands until its time is over.
+void frmMain::ShowStatus() {
+  if (StatusHold) return;
+  const StatusMessage& message = StatusMessages[static_cast<std::size_t>(int{StatusIndex})];
+  Font font = StatusBarMain.Font;
+  font.Bold = message.Bold;
+  StatusBarMain.Font = font;
+  StatusBarMain.SetText(message.Text);
+  StatusHold = message.Timed;
+  Timer1.Enabled = message.Timed;
+}
+
+void frmMain::Timer1_Timer() {
+  StatusHold = false;
+  Timer1.Enabled = false;
+  ShowStatus();
+}
+
+// Two rounds forward, two rounds back.
+void frmMain::TimerAnim_Timer() {
+  animFrame += animBackward ? -1 : 1;
+  if (animFrame > AnimFrames || animFrame < 1) {
+    animFrame = animFrame < 1 ? AnimFrames : 1;
+    if (animSecondRound) animBackward = !animBackward;
+    animSecondRound = !animSecondRound;
+  }
+  PicAnimQel.Frame = animHidden ? Picture::NoFrame : int{animFrame};
+}
+
+// The box stays, so that it can be clicked again.
+void frmMain::PicAnimQel_DblClick() {
+  animHidden = !animHidden;
+  PicAnimQel.Frame = animHidden ? Picture::NoFrame : int{animFrame};
+}
+
+void frmMain::StatusText(const std::string& text) {
+  Font font = StatusBarMain.Font;
+  font.Bold = false;
+  StatusBarMain.Font = font;
+  StatusBarMain.SetText(text);
+}
+
+void frmMain::ShowProgress(bool visible) {
+  ProgressBar1.SetValue(0);
+  ProgressBar1.Visible = visible;
+}
+
+void frmMain::Progress(Int16 percent) { ProgressBar1.SetValue(percent); }
+
+void frmMain::ShowReport() { ReportForm->ShowAnalysis(); }
+
+}  // namespace qel
