@@ -43,15 +43,15 @@ bool LimitsKnown() {
 void PeriodFields::SetStarting(const std::string& text) {
   if (text == starting) return;
   starting = text;
-  ShowText(DateField::Starting, starting);
   inputStarting_Change();
+  ShowText(DateField::Starting, starting);  // by now it may be another one
 }
 
 void PeriodFields::SetEnding(const std::string& text) {
   if (text == ending) return;
   ending = text;
-  ShowText(DateField::Ending, ending);
   inputEnding_Change();
+  ShowText(DateField::Ending, ending);
 }
 
 void PeriodFields::inputStarting_Change() {

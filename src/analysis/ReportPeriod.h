@@ -42,7 +42,7 @@ class PeriodFields {
   bool FormLoading = false;  // fields are filled by the program: no complaint is heard
 
  protected:
-  // A field got its text, by the user or by a rule.
+  // A field has got its text, by the user or by a rule.
   virtual void ShowText(DateField, const std::string& /*text*/) {}
   // A date was moved to its limit; StatusIndex says which.
   virtual void Complain() {}

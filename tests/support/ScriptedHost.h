@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,17 @@ class ScriptedHost : public Host, public Display {
   void SetMousePointer(MousePointer shape) override { pointer = shape; }
   void Yield() override { ++yields; }
 
+  std::optional<std::string> AskOpenFile(const FileDialog& dialog) override {
+    return NextPath("open", dialog);
+  }
+  std::optional<std::string> AskSaveFile(const FileDialog& dialog) override {
+    return NextPath("save", dialog);
+  }
+  void Print(const PrintJob& job) override { printed.push_back(job); }
+  void OpenDocument(const std::string& document) override { transcript.push_back("document: " + document); }
+  void StartProgram(const std::string& path) override { transcript.push_back("program: " + path); }
+  unsigned BackgroundColour() override { return background; }
+
   void SplashText(const std::string& text) override { transcript.push_back("splash: " + text); }
   void StatusText(const std::string& text) override { transcript.push_back("status: " + text); }
   void Progress(Int16 percent) override { lastProgress = percent; }
@@ -50,14 +62,28 @@ class ScriptedHost : public Host, public Display {
     return false;
   }
 
-  std::deque<Answer> answers;                 // to the next message boxes; then Ignore or OK
-  std::deque<std::function<void()>> actions;  // what the user does while modal windows are in front
+  std::deque<Answer> answers;                    // to the next message boxes; then Ignore or OK
+  std::deque<std::function<void()>> actions;     // what the user does while modal windows are in front
+  std::deque<std::optional<std::string>> paths;  // to the next file dialogues; then cancelled
+  std::vector<FileDialog> dialogs;
+  std::vector<PrintJob> printed;
   std::vector<Message> messages;
   std::vector<std::string> transcript;
   std::string clipboard;
   MousePointer pointer = MousePointer::Default;
   int yields = 0;
   int lastProgress = -1;
+  unsigned background = StandardGrey;
+
+ private:
+  std::optional<std::string> NextPath(const std::string& kind, const FileDialog& dialog) {
+    dialogs.push_back(dialog);
+    transcript.push_back(kind + ": " + dialog.FileName);
+    if (paths.empty()) return std::nullopt;
+    const auto path = paths.front();
+    paths.pop_front();
+    return path;
+  }
 };
 
 }  // namespace qel

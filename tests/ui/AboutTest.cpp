@@ -1,0 +1,43 @@
+#include <gtest/gtest.h>
+
+#include "core/Version.h"
+#include "settings/Registry_Functions.h"
+#include "support/WindowTest.h"
+
+namespace qel {
+namespace {
+
+class AboutTest : public WindowTest {};
+
+TEST_F(AboutTest, ALinkIsBoldWhileTheMouseIsOverItAndOpensItsAddress) {
+  AboutForm->Show();
+  AboutForm->lblWWW.MouseMove();
+  EXPECT_TRUE(AboutForm->lblWWW.Font().Bold && !AboutForm->lblEmail.Font().Bold);
+  AboutForm->lblEmail.MouseMove();
+  EXPECT_TRUE(!AboutForm->lblWWW.Font().Bold && AboutForm->lblEmail.Font().Bold);
+  AboutForm->lblTitle[1].MouseMove();
+  EXPECT_FALSE(AboutForm->lblWWW.Font().Bold || AboutForm->lblEmail.Font().Bold);
+  AboutForm->lblEmail.UserClick();
+  EXPECT_EQ(host.transcript.back(), std::string("document: mailto:") + MailAddress);
+}
+
+TEST_F(AboutTest, TheSystemInformationToolIsTheStoredOneOrAMessage) {
+  const auto store = [this](const char* key, const char* name) {
+    CreatNewKey(key, SettingsRoot);
+    SetKeyValue(SettingsRoot, key, name, folder.Path("tools"), REG_SZ);
+  };
+  store("SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO");
+  std::filesystem::create_directory(folder.Path("tools"));
+  folder.Put("tools/MSINFO32.EXE", "");
+  AboutForm->Show();
+  AboutForm->cmdSysInfo.UserClick();
+  EXPECT_EQ(host.transcript.back(), "program: " + folder.Path("tools") + "/MSINFO32.EXE");
+  folder.Put("info", "");
+  SetKeyValue(SettingsRoot, "SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO", folder.Path("info"),
+              REG_SZ);
+  AboutForm->cmdSysInfo.UserClick();
+  EXPECT_EQ(host.transcript.back(), "program: " + folder.Path("info"));
+}
+
+}  // namespace
+}  // namespace qel

@@ -1,0 +1,281 @@
+#include <gtest/gtest.h>
+#include <set>
+
+#include "platform/RegistryFile.h"
+#include "support/WindowTest.h"
+#include "ui/CommandsToCome.h"
+
+namespace qel {
+namespace {
+
+class MainWindowTest : public WindowTest {
+ protected:
+  void Show(const std::string& log) {
+    DefaultLog(log);
+    MainForm->Show();
+  }
+  std::string PathOf(const std::string& name, const std::string& text) {
+    folder.Put(name, text);
+    return folder.Path(name);
+  }
+  std::string Recent() const {
+    std::string names;
+    for (const auto& file : RecentFiles) names += file.RecentFileName + ";";
+    return names;
+  }
+
+  const std::string usable = LogOf("01-05-1999", "01-20-1999");
+};
+
+// The commands of the table that are on, by name and tool bar position; those without a window yet are left
+// out.
+std::set<std::string> EnabledCommands() {
+  frmMain& window = *MainForm;
+  const CommandsToCome toCome = CommandsToComeOf(window);
+  std::set<std::string> names;
+  for (const Control* control : std::initializer_list<const Control*>{
+           &window.btnViewLog,     &window.btnProcess,   &window.btnExit,       &window.mnuOpenLog,
+           &window.mnuOpenArchive, &window.mnuQuickDate, &window.mnuTools,      &window.mnuViewLog,
+           &window.mnuClearLog,    &window.mnuPurgeLog,  &window.mnuOptimize,   &window.mnuRepairLog,
+           &window.inputStarting,  &window.inputEnding,  &window.UpDown1,       &window.UpDown2,
+           &window.UpDown3,        &window.UpDown4,      &window.LabelStarting, &window.LabelEnding})
+    if (control->Enabled) names.insert(control->Name());
+  for (const int position : {2, 6, 7, 8, 9, 11, 12, 13})
+    if (window.ToolbarMain.Button(position).Enabled) names.insert(std::to_string(position));
+  return names;
+}
+
+std::set<std::string> WithoutCommandsToCome(std::set<std::string> names) {
+  const CommandsToCome toCome = CommandsToComeOf(*MainForm);
+  for (const Control* control : toCome.Controls) names.erase(control->Name());
+  for (int position = 1; position <= 17; ++position)
+    for (const ToolButton* button : toCome.Buttons)
+      if (button == &MainForm->ToolbarMain.Button(position)) names.erase(std::to_string(position));
+  return names;
+}
+
+TEST_F(MainWindowTest, CommandsFollowTheStateOfTheLog) {
+  const std::set<std::string> all = {"btnViewLog",
+                                     "btnProcess",
+                                     "btnExit",
+                                     "mnuOpenArchive",
+                                     "mnuQuickDate",
+                                     "mnuTools",
+                                     "mnuViewLog",
+                                     "mnuClearLog",
+                                     "mnuPurgeLog",
+                                     "mnuOptimize",
+                                     "UpDown1",
+                                     "UpDown2",
+                                     "UpDown3",
+                                     "UpDown4",
+                                     "inputEnding",
+                                     "inputStarting",
+                                     "LabelEnding",
+                                     "LabelStarting",
+                                     "2",
+                                     "6",
+                                     "7",
+                                     "8",
+                                     "11",
+                                     "12",
+                                     "13"};
+  std::set<std::string> withoutPurge = all, ofArchive = all;
+  withoutPurge.erase("mnuPurgeLog");
+  for (const char* name : {"mnuPurgeLog", "mnuClearLog", "7"}) ofArchive.erase(name);
+  ofArchive.insert("mnuOpenLog");
+  const std::set<std::string> none = {"btnExit", "mnuOpenArchive", "mnuClearLog", "2"};
+  const std::set<std::string> corrupt = {"btnExit", "mnuTools", "mnuClearLog", "mnuRepairLog", "2", "9"};
+
+  MainForm->Show();
+  EXPECT_EQ(EnabledCommands(), WithoutCommandsToCome(none)) << "no log";
+  const struct {
+    const char* name;
+    std::string log;
+    std::set<std::string> enabled;
+  } cases[] = {{"invalid", "no date\r\n", none},
+               {"corrupt", "01-05-1999 \x01\r\n", corrupt},
+               {"usable", usable, all},
+               {"empty", "", withoutPurge}};
+  for (const auto& c : cases) {
+    MainForm.Reset();
+    LogInvalid = LogCorrupt = false;
+    Show(c.log);
+    EXPECT_EQ(EnabledCommands(), WithoutCommandsToCome(c.enabled)) << c.name;
+  }
+  MainForm.Reset();
+  Show(usable);
+  MainForm->OpenArchive(PathOf("old.qel", usable));
+  EXPECT_EQ(EnabledCommands(), WithoutCommandsToCome(ofArchive)) << "archive";
+}
+
+TEST_F(MainWindowTest, ItsFirstAppearanceTellsWhatIsWrongWithTheLog) {
+  const struct {
+    std::string log, title, firstLine, status;
+  } cases[] = {
+      {"no date\r\n", "WARNING", "INVALID MODEM LOG FILE!", "No Modem Log Found!"},
+      {"01-05-1999 \x01\r\n", "WARNING", "Corruption Detected in Modem Log File!",
+       "Corruption Detected in Modem Log File!"},
+      {usable + std::string(160000, '\n'), "WARNING", "Your Modem Log is Too Big!",
+       "Enter the starting date for the report by clicking on the calendar or typing."},
+  };
+  for (const auto& c : cases) {
+    MainForm.Reset();
+    LogInvalid = LogCorrupt = false;
+    host.messages.clear();
+    Show(c.log);
+    ASSERT_EQ(host.messages.size(), 1u) << c.firstLine;
+    EXPECT_EQ(host.messages[0].Title, c.title);
+    EXPECT_EQ(host.messages[0].Text.substr(0, c.firstLine.size()), c.firstLine);
+    EXPECT_EQ(Status(), c.status);
+  }
+}
+
+TEST_F(MainWindowTest, ThePanelShowsTheStatisticsOfTheFile) {
+  const auto values = [] {
+    frmMain& w = *MainForm;
+    std::string all;
+    for (const Label* label : {&w.LabelLogName2, &w.LabelLogLength2, &w.LabelLogEntries2, &w.LabelLogFirst2,
+                               &w.LabelLogLast2, &w.LabelLogSpan2})
+      all += label->Caption() + "|";
+    return all;
+  };
+  MainForm->Show();
+  EXPECT_EQ(values().substr(0, 14), "Log Not Found|");
+  MainForm.Reset();
+  Show(usable);
+  EXPECT_EQ(values(), "ModemLog.txt|90 Bytes (0KB)|2|1/5/1999|1/20/1999|15 Days|");
+  EXPECT_EQ(MainForm->LabelHeading.Caption(), "Modem Log Details");
+  MainForm->OpenArchive(PathOf("empty.qel", ""));
+  EXPECT_EQ(values(), "empty.qel|0 Bytes (0KB)|0|N/A|N/A|N/A|");
+  EXPECT_EQ(MainForm->LabelHeading.Caption(), "Archive/Log Details");
+  MainForm.Reset();
+  ArchiveOpen = false;
+  Show("01-05-1999 \x01\r\n");
+  EXPECT_EQ(values(), "ModemLog.txt|N/A|N/A|N/A|N/A|N/A|");
+}
+
+TEST_F(MainWindowTest, AnArchiveIsOpenedAndLeftAgain) {
+  Show(usable);
+  host.paths = {std::nullopt, PathOf("old.qel", LogOf("03-01-1998", "03-31-1998"))};
+  MainForm->mnuOpenArchive.UserClick();
+  EXPECT_FALSE(ArchiveOpen) << "cancelled";
+  MainForm->ToolbarMain.UserButtonClick("Open Archive");
+  EXPECT_TRUE(ArchiveOpen);
+  EXPECT_EQ(MainForm->inputEnding.Text(), "03/31/1998");
+  EXPECT_EQ(MainForm->mnuOptimize.Caption(), "&Optimize Archive");
+  EXPECT_EQ(MainForm->mnuRecent[0].Caption(), "old.qel");
+  EXPECT_EQ(host.dialogs.back().Filter,
+            "Qelmark Modem Log Archive (*.qel)|*.qel|Modem Log File (*.log, *.txt)|*.log;*.txt| All Files "
+            "(*.*)|*.*");
+  MainForm->mnuOpenLog.UserClick();
+  EXPECT_FALSE(ArchiveOpen);
+  EXPECT_EQ(CurrentLogPath, folder.Path("ModemLog.txt"));
+  EXPECT_EQ(MainForm->inputEnding.Text(), "01/20/1999");
+  EXPECT_EQ(MainForm->btnViewLog.Caption(), "&View Modem Log");
+}
+
+TEST_F(MainWindowTest, AFileThatCannotBeOpenedLeavesEverythingAsItWas) {
+  Show(usable);
+  RecentFiles[0] = {"gone.qel", folder.Path() + "/", "A"};
+  RecentFiles[1] = {"gone.txt", folder.Path() + "/", "R"};
+  MainForm.Reset();
+  Show(usable);
+  for (const std::size_t index : {0u, 1u}) {
+    host.messages.clear();
+    MainForm->mnuRecent[index].UserClick();
+    EXPECT_EQ(host.messages.size(), 2u) << "the report of an error stands twice";
+    EXPECT_NE(host.messages.at(0).Text.find("Error code: 53"), std::string::npos);
+    EXPECT_FALSE(ArchiveOpen);
+    EXPECT_EQ(CurrentLogPath, folder.Path("ModemLog.txt"));
+    EXPECT_EQ(Recent(), "gone.qel;gone.txt;;;;");
+  }
+}
+
+TEST_F(MainWindowTest, RecentFilesStandInOrderOnceEach) {
+  Show(usable);
+  for (const char* name : {"1.qel", "2.qel", "3.qel", "4.qel", "5.qel"})
+    MainForm->OpenArchive(PathOf(name, usable));
+  EXPECT_EQ(Recent(), "5.qel;4.qel;3.qel;2.qel;1.qel;");
+  MainForm->OpenArchive(folder.Path("3.qel"));
+  EXPECT_EQ(Recent(), "3.qel;5.qel;4.qel;2.qel;;") << "the oldest had to go before the double was found";
+  MainForm->OpenArchive(PathOf("a name that is long & needs to be shortened.qel", usable));
+  EXPECT_EQ(MainForm->mnuRecent[0].Caption(), "a name that is l...be shortened.qel");
+  ReadUserParameters();
+  EXPECT_EQ(Recent(), "a name that is long & needs to be shortened.qel;3.qel;5.qel;4.qel;2.qel;") << "stored";
+  MainForm->mnuRecent[2].UserClick();
+  EXPECT_EQ(CurrentLogFile, "5.qel");
+  MainForm->mnuClrLst.UserClick();
+  EXPECT_EQ(Recent(), ";;;;;");
+  EXPECT_FALSE(MainForm->mnuClrLst.Visible || MainForm->mnuRecent[0].Visible);
+}
+
+TEST_F(MainWindowTest, TheOptionsAreExportedToAFileThatRestoresThem) {
+  Show(usable);
+  WriteUserParameters();
+  CreatNewKey("SOFTWARE\\Other", SettingsRoot);
+  host.paths = {folder.Path("mine.reg")};
+  MainForm->mnuExport.UserClick();
+  EXPECT_EQ(host.dialogs.back().FileName, "QEL.reg");
+  const RegistryTree exported = ParseRegistryFile(folder.Content("mine.reg"));
+  EXPECT_TRUE(exported.contains("HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\General"));
+  EXPECT_FALSE(exported.contains("HKEY_LOCAL_MACHINE\\SOFTWARE\\Other"));
+  EXPECT_EQ(host.messages.back().Title, "QEL Options Saved");
+  EXPECT_NE(host.messages.back().Text.find("\r\nthe mine.reg file."), std::string::npos);
+  host.paths = {folder.Path("no/such/folder.reg")};
+  host.messages.clear();
+  MainForm->mnuExport.UserClick();
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.messages[0].Text, "That path doesn't exist.");
+}
+
+TEST_F(MainWindowTest, AComplaintStandsUntilItsTimeIsOver) {
+  Show(usable);
+  MainForm->inputStarting.UserText("01/01/1998");
+  MainForm->btnExit.GotFocus();
+  EXPECT_EQ(Status(), "The start date cannot be less than the first entry in modem log!");
+  EXPECT_TRUE(MainForm->Timer1.Enabled);
+  MainForm->Timer1.Tick();
+  EXPECT_EQ(Status(), "Exit Qelmark.");
+  EXPECT_FALSE(MainForm->Timer1.Enabled || MainForm->StatusBarMain.Font().Bold);
+}
+
+TEST_F(MainWindowTest, AnEntryWithoutADateEndsTheAnalysisWithAWord) {
+  Show("01-05-1999 10:00:00.00 - a\r\nno date\r\n" + usable);
+  host.messages.clear();
+  MainForm->btnProcess.UserClick();
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.messages[0].Text.substr(0, 22), "Corruption Detected in");
+  EXPECT_EQ(Status(), "Corruption Detected in Modem Log File!");
+  EXPECT_FALSE(ReportForm.IsLoaded());
+  EXPECT_TRUE(MainForm->btnProcess.Enabled);
+}
+
+TEST_F(MainWindowTest, GraphicsAreDrawnOnTheStandardGreyAlone) {
+  Show(usable);
+  EXPECT_TRUE(MainForm->imgGraphic.Visible && GraphicsAvailable);
+  host.background = 0xFFFFFF;
+  MainForm->Width = 9000;
+  EXPECT_FALSE(MainForm->imgGraphic.Visible || GraphicsAvailable || ShowGraphic);
+}
+
+TEST_F(MainWindowTest, TheAnimationRunsBothWaysAndCanBeStoppedAndHidden) {
+  Show(usable);
+  std::vector<int> frames;
+  for (int tick = 0; tick < 80; ++tick) {
+    MainForm->TimerAnim.Tick();
+    frames.push_back(MainForm->PicAnimQel.Frame);
+  }
+  EXPECT_EQ(frames[18], 19);
+  EXPECT_EQ(frames[19], 1);
+  EXPECT_EQ(frames[40], 18) << "backward by now";
+  MainForm->PicAnimQel.UserDblClick();
+  EXPECT_EQ(MainForm->PicAnimQel.Frame, Picture::NoFrame);
+  MainForm->PicAnimQel.UserDblClick();
+  EXPECT_GT(MainForm->PicAnimQel.Frame, 0);
+  MainForm->PicAnimQel.UserClick();
+  EXPECT_FALSE(MainForm->TimerAnim.Enabled);
+}
+
+}  // namespace
+}  // namespace qel
