@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,15 @@ class ScriptedHost : public Host, public Display {
       action();
     }
   }
+  std::optional<std::string> AskOpenFile(const FileDialog& dialog) override {
+    transcript.push_back("open: " + dialog.FileName);
+    return NextPath(dialog);
+  }
+  std::optional<std::string> AskSaveFile(const FileDialog& dialog) override {
+    transcript.push_back("save: " + dialog.FileName);
+    return NextPath(dialog);
+  }
+  void Print(const PrintJob& job) override { printed.push_back(job); }
   void SetClipboardText(const std::string& text) override { clipboard = text; }
   void PlaySoundFile(const std::string& path) override { transcript.push_back("sound: " + path); }
   void Beep() override { transcript.push_back("beep"); }
@@ -50,14 +60,26 @@ class ScriptedHost : public Host, public Display {
     return false;
   }
 
-  std::deque<Answer> answers;                 // to the next message boxes; then Ignore or OK
-  std::deque<std::function<void()>> actions;  // what the user does while modal windows are in front
+  std::deque<Answer> answers;                    // to the next message boxes; then Ignore or OK
+  std::deque<std::function<void()>> actions;     // what the user does while modal windows are in front
+  std::deque<std::optional<std::string>> paths;  // to the next file dialogues; then the user cancels
+  std::vector<FileDialog> dialogs;
+  std::vector<PrintJob> printed;
   std::vector<Message> messages;
   std::vector<std::string> transcript;
   std::string clipboard;
   MousePointer pointer = MousePointer::Default;
   int yields = 0;
   int lastProgress = -1;
+
+ private:
+  std::optional<std::string> NextPath(const FileDialog& dialog) {
+    dialogs.push_back(dialog);
+    if (paths.empty()) return std::nullopt;
+    const auto path = paths.front();
+    paths.pop_front();
+    return path;
+  }
 };
 
 }  // namespace qel
