@@ -1,6 +1,7 @@
 // The four views of the report window: two reports in two formats, and what the window remembers of each.
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
@@ -49,6 +50,7 @@ class DisplayInstead {
 
 std::vector<ListColumn> ListColumns(const std::vector<ReportColumn>& columns) {
   std::vector<ListColumn> made;
+  made.reserve(columns.size());
   for (const auto& column : columns)
     made.push_back({column.Title, column.Width > 0 ? column.Width : ColumnWidth,
                     static_cast<ColumnAlign>(column.Alignment)});

@@ -1,4 +1,9 @@
 // The report window as its user has it, over the analysis of a small log.
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "settings/Registry_Functions.h"
 #include "support/ErrorOf.h"
 #include "support/FreshProgram.h"
