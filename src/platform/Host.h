@@ -29,7 +29,7 @@ struct Message {
 struct FileDialog {
   std::string Filter;    // "Text (*.txt)|*.txt|All Files (*.*)|*.*"
   std::string Folder;    // where it opens; a file path, as all paths in the system's bytes
-  std::string FileName;  // the name it proposes
+  std::string FileName;  // the name it proposes, in the system's bytes too
 };
 
 // Text for the printer: Windows-1252, fixed pitch.

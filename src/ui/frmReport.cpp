@@ -1,12 +1,199 @@
 #include "ui/frmReport.h"
 
+#include <optional>
+#include <utility>
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "core/EndProgram.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/FormatMask.h"
+#include "platform/Host.h"
+#include "settings/SettingField.h"
+
 namespace qel {
 
 TheForm<frmReport> ReportForm;
 
-frmReport::frmReport() : Form("frmReport") {}
+namespace {
 
-void frmReport::ShowAnalysis() {}
-void frmReport::OpenReport(const std::string&) {}
+constexpr int PrintLeft = 500;  // twips
+
+// Report windows name what they show, and so do the documents that they print.
+std::string CaptionOf(const std::string& file) { return "QEL Report - (" + PathText(file) + ")"; }
+
+}  // namespace
+
+frmReport::frmReport() : Form("frmReport") {
+  ListView1.Font = {"Arial", 9};
+  ReportTextBox.Font = {"Courier New", 10};
+  ReportTextBox.Locked = true;
+  ProgressBar1.Visible = false;
+  StatusBar1.SetPanelCount(3);
+  ConnectMenus();
+  Toolbar1.ButtonClick = [this](const std::string& key) { Toolbar1_ButtonClick(key); };
+  ListView1.ColumnClick = [this](int column) { ListView1_ColumnClick(column); };
+}
+
+void frmReport::ConnectMenus() {
+  mnuSaveAS.Click = [this] { mnuSaveAS_Click(); };
+  mnuPrint.Click = [this] { mnuPrint_Click(); };
+  mnuExit.Click = [this] { mnuExit_Click(); };
+  mnuSummary.Click = [this] { mnuSummary_Click(); };
+  mnuDetails.Click = [this] { mnuDetails_Click(); };
+  mnuFormatStd.Click = [this] { mnuFormatStd_Click(); };
+  mnuListView.Click = [this] { mnuListView_Click(); };
+  mnuNumConnections.Click = [this] { mnuNumConnections_Click(); };
+  mnuAutoArrange.Click = [this] { mnuAutoArrange_Click(); };
+  mnuFontIncrease.Click = [this] { mnuFontIncrease_Click(); };
+  mnuFontDecrease.Click = [this] { mnuFontDecrease_Click(); };
+  mnuSaveSettings.Click = [this] { mnuSaveSettings_Click(); };
+}
+
+void frmReport::Toolbar1_ButtonClick(const std::string& key) {
+  static constexpr struct {
+    const char* Key;
+    void (frmReport::*Handler)();
+  } commands[] = {
+      {"Save", &frmReport::mnuSaveAS_Click},
+      {"Print", &frmReport::mnuPrint_Click},
+      {"Exit", &frmReport::mnuExit_Click},
+      {"Summary", &frmReport::mnuSummary_Click},
+      {"Detail", &frmReport::mnuDetails_Click},
+      {"Standard", &frmReport::mnuFormatStd_Click},
+      {"List View", &frmReport::mnuListView_Click},
+      {"Bigger", &frmReport::mnuFontIncrease_Click},
+      {"Smaller", &frmReport::mnuFontDecrease_Click},
+      {"ShowNums", &frmReport::mnuNumConnections_Click},
+  };
+  for (const auto& command : commands)
+    if (key == command.Key) return (this->*command.Handler)();
+}
+
+void frmReport::Form_Load() {
+  Toolbar1.Flat = FlatToolbars;
+  SummaryBuilt = DetailBuilt = false;
+  mnuSaveSettings.Checked = SaveReportSettings;
+  mnuAutoArrange.Checked = AutoArrangeOn = ReportAutoArrange;
+  mnuSummary.Checked = UserReportPref == 0;
+  mnuDetails.Checked = UserReportPref == 1;
+  // Last, since it applies the settings of the report that is checked.
+  ChooseFormat(ReportListView);
+}
+
+void frmReport::Form_Activate() {
+  Toolbar1.Visible = ShowToolbars;
+  Form_Resize();
+  Caption = CaptionOf(content == Content::File ? fileName : CurrentLogFile);
+  if (content == Content::File) return;
+  if (mnuDetails.Checked && !DetailBuilt) mnuDetails_Click();
+  if (mnuSummary.Checked && !SummaryBuilt) mnuSummary_Click();
+}
+
+bool frmReport::Form_Unload() {
+  StoreSettings();
+  SaveReportSettings = mnuSaveSettings.Checked();
+  ReportAutoArrange = mnuAutoArrange.Checked();
+  if (content != Content::File) ReportListView = mnuListView.Checked();
+  if (SaveReportSettings) {
+    WriteUserParameters();
+    return true;
+  }
+  // Stored alone, so that switching off is itself remembered.
+  const std::string key = std::string(SettingsKey) + "\\ViewReport";
+  CreatNewKey(key, SettingsRoot);
+  StoreSetting(key, "SaveSettings", StoredAs::Word, &SaveReportSettings);
+  SaveRegistry();
+  return true;
+}
+
+void frmReport::BringToFront() {
+  if (WindowState == qel::WindowState::Minimized) WindowState = qel::WindowState::Normal;
+  const bool inFront = ActiveForm == this;  // Show then activates nothing
+  Show();
+  if (inFront) Form_Activate();
+}
+
+void frmReport::ShowAnalysis() {
+  if (content == Content::File) {
+    content = Content::Nothing;
+    SummaryBuilt = DetailBuilt = false;  // the file's text stands in the place of theirs
+    EnableAnalysis(true);
+    ChooseFormat(ReportListView);
+  }
+  BringToFront();
+}
+
+void frmReport::OpenReport(const std::string& path) {
+  std::string text = ReadWholeFile(path);
+  Load();
+  StoreSettings();
+  content = Content::File;
+  fileName = FileNamePart(path);
+  Report = {};
+  Report.ReportText = std::move(text);
+  ReportTextBox.Emphasised = RichTextBox::Emphasis{};
+  ReportTextBox.Text = Report.ReportText;
+  ListView1.Clear();
+  ShowFormat(false);
+  EnableAnalysis(false);
+  StatusUpdate();
+  BringToFront();
+}
+
+// What has no meaning for the text of a file.
+void frmReport::EnableAnalysis(bool enabled) {
+  for (Control* item :
+       {&mnuSummary, &mnuDetails, &mnuFormatStd, &mnuListView, &mnuNumConnections, &mnuAutoArrange, &mnuFont})
+    item->Enabled = enabled;
+  for (const char* key : {"Summary", "Detail", "Standard", "List View", "Bigger", "Smaller", "ShowNums"})
+    Toolbar1.Button(key).Enabled = enabled;
+}
+
+std::string frmReport::ProposedName() const {
+  if (content == Content::File) return fileName;
+  const Kind* kind = CheckedReport();
+  const std::string name = std::string(kind ? kind->FileName : Summary.FileName) + " " +
+                           FormatDate(PeriodStart, "ddmmmyy") + " - " + FormatDate(PeriodEnd, "ddmmmyy");
+  return ToUtf8(name);
+}
+
+void frmReport::mnuSaveAS_Click() {
+  StatusUpdate();
+  const std::optional<std::string> path = CurrentHost().AskSaveFile(
+      {.Filter = "Text (*.txt)|*.txt", .Folder = AppPath, .FileName = ProposedName()});
+  if (!path) return;
+  try {
+    ReplaceFile(*path, content == Content::File ? Report.ReportText : Report.ReportText + NewLine);
+  } catch (const RunTimeError& error) {
+    TellFailure("saved", error);
+  }
+}
+
+void frmReport::mnuPrint_Click() {
+  StatusUpdate();
+  try {
+    CurrentHost().Print(
+        {.Title = Caption, .Text = Report.ReportText, .Font = {"Courier New", 10}, .Left = PrintLeft});
+  } catch (const RunTimeError& error) {
+    TellFailure("printed", error);
+  }
+}
+
+// No dialogue: the next StatusUpdate takes the words away.
+void frmReport::TellFailure(const std::string& what, const RunTimeError& error) {
+  StatusBar1.SetPanel(1, " Report not " + what + ": " + error.Description());
+  CurrentHost().Beep();
+}
+
+void frmReport::mnuExit_Click() { Unload(); }
+
+void frmReport::mnuSaveSettings_Click() {
+  SaveReportSettings = !SaveReportSettings;
+  mnuSaveSettings.Checked = SaveReportSettings;
+}
 
 }  // namespace qel

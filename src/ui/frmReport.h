@@ -1,17 +1,43 @@
-// The report window: Summary and Details, each as text and as a list.
+// The report window: Summary and Details of the latest analysis, each as text and as a list; or the text of a
+// report that was saved before.
+//
+// Its handlers are told apart by what they are for: frmReport.cpp (life of the window, saving, printing),
+// ReportViews.cpp (the four views and their settings).
 #pragma once
+
+#include <string>
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
 #include "controls/Form.h"
 #include "controls/ListView.h"
 #include "controls/TextControls.h"
+#include "core/Display.h"
+#include "platform/RunTimeError.h"
+#include "reports/ReportDocument.h"
+#include "settings/Settings.h"
 
 namespace qel {
 
-class frmReport : public Form {
+class frmReport : public Form, private Display {
  public:
   frmReport();
+
+  // Shows the latest analysis, anew where it is a fresh one. Ends the showing of a file.
+  void ShowAnalysis();
+
+  // Shows a saved report. What needs an analysis is disabled meanwhile, and the settings of the user's views
+  // stay as they are. Raises where the file cannot be read; the window is then as it was.
+  void OpenReport(const std::string& path);
+
+  // Apply the stored settings of a report to the window; zero stands for what was never stored.
+  void DoSummarySettings() { ApplySettings(Summary); }
+  void DoDetailSettings() { ApplySettings(Details); }
+  // Reads the window back into the settings of the report that is shown, if one is.
+  void StoreSettings();
+  void StatusUpdate();
+
+  ReportDocument Report;  // what is shown, saved and printed; its rows stand in ListView1
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuSaveAS{*this, "mnuSaveAS"};
@@ -50,10 +76,65 @@ class frmReport : public Form {
   Label RepWarn3{*this, "RepWarn3"};
   RichTextBox ReportTextBox{*this, "ReportTextBox"};
 
-  void ShowAnalysis();
-  void OpenReport(const std::string& path);
-
  private:
+  // What the window shows. Until the first report is built it has nothing to store.
+  enum class Content { Nothing, Analysis, File };
+
+  // What sets the two reports apart.
+  struct Kind {
+    const char* FileName;  // begins the name that saving proposes
+    ReportDocument (*Build)();
+    ReportViewSettings& Settings;
+    int LastRestored;     // the last of Column1 to Column7 that is applied
+    const char* Warning;  // in RepWarn3
+  };
+  static const Kind Summary, Details;
+
+  void Form_Load() override;
+  void Form_Resize() override;
+  void Form_Activate() override;
+  bool Form_Unload() override;
+
+  void Toolbar1_ButtonClick(const std::string& key);
+  void mnuSaveAS_Click();
+  void mnuPrint_Click();
+  void mnuExit_Click();
+  void mnuSummary_Click();
+  void mnuDetails_Click();
+  void mnuFormatStd_Click();
+  void mnuListView_Click();
+  void mnuNumConnections_Click();
+  void mnuAutoArrange_Click();
+  void mnuFontIncrease_Click();
+  void mnuFontDecrease_Click();
+  void mnuSaveSettings_Click();
+  void ListView1_ColumnClick(int column);
+
+  // Of the Display: the progress of a report that is being built.
+  void ShowProgress(bool visible) override;
+  void Progress(Int16 percent) override;
+
+  void ConnectMenus();
+  void EnableAnalysis(bool enabled);
+  void BringToFront();
+  void TellFailure(const std::string& what, const RunTimeError& error);
+  std::string ProposedName() const;
+
+  const Kind* CheckedReport() const;  // nullptr where neither is checked
+  void ChooseReport(const Kind& kind);
+  void ChooseFormat(bool list);
+  void ShowFormat(bool list);
+  void BuildReport(const Kind& kind);
+  void ShowDocument(ReportDocument document);
+  void ApplySettings(const Kind& kind);
+  void ApplyListSettings(const Kind& kind);
+  void EnableNumberColumn(bool enabled);
+  void SetNumberColumn();
+  void ChangeFontSize(float by);
+
+  Content content = Content::Nothing;
+  std::string fileName;  // of the report that was opened
+  bool AutoArrangeOn = false;
 };
 
 extern TheForm<frmReport> ReportForm;

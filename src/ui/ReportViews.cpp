@@ -1,0 +1,253 @@
+// The four views of the report window: two reports in two formats, and what the window remembers of each.
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "analysis/QELAnalyse.h"
+#include "core/ErrorHandler.h"
+#include "platform/Host.h"
+#include "platform/TextConversion.h"
+#include "reports/DetailReport.h"
+#include "reports/SummaryReport.h"
+#include "ui/frmReport.h"
+
+namespace qel {
+
+namespace {
+
+// Twips.
+constexpr int ColumnWidth = 1440;  // of a column that nothing else gives a width
+constexpr int NumberColumnWidth = 100;
+constexpr int NotesWidth = 6000;
+constexpr int WidthLeftOut = 2200;  // of the list, when its columns share it
+constexpr int LeastSharedWidth = 100;
+
+constexpr float TitleSize = 14;  // points
+
+struct Measure {
+  Int32 ReportViewSettings::*Stored;
+  Property<int> Form::*Shown;
+};
+
+constexpr Measure Measures[] = {
+    {&ReportViewSettings::WinHeight, &Form::Height},
+    {&ReportViewSettings::WinWidth, &Form::Width},
+    {&ReportViewSettings::WinTop, &Form::Top},
+    {&ReportViewSettings::WinLeft, &Form::Left},
+};
+
+// Takes over the words on progress for as long as it lives.
+class DisplayInstead {
+ public:
+  explicit DisplayInstead(Display& display) : before(CurrentDisplay()) { SetDisplay(display); }
+  ~DisplayInstead() { SetDisplay(before); }
+  DisplayInstead(const DisplayInstead&) = delete;
+  DisplayInstead& operator=(const DisplayInstead&) = delete;
+
+ private:
+  Display& before;
+};
+
+std::vector<ListColumn> ListColumns(const std::vector<ReportColumn>& columns) {
+  std::vector<ListColumn> made;
+  made.reserve(columns.size());
+  for (const auto& column : columns)
+    made.push_back({column.Title, column.Width > 0 ? column.Width : ColumnWidth,
+                    static_cast<ColumnAlign>(column.Alignment)});
+  return made;
+}
+
+std::vector<ListRow> ListRows(std::vector<ReportRow> rows) {
+  std::vector<ListRow> made;
+  made.reserve(rows.size());
+  for (auto& row : rows) made.push_back({std::move(row.Text), std::move(row.SubItems)});
+  return made;
+}
+
+int ColumnCount(const ListView& list) { return static_cast<int>(list.Columns().size()); }
+
+}  // namespace
+
+// The width of the Notes, the seventh column of a report with costs, is the report's own.
+const frmReport::Kind frmReport::Summary{"Summary", DisplaySummaryReport, SummaryViewSettings, 7,
+                                         "Check details report."};
+const frmReport::Kind frmReport::Details{"Detail", DisplayDetailReport, DetailViewSettings, 6,
+                                         "Report may be inaccurate."};
+
+const frmReport::Kind* frmReport::CheckedReport() const {
+  if (mnuSummary.Checked) return &Summary;
+  return mnuDetails.Checked ? &Details : nullptr;
+}
+
+void frmReport::mnuSummary_Click() { ChooseReport(Summary); }
+void frmReport::mnuDetails_Click() { ChooseReport(Details); }
+void frmReport::mnuListView_Click() { ChooseFormat(true); }
+void frmReport::mnuFormatStd_Click() { ChooseFormat(false); }
+
+void frmReport::ChooseReport(const Kind& kind) {
+  StoreSettings();
+  const bool details = &kind == &Details;
+  mnuSummary.Checked = Toolbar1.Button("Summary").Pressed = !details;
+  mnuDetails.Checked = Toolbar1.Button("Detail").Pressed = details;
+  EnableNumberColumn(details && mnuListView.Checked);
+  BuildReport(kind);
+  ApplySettings(kind);
+  Form_Resize();
+  StatusUpdate();
+}
+
+void frmReport::ChooseFormat(bool list) {
+  ReportListView = list;
+  ShowFormat(list);
+  mnuFont.Enabled = mnuAutoArrange.Enabled = list;
+  Toolbar1.Button("Bigger").Enabled = Toolbar1.Button("Smaller").Enabled = list;
+  EnableNumberColumn(list && !mnuSummary.Checked);
+  if (list) ApplySettings(mnuSummary.Checked ? Summary : Details);
+  Form_Resize();
+  SetNumberColumn();
+  StatusUpdate();
+}
+
+void frmReport::ShowFormat(bool list) {
+  ReportTextBox.Visible = !list;
+  ListView1.Visible = fraReportHeader.Visible = list;
+  mnuListView.Checked = Toolbar1.Button("List View").Pressed = list;
+  mnuFormatStd.Checked = Toolbar1.Button("Standard").Pressed = !list;
+}
+
+void frmReport::BuildReport(const Kind& kind) {
+  const DisplayInstead here(*this);
+  Attempt([&] {
+    ShowDocument(kind.Build());
+    // Also while the list is hidden: StoreSettings reads it back all the same.
+    ApplyListSettings(kind);
+  });
+  ShowProgress(false);
+  CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+void frmReport::ShowDocument(ReportDocument document) {
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  Report = std::move(document);
+  ReportTextBox.Text = Report.ReportText;
+  ReportTextBox.Select(0, 0);
+  ReportTextBox.Emphasised = {Report.TitleStart, Report.TitleLength, TitleSize, true, true};
+  RepTitle.Caption = Report.RepTitle;
+  RepBegin.Caption = Report.RepBegin;
+  RepEnd.Caption = Report.RepEnd;
+  RepPeriod.Caption = Report.RepPeriod;
+  fraWarning.Visible = Report.fraWarning;
+  fraNoConn.Visible = Report.fraNoConn;
+  ListView1.Clear();
+  ListView1.SetColumns(ListColumns(Report.Columns));
+  SetNumberColumn();
+  ListView1.SetRows(ListRows(std::exchange(Report.Rows, {})));
+  ListView1.SelectRow(Report.SelectedRow);
+  content = Content::Analysis;
+}
+
+void frmReport::ShowProgress(bool visible) {
+  StatusBar1.Visible = !visible;
+  ProgressBar1.Visible = visible;
+}
+
+void frmReport::Progress(Int16 percent) {
+  if (percent != ProgressBar1.Value()) ProgressBar1.SetValue(percent);
+}
+
+void frmReport::ApplySettings(const Kind& kind) {
+  if (WindowState == qel::WindowState::Normal)
+    for (const auto& measure : Measures)
+      if (const int stored = kind.Settings.*measure.Stored; stored != 0) this->*measure.Shown = stored;
+  if (mnuListView.Checked) ApplyListSettings(kind);
+  RepWarn3.Caption = kind.Warning;
+}
+
+void frmReport::ApplyListSettings(const Kind& kind) {
+  if (kind.Settings.FontSize != 0) {
+    Font font = ListView1.Font;
+    font.Size = kind.Settings.FontSize;
+    ListView1.Font = font;
+  }
+  const int last = std::min(kind.LastRestored, ColumnCount(ListView1) - 1);
+  for (int i = 1; i <= last; ++i)
+    if (const int stored = kind.Settings.Column[static_cast<std::size_t>(i - 1)]; stored != 0)
+      ListView1.SetColumnWidth(i + 1, stored);
+}
+
+void frmReport::StoreSettings() {
+  const Kind* kind = CheckedReport();
+  if (content != Content::Analysis || !kind) return;
+  if (WindowState == qel::WindowState::Normal)
+    for (const auto& measure : Measures) kind->Settings.*measure.Stored = (this->*measure.Shown)();
+  kind->Settings.FontSize = ListView1.Font->Size;
+  for (std::size_t i = 1; i < ListView1.Columns().size(); ++i)
+    kind->Settings.Column[i - 1] = ListView1.Columns()[i].Width;
+}
+
+void frmReport::StatusUpdate() {
+  const bool list = mnuListView.Checked;
+  StatusBar1.SetPanel(1, list ? " List View Format" : " Standard Format");
+  StatusBar1.SetPanel(2, !list ? "" : AutoArrangeOn ? " Auto Arrange On" : " Auto Arrange Off");
+  StatusBar1.SetPanel(3, list ? " Font Size " + NumberText(ListView1.Font->Size) : "");
+}
+
+// The face's layout places the controls.
+void frmReport::Form_Resize() {
+  const int count = ColumnCount(ListView1);
+  if (WindowState == qel::WindowState::Minimized || !AutoArrangeOn || count < 2) return;
+  const double shared = 1.0 * (ListView1.Width - WidthLeftOut) / (count - 1);
+  for (int i = 2; i <= count; ++i) {
+    if (ListView1.Columns()[static_cast<std::size_t>(i - 1)].Text == " Notes")
+      ListView1.SetColumnWidth(i, NotesWidth);
+    else if (shared > LeastSharedWidth)
+      ListView1.SetColumnWidth(i, Int32(shared));
+  }
+}
+
+void frmReport::EnableNumberColumn(bool enabled) {
+  mnuNumConnections.Enabled = Toolbar1.Button("ShowNums").Enabled = enabled;
+}
+
+void frmReport::SetNumberColumn() {
+  if (ListView1.Columns().empty()) return;
+  const bool shown = mnuNumConnections.Enabled && mnuNumConnections.Checked;
+  ListView1.SetColumnWidth(1, shown ? NumberColumnWidth : 0);
+}
+
+void frmReport::mnuNumConnections_Click() {
+  if (!mnuNumConnections.Enabled) return;
+  mnuNumConnections.Checked = Toolbar1.Button("ShowNums").Pressed = !mnuNumConnections.Checked;
+  SetNumberColumn();
+}
+
+void frmReport::mnuAutoArrange_Click() {
+  AutoArrangeOn = !AutoArrangeOn;
+  StatusUpdate();
+  mnuAutoArrange.Checked = AutoArrangeOn;
+  Form_Resize();
+}
+
+void frmReport::mnuFontIncrease_Click() { ChangeFontSize(1); }
+
+void frmReport::mnuFontDecrease_Click() {
+  if (ListView1.Font->Size >= 1) ChangeFontSize(-1);
+}
+
+void frmReport::ChangeFontSize(float by) {
+  Font font = ListView1.Font;
+  font.Size += by;
+  ListView1.Font = font;
+  StatusUpdate();
+}
+
+// An asterisk marks a column that can be switched.
+void frmReport::ListView1_ColumnClick(int column) {
+  if (!mnuSummary.Checked || column < 1 || column > ColumnCount(ListView1)) return;
+  const std::string& title = ListView1.Columns()[static_cast<std::size_t>(column - 1)].Text;
+  if (title != "* Blocks" && title != "* Data Read") return;
+  ShowBlocks = title == "* Data Read";
+  mnuSummary_Click();
+}
+
+}  // namespace qel

@@ -1,0 +1,259 @@
+// The report window as its user has it, over the analysis of a small log.
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "settings/Registry_Functions.h"
+#include "support/ErrorOf.h"
+#include "support/FreshProgram.h"
+#include "ui/frmReport.h"
+
+namespace qel {
+namespace {
+
+class ReportWindow : public FreshProgram {
+ protected:
+  ReportWindow() {
+    OpenLog(
+        "03-01-1999 09:00:00.00 - Recv: ATDT5550100<cr>\r\n"
+        "03-01-1999 09:00:30.00 - Connection established at 28800bps.\r\n"
+        "03-01-1999 09:20:30.00 - Hanging up the modem.\r\n"
+        "03-01-1999 09:20:31.00 - Reads : 524288 bytes\r\n");
+    SetPeriod(DateSerial(1999, 3, 1), DateSerial(1999, 3, 2));
+    AppPath = folder.Path();
+  }
+
+  frmReport& ShowFresh() {
+    Analyse();
+    window->ShowAnalysis();
+    return *window;
+  }
+  frmReport& OpenOld() {
+    folder.Put("M\xC3\xA4rz.txt", old);
+    window->OpenReport(folder.Path("M\xC3\xA4rz.txt"));
+    return *window;
+  }
+  static std::vector<int> Widths(const frmReport& form) {
+    std::vector<int> widths;
+    for (const auto& column : form.ListView1.Columns()) widths.push_back(column.Width);
+    return widths;
+  }
+  static std::string Status(const frmReport& form) {
+    const auto& panels = form.StatusBar1.Panels();
+    return panels[0] + "|" + panels[1] + "|" + panels[2];
+  }
+  // The menu items by name, the buttons by position.
+  static std::string Disabled(frmReport& form) {
+    std::string names;
+    for (const Control* control : form.Controls())
+      if (!control->Enabled) names += control->Name() + " ";
+    for (int button = 1; button <= 16; ++button)
+      if (!form.Toolbar1.Button(button).Enabled) names += std::to_string(button) + " ";
+    return names;
+  }
+  static std::string StoredWord(const std::string& name) {
+    return TextOf(QueryValue(SettingsRoot, std::string(SettingsKey) + "\\ViewReport", name));
+  }
+
+  const std::string old = " QELMARK - Details Report\r\n\r\n Caf\xE9\n";  // a report of another day
+  TheForm<frmReport> window;
+};
+
+TEST_F(ReportWindow, EachViewShowsAndEnablesWhatBelongsToIt) {
+  const std::string list = " List View Format| Auto Arrange Off| Font Size 9", text = " Standard Format||";
+  const std::string listOnly = "mnuNumConnections mnuAutoArrange mnuFont 13 14 16 ";
+  const struct {
+    std::string report, format, status, disabled;
+  } cases[] = {
+      {"Summary", "List View", list, "mnuNumConnections 16 "},
+      {"Detail", "List View", list, ""},
+      {"Detail", "Standard", text, listOnly},
+      {"Summary", "Standard", text, listOnly},
+  };
+  frmReport& form = ShowFresh();
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.report + ", " + c.format);
+    form.Toolbar1.UserButtonClick(c.report);
+    form.Toolbar1.UserButtonClick(c.format);
+    EXPECT_EQ(form.RepTitle.Caption().substr(10, 6), c.report.substr(0, 6));
+    EXPECT_EQ(form.ReportTextBox.Text->substr(1, 24), form.RepTitle.Caption());
+    EXPECT_EQ(form.ReportTextBox.Emphasised(), (RichTextBox::Emphasis{1, 24, 14, true, true}));
+    EXPECT_EQ(Status(form), c.status);
+    for (const char* key : {"Summary", "Detail", "Standard", "List View"})
+      EXPECT_EQ(form.Toolbar1.Button(key).Pressed(), key == c.report || key == c.format) << key;
+    EXPECT_EQ(Disabled(form), c.disabled);
+    EXPECT_EQ(form.ListView1.Visible() && form.fraReportHeader.Visible(), c.status == list);
+    EXPECT_EQ(form.ReportTextBox.Visible(), c.status == text);
+  }
+  EXPECT_EQ(host.pointer, MousePointer::Default);
+}
+
+TEST_F(ReportWindow, IsBuiltAnewOnlyForAFreshAnalysis) {
+  UserReportPref = 1;
+  frmReport& form = ShowFresh();
+  EXPECT_EQ(form.Caption(), "QEL Report - (test.log)");
+  EXPECT_EQ(form.ListView1.Row(2).Text, " 1");
+  EXPECT_FALSE(form.ProgressBar1.Visible());
+  form.ListView1.AddRow({"a mark", {}});
+  const int marked = form.ListView1.RowCount();
+  window->ShowAnalysis();
+  EXPECT_EQ(form.ListView1.RowCount(), marked);
+  SetPeriod(DateSerial(1999, 3, 2), DateSerial(1999, 3, 2));
+  ShowFresh();
+  EXPECT_EQ(form.ListView1.RowCount(), 0);
+  EXPECT_TRUE(form.fraNoConn.Visible()) << "it was in front all the time";
+}
+
+TEST_F(ReportWindow, ColumnsWithAnAsteriskSwitchBetweenDataAndBlocks) {
+  frmReport& form = ShowFresh();
+  std::string shown;
+  for (const int column : {6, 7, 7}) {
+    form.ListView1.UserColumnClick(column);
+    shown += form.ListView1.Columns()[6].Text + " " + form.ListView1.Cell(2, 7) + "; ";
+  }
+  EXPECT_EQ(shown, "* Data Read 512K; * Blocks 0 (00:00); * Data Read 512K; ");
+}
+
+TEST_F(ReportWindow, NumbersAreShownInTheDetailsListAlone) {
+  frmReport& form = ShowFresh();
+  std::string widths;
+  for (const char* key : {"Detail", "ShowNums", "Summary", "Detail", "Standard", "List View", "ShowNums"}) {
+    form.Toolbar1.UserButtonClick(key);
+    widths += std::to_string(Widths(form)[0]) + " ";
+    EXPECT_EQ(form.mnuNumConnections.Checked(), form.Toolbar1.Button(16).Pressed()) << key;
+  }
+  EXPECT_EQ(widths, "0 100 0 100 0 100 0 ");
+}
+
+TEST_F(ReportWindow, EachReportKeepsItsPlaceFontAndColumns) {
+  SummaryViewSettings.FontSize = 0;
+  DetailViewSettings.FontSize = 12;
+  DetailViewSettings.WinTop = 0;
+  frmReport& form = ShowFresh();
+  EXPECT_EQ(form.ListView1.Font->Size, 9) << "none was stored";
+  EXPECT_EQ(Widths(form), (std::vector<int>{0, 1000, 1000, 700, 1000, 1000, 1440, 1440}));
+  form.Height = 7000;
+  form.Top = 300;
+  form.ListView1.UserColumnWidth(8, 1234);
+  form.mnuDetails.UserClick();
+  EXPECT_EQ(std::pair(form.Height(), form.Top()), std::pair(5100, 300)) << "no top was stored";
+  EXPECT_EQ(form.RepWarn3.Caption(), "Report may be inaccurate.");
+  EXPECT_EQ(form.ListView1.Font->Size, 12);
+  form.ListView1.UserColumnWidth(2, 2222);
+  form.ListView1.UserColumnWidth(8, 3333);
+  form.WindowState = WindowState::Maximized;
+  form.Height = 12000;
+  form.mnuSummary.UserClick();
+  EXPECT_EQ(form.Height(), 12000);
+  EXPECT_EQ(form.ListView1.Font->Size, 9);
+  EXPECT_EQ(Widths(form)[7], 1234);
+  form.WindowState = WindowState::Normal;
+  form.mnuDetails.UserClick();
+  EXPECT_EQ(form.Height(), 5100) << "the maximised height is not the user's choice";
+  EXPECT_EQ(Widths(form), (std::vector<int>{0, 2222, 1000, 700, 1000, 1000, 2000, 6000})) << "Notes as ever";
+}
+
+TEST_F(ReportWindow, TheTextFormatLosesNothingThatTheListHad) {
+  ReportListView = false;
+  DetailViewSettings.FontSize = 12;
+  ShowFresh().mnuDetails.UserClick();
+  window->mnuExit.UserClick();
+  EXPECT_EQ(SummaryViewSettings.Column[2], 700);
+  EXPECT_EQ(DetailViewSettings.FontSize, 12);
+}
+
+TEST_F(ReportWindow, AutoArrangeSharesTheWidthOfTheList) {
+  frmReport& form = ShowFresh();
+  form.mnuDetails.UserClick();
+  form.ListView1.Width = 10000;
+  form.mnuAutoArrange.UserClick();
+  EXPECT_EQ(Widths(form), (std::vector<int>{0, 1114, 1114, 1114, 1114, 1114, 1114, 6000}));
+  form.ListView1.Width = 2900;
+  form.Width = 3000;
+  EXPECT_EQ(Widths(form)[1], 1114) << "100 would be left";
+  EXPECT_EQ(Status(form), " List View Format| Auto Arrange On| Font Size 9");
+}
+
+TEST_F(ReportWindow, TheFontShrinksToNothingAndNoFurther) {
+  SummaryViewSettings.FontSize = 1;
+  frmReport& form = ShowFresh();
+  std::string sizes;
+  for (const char* key : {"Smaller", "Smaller", "Bigger"}) {
+    form.Toolbar1.UserButtonClick(key);
+    sizes += form.StatusBar1.Panels()[2];
+  }
+  EXPECT_EQ(sizes, " Font Size 0 Font Size 0 Font Size 1");
+}
+
+TEST_F(ReportWindow, SettingsAreStoredOnClosingOrTheirSwitchAlone) {
+  WriteUserParameters();
+  ShowFresh().mnuFormatStd.UserClick();
+  window->Toolbar1.UserButtonClick("Exit");
+  EXPECT_EQ(StoredWord("ListView") + StoredWord("SaveSettings"), "FalseTrue");
+  frmReport& form = ShowFresh();
+  EXPECT_FALSE(form.ListView1.Visible());
+  form.mnuListView.UserClick();
+  form.mnuSaveSettings.UserClick();
+  form.mnuExit.UserClick();
+  EXPECT_EQ(StoredWord("ListView") + StoredWord("SaveSettings"), "FalseFalse");
+}
+
+TEST_F(ReportWindow, SavesAndPrintsTheTextWhateverTheFormat) {
+  const std::string text = ShowFresh().ReportTextBox.Text;
+  host.paths = {folder.Path("s.txt"), std::nullopt, folder.Path("none/d.txt")};
+  window->mnuSaveAS.UserClick();
+  EXPECT_EQ(folder.Content("s.txt"), text + "\r\n");
+  EXPECT_EQ(host.dialogs[0].Folder + host.dialogs[0].Filter, AppPath + "Text (*.txt)|*.txt");
+  window->Toolbar1.UserButtonClick("Print");
+  EXPECT_EQ(host.printed.at(0).Title + "\n" + host.printed[0].Text, "QEL Report - (test.log)\n" + text);
+  EXPECT_EQ(host.printed[0].Font, (Font{"Courier New", 10}));
+  window->mnuDetails.UserClick();
+  window->mnuSaveAS.UserClick();
+  EXPECT_EQ(window->StatusBar1.Text(), " List View Format") << "the user cancelled";
+  window->mnuSaveAS.UserClick();
+  EXPECT_EQ(window->StatusBar1.Text(), " Report not saved: Path not found");
+  EXPECT_EQ(
+      std::vector(host.transcript.end() - 3, host.transcript.end()),
+      (std::vector<std::string>{"save: Detail 01Mar99 - 02Mar99", "save: Detail 01Mar99 - 02Mar99", "beep"}));
+  window->mnuAutoArrange.UserClick();
+  EXPECT_EQ(window->StatusBar1.Text(), " List View Format");
+}
+
+TEST_F(ReportWindow, ShowsSavesAndPrintsAnOpenedReportAsItIsAndRemembersNothingOfIt) {
+  frmReport& form = ShowFresh();
+  EXPECT_EQ(ErrorOf([&] { form.OpenReport(folder.Path("none.txt")); }), FileNotFound);
+  EXPECT_EQ(form.Caption(), "QEL Report - (test.log)");
+  OpenOld();
+  EXPECT_EQ(form.Caption(), "QEL Report - (M\xE4rz.txt)");
+  EXPECT_EQ(form.ReportTextBox.Text(), old);
+  EXPECT_TRUE(form.ReportTextBox.Visible() && !form.ListView1.Visible() && !form.fraReportHeader.Visible());
+  EXPECT_EQ(Disabled(form),
+            "mnuSummary mnuDetails mnuFormatStd mnuListView mnuNumConnections mnuAutoArrange mnuFont "
+            "7 8 10 11 13 14 16 ");
+  host.paths = {folder.Path("copy.txt")};
+  form.mnuSaveAS.UserClick();
+  EXPECT_TRUE(host.Showed("save: M\xC3\xA4rz.txt"));
+  EXPECT_EQ(folder.Content("copy.txt"), old);
+  form.mnuPrint.UserClick();
+  EXPECT_EQ(host.printed[0].Text, old);
+  form.Height = 9000;
+  form.mnuExit.UserClick();
+  EXPECT_TRUE(ReportListView);
+  EXPECT_EQ(SummaryViewSettings.WinHeight, 5100);
+}
+
+TEST_F(ReportWindow, LeavesAnOpenedReportForTheNextAnalysis) {
+  ShowFresh().ListView1.UserColumnWidth(2, 2222);
+  frmReport& form = OpenOld();
+  form.Height = 9000;
+  window->ShowAnalysis();
+  EXPECT_EQ(form.Caption(), "QEL Report - (test.log)");
+  EXPECT_EQ(form.ReportTextBox.Text->substr(1, 24), form.RepTitle.Caption());
+  EXPECT_TRUE(form.ListView1.Visible() && form.mnuSummary.Enabled() && !form.mnuNumConnections.Enabled());
+  EXPECT_EQ(form.Height(), 5100);
+  EXPECT_EQ(Widths(form)[1], 2222);
+}
+
+}  // namespace
+}  // namespace qel
