@@ -14,15 +14,17 @@ std::function<void(Form&)> AttachFace;
 Form::Form(std::string name) : name(std::move(name)) {}
 
 Form::~Form() {
+  Face.reset();
   std::erase(LoadedForms, this);
   if (ActiveForm == this) ActiveForm = nullptr;
 }
 
 void Form::Load() {
   if (loaded) return;
+  // Before it counts as loaded: the design's sizes are no resizing.
+  if (AttachFace) AttachFace(*this);
   loaded = true;
   LoadedForms.push_back(this);
-  if (AttachFace) AttachFace(*this);
   Form_Load();
 }
 
@@ -56,12 +58,14 @@ bool Form::Unload() {
   unloaded = true;
   active = nullptr;
   Hide();
+  Face.reset();
   return true;
 }
 
 void Form::Activate() {
   if (!visible || ActiveForm == this) return;
   ActiveForm = this;
+  ShowChange();
   Form_Activate();
 }
 

@@ -64,6 +64,9 @@ class Form {
 
   std::function<void()> ViewChanged;
 
+  // What a face keeps of the form. It goes when the form is unloaded, or with the form.
+  std::shared_ptr<void> Face;
+
  protected:
   virtual void Form_Load() {}
   virtual void Form_Resize() {}

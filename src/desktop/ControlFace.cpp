@@ -1,0 +1,107 @@
+#include "desktop/ControlFace.h"
+
+#include <QAbstractScrollArea>
+#include <QEvent>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+#include <algorithm>
+#include <utility>
+
+#include "controls/Form.h"
+#include "desktop/Look.h"
+#include "desktop/QtValues.h"
+
+namespace qel {
+
+ControlFace::ControlFace(FormFace& form, Control& control, QWidget* widget)
+    : form(form), control(control), widget(widget) {}
+
+void ControlFace::Attach() {
+  if (widget) designFont = widget->font();
+  Pull();
+  shownFont = control.Font;
+  control.ViewChanged = [this] { Refresh(); };
+  Refresh();
+}
+
+void ControlFace::Detach() { control.ViewChanged = nullptr; }
+
+void ControlFace::Refresh() {
+  if (form.IsReleased()) return;
+  {
+    const FormFace::Pushing pushing(form);
+    Push();
+  }
+  if (control.HasFocus()) form.FollowFocus();
+}
+
+bool ControlFace::Filter(QWidget& watched, QEvent& event) {
+  if (&watched == widget && (event.type() == QEvent::Resize || event.type() == QEvent::Move) &&
+      form.IsLaidOut(*widget))
+    PullPlace();
+  return false;
+}
+
+void ControlFace::Pull() {
+  if (!widget) return;
+  if (control.ToolTipText().empty()) control.ToolTipText = FromQt(widget->toolTip());
+  if (control.Font() == Font()) control.Font = FromQt(widget->font());
+  if (control.Width == 0 && control.Height == 0) PullPlace();
+}
+
+void ControlFace::Push() {
+  if (!widget) return;
+  const QSignalBlocker silent(widget);
+  if (widget->isHidden() == control.Visible()) widget->setVisible(control.Visible);
+  if (widget->isEnabledTo(widget->parentWidget()) != control.Enabled()) widget->setEnabled(control.Enabled);
+  if (const QString tip = ToQt(control.ToolTipText()); widget->toolTip() != tip) widget->setToolTip(tip);
+  if (!(control.Font() == shownFont)) {
+    shownFont = control.Font;
+    widget->setFont(ToQt(shownFont, designFont));
+  }
+  PushPlace();
+  PushColours();
+}
+
+void ControlFace::PullPlace() {
+  const QRect place = widget->geometry();
+  control.Left = Twips(place.left());
+  control.Top = Twips(place.top());
+  control.Width = Twips(place.width());
+  control.Height = Twips(place.height());
+}
+
+void ControlFace::PushPlace() {
+  if (form.IsLaidOut(*widget)) return;
+  const QRect place(Pixels(control.Left), Pixels(control.Top), std::max(0, Pixels(control.Width)),
+                    std::max(0, Pixels(control.Height)));
+  if (widget->geometry() != place) widget->setGeometry(place);
+}
+
+void ControlFace::PushColours() {
+  if (shownFore == control.ForeColor() && shownBack == control.BackColor()) return;
+  shownFore = control.ForeColor;
+  shownBack = control.BackColor;
+  auto* const area = qobject_cast<QAbstractScrollArea*>(widget);
+  QWidget* const surface = area ? area->viewport() : widget;
+  QPalette palette;
+  if (shownFore != SystemColour::Default) palette.setColor(surface->foregroundRole(), ColourOf(shownFore));
+  if (shownBack != SystemColour::Default) palette.setColor(surface->backgroundRole(), ColourOf(shownBack));
+  surface->setPalette(palette);
+  surface->setAutoFillBackground(shownBack != SystemColour::Default || area);
+}
+
+bool ClickableFace::Filter(QWidget& watched, QEvent& event) {
+  const auto type = event.type();
+  const bool isPress = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+  if (&watched != Widget() || !(isPress || type == QEvent::MouseButtonRelease))
+    return ControlFace::Filter(watched, event);
+  const auto& mouse = static_cast<QMouseEvent&>(event);
+  if (mouse.button() != Qt::LeftButton) return false;
+  const bool completesClick = std::exchange(pressed, type == QEvent::MouseButtonPress) && !isPress;
+  if (completesClick && Widget()->rect().contains(mouse.pos())) Tell([this] { Bound().UserClick(); });
+  if (type == QEvent::MouseButtonDblClick) Tell([this] { Bound().UserDblClick(); });
+  return true;
+}
+
+}  // namespace qel

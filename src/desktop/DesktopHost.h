@@ -1,0 +1,28 @@
+// The host of the desktop program: message boxes, dialogues, sound, printing, other programs.
+#pragma once
+
+#include <string>
+
+#include "platform/Host.h"
+
+namespace qel {
+
+class DesktopHost : public Host {
+ public:
+  Answer MessageBox(const Message& message) override;
+  void RunModal(const std::function<bool()>& done) override;
+  void Yield() override;
+  void SetMousePointer(MousePointer shape) override;
+  void SetClipboardText(const std::string& text) override;
+  void PlaySoundFile(const std::string& path) override;
+  void Beep() override;
+  std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;
+  std::optional<std::string> AskSaveFile(const FileDialog& dialog) override;
+  std::optional<Font> AskFont(const Font& font) override;
+  void Print(const PrintJob& job) override;
+  void OpenDocument(const std::string& document) override;
+  void StartProgram(const std::string& command) override;
+  unsigned BackgroundColour() override;
+};
+
+}  // namespace qel

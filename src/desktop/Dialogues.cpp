@@ -1,0 +1,120 @@
+#include "desktop/Dialogues.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QWindow>
+#include <vector>
+
+#include "desktop/EventLoop.h"
+#include "desktop/QtValues.h"
+
+namespace qel {
+
+namespace {
+
+struct AnswerButton {
+  Answer answer;
+  const char* caption;
+  QMessageBox::ButtonRole role;
+};
+
+// Roles say what Escape and the closing of the box mean: a rejecting button, or the only one. Where there is
+// neither, the user has to answer.
+std::vector<AnswerButton> ButtonsOf(Buttons buttons) {
+  constexpr auto Plain = QMessageBox::AcceptRole;
+  switch (buttons) {
+    case Buttons::OKCancel:
+      return {{Answer::OK, "OK", Plain}, {Answer::Cancel, "Cancel", QMessageBox::RejectRole}};
+    case Buttons::AbortRetryIgnore:
+      return {{Answer::Abort, "&Abort", Plain},
+              {Answer::Retry, "&Retry", Plain},
+              {Answer::Ignore, "&Ignore", Plain}};
+    case Buttons::YesNo:
+      return {{Answer::Yes, "&Yes", Plain}, {Answer::No, "&No", Plain}};
+    case Buttons::OK:
+      break;
+  }
+  return {{Answer::OK, "OK", Plain}};
+}
+
+QMessageBox::Icon IconOf(Icon icon) {
+  switch (icon) {
+    case Icon::Critical:
+      return QMessageBox::Critical;
+    case Icon::Question:
+      return QMessageBox::Question;
+    case Icon::Exclamation:
+      return QMessageBox::Warning;
+    case Icon::Information:
+      return QMessageBox::Information;
+    case Icon::None:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialogue) {
+  if (!wanted.Folder.empty()) dialogue.setDirectory(QFile::decodeName(wanted.Folder.c_str()));
+  if (!wanted.FileName.empty()) dialogue.selectFile(QFile::decodeName(wanted.FileName.c_str()));
+  dialogue.setNameFilter(ToolkitFilter(wanted.Filter));
+  if (RunDialogue(dialogue) != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return std::nullopt;
+  return QFile::encodeName(QDir::toNativeSeparators(dialogue.selectedFiles().front())).toStdString();
+}
+
+}  // namespace
+
+int RunDialogue(QDialog& dialogue) {
+  // Owned by the window in front, but not its child: it lives on the caller's stack.
+  const QWidget* const owner = QApplication::activeWindow();
+  dialogue.setWindowModality(Qt::ApplicationModal);
+  dialogue.winId();  // makes the handle
+  if (owner && dialogue.windowHandle()) dialogue.windowHandle()->setTransientParent(owner->windowHandle());
+  dialogue.show();
+  RunUntil([&dialogue] { return !dialogue.isVisible(); });
+  return dialogue.result();
+}
+
+Answer ShowMessageBox(const Message& message) {
+  QMessageBox box(IconOf(message.icon), ToQt(message.Title), LinesToQt(message.Text));
+  box.setTextFormat(Qt::PlainText);
+  std::vector<std::pair<const QAbstractButton*, Answer>> answers;
+  for (const AnswerButton& row : ButtonsOf(message.buttons)) {
+    QPushButton* const button = box.addButton(row.caption, row.role);
+    if (answers.empty()) box.setDefaultButton(button);
+    answers.emplace_back(button, row.answer);
+  }
+  RunDialogue(box);
+  for (const auto& [button, answer] : answers)
+    if (button == box.clickedButton()) return answer;
+  return answers.back().second;
+}
+
+std::optional<std::string> AskFileToOpen(const FileDialog& wanted) {
+  QFileDialog dialogue;
+  dialogue.setFileMode(QFileDialog::ExistingFile);
+  return AskFile(wanted, dialogue);
+}
+
+std::optional<std::string> AskFileToSave(const FileDialog& wanted) {
+  QFileDialog dialogue;
+  dialogue.setAcceptMode(QFileDialog::AcceptSave);
+  return AskFile(wanted, dialogue);
+}
+
+QString ToolkitFilter(const std::string& filter) {
+  const QStringList parts = ToQt(filter).split(u'|');
+  QStringList shown;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    QString patterns = QString(parts[i + 1]).replace(u';', u' ').replace("*.*", "*");
+    QString name = parts[i];
+    name.remove(QRegularExpression(R"(\s*\([^)]*\)\s*$)"));
+    shown += name + " (" + patterns + ')';
+  }
+  return shown.join(";;");
+}
+
+}  // namespace qel

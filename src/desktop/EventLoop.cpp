@@ -1,0 +1,117 @@
+#include "desktop/EventLoop.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QEvent>
+#include <new>
+#include <utility>
+
+#include "controls/Form.h"
+#include "core/EndProgram.h"
+#include "core/ErrorHandler.h"
+
+namespace qel {
+
+namespace {
+
+int depth = 0;  // of dispatches
+bool ended = false;
+bool inputIsThrownAway = false;
+
+// Sets a value for as long as it lives.
+class Meanwhile {
+ public:
+  Meanwhile(bool& place, bool value) : place(place), before(std::exchange(place, value)) {}
+  ~Meanwhile() { place = before; }
+  Meanwhile(const Meanwhile&) = delete;
+  Meanwhile& operator=(const Meanwhile&) = delete;
+
+ private:
+  bool& place;
+  bool before;
+};
+
+class InputFilter : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::MouseMove:
+      case QEvent::Wheel:
+      case QEvent::KeyPress:
+      case QEvent::KeyRelease:
+      case QEvent::Shortcut:
+      case QEvent::ShortcutOverride:
+      case QEvent::ContextMenu:
+      case QEvent::TabletPress:
+      case QEvent::TouchBegin:
+        return inputIsThrownAway;
+      default:
+        return false;
+    }
+  }
+};
+
+void RunToItsEnd(const std::function<void()>& event) {
+  try {
+    event();
+  } catch (const RunTimeError& error) {
+    RepeatAfter(error);  // an event happens once, whatever the answer
+  } catch (const std::bad_alloc&) {
+    RepeatAfter(RunTimeError(OutOfMemory));
+  }
+}
+
+// Dialogues that the toolkit runs in loops of its own would outlive the program.
+void CloseDialogues() {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (auto* dialogue = qobject_cast<QDialog*>(window); dialogue && dialogue->isVisible())
+      dialogue->reject();
+}
+
+}  // namespace
+
+void Dispatch(const std::function<void()>& event) noexcept {
+  if (ended) return;
+  ++depth;
+  try {
+    RunToItsEnd(event);
+  } catch (const ProgramEnd&) {
+    ended = true;
+    CloseDialogues();
+  }
+  if (--depth == 0) SaveRegistry();
+}
+
+bool ProgramEnded() { return ended; }
+
+void RunUntil(const std::function<bool()>& done) {
+  const Meanwhile open(inputIsThrownAway, false);
+  const bool hadForms = !LoadedForms.empty();
+  while (!ended && !done()) {
+    if (hadForms && LoadedForms.empty()) throw ProgramEnd();
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  if (ended) throw ProgramEnd();
+}
+
+void YieldToEvents() {
+  const bool hadForms = !LoadedForms.empty();
+  {
+    const Meanwhile closed(inputIsThrownAway, true);
+    InputFilter filter;
+    qApp->installEventFilter(&filter);
+    QCoreApplication::processEvents();
+  }
+  SaveRegistry();
+  if (ended || (hadForms && LoadedForms.empty())) throw ProgramEnd();
+}
+
+void ResetEventLoop() {
+  depth = 0;
+  ended = inputIsThrownAway = false;
+}
+
+}  // namespace qel

@@ -1,0 +1,30 @@
+// The road between the toolkit's events and the program. All that the toolkit has to tell goes through
+// Dispatch; all that waits for the user waits in RunUntil. So no exception passes through the toolkit, and
+// the end of the program, wherever it is thrown, unwinds every procedure that is under way.
+#pragma once
+
+#include <functional>
+
+namespace qel {
+
+// Runs what an event asks for. ProgramEnd is remembered: from then on nothing is dispatched any more, and
+// all loops end. A run-time error that no procedure has dealt with goes to the error handler. After the
+// outermost dispatch the settings' changes go to the disk.
+void Dispatch(const std::function<void()>& event) noexcept;
+
+// Whether ProgramEnd has come up in a dispatch.
+bool ProgramEnded();
+
+// Handles events until `done`. Throws ProgramEnd when the program has ended or nothing of it is loaded.
+// `done` counts for more: what ends with the last window ends normally.
+void RunUntil(const std::function<bool()>& done);
+
+// Handles the events that wait, but throws away what the user does with mouse and keyboard meanwhile, except
+// before a modal window or box that such an event has opened. Throws ProgramEnd when the program has ended,
+// or when the last of its forms has gone.
+void YieldToEvents();
+
+// Puts all this as a fresh process has it.
+void ResetEventLoop();
+
+}  // namespace qel

@@ -1,0 +1,222 @@
+#include "desktop/FormFace.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLayout>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QTimer>
+#include <QVariant>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/ControlFace.h"
+#include "desktop/EventLoop.h"
+#include "desktop/QtValues.h"
+
+namespace qel {
+
+namespace {
+
+constexpr auto MakeFaceOfKind = {FaceOfText, FaceOfButton,   FaceOfBar,
+                                 FaceOfList, FaceOfListView, FaceOfPicker};
+
+// A hidden window's layouts do not reach the layouts inside its widgets by themselves.
+void LayOut(QWidget& widget) {
+  if (QLayout* layout = widget.layout()) {
+    layout->activate();
+    layout->setGeometry(widget.rect());
+  }
+  for (QObject* child : widget.children())
+    if (auto* inside = qobject_cast<QWidget*>(child); inside && !inside->isWindow()) LayOut(*inside);
+}
+
+}  // namespace
+
+FormFace::FormFace(Form& form, std::unique_ptr<QWidget> window) : form(&form), window(std::move(window)) {
+  Attach();
+}
+
+FormFace::~FormFace() {
+  form = nullptr;
+  faces.clear();
+  window.reset();
+}
+
+void FormFace::Attach() {
+  LayOut(*window);
+  Pull();
+  for (Control* control : form->Controls()) {
+    for (const auto make : MakeFaceOfKind)
+      if (auto face = make(*this, *control)) {
+        faces.push_back(std::move(face));
+        break;
+      }
+  }
+  for (const auto& face : faces) face->Attach();
+  AddAccessKeys();
+  form->ViewChanged = [this] { Push(); };
+  window->installEventFilter(this);
+  window->setMouseTracking(true);
+  window->setContextMenuPolicy(Qt::NoContextMenu);
+  for (QWidget* widget : window->findChildren<QWidget*>()) {
+    widget->installEventFilter(this);
+    widget->setMouseTracking(true);
+  }
+}
+
+QObject* FormFace::ObjectOf(const Control& control) const {
+  QString name = ToQt(control.Name());
+  if (control.Index() != Control::NoIndex) name += '_' + QString::number(control.Index());
+  return window->findChild<QObject*>(name);
+}
+
+Control* FormFace::ControlOf(const QWidget* inside) const {
+  for (const QWidget* widget = inside; widget && widget != window.get(); widget = widget->parentWidget())
+    for (const auto& face : faces)
+      if (face->Widget() == widget) return &face->Bound();
+  return nullptr;
+}
+
+bool FormFace::IsLaidOut(const QWidget& widget) const {
+  const QWidget* parent = widget.parentWidget();
+  return !parent || parent->layout() || widget.isWindow();
+}
+
+void FormFace::Tell(const std::function<void()>& act) {
+  if (!form) return;
+  ++telling;
+  Dispatch(act);
+  if (--telling == 0 && !form) deleteLater();
+}
+
+void FormFace::Release() {
+  if (!form) return;
+  const std::vector<Control*> left = form->Controls();  // without those that have gone before their form
+  for (const auto& face : faces)
+    if (std::any_of(left.begin(), left.end(),
+                    [&](const Control* control) { return control == &face->Bound(); }))
+      face->Detach();
+  form->ViewChanged = nullptr;
+  form = nullptr;
+  window->hide();
+  if (telling == 0) deleteLater();
+}
+
+void FormFace::AddAccessKeys() {
+  for (const auto& face : faces) {
+    QWidget* widget = face->Widget();
+    const QString key = widget ? widget->property("accessKey").toString() : QString();
+    if (key.isEmpty() || qobject_cast<QAbstractButton*>(widget)) continue;
+    auto* shortcut = new QShortcut(
+        QKeySequence(Qt::ALT | static_cast<Qt::Key>(key.front().toUpper().unicode())), window.get());
+    Control& model = face->Bound();
+    connect(shortcut, &QShortcut::activated, this, [this, &model] { Tell([&model] { model.SetFocus(); }); });
+  }
+}
+
+void FormFace::Pull() {
+  if (form->Caption().empty()) form->Caption = FromQt(window->windowTitle());
+  if (form->Width == 0) form->Width = Twips(window->width());
+  if (form->Height == 0) form->Height = Twips(window->height());
+  shownPlace = {Pixels(form->Left), Pixels(form->Top)};
+  shownSize = window->size();
+}
+
+void FormFace::Push() {
+  if (!form) return;
+  const Pushing here(*this);
+  if (const QString title = ToQt(form->Caption()); window->windowTitle() != title)
+    window->setWindowTitle(title);
+  PushGeometry();
+  PushVisible();
+}
+
+void FormFace::PushGeometry() {
+  Qt::WindowStates states = window->windowState();
+  const bool isMaximized = form->WindowState == WindowState::Maximized;
+  const bool isMinimized = form->WindowState == WindowState::Minimized;
+  states.setFlag(Qt::WindowMaximized, isMaximized);
+  states.setFlag(Qt::WindowMinimized, isMinimized);
+  const QPoint place(Pixels(form->Left), Pixels(form->Top));
+  const QSize size(Pixels(form->Width), Pixels(form->Height));
+  // A place that nobody has set is the window system's to choose.
+  if (place != shownPlace) window->move(shownPlace = place);
+  if (size != shownSize) {
+    shownSize = size;
+    window->resize(size);
+  }
+  if (states != window->windowState()) window->setWindowState(states);
+}
+
+void FormFace::PullGeometry() {
+  if (!form || pushing > 0 || !window->isVisible() || window->isMaximized() || window->isMinimized()) return;
+  shownPlace = window->pos();
+  shownSize = window->size();
+  LayOut(*window);  // so that the form finds its controls in their new places
+  Tell([this] {
+    Form& model = *form;
+    if (Pixels(model.Left) != shownPlace.x()) model.Left = Twips(shownPlace.x());
+    if (Pixels(model.Top) != shownPlace.y()) model.Top = Twips(shownPlace.y());
+    const QSize size = shownSize;
+    if (Pixels(model.Width) != size.width()) model.Width = Twips(size.width());
+    if (Pixels(model.Height) != size.height()) model.Height = Twips(size.height());
+  });
+}
+
+void FormFace::TakeWindowState() {
+  if (!form || !window->isVisible()) return;
+  const auto state = window->isMinimized()   ? WindowState::Minimized
+                     : window->isMaximized() ? WindowState::Maximized
+                                             : WindowState::Normal;
+  Tell([this, state] { form->WindowState = state; });
+}
+
+void FormFace::PushVisible() {
+  if (!form->Visible()) {
+    window->hide();
+    return;
+  }
+  if (window->isHidden()) {
+    if (form->IsModal()) {
+      QWindow* const owner =
+          QApplication::activeWindow() ? QApplication::activeWindow()->windowHandle() : nullptr;
+      window->setWindowModality(Qt::ApplicationModal);
+      window->winId();  // makes the handle
+      window->windowHandle()->setTransientParent(owner);
+    }
+    FollowFocus();
+    window->show();
+  }
+  ComeToTheFront();
+}
+
+// Once for each time that the program puts the form in front, so that a window never comes before what the
+// user has put there since.
+void FormFace::ComeToTheFront() {
+  if (ActiveForm != form || std::exchange(isInFront, true)) return;
+  for (Form* other : LoadedForms)
+    if (FormFace* face = FaceOf(*other); face && face != this) face->isInFront = false;
+  if (window->isActiveWindow()) return;
+  window->raise();
+  window->activateWindow();
+}
+
+void AttachFaces(std::vector<WindowDesign> designs) {
+  AttachFace = [designs = std::move(designs)](Form& form) {
+    for (const WindowDesign& design : designs)
+      if (form.Name() == design.formName)
+        form.Face = std::shared_ptr<FormFace>(new FormFace(form, design.make()),
+                                              [](FormFace* face) { face->Release(); });
+  };
+}
+
+FormFace* FaceOf(const Form& form) { return static_cast<FormFace*>(form.Face.get()); }
+
+void ReleaseFaces() {
+  for (Form* form : LoadedForms) form->Face.reset();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+}  // namespace qel

@@ -1,0 +1,117 @@
+// The window of one form: it finds the widgets of the form's controls by their names, follows the form's
+// caption, place, size and state, and holds the toolkit's focus to the model's.
+//
+// A control's widget, action, menu or bar bears the control's name, a member of a control array the name with
+// its place behind it: "mnuRecent_0".
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "controls/Form.h"
+
+class QKeyEvent;
+
+namespace qel {
+
+class ControlFace;
+
+// How the window of a form is made.
+struct WindowDesign {
+  const char* formName;
+  std::unique_ptr<QWidget> (*make)();
+};
+
+// For a class that the form compiler made of a .ui file, in a window of class Window.
+template <class Window, class Ui, Qt::WindowType Flags = Qt::Window>
+std::unique_ptr<QWidget> MakeWindow() {
+  auto window = std::make_unique<Window>(nullptr, Flags);
+  Ui().setupUi(window.get());
+  return window;
+}
+
+class FormFace : public QObject {
+ public:
+  FormFace(Form& form, std::unique_ptr<QWidget> window);
+  ~FormFace() override;
+
+  QWidget& Window() const { return *window; }
+  const std::vector<std::unique_ptr<ControlFace>>& ControlFaces() const { return faces; }
+  // What the design calls by the control's name; null where there is no such thing.
+  QObject* ObjectOf(const Control& control) const;
+  // The control that a widget belongs to, itself or one around it; null where there is none.
+  Control* ControlOf(const QWidget* inside) const;
+  // Whether a layout, not the model, says where the widget is.
+  bool IsLaidOut(const QWidget& widget) const;
+
+  // Runs what an event means to the model, unless the form has gone.
+  void Tell(const std::function<void()>& act);
+  // Moves the toolkit's focus to the active control.
+  void FollowFocus();
+  // Leaves the model for good: hides the window, which is deleted once nothing of it is under way.
+  void Release();
+  bool IsReleased() const { return !form; }
+
+  // While one lives, what widgets report is our own doing.
+  class Pushing {
+   public:
+    explicit Pushing(FormFace& face) : depth(face.pushing) { ++depth; }
+    ~Pushing() { --depth; }
+    Pushing(const Pushing&) = delete;
+    Pushing& operator=(const Pushing&) = delete;
+
+   private:
+    int& depth;
+  };
+  bool IsPushing() const { return pushing > 0; }
+
+ private:
+  void Attach();
+  void Pull();
+  void Push();
+  void PushGeometry();
+  void PushVisible();
+  void ComeToTheFront();
+  void PullGeometry();
+  void TakeWindowState();
+  void AddAccessKeys();
+
+  // The user's side; each answers whether the event goes no further.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool FilterWindow(QEvent& event);
+  bool FilterWidget(QWidget& widget, QEvent& event);
+  bool TakePress(QWidget& widget);
+  void TakeFocus(QWidget& widget, Qt::FocusReason reason);
+  bool TakeKey(QWidget& widget, const QKeyEvent& event);
+  bool TakeEnterOrEscape(const KeyPress& press);
+  void TakeMouseMove(QWidget& widget, const QPoint& at);
+  // Brings the focuses together once the present event is over.
+  void SettleFocusLater();
+
+  Form* form;  // null once released
+  std::unique_ptr<QWidget> window;
+  std::vector<std::unique_ptr<ControlFace>> faces;
+  int telling = 0;  // depth of Tell
+  int pushing = 0;
+  bool isInFront = false;  // was the form in front when it was last shown
+  bool enteringFocus = false;
+  const Control* refusedFocus = nullptr;  // by the mouse press that is under way
+  QPoint shownPlace;                      // pixels, as last pushed or pulled
+  QSize shownSize;
+};
+
+// From now on each form that is loaded gets its window from `designs`; a form that is not in it stays a
+// model.
+void AttachFaces(std::vector<WindowDesign> designs);
+
+// The face of a loaded form; null where it has none.
+FormFace* FaceOf(const Form& form);
+
+// Takes the windows off all forms that are still loaded, as the end of the application asks for.
+void ReleaseFaces();
+
+}  // namespace qel

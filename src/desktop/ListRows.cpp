@@ -1,0 +1,44 @@
+#include "desktop/ListRows.h"
+
+#include "desktop/QtValues.h"
+
+namespace qel {
+
+void ListRows::Renew() {
+  beginResetModel();
+  rows = list.RowCount();
+  columns = static_cast<int>(list.Columns().size());
+  endResetModel();
+}
+
+int ListRows::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows; }
+
+int ListRows::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : columns; }
+
+QVariant ListRows::data(const QModelIndex& index, int role) const {
+  if (role == Qt::TextAlignmentRole) return AlignmentOf(index.column());
+  if (role != Qt::DisplayRole || index.row() >= list.RowCount()) return {};
+  return ToQt(list.Cell(index.row() + 1, index.column() + 1));
+}
+
+QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section >= static_cast<int>(list.Columns().size())) return {};
+  if (role == Qt::TextAlignmentRole) return AlignmentOf(section);
+  if (role == Qt::DisplayRole) return ToQt(list.Columns()[static_cast<std::size_t>(section)].Text);
+  return {};
+}
+
+QVariant ListRows::AlignmentOf(int column) const {
+  if (column >= static_cast<int>(list.Columns().size())) return {};
+  switch (list.Columns()[static_cast<std::size_t>(column)].Alignment) {
+    case ColumnAlign::Right:
+      return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    case ColumnAlign::Centre:
+      return QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
+    case ColumnAlign::Left:
+      break;
+  }
+  return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+}  // namespace qel

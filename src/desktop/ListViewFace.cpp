@@ -1,0 +1,172 @@
+// The list in report form. Rows may come one by one and by the ten thousand, so the list is shown anew once
+// for all changes that an event makes.
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QItemSelectionModel>
+#include <QTableView>
+#include <QTimer>
+#include <QToolTip>
+#include <QTreeView>
+#include <algorithm>
+
+#include "controls/ListView.h"
+#include "desktop/ControlFace.h"
+#include "desktop/ListRows.h"
+#include "desktop/QtValues.h"
+
+namespace qel {
+
+namespace {
+
+QHeaderView& HeaderOf(QTreeView& view) {
+  view.setUniformRowHeights(true);
+  view.setRootIsDecorated(false);
+  view.setItemsExpandable(false);
+  return *view.header();
+}
+
+QHeaderView& HeaderOf(QTableView& view) {
+  view.verticalHeader()->hide();
+  view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  view.setShowGrid(false);
+  view.setWordWrap(false);
+  view.setTabKeyNavigation(false);
+  return *view.horizontalHeader();
+}
+
+class ListViewFace : public ControlFace {
+ public:
+  ListViewFace(FormFace& form, ListView& model, QAbstractItemView& view, QHeaderView& header)
+      : ControlFace(form, model, &view), model(model), view(view), header(header), rows(model) {
+    view.setModel(&rows);
+    view.setSelectionMode(QAbstractItemView::SingleSelection);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view.setTextElideMode(Qt::ElideRight);
+    header.setStretchLastSection(false);
+    header.setSectionsClickable(true);
+    header.setSectionsMovable(false);
+    header.setSectionResizeMode(QHeaderView::Interactive);
+    connect(&header, &QHeaderView::sectionClicked, this,
+            [this](int at) { Tell([this, at] { this->model.UserColumnClick(at + 1); }); });
+    connect(&header, &QHeaderView::sectionResized, this, [this](int at, int, int width) {
+      Tell([this, at, width] { this->model.UserColumnWidth(at + 1, Twips(width)); });
+    });
+    connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& row) { TakeRow(row.row() + 1); });
+    connect(&view, &QAbstractItemView::doubleClicked, this,
+            [this] { Tell([this] { this->model.UserDblClick(); }); });
+  }
+
+  void Attach() override {
+    model.RowsChanged = [this] { rowsAreOld = true; };
+    rowsAreOld = true;
+    ControlFace::Attach();
+  }
+  void Detach() override {
+    model.RowsChanged = nullptr;
+    ControlFace::Detach();
+  }
+
+  // A text that does not fit in its cell is shown whole in a tool tip.
+  bool Filter(QWidget& watched, QEvent& event) override {
+    if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) Refresh();
+    if (event.type() != QEvent::ToolTip || &watched != view.viewport())
+      return ControlFace::Filter(watched, event);
+    const auto& help = static_cast<QHelpEvent&>(event);
+    const QModelIndex cell = view.indexAt(help.pos());
+    const QString text = cell.data().toString();
+    const QRect place = view.visualRect(cell);
+    if (!cell.isValid() || view.sizeHintForIndex(cell).width() <= place.width()) return false;
+    QToolTip::showText(help.globalPos(), text, view.viewport(), place);
+    return true;
+  }
+
+ private:
+  void Push() override {
+    ControlFace::Push();
+    if (waiting) return;
+    waiting = true;
+    QTimer::singleShot(0, this, [this] {
+      waiting = false;
+      if (form.IsReleased()) return;
+      const FormFace::Pushing pushing(form);
+      PushList();
+    });
+  }
+
+  void PushList() {
+    if (rowsAreOld || rows.columnCount() != static_cast<int>(model.Columns().size())) rows.Renew();
+    rowsAreOld = false;
+    PushColumns();
+    view.setSelectionBehavior(model.FullRowSelect ? QAbstractItemView::SelectRows
+                                                  : QAbstractItemView::SelectItems);
+    PushHighlight();
+    PushSelection();
+  }
+
+  void PushColumns() {
+    for (int i = 0; i < rows.columnCount(); ++i) {
+      const int width = model.Columns()[static_cast<std::size_t>(i)].Width;
+      header.setSectionHidden(i, width <= 0);
+      // Narrow as they may be, numbers must be readable.
+      const int shown = std::max(Pixels(width), header.minimumSectionSize());
+      if (width > 0 && header.sectionSize(i) != shown) header.resizeSection(i, shown);
+    }
+    emit rows.headerDataChanged(Qt::Horizontal, 0, std::max(0, rows.columnCount() - 1));
+  }
+
+  // The toolkit tells active windows from others, but not which of their lists has the focus.
+  void PushHighlight() {
+    const bool hides = model.HideSelection && !view.hasFocus();
+    const QPalette usual = QApplication::palette(&view);
+    QPalette palette = view.palette();
+    palette.setColor(QPalette::Highlight, usual.color(hides ? QPalette::Base : QPalette::Highlight));
+    palette.setColor(QPalette::HighlightedText,
+                     usual.color(hides ? QPalette::Text : QPalette::HighlightedText));
+    if (palette != view.palette()) view.setPalette(palette);
+  }
+
+  void PushSelection() {
+    const int row = model.SelectedRow() - 1;
+    auto& selection = *view.selectionModel();
+    if (row < 0) {
+      selection.clear();
+    } else if (selection.currentIndex().row() != row || !selection.hasSelection()) {
+      const int leading = std::max(0, header.logicalIndexAt(0));
+      view.setCurrentIndex(rows.index(row, leading));
+      view.scrollTo(rows.index(row, leading));
+    }
+  }
+
+  void TakeRow(int row) {
+    if (rowsAreOld) return;  // the row is not the one that the user sees
+    Tell([this, row] { model.UserSelect(row); });
+  }
+
+  ListView& model;
+  QAbstractItemView& view;
+  QHeaderView& header;
+  ListRows rows;
+  bool rowsAreOld = false;
+  bool waiting = false;  // to be shown anew
+};
+
+template <class View>
+std::unique_ptr<ControlFace> FaceIn(FormFace& form, ListView& model) {
+  auto* const view = qobject_cast<View*>(form.ObjectOf(model));
+  return view ? std::make_unique<ListViewFace>(form, model, *view, HeaderOf(*view)) : nullptr;
+}
+
+}  // namespace
+
+std::unique_ptr<ControlFace> FaceOfListView(FormFace& form, Control& control) {
+  auto* const model = dynamic_cast<ListView*>(&control);
+  if (!model) return nullptr;
+  if (auto face = FaceIn<QTreeView>(form, *model)) return face;
+  return FaceIn<QTableView>(form, *model);
+}
+
+}  // namespace qel

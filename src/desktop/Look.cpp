@@ -1,0 +1,66 @@
+#include "desktop/Look.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QToolTip>
+
+#include "platform/Host.h"
+
+namespace qel {
+
+namespace {
+
+const struct {
+  QPalette::ColorRole role;
+  QRgb colour;
+} Colours[] = {
+    {QPalette::Window, StandardGrey},  {QPalette::Button, StandardGrey},
+    {QPalette::Light, 0xFFFFFF},       {QPalette::Midlight, 0xDFDFDF},
+    {QPalette::Mid, 0x808080},         {QPalette::Dark, 0x808080},
+    {QPalette::Shadow, 0x000000},      {QPalette::WindowText, 0x000000},
+    {QPalette::ButtonText, 0x000000},  {QPalette::Text, 0x000000},
+    {QPalette::Base, 0xFFFFFF},        {QPalette::AlternateBase, 0xF0F0F0},
+    {QPalette::Highlight, 0x000080},   {QPalette::HighlightedText, 0xFFFFFF},
+    {QPalette::BrightText, 0xFFFFFF},  {QPalette::Link, 0x0000FF},
+    {QPalette::LinkVisited, 0x800080}, {QPalette::ToolTipBase, 0xFFFFE1},
+    {QPalette::ToolTipText, 0x000000}, {QPalette::PlaceholderText, 0x808080},
+};
+
+QPalette ClassicGrey() {
+  QPalette palette;
+  for (const auto& row : Colours) palette.setColor(row.role, QColor(row.colour));
+  for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
+    palette.setColor(QPalette::Disabled, role, QColor(0x808080));
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(StandardGrey));
+  return palette;
+}
+
+}  // namespace
+
+void ApplyLook() {
+  QApplication::setStyle(QStyleFactory::create("windows"));
+  const QPalette palette = ClassicGrey();
+  QApplication::setPalette(palette);
+  QToolTip::setPalette(palette);
+}
+
+QColor ColourOf(SystemColour role) {
+  const QPalette palette = QApplication::palette();
+  switch (role) {
+    case SystemColour::WindowBackground:
+      return palette.color(QPalette::Base);
+    case SystemColour::MenuBackground:
+      return palette.color(QPalette::Button);
+    case SystemColour::GreyText:
+      return palette.color(QPalette::Disabled, QPalette::WindowText);
+    case SystemColour::Warning:
+      return QColor(0xFF0000);
+    case SystemColour::Default:
+    case SystemColour::WindowText:
+      break;
+  }
+  return palette.color(QPalette::WindowText);
+}
+
+}  // namespace qel

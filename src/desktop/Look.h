@@ -1,0 +1,16 @@
+// The look of the program: the classic grey, whatever the desktop's theme is.
+#pragma once
+
+#include <QColor>
+
+#include "controls/Control.h"
+
+namespace qel {
+
+// Style, palette and tool tips of the whole application. Fonts stay the system's.
+void ApplyLook();
+
+// The colour that a role has on the user's screen; the text colour for the default one.
+QColor ColourOf(SystemColour role);
+
+}  // namespace qel

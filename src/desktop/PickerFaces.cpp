@@ -1,0 +1,74 @@
+// The calendar and the up-down button.
+
+#include <QCalendarWidget>
+#include <QEvent>
+#include <QSignalBlocker>
+
+#include "controls/Pickers.h"
+#include "desktop/ControlFace.h"
+#include "desktop/QtValues.h"
+#include "desktop/UpDownButton.h"
+
+namespace qel {
+
+namespace {
+
+class CalendarFace : public ControlFace {
+ public:
+  CalendarFace(FormFace& form, Calendar& model, QCalendarWidget& calendar)
+      : ControlFace(form, model, &calendar), model(model), calendar(calendar) {
+    connect(&calendar, &QCalendarWidget::clicked, this, [this](const QDate& day) { Take(day, true); });
+    connect(&calendar, &QCalendarWidget::selectionChanged, this, [this] {
+      if (!mouseIsAtWork) Take(this->calendar.selectedDate(), false);
+    });
+    // Enter; a double click comes here too and has clicked before.
+    connect(&calendar, &QCalendarWidget::activated, this, [this](const QDate& day) {
+      if (!mouseIsAtWork) Take(day, true);
+    });
+  }
+
+  bool Filter(QWidget& watched, QEvent& event) override {
+    if (event.type() == QEvent::MouseButtonPress) mouseIsAtWork = true;
+    if (event.type() == QEvent::KeyPress) mouseIsAtWork = false;
+    return ControlFace::Filter(watched, event);
+  }
+
+ private:
+  void Push() override {
+    ControlFace::Push();
+    const QSignalBlocker silent(calendar);
+    const QDate day = DayToQt(model.Value);
+    if (model.Value() != 0 && calendar.selectedDate() != day) calendar.setSelectedDate(day);
+  }
+  void Take(const QDate& day, bool byMouse) {
+    Tell([this, day, byMouse] { model.UserPick(DayFromQt(day), byMouse); });
+  }
+  Calendar& model;
+  QCalendarWidget& calendar;
+  bool mouseIsAtWork = false;
+};
+
+class UpDownFace : public ControlFace {
+ public:
+  UpDownFace(FormFace& form, UpDown& model, UpDownButton& arrows)
+      : ControlFace(form, model, &arrows), model(model) {
+    connect(&arrows.Up(), &QToolButton::clicked, this, [this] { Tell([this] { this->model.UserUp(); }); });
+    connect(&arrows.Down(), &QToolButton::clicked, this,
+            [this] { Tell([this] { this->model.UserDown(); }); });
+  }
+
+ private:
+  UpDown& model;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlFace> FaceOfPicker(FormFace& form, Control& control) {
+  if (auto* model = dynamic_cast<UpDown*>(&control)) {
+    auto* arrows = dynamic_cast<UpDownButton*>(form.ObjectOf(control));
+    return arrows ? std::make_unique<UpDownFace>(form, *model, *arrows) : nullptr;
+  }
+  return FaceOf<CalendarFace, Calendar, QCalendarWidget>(form, control);
+}
+
+}  // namespace qel

@@ -1,0 +1,82 @@
+#include "desktop/Printing.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QTextDocument>
+#include <algorithm>
+
+#include "desktop/Dialogues.h"
+#include "desktop/QtValues.h"
+
+namespace qel {
+
+namespace {
+
+constexpr qreal SmallestType = 6;  // points that can still be read
+constexpr qreal PreferredType = 10;
+constexpr int TwipsPerInch = 1440;
+
+QFont TypeOf(const PrintJob& job) {
+  QFont type = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  if (type.pointSizeF() <= 0) type.setPointSizeF(PreferredType);
+  type = ToQt(job.Font, type);
+  type.setStyleHint(QFont::TypeWriter);
+  type.setFixedPitch(true);
+  return type;
+}
+
+qreal WidthOf(const QStringList& lines, const QFont& type, QPaintDevice& device) {
+  const QFontMetricsF metrics(type, &device);
+  qreal width = 0;
+  for (const QString& line : lines) width = std::max(width, metrics.horizontalAdvance(line));
+  return width;
+}
+
+QFont FittedType(const QString& text, QFont type, qreal room, QPaintDevice& device) {
+  const QStringList lines = text.split(u'\n');
+  while (type.pointSizeF() > SmallestType && WidthOf(lines, type, device) > room)
+    type.setPointSizeF(std::max(SmallestType, type.pointSizeF() - 0.25));
+  return type;
+}
+
+}  // namespace
+
+void PreviewAndPrint(const PrintJob& job) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(ToQt(job.Title));
+  QPrintPreviewDialog preview(&printer);
+  preview.setWindowTitle(ToQt(job.Title));
+  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+                   [&job](QPrinter* pages) { PrintPages(job, *pages); });
+  RunDialogue(preview);
+}
+
+void PrintPages(const PrintJob& job, QPagedPaintDevice& printer) {
+  QPainter painter;
+  if (!painter.begin(&printer)) return;
+  const qreal left = job.Left * printer.logicalDpiX() / qreal(TwipsPerInch);
+  const QSizeF page(std::max(1.0, printer.width() - left), printer.height());
+  const QString text = LinesToQt(job.Text);
+
+  QTextDocument document;
+  document.setDocumentMargin(0);
+  document.documentLayout()->setPaintDevice(&printer);
+  document.setDefaultFont(FittedType(text, TypeOf(job), page.width(), printer));
+  document.setPlainText(text);
+  document.setPageSize(page);
+
+  painter.translate(left, 0);
+  for (int number = 0; number < document.pageCount(); ++number) {
+    if (number > 0) {
+      printer.newPage();
+      painter.translate(0, -page.height());
+    }
+    document.drawContents(&painter, QRectF(QPointF(0, number * page.height()), page));
+  }
+}
+
+}  // namespace qel

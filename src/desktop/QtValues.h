@@ -1,0 +1,42 @@
+// Values of the models as the toolkit has them, and back: texts, sizes, fonts, days, keys.
+#pragma once
+
+#include <QDate>
+#include <QFont>
+#include <QKeyEvent>
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "controls/Control.h"
+#include "platform/Calendar.h"
+#include "platform/Font.h"
+
+namespace qel {
+
+// 1440 twips to the inch, 96 device-independent pixels to the inch.
+inline constexpr int TwipsPerPixel = 15;
+constexpr int Twips(int pixels) { return pixels * TwipsPerPixel; }
+constexpr int Pixels(int twips) {
+  return (twips + (twips < 0 ? -TwipsPerPixel / 2 : TwipsPerPixel / 2)) / TwipsPerPixel;
+}
+
+// Windows-1252 to Unicode, and back with "?" for what the code page lacks.
+QString ToQt(std::string_view text);
+std::string FromQt(const QString& text);
+
+// As ToQt, with each line break (CR LF, CR or LF) as one line feed.
+QString LinesToQt(std::string_view text);
+
+// The parts that `font` leaves open come from `base`.
+QFont ToQt(const Font& font, const QFont& base);
+Font FromQt(const QFont& font);
+
+// Whole days.
+QDate DayToQt(Date day);
+Date DayFromQt(const QDate& day);
+
+// The key as handlers see it; Character is what it types, or the letter of a key pressed with Ctrl or Alt.
+KeyPress FromQt(const QKeyEvent& event);
+
+}  // namespace qel

@@ -1,0 +1,56 @@
+#include "desktop/Sound.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include "desktop/EventLoop.h"
+
+namespace qel {
+
+namespace {
+
+constexpr int LongestSound = 30'000;  // milliseconds
+constexpr int BetweenYields = 20;
+
+const struct {
+  const char* program;
+  QStringList options;
+} Players[] = {
+    {"paplay", {}},
+    {"pw-play", {}},
+    {"aplay", {"-q"}},
+    {"play", {"-q"}},
+    {"ffplay", {"-nodisp", "-autoexit"}},
+};
+
+// Stops the player when the sound is left, whichever way.
+class Player : public QProcess {
+ public:
+  ~Player() override {
+    kill();
+    waitForFinished();
+  }
+};
+
+}  // namespace
+
+void PlaySound(const std::string& path) {
+  for (const auto& [program, options] : Players) {
+    const QString found = QStandardPaths::findExecutable(program);
+    if (found.isEmpty()) continue;
+    Player player;
+    player.setStandardOutputFile(QProcess::nullDevice());
+    player.setStandardErrorFile(QProcess::nullDevice());
+    player.start(found, options + QStringList(QFile::decodeName(path.c_str())));
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < LongestSound && !player.waitForFinished(BetweenYields) &&
+           player.state() != QProcess::NotRunning)
+      YieldToEvents();
+    return;
+  }
+}
+
+}  // namespace qel

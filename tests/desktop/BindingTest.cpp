@@ -1,0 +1,245 @@
+#include <QAction>
+#include <QCalendarWidget>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QToolButton>
+
+#include "SampleForm.h"
+#include "desktop/MissingBindings.h"
+#include "desktop/QtValues.h"
+#include "support/TemporaryFolder.h"
+
+namespace qel {
+namespace {
+
+class Binding : public DesktopTest {};
+
+TEST_F(Binding, TheDesignGivesWhatTheModelLeavesOpen) {
+  EXPECT_EQ(form.Caption(), "Sample");
+  EXPECT_EQ(form.Width, 600 * TwipsPerPixel);
+  EXPECT_EQ(form.lblTitle.Caption(), "A title");
+  EXPECT_EQ(form.lblTitle.ToolTipText(), "Tip of the title");
+  EXPECT_EQ(form.btnOK.Caption(), "O&K");
+  EXPECT_EQ(form.mnuFile.Caption(), "&File");
+  EXPECT_EQ(form.mnuExit.Caption(), "E&xit");
+  EXPECT_EQ(form.Toolbar1.Button("Save").ToolTipText(), "Save");
+  EXPECT_EQ(form.lblPlaced.Left, 10 * TwipsPerPixel);
+  EXPECT_GT(form.ListView1.Width, 300 * TwipsPerPixel) << "the layout's width";
+  EXPECT_GT(form.lblTitle.Font().Size, 0);
+}
+
+TEST_F(Binding, TheWidgetsShowTheModel) {
+  form.Caption = "Costs in \x80";
+  form.lblTitle.Caption = "A & B";
+  form.lblTitle.ForeColor = SystemColour::Warning;
+  form.lblPlaced.Left = 300;
+  form.btnRun.Caption = "Go on";
+  form.btnRun.Enabled = false;
+  form.optTips.Value = true;
+  form.optList.Value = true;
+  form.optText.Value = true;
+  form.mnuRecent.Checked = true;
+  form.mnuExit.Visible = false;
+  form.Toolbar1.Button("View").Pressed = true;
+  form.StatusBar1.SetPanelCount(2);
+  form.StatusBar1.SetPanel(2, "3 connections");
+  form.ProgressBar1.SetValue(40);
+  form.TabStrip1.SetTabs({{"One", ""}, {"Two", "tip"}});
+  form.TabStrip1.SelectTab(2);
+  form.lstUnit.AddItem("Per Minute");
+  form.lstUnit.SetText("per minute");
+  form.lstFree.SetText("any");
+  form.Calendar1.Value = DateSerial(1999, 1, 31);
+  form.txtReport.Text = "one\r\ntwo";
+  form.txtReport.Select(5, 3);
+
+  EXPECT_EQ(FaceOf(form)->Window().windowTitle(), QString::fromUtf8("Costs in \u20ac"));
+  EXPECT_EQ(Get<QLabel>("lblTitle").text(), "A & B");
+  EXPECT_EQ(Get<QLabel>("lblTitle").palette().color(QPalette::WindowText), QColor(Qt::red));
+  EXPECT_EQ(Get<QLabel>("lblPlaced").x(), 20);
+  EXPECT_EQ(Get<QPushButton>("btnRun").text(), "G&o on");
+  EXPECT_FALSE(Get<QPushButton>("btnRun").isEnabled());
+  EXPECT_TRUE(Get<QCheckBox>("optTips").isChecked());
+  EXPECT_TRUE(Get<QRadioButton>("optFormat_0").isChecked());
+  EXPECT_FALSE(Get<QRadioButton>("optFormat_1").isChecked());
+  EXPECT_TRUE(Get<QAction>("mnuRecent_0").isChecked());
+  EXPECT_FALSE(Get<QAction>("mnuExit").isVisible());
+  EXPECT_TRUE(Get<QAction>("toolView").isChecked());
+  const auto panels = Get<QStatusBar>("StatusBar1").findChildren<QLabel*>("qt_panel");
+  ASSERT_EQ(panels.size(), 2);
+  EXPECT_EQ(panels[1]->text(), "3 connections");
+  EXPECT_EQ(Get<QProgressBar>("ProgressBar1").value(), 40);
+  EXPECT_EQ(Get<QProgressBar>("ProgressBar1").parent(), &Get<QStatusBar>("StatusBar1"));
+  EXPECT_EQ(Get<QTabBar>("TabStrip1").currentIndex(), 1);
+  EXPECT_EQ(Get<QComboBox>("lstUnit").currentText(), "Per Minute");
+  EXPECT_EQ(Get<QComboBox>("lstFree").currentText(), "any");
+  EXPECT_EQ(Get<QCalendarWidget>("Calendar1").selectedDate(), QDate(1999, 1, 31));
+  EXPECT_EQ(Get<QPlainTextEdit>("txtReport").textCursor().selectedText(), "two");
+}
+
+TEST_F(Binding, WhatTheUserDoesReachesTheModel) {
+  std::string heard;
+  for (Control* control : form.Controls())
+    control->Click = [&heard, control] { heard += control->Name() + ' '; };
+  form.Toolbar1.ButtonClick = [&heard](const std::string& key) { heard += "tool:" + key + ' '; };
+  form.UpDown1.UpClick = [&heard] { heard += "up "; };
+  form.lstNames.AddItem("a");
+  form.lstNames.AddItem("b");
+  form.TabStrip1.SetTabs({{"One", ""}, {"Two", ""}});
+  Settle();
+  Click(Get<QLabel>("lblTitle"));
+  Click(Get<QPushButton>("btnOK"));
+  Click(Get<QCheckBox>("optTips"), {8, Get<QCheckBox>("optTips").height() / 2});
+  Click(Get<QRadioButton>("optFormat_1"), {8, Get<QRadioButton>("optFormat_1").height() / 2});
+  Click(Get<UpDownButton>("UpDown1").Up());
+  auto& list = Get<QListWidget>("lstNames");
+  Click(*list.viewport(), list.visualItemRect(list.item(1)).center());
+  auto& tabs = Get<QTabBar>("TabStrip1");
+  Click(tabs, tabs.tabRect(1).center());
+  Get<QAction>("mnuRecent_0").trigger();
+  Get<QAction>("toolSave").trigger();
+  EXPECT_EQ(heard, "lblTitle btnOK optTips optFormat up lstNames TabStrip1 mnuRecent tool:Save ");
+  EXPECT_TRUE(form.optTips.Value);
+  EXPECT_TRUE(form.optList.Value);
+  EXPECT_EQ(form.lstNames.ListIndex(), 1);
+  EXPECT_EQ(form.TabStrip1.SelectedTab(), 2);
+}
+
+TEST_F(Binding, ChangeFindsTheInsertionPointBehindWhatWasTyped) {
+  std::string seen;
+  form.txtName.Change = [&] {
+    seen += form.txtName.Text() + ':' + std::to_string(form.txtName.SelStart()) + ' ';
+    if (form.txtName.Text() == "aXb") form.txtName.Text = "no";
+  };
+  form.txtName.KeyPressed = [](KeyPress& press) {
+    if (press.Character == 'x') press.Character = 'X';
+    press.Handled = press.Character == '!';
+  };
+  auto& line = Get<QLineEdit>("txtName");
+  form.txtName.SetFocus();
+  QTest::keyClicks(&line, "ab!");
+  QTest::keyClick(&line, Qt::Key_Left);
+  EXPECT_EQ(form.txtName.SelStart(), 1);
+  QTest::keyClicks(&line, "x");
+  EXPECT_EQ(seen, "a:1 ab:2 aXb:2 no:2 ");
+  EXPECT_EQ(line.text(), "no");
+  line.selectAll();
+  QTest::keyClicks(&line, "q");
+  EXPECT_EQ(line.cursorPosition(), 1);
+  EXPECT_EQ(form.txtName.SelLength(), 0);
+}
+
+TEST_F(Binding, AMaskLeadsTheUserAndLetsOtherTextsShow) {
+  form.inputStarting.Mask = "##/AAA/####";
+  auto& line = Get<QLineEdit>("inputStarting");
+  form.inputStarting.SetFocus();
+  line.setCursorPosition(0);
+  QTest::keyClicks(&line, "05");
+  EXPECT_EQ(form.inputStarting.Text(), "05/___/____");
+  QTest::keyClicks(&line, "Oct1998");
+  EXPECT_EQ(form.inputStarting.Text(), "05/Oct/1998");
+  form.inputStarting.Text = "5 October";
+  EXPECT_EQ(line.displayText(), "5 October");
+  form.inputStarting.Text = "__/Oct/1998";
+  EXPECT_EQ(line.displayText(), "__/Oct/1998");
+  EXPECT_FALSE(line.inputMask().isEmpty());
+}
+
+TEST_F(Binding, TensOfThousandsOfRowsAreShownAndScrolledAtOnce) {
+  std::vector<ListColumn> columns{{"", 100}};
+  for (int i = 2; i <= 10; ++i) columns.push_back({"Column " + std::to_string(i), 1500, ColumnAlign::Right});
+  columns[4].Width = 0;
+  form.ListView1.SetColumns(columns);
+  QElapsedTimer clock;
+  clock.start();
+  for (int i = 1; i <= 32000; ++i)
+    form.ListView1.AddRow({std::to_string(i), std::vector<std::string>(9, "text")});
+  Settle();
+  auto& view = Get<QTreeView>("ListView1");
+  view.scrollToBottom();
+  view.grab();
+  EXPECT_LT(clock.elapsed(), 1000);
+  EXPECT_TRUE(view.isColumnHidden(4));
+  EXPECT_EQ(view.columnWidth(0), view.header()->minimumSectionSize());
+  EXPECT_EQ(view.columnWidth(1), 100);
+
+  form.ListView1.SelectRow(20000);
+  Settle();
+  const QRect row = view.visualRect(view.currentIndex());
+  EXPECT_TRUE(view.viewport()->rect().intersects(row));
+  EXPECT_EQ(view.currentIndex().siblingAtColumn(0).data(), "20000");
+  const QRect below = view.visualRect(view.indexBelow(view.currentIndex()));
+  Click(*view.viewport(), {below.x() + 2, below.center().y()});
+  EXPECT_EQ(form.ListView1.SelectedRow(), 20001);
+  view.header()->resizeSection(1, 80);
+  EXPECT_EQ(form.ListView1.Columns()[1].Width, 80 * TwipsPerPixel);
+  form.ListView1.Clear();
+  view.grab();  // before the view knows
+  Settle();
+  EXPECT_EQ(view.model()->rowCount(), 0);
+}
+
+TEST_F(Binding, APictureShowsItsFrame) {
+  auto& picture = Get<PictureWidget>("Picture1");
+  const QPoint middle = picture.rect().center();
+  for (const auto& [frame, colour] : {std::pair{1, Qt::red}, {2, Qt::blue}}) {
+    form.Picture1.Frame = frame;
+    EXPECT_EQ(picture.grab().toImage().pixelColor(middle), QColor(colour)) << frame;
+  }
+}
+
+TEST_F(Binding, ATimerTicksWhileItIsEnabled) {
+  int ticks = 0;
+  form.Timer1.Elapsed = [&] {
+    if (++ticks == 2) form.Timer1.Enabled = false;
+  };
+  form.Timer1.Enabled = true;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ticks == 2; }, 2000));
+  QTest::qWait(40);
+  EXPECT_EQ(ticks, 2);
+}
+
+TEST_F(Binding, TheUsersResizingComesBackWithTheControlsInPlace) {
+  const int before = form.ListView1.Width;
+  FaceOf(form)->Window().resize(700, 950);
+  Settle();
+  EXPECT_EQ(form.Width, 700 * TwipsPerPixel);
+  EXPECT_EQ(form.ListView1.Width, before + 100 * TwipsPerPixel);
+  EXPECT_NE(form.events.find("resize"), std::string::npos);
+  form.WindowState = WindowState::Maximized;
+  Settle();
+  EXPECT_TRUE(FaceOf(form)->Window().isMaximized());
+  EXPECT_EQ(form.Width, 700 * TwipsPerPixel) << "the normal size";
+  FaceOf(form)->Window().showNormal();
+  Settle();
+  EXPECT_EQ(form.WindowState, WindowState::Normal);
+}
+
+TEST_F(Binding, AWholeDesignHasNothingMissingAndAFaultOfEachSortIsFound) {
+  EXPECT_EQ(MissingBindings(form), std::vector<std::string>());
+  const Label lost(form, "lblLost");
+  Get<QAction>("toolSave").setText("Sav");
+  Get<QMenu>("mnuFile").addAction("Stray")->setObjectName("mnuStray");
+  for (const char* name : {"lblStray", "labelFree"})
+    (new QLabel(&Get<QFrame>("fraFree")))->setObjectName(name);
+  EXPECT_EQ(MissingBindings(form),
+            (std::vector<std::string>{"tool button 2 of Toolbar1: \"Sav\" for \"Save\"",
+                                      "control without widget: lblLost", "widget without control: lblStray",
+                                      "action without control: mnuStray"}));
+  frmDialog dialog;
+  dialog.Load();
+  EXPECT_EQ(MissingBindings(dialog), std::vector<std::string>{"widget without control: btnStray"});
+}
+
+TEST_F(Binding, AScreenshotIsWritten) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Path() + "/sample.png";
+  ASSERT_TRUE(SaveScreenshot(form, path));
+  EXPECT_EQ(QImage(path.c_str()).width(), 600);
+}
+
+}  // namespace
+}  // namespace qel

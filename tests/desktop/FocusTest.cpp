@@ -1,0 +1,112 @@
+#include <QLineEdit>
+
+#include "SampleForm.h"
+
+namespace qel {
+namespace {
+
+// The field of the start date holds the focus while its text is bad.
+class Focus : public DesktopTest {
+ protected:
+  Focus() {
+    form.inputStarting.LostFocus = [this] {
+      ++lost;
+      if (form.inputStarting.Text == "bad") form.inputStarting.SetFocus();
+    };
+    form.btnOK.Click = [this] { ++clicks; };
+    form.inputStarting.SetFocus();
+    Settle();
+  }
+  int lost = 0, clicks = 0;
+};
+
+TEST_F(Focus, FollowsTheModelAndTheTabKey) {
+  EXPECT_TRUE(Get<QLineEdit>("inputStarting").hasFocus());
+  form.txtName.SetFocus();
+  EXPECT_TRUE(Get<QLineEdit>("txtName").hasFocus());
+  QTest::keyClick(&FaceOf(form)->Window(), Qt::Key_Tab);
+  EXPECT_TRUE(form.inputStarting.HasFocus());
+  QTest::keyClick(&FaceOf(form)->Window(), Qt::Key_N, Qt::AltModifier);
+  EXPECT_TRUE(form.txtName.HasFocus()) << "the access key";
+}
+
+TEST_F(Focus, ABadFieldKeepsItAndSwallowsTheClick) {
+  form.inputStarting.Text = "bad";
+  Click(Get<QPushButton>("btnOK"));
+  EXPECT_EQ(clicks, 0);
+  EXPECT_EQ(lost, 1) << "the field is asked once";
+  EXPECT_TRUE(Get<QLineEdit>("inputStarting").hasFocus());
+  QTest::keyClick(&Get<QLineEdit>("inputStarting"), Qt::Key_Tab);
+  Settle();
+  EXPECT_EQ(lost, 2);
+  EXPECT_TRUE(Get<QLineEdit>("inputStarting").hasFocus());
+  form.inputStarting.Text = "good";
+  Click(Get<QPushButton>("btnOK"));
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(Focus, ADisabledControlHandsItOnUnlessItIsBackAtOnce) {
+  form.btnOK.Click = [this] {
+    form.btnOK.Enabled = false;
+    form.btnOK.Enabled = ++clicks == 1;
+  };
+  Click(Get<QPushButton>("btnOK"));
+  EXPECT_TRUE(Get<QPushButton>("btnOK").hasFocus());
+  EXPECT_TRUE(form.btnOK.HasFocus());
+  Click(Get<QPushButton>("btnOK"));
+  EXPECT_TRUE(form.ActiveControl()->CanHaveFocus());
+  EXPECT_FALSE(form.btnOK.HasFocus());
+}
+
+TEST_F(Focus, KeysGoToTheFormAndTheControlUntilOneHandlesThem) {
+  std::string seen;
+  form.KeyDown = [&seen](KeyPress& press) {
+    seen += press.key == Key::F3 ? "form:F3 " : "form ";
+    press.Handled = press.key == Key::F3;
+  };
+  form.txtName.KeyDown = [&seen](KeyPress& press) {
+    seen += press.Character;
+    press.Handled = press.Character == 'z';
+  };
+  form.txtName.SetFocus();
+  auto& line = Get<QLineEdit>("txtName");
+  QTest::keyClick(&line, Qt::Key_F3);
+  QTest::keyClicks(&line, "yz");
+  EXPECT_EQ(seen, "form:F3 form yform z");
+  EXPECT_EQ(form.txtName.Text(), "y");
+}
+
+TEST_F(Focus, EscapeClicksTheButtonThatStandsForIt) {
+  int runs = 0;
+  form.btnRun.Click = [&runs] { ++runs; };
+  QTest::keyClick(&Get<QLineEdit>("inputStarting"), Qt::Key_Escape);
+  EXPECT_EQ(runs, 1);
+}
+
+TEST_F(Focus, TheMouseIsSeenOverControlsAndBesideThem) {
+  std::string seen;
+  form.lblTitle.MouseMove = [&seen] { seen += "label "; };
+  form.MouseMove = [&seen] { seen += "form "; };
+  QTest::mouseMove(&Get<QLabel>("lblTitle"), {5, 5});
+  Settle();
+  EXPECT_EQ(seen, "label ");
+  QTest::mouseMove(&FaceOf(form)->Window(), {1, FaceOf(form)->Window().height() / 2});
+  Settle();
+  EXPECT_EQ(seen, "label form ");
+}
+
+TEST_F(Focus, TheCloseButtonAsksTheForm) {
+  QWidget& window = FaceOf(form)->Window();
+  form.refuses = true;
+  window.close();
+  EXPECT_TRUE(window.isVisible());
+  form.refuses = false;
+  window.close();
+  EXPECT_TRUE(form.WasUnloaded());
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(FaceOf(form), nullptr);
+  form.txtName.Text = "nobody shows it";
+}
+
+}  // namespace
+}  // namespace qel

@@ -1,0 +1,147 @@
+#include <QBuffer>
+#include <QMessageBox>
+#include <QPdfWriter>
+#include <QTimer>
+
+#include "SampleForm.h"
+#include "core/EndProgram.h"
+#include "desktop/Dialogues.h"
+#include "desktop/Printing.h"
+#include "platform/RunTimeError.h"
+
+namespace qel {
+namespace {
+
+class HostOfDesktop : public DesktopTest {
+ protected:
+  // Runs before the next box or modal window, once it is there.
+  static void Then(std::function<void()> act) { QTimer::singleShot(20, qApp, std::move(act)); }
+  static QMessageBox& Box() { return *qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
+};
+
+TEST_F(HostOfDesktop, ABoxAnswersByItsButtonsAndClosesOnlyWhereThatIsAnAnswer) {
+  const struct {
+    Buttons buttons;
+    bool closes;
+    int click;  // the button, where closing does nothing
+    Answer answer;
+  } cases[] = {
+      {Buttons::OK, true, 0, Answer::OK},
+      {Buttons::OKCancel, true, 0, Answer::Cancel},
+      {Buttons::AbortRetryIgnore, false, 1, Answer::Retry},
+      {Buttons::YesNo, false, 1, Answer::No},
+  };
+  for (const auto& c : cases) {
+    Then([&c] {
+      QMessageBox& box = Box();
+      EXPECT_EQ(box.text(), "a <b>\nc");
+      QTest::keyClick(&box, Qt::Key_Escape);
+      EXPECT_EQ(box.isVisible(), !c.closes);
+      if (!c.closes) box.buttons()[c.click]->click();
+    });
+    EXPECT_EQ(host.MessageBox({"a <b>\r\nc", "Title", Icon::Question, c.buttons}), c.answer);
+  }
+}
+
+TEST_F(HostOfDesktop, TheEndOfTheProgramUnwindsAModalWindow) {
+  bool unwound = false;
+  frmDialog dialog;
+  dialog.btnOK.Click = [] { throw ProgramEnd(); };
+  form.btnOK.Click = [&] {
+    struct Mark {
+      bool& place;
+      ~Mark() { place = true; }
+    } mark{unwound};
+    dialog.ShowModal();
+    ADD_FAILURE() << "goes on behind the modal window";
+  };
+  Then([&] { FaceOf(dialog)->Window().findChild<QPushButton*>("btnOK")->click(); });
+  Get<QPushButton>("btnOK").click();
+  EXPECT_TRUE(unwound);
+  EXPECT_TRUE(ProgramEnded());
+  bool ran = false;
+  Dispatch([&ran] { ran = true; });
+  EXPECT_FALSE(ran) << "nothing happens any more";
+}
+
+TEST_F(HostOfDesktop, AnErrorThatNobodyDealtWithIsTold) {
+  Then([] {
+    EXPECT_EQ(Box().text(), "That device appears unavailable.");
+    Box().buttons().front()->click();
+  });
+  int runs = 0;
+  form.btnOK.Click = [&runs] {
+    ++runs;
+    Raise(DeviceUnavailable);
+  };
+  Get<QPushButton>("btnOK").click();
+  EXPECT_EQ(runs, 1) << "a click happens once";
+  EXPECT_FALSE(ProgramEnded());
+}
+
+TEST_F(HostOfDesktop, AModalWindowEndsWithItsUnloading) {
+  frmDialog dialog;
+  dialog.btnOK.Click = [&dialog] { dialog.Unload(); };
+  Then([&] {
+    EXPECT_EQ(QApplication::activeModalWidget(), &FaceOf(dialog)->Window());
+    FaceOf(dialog)->Window().findChild<QPushButton*>("btnOK")->click();
+  });
+  dialog.ShowModal();
+  EXPECT_FALSE(dialog.IsLoaded());
+}
+
+TEST_F(HostOfDesktop, AYieldRunsTimersButTakesNoInput) {
+  int clicks = 0, ticks = 0;
+  form.btnOK.Click = [&clicks] { ++clicks; };
+  QTimer::singleShot(0, qApp, [&] {
+    ++ticks;
+    QTest::mouseClick(&Get<QPushButton>("btnOK"), Qt::LeftButton);
+  });
+  host.Yield();
+  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(clicks, 0);
+  Click(Get<QPushButton>("btnOK"));
+  EXPECT_EQ(clicks, 1);
+  Then([this] { form.Unload(); });
+  EXPECT_THROW(
+      for (int i = 0; i < 100; ++i) {
+        QTest::qSleep(5);
+        host.Yield();
+      },
+      ProgramEnd);
+}
+
+TEST_F(HostOfDesktop, FiltersAndFailuresAreThoseOfThePlatform) {
+  EXPECT_EQ(ToolkitFilter("Text (*.txt;*.log)|*.txt;*.log|All Files (*.*)|*.*"),
+            "Text (*.txt *.log);;All Files (*)");
+  EXPECT_THROW(host.OpenDocument("/no/such/file.txt"), RunTimeError);
+  EXPECT_THROW(host.StartProgram("/no/such/program"), RunTimeError);
+  EXPECT_EQ(host.BackgroundColour(), StandardGrey);
+}
+
+// The number of pages of a job in 10 points on A4.
+int PagesOf(const std::string& text) {
+  QBuffer pdf;
+  pdf.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter writer(&pdf);
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    PrintPages({"Report", text, {"", 10}, 567}, writer);
+  }
+  return static_cast<int>(pdf.data().count("/Type /Page\n"));
+}
+
+TEST_F(HostOfDesktop, LinesArePrintedWholeWhereTheTypeCanShrinkAndPagesFollow) {
+  std::string shortLines, longLines, wrapped;
+  for (int i = 0; i < 60; ++i) {
+    shortLines += "line\r\n";
+    longLines += std::string(120, 'x') + "\r\n";
+    wrapped += std::string(400, 'x') + "\r\n";
+  }
+  EXPECT_EQ(PagesOf("one line"), 1);
+  EXPECT_LE(PagesOf(longLines), PagesOf(shortLines)) << "smaller, not wrapped";
+  EXPECT_EQ(PagesOf(wrapped), 2) << "three lines for one";
+}
+
+}  // namespace
+}  // namespace qel
