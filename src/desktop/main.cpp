@@ -11,11 +11,7 @@
 #include "desktop/FormFace.h"
 #include "desktop/Look.h"
 #include "desktop/Windows.h"
-
-// TODO: "startup/QELMain.h" declares it, once that is there.
-namespace qel {
-void StartProgram();
-}
+#include "startup/QELMain.h"
 
 int main(int count, char** words) {
   if (count > 1) {
