@@ -122,7 +122,7 @@ class Faults {
 
   void CheckMenus(const QWidget& parent) {
     for (const QMenu* menu : parent.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
-      if (NameOf(*menu).starts_with("qt_")) continue;
+      if (NameOf(*menu).empty() || NameOf(*menu).starts_with("qt_")) continue;  // the toolkit's own
       if (!names.contains(NameOf(*menu))) found.push_back("menu without control: " + NameOf(*menu));
       CheckActions(*menu);
       CheckMenus(*menu);
