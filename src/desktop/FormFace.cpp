@@ -134,35 +134,38 @@ void FormFace::Push() {
 }
 
 void FormFace::PushGeometry() {
-  Qt::WindowStates states = window->windowState();
-  const bool isMaximized = form->WindowState == WindowState::Maximized;
-  const bool isMinimized = form->WindowState == WindowState::Minimized;
-  states.setFlag(Qt::WindowMaximized, isMaximized);
-  states.setFlag(Qt::WindowMinimized, isMinimized);
+  if (pullingGeometry) return;
   const QPoint place(Pixels(form->Left), Pixels(form->Top));
   const QSize size(Pixels(form->Width), Pixels(form->Height));
   // A place that nobody has set is the window system's to choose.
   if (place != shownPlace) window->move(shownPlace = place);
   if (size != shownSize) {
     shownSize = size;
-    window->resize(size);
+    if (!window->isMaximized() && !window->isMinimized()) window->resize(size);
   }
-  if (states != window->windowState()) window->setWindowState(states);
+  // Only when the program changes it: the user's change may be on its way here.
+  if (std::exchange(shownState, form->WindowState()) == form->WindowState()) return;
+  Qt::WindowStates states = window->windowState();
+  states.setFlag(Qt::WindowMaximized, shownState == WindowState::Maximized);
+  states.setFlag(Qt::WindowMinimized, shownState == WindowState::Minimized);
+  window->setWindowState(states);
 }
 
+// The model keeps the normal place and size of a window that is maximised or minimised.
 void FormFace::PullGeometry() {
-  if (!form || pushing > 0 || !window->isVisible() || window->isMaximized() || window->isMinimized()) return;
+  if (pushing > 0 || !window->isVisible() || window->isMaximized() || window->isMinimized()) return;
   shownPlace = window->pos();
   shownSize = window->size();
   LayOut(*window);  // so that the form finds its controls in their new places
-  Tell([this] {
-    Form& model = *form;
-    if (Pixels(model.Left) != shownPlace.x()) model.Left = Twips(shownPlace.x());
-    if (Pixels(model.Top) != shownPlace.y()) model.Top = Twips(shownPlace.y());
-    const QSize size = shownSize;
+  pullingGeometry = true;
+  Tell([&model = *form, place = shownPlace, size = shownSize] {
+    if (Pixels(model.Left) != place.x()) model.Left = Twips(place.x());
+    if (Pixels(model.Top) != place.y()) model.Top = Twips(place.y());
     if (Pixels(model.Width) != size.width()) model.Width = Twips(size.width());
     if (Pixels(model.Height) != size.height()) model.Height = Twips(size.height());
   });
+  pullingGeometry = false;
+  Push();  // what the form made of it
 }
 
 void FormFace::TakeWindowState() {
@@ -170,6 +173,7 @@ void FormFace::TakeWindowState() {
   const auto state = window->isMinimized()   ? WindowState::Minimized
                      : window->isMaximized() ? WindowState::Maximized
                                              : WindowState::Normal;
+  shownState = state;
   Tell([this, state] { form->WindowState = state; });
 }
 

@@ -102,6 +102,8 @@ class FormFace : public QObject {
   const Control* refusedFocus = nullptr;  // by the mouse press that is under way
   QPoint shownPlace;                      // pixels, as last pushed or pulled
   QSize shownSize;
+  WindowState shownState = WindowState::Normal;
+  bool pullingGeometry = false;
 };
 
 // From now on each form that is loaded gets its window from `designs`; a form that is not in it stays a
