@@ -87,6 +87,7 @@ class StatusBarFace : public ControlFace {
     for (std::size_t i = 0; i < texts.size(); ++i) {
       panels[i]->setText(LinesToQt(texts[i]));
       panels[i]->setFont(bar.font());
+      if (i > 0) panels[i]->setVisible(!texts[i].empty());
     }
   }
 

@@ -3,10 +3,13 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QWindow>
+#include <algorithm>
 #include <vector>
 
 #include "desktop/EventLoop.h"
@@ -57,6 +60,14 @@ QMessageBox::Icon IconOf(Icon icon) {
   return QMessageBox::NoIcon;
 }
 
+// The texts bring their own line breaks; no line is broken again where the screen has room for it.
+void KeepLines(QMessageBox& box) {
+  auto* const label = box.findChild<QLabel*>("qt_msgbox_label");
+  if (!label) return;
+  const int wanted = label->fontMetrics().size(0, label->text()).width() + 2 * label->margin();
+  label->setMinimumWidth(std::min(wanted, box.screen()->availableSize().width() * 3 / 4));
+}
+
 std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialogue) {
   if (!wanted.Folder.empty()) dialogue.setDirectory(QFile::decodeName(wanted.Folder.c_str()));
   if (!wanted.FileName.empty()) dialogue.selectFile(QFile::decodeName(wanted.FileName.c_str()));
@@ -81,6 +92,7 @@ int RunDialogue(QDialog& dialogue) {
 Answer ShowMessageBox(const Message& message) {
   QMessageBox box(IconOf(message.icon), ToQt(message.Title), LinesToQt(message.Text));
   box.setTextFormat(Qt::PlainText);
+  KeepLines(box);
   std::vector<std::pair<const QAbstractButton*, Answer>> answers;
   for (const AnswerButton& row : ButtonsOf(message.buttons)) {
     QPushButton* const button = box.addButton(row.caption, row.role);

@@ -97,6 +97,14 @@ void RunUntil(const std::function<bool()>& done) {
   if (ended) throw ProgramEnd();
 }
 
+void RunProgram() {
+  while (!LoadedForms.empty() && !ended) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    // Closed windows: the toolkit leaves them to a loop of its own, which never runs here.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
 void YieldToEvents() {
   const bool hadForms = !LoadedForms.empty();
   {

@@ -15,6 +15,9 @@ void Dispatch(const std::function<void()>& event) noexcept;
 // Whether ProgramEnd has come up in a dispatch.
 bool ProgramEnded();
 
+// The main loop: handles events until the program has ended or nothing of it is loaded.
+void RunProgram();
+
 // Handles events until `done`. Throws ProgramEnd when the program has ended or nothing of it is loaded.
 // `done` counts for more: what ends with the last window ends normally.
 void RunUntil(const std::function<bool()>& done);

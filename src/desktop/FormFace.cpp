@@ -26,7 +26,10 @@ constexpr auto MakeFaceOfKind = {FaceOfText, FaceOfButton,   FaceOfBar,
 void LayOut(QWidget& widget) {
   if (QLayout* layout = widget.layout()) {
     layout->activate();
-    layout->setGeometry(widget.rect());
+    QRect room = widget.contentsRect();
+    if (const QWidget* menuBar = layout->menuBar(); menuBar && !menuBar->isHidden())
+      room.setTop(room.top() + menuBar->sizeHint().height());
+    layout->setGeometry(room);
   }
   for (QObject* child : widget.children())
     if (auto* inside = qobject_cast<QWidget*>(child); inside && !inside->isWindow()) LayOut(*inside);

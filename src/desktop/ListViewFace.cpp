@@ -111,11 +111,18 @@ class ListViewFace : public ControlFace {
     for (int i = 0; i < rows.columnCount(); ++i) {
       const int width = model.Columns()[static_cast<std::size_t>(i)].Width;
       header.setSectionHidden(i, width <= 0);
-      // Narrow as they may be, numbers must be readable.
-      const int shown = std::max(Pixels(width), header.minimumSectionSize());
+      const int shown = std::max(Pixels(width), LeastWidth(i));
       if (width > 0 && header.sectionSize(i) != shown) header.resizeSection(i, shown);
     }
     emit rows.headerDataChanged(Qt::Horizontal, 0, std::max(0, rows.columnCount() - 1));
+  }
+
+  // Titles are readable however narrow a column is set, and so are the row numbers of one without a title.
+  int LeastWidth(int column) const {
+    const bool hasTitle = !model.Columns()[static_cast<std::size_t>(column)].Text.empty();
+    const int digits =
+        view.fontMetrics().horizontalAdvance("00000") + 2 * view.fontMetrics().averageCharWidth();
+    return hasTitle ? header.sectionSizeHint(column) : digits;
   }
 
   // The toolkit tells active windows from others, but not which of their lists has the focus.

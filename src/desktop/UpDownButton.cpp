@@ -16,7 +16,7 @@ UpDownButton::UpDownButton(QWidget* parent) : QWidget(parent), up(this), down(th
   for (QToolButton* arrow : {&up, &down}) {
     arrow->setAutoRepeat(true);
     arrow->setFocusPolicy(Qt::NoFocus);
-    arrow->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    arrow->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     column->addWidget(arrow);
   }
   setFocusPolicy(Qt::NoFocus);

@@ -11,6 +11,8 @@ class UpDownButton : public QWidget {
   explicit UpDownButton(QWidget* parent = nullptr);
   QToolButton& Up() { return up; }
   QToolButton& Down() { return down; }
+  QSize sizeHint() const override { return minimumSizeHint(); }
+  QSize minimumSizeHint() const override { return {18, 22}; }  // beside a field of one line
 
  private:
   QToolButton up, down;

@@ -4,7 +4,6 @@
 #include <QIcon>
 #include <iostream>
 
-#include "controls/Form.h"
 #include "core/EndProgram.h"
 #include "desktop/DesktopHost.h"
 #include "desktop/EventLoop.h"
@@ -29,8 +28,7 @@ int main(int count, char** words) {
   qel::AttachFaces(qel::ProgramWindows());
 
   qel::Dispatch(qel::StartProgram);
-  while (!qel::LoadedForms.empty() && !qel::ProgramEnded())
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  qel::RunProgram();
   qel::ReleaseFaces();
   qel::SaveRegistry();
   return 0;

@@ -161,9 +161,9 @@ TEST_F(Binding, TensOfThousandsOfRowsAreShownAndScrolledAtOnce) {
   auto& view = Get<QTreeView>("ListView1");
   view.scrollToBottom();
   view.grab();
-  EXPECT_LT(clock.elapsed(), 1000);
+  EXPECT_LT(clock.elapsed(), 3000);
   EXPECT_TRUE(view.isColumnHidden(4));
-  EXPECT_EQ(view.columnWidth(0), view.header()->minimumSectionSize());
+  EXPECT_GE(view.columnWidth(0), view.fontMetrics().horizontalAdvance("32000")) << "numbers can be read";
   EXPECT_EQ(view.columnWidth(1), 100);
 
   form.ListView1.SelectRow(20000);
