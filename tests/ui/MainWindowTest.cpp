@@ -251,6 +251,25 @@ TEST_F(MainWindowTest, AnEntryWithoutADateEndsTheAnalysisWithAWord) {
   EXPECT_TRUE(MainForm->btnProcess.Enabled);
 }
 
+TEST_F(MainWindowTest, TheReportIsOfTheLogThatWasAnalysedAndOfAllOfIt) {
+  Show(usable);
+  MainForm->btnProcess.UserClick();
+  MainForm->Activate();
+  MainForm->OpenArchive(PathOf("other.qel", usable));
+  ReportForm->Activate();
+  EXPECT_EQ(ReportForm->Caption(), "QEL Report - (ModemLog.txt)");
+  Display& display = *MainForm;
+  SummaryBuilt = false;  // as an analysis begins
+  display.ShowProgress(true);
+  MainForm->Activate();
+  ReportForm->Activate();
+  EXPECT_FALSE(SummaryBuilt) << "the connections are not all there yet";
+  display.ShowProgress(false);
+  display.ShowReport();
+  EXPECT_TRUE(SummaryBuilt);
+  EXPECT_EQ(ReportForm->Caption(), "QEL Report - (other.qel)");
+}
+
 TEST_F(MainWindowTest, GraphicsAreDrawnOnTheStandardGreyAlone) {
   Show(usable);
   EXPECT_TRUE(MainForm->imgGraphic.Visible && GraphicsAvailable);
