@@ -78,7 +78,13 @@ void SettleLogPath() {
   ModemLogDir = ActiveLogDir;
   SettingsDirty = true;
   const std::string path = ModemLogDir + ModemLogFile;
-  if (!FileExists(path) && Attempt([&path] { NewModemLog(path); })) TellNewLog();
+  bool madeNew = false;
+  Attempt([&] {
+    if (FileExists(path)) return;
+    NewModemLog(path);
+    madeNew = true;
+  });
+  if (madeNew) TellNewLog();
 }
 
 void ExamineLog() {

@@ -64,12 +64,24 @@ void TellExported(const std::string& path) {
   MsgBox({text, "QEL Options Saved", Icon::Information});
 }
 
+// Pipes and devices may never come to an end.
+void RefuseStream(const std::string& path) {
+  if (IsStream(path)) Raise(BadFileName);
+}
+
 // Whether the file can be read as a log, tried before anything of the current one is given up.
 bool CanBeOpened(const std::string& path) {
   return Attempt([&path] {
-    if (IsStream(path)) Raise(BadFileName);
+    RefuseStream(path);
     LineReader(path).Close();
   });
+}
+
+// What was found in one file says nothing of the next. The statistics alone would not do: they leave some of
+// it standing for an empty file, and are not gathered for a corrupt one.
+void ForgetFindings() {
+  LogExists = LogCorrupt = LogTooBig = LogEmpty = LogInvalid = false;
+  ResetLogStatistics();
 }
 
 }  // namespace
@@ -115,7 +127,7 @@ void frmMain::mnuOpenArchive_Click() {
 
 void frmMain::OpenArchive(const std::string& path) {
   SetTrace("frmMain", "OpenArchive");
-  StepTrace = path;
+  StepTrace = PathText(path);
   if (!CanBeOpened(path)) return;
   if (!ArchiveOpen) {
     defaultLogFile = CurrentLogFile;
@@ -123,15 +135,14 @@ void frmMain::OpenArchive(const std::string& path) {
     defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
   }
   SetCurrentLog(path);
+  ForgetFindings();
   LogExists = true;
-  LogCorrupt = false;  // so far: archives are not searched for bad bytes
   GetLogStats(true);
   ArchiveOpen = true;
   NameLogCommands();
   AddRecentFile(CurrentLogFile, CurrentLogDir, "A");
   ShowRecentFiles();
   Form_Load();
-  ShowStatus();
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
@@ -139,12 +150,16 @@ void frmMain::mnuOpenLog_Click() {
   SetTrace("frmMain", "mnuOpenLog_Click");
   SetCurrentLog(defaultLogDir, defaultLogFile);
   ArchiveOpen = false;
-  LogExists = FileExists(CurrentLogPath);
+  ForgetFindings();
+  Attempt([] { LogExists = FileExists(CurrentLogPath); });
   LogCorrupt = LogExists && CheckCorruption(false);
   if (LogExists && !LogCorrupt) GetLogStats(false);
   NameLogCommands();
   Form_Load();
-  ShowStatus();
+  CurrentHost().SetMousePointer(MousePointer::Default);
+  if (!LogCorrupt) return;
+  TellCorrupt();
+  SetStatus(8);
 }
 
 void frmMain::NameLogCommands() {
@@ -159,8 +174,12 @@ void frmMain::mnuOpenReport_Click() {
 
 void frmMain::DoOpenReport(const std::string& path) {
   SetTrace("frmMain", "DoOpenReport");
-  StepTrace = path;
-  if (!Attempt([&path] { ReportForm->OpenReport(path); })) return;
+  StepTrace = PathText(path);
+  const bool opened = Attempt([&path] {
+    RefuseStream(path);
+    ReportForm->OpenReport(path);
+  });
+  if (!opened) return;
   const std::string name = FileNamePart(path);
   AddRecentFile(name, path.substr(0, path.size() - name.size()), "R");
   ShowRecentFiles();

@@ -108,6 +108,8 @@ void frmMain::StatusText(const std::string& text) {
 void frmMain::ShowProgress(bool visible) {
   ProgressBar1.SetValue(0);
   ProgressBar1.Visible = visible;
+  // The user may look at the report window meanwhile.
+  if (ReportForm.IsLoaded()) ReportForm->AnalysisUnderWay = visible;
 }
 
 void frmMain::Progress(Int16 percent) { ProgressBar1.SetValue(percent); }

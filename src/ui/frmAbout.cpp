@@ -73,7 +73,8 @@ void frmAbout::PointAt(const Label* pointed) {
 
 void frmAbout::StartSysInfo() {
   SetTrace("frmAbout", "StartSysInfo");
-  const std::string tool = InformationTool();
+  std::string tool;
+  Attempt([&tool] { tool = InformationTool(); });
   if (tool.empty())
     MsgBox({"System Information Is Unavailable At This Time", ProgramTitle});
   else

@@ -72,13 +72,19 @@ void frmMain::EnableByLog() {
   mnuRepairLog.Enabled = corrupt;
   ToolbarMain.Button(9).Enabled = corrupt;
   mnuOpenArchive.Enabled = !corrupt;  // its button stays on
-  mnuOpenLog.Enabled =
-      usable && ArchiveOpen && defaultLogUsable && FileExists(defaultLogDir + defaultLogFile);
+  mnuOpenLog.Enabled = usable && ArchiveOpen && DefaultLogIsThere();
   mnuPurgeLog.Enabled = usable && !ArchiveOpen && !LogEmpty;
   // Only the default log is ever cleared.
   mnuClearLog.Enabled = !ArchiveOpen;
   if (ArchiveOpen) ToolbarMain.Button(7).Enabled = false;
   WithholdCommandsToCome(*this);
+}
+
+// A folder that cannot be searched by now is no failure of whoever loads the window.
+bool frmMain::DefaultLogIsThere() const {
+  bool found = false;
+  IgnoreErrors([&] { found = defaultLogUsable && FileExists(defaultLogDir + defaultLogFile); });
+  return found;
 }
 
 void frmMain::EnableRepair() {

@@ -116,6 +116,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   bool Form_Unload() override;
   void SaveMainWinSettings();
   void EnableByLog();
+  bool DefaultLogIsThere() const;
   void TellCorrupt();
   void EnableRepair();
 

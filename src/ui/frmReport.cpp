@@ -87,8 +87,11 @@ void frmReport::Form_Load() {
 void frmReport::Form_Activate() {
   Toolbar1.Visible = ShowToolbars;
   Form_Resize();
-  Caption = CaptionOf(content == Content::File ? fileName : CurrentLogFile);
-  if (content == Content::File) return;
+  // Only a fresh analysis is one of the current log: another one may have been opened since.
+  const bool fresh = content != Content::File && !SummaryBuilt && !DetailBuilt && !AnalysisUnderWay;
+  if (fresh) fileName = CurrentLogFile;
+  Caption = CaptionOf(fileName);
+  if (content == Content::File || AnalysisUnderWay) return;
   if (mnuDetails.Checked && !DetailBuilt) mnuDetails_Click();
   if (mnuSummary.Checked && !SummaryBuilt) mnuSummary_Click();
 }
@@ -137,6 +140,7 @@ void frmReport::OpenReport(const std::string& path) {
   Report.ReportText = std::move(text);
   ReportTextBox.Emphasised = RichTextBox::Emphasis{};
   ReportTextBox.Text = Report.ReportText;
+  ReportTextBox.Select(0, 0);
   ListView1.Clear();
   ShowFormat(false);
   EnableAnalysis(false);

@@ -37,6 +37,9 @@ class frmReport : public Form, private Display {
   void StoreSettings();
   void StatusUpdate();
 
+  // Connections and totals are half made: no report is built of them.
+  bool AnalysisUnderWay = false;
+
   ReportDocument Report;  // what is shown, saved and printed; its rows stand in ListView1
 
   MenuItem mnuFile{*this, "mnuFile"};
@@ -133,7 +136,7 @@ class frmReport : public Form, private Display {
   void ChangeFontSize(float by);
 
   Content content = Content::Nothing;
-  std::string fileName;  // of the report that was opened
+  std::string fileName;  // of the log that was analysed, or of the report that was opened
   bool AutoArrangeOn = false;
 };
 

@@ -162,6 +162,7 @@ TEST_F(MainWindowTest, AnArchiveIsOpenedAndLeftAgain) {
   EXPECT_FALSE(ArchiveOpen) << "cancelled";
   MainForm->ToolbarMain.UserButtonClick("Open Archive");
   EXPECT_TRUE(ArchiveOpen);
+  EXPECT_FALSE(MainForm->StatusHold) << "nobody has typed a date outside the log";
   EXPECT_EQ(MainForm->inputEnding.Text(), "03/31/1998");
   EXPECT_EQ(MainForm->mnuOptimize.Caption(), "&Optimize Archive");
   EXPECT_EQ(MainForm->mnuRecent[0].Caption(), "old.qel");
@@ -175,10 +176,26 @@ TEST_F(MainWindowTest, AnArchiveIsOpenedAndLeftAgain) {
   EXPECT_EQ(MainForm->btnViewLog.Caption(), "&View Modem Log");
 }
 
+TEST_F(MainWindowTest, WhatWasFoundInOneFileIsNotHeldAgainstTheNext) {
+  Show("");
+  MainForm->OpenArchive(PathOf("invalid.qel", "no date\r\n"));
+  MainForm->mnuOpenLog.UserClick();
+  EXPECT_FALSE(LogInvalid);
+  EXPECT_TRUE(MainForm->inputStarting.Enabled);
+  MainForm->OpenArchive(PathOf("old.qel", usable));
+  folder.Put("ModemLog.txt", "01-05-1999 \x01\r\n");
+  MainForm->mnuOpenLog.UserClick();
+  ASSERT_FALSE(host.messages.empty()) << "the default log has gone bad";
+  EXPECT_EQ(host.messages.back().Text.substr(0, 22), "Corruption Detected in");
+  EXPECT_EQ(Status(), "Corruption Detected in Modem Log File!");
+  EXPECT_EQ(host.pointer, MousePointer::Default);
+  EXPECT_EQ(LastEntryDate, 0);
+}
+
 TEST_F(MainWindowTest, AFileThatCannotBeOpenedLeavesEverythingAsItWas) {
   Show(usable);
-  RecentFiles[0] = {"gone.qel", folder.Path() + "/", "A"};
-  RecentFiles[1] = {"gone.txt", folder.Path() + "/", "R"};
+  RecentFiles[0] = {"M\xC3\xA4rz.qel", folder.Path() + "/", "A"};
+  RecentFiles[1] = {"M\xC3\xA4rz.txt", folder.Path() + "/", "R"};
   MainForm.Reset();
   Show(usable);
   for (const std::size_t index : {0u, 1u}) {
@@ -186,9 +203,10 @@ TEST_F(MainWindowTest, AFileThatCannotBeOpenedLeavesEverythingAsItWas) {
     MainForm->mnuRecent[index].UserClick();
     EXPECT_EQ(host.messages.size(), 2u) << "the report of an error stands twice";
     EXPECT_NE(host.messages.at(0).Text.find("Error code: 53"), std::string::npos);
+    EXPECT_NE(host.messages[0].Text.find("/M\xE4rz."), std::string::npos);
     EXPECT_FALSE(ArchiveOpen);
     EXPECT_EQ(CurrentLogPath, folder.Path("ModemLog.txt"));
-    EXPECT_EQ(Recent(), "gone.qel;gone.txt;;;;");
+    EXPECT_EQ(Recent(), "M\xC3\xA4rz.qel;M\xC3\xA4rz.txt;;;;");
   }
 }
 
@@ -249,6 +267,25 @@ TEST_F(MainWindowTest, AnEntryWithoutADateEndsTheAnalysisWithAWord) {
   EXPECT_EQ(Status(), "Corruption Detected in Modem Log File!");
   EXPECT_FALSE(ReportForm.IsLoaded());
   EXPECT_TRUE(MainForm->btnProcess.Enabled);
+}
+
+TEST_F(MainWindowTest, TheReportIsOfTheLogThatWasAnalysedAndOfAllOfIt) {
+  Show(usable);
+  MainForm->btnProcess.UserClick();
+  MainForm->Activate();
+  MainForm->OpenArchive(PathOf("other.qel", usable));
+  ReportForm->Activate();
+  EXPECT_EQ(ReportForm->Caption(), "QEL Report - (ModemLog.txt)");
+  Display& display = *MainForm;
+  SummaryBuilt = false;  // as an analysis begins
+  display.ShowProgress(true);
+  MainForm->Activate();
+  ReportForm->Activate();
+  EXPECT_FALSE(SummaryBuilt) << "the connections are not all there yet";
+  display.ShowProgress(false);
+  display.ShowReport();
+  EXPECT_TRUE(SummaryBuilt);
+  EXPECT_EQ(ReportForm->Caption(), "QEL Report - (other.qel)");
 }
 
 TEST_F(MainWindowTest, GraphicsAreDrawnOnTheStandardGreyAlone) {
