@@ -72,7 +72,7 @@ class ListViewFace : public ControlFace {
 
   // A text that does not fit in its cell is shown whole in a tool tip.
   bool Filter(QWidget& watched, QEvent& event) override {
-    if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) Refresh();
+    if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) ShowLater();
     if (event.type() != QEvent::ToolTip || &watched != view.viewport())
       return ControlFace::Filter(watched, event);
     const auto& help = static_cast<QHelpEvent&>(event);
@@ -87,6 +87,10 @@ class ListViewFace : public ControlFace {
  private:
   void Push() override {
     ControlFace::Push();
+    ShowLater();
+  }
+
+  void ShowLater() {
     if (waiting) return;
     waiting = true;
     QTimer::singleShot(0, this, [this] {
@@ -141,6 +145,7 @@ class ListViewFace : public ControlFace {
     auto& selection = *view.selectionModel();
     if (row < 0) {
       selection.clear();
+      view.setCurrentIndex({});  // else the view picks the first row when it gets the focus
     } else if (selection.currentIndex().row() != row || !selection.hasSelection()) {
       const int leading = std::max(0, header.logicalIndexAt(0));
       view.setCurrentIndex(rows.index(row, leading));

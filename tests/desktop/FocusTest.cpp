@@ -58,6 +58,24 @@ TEST_F(Focus, ADisabledControlHandsItOnUnlessItIsBackAtOnce) {
   EXPECT_FALSE(form.btnOK.HasFocus());
 }
 
+TEST_F(Focus, TheTabKeyPassesThroughListsAndChoosesNothingThere) {
+  std::string chosen;
+  form.lstNames.AddItem("a");
+  form.lstNames.Click = [&chosen] { chosen += "name "; };
+  form.ListView1.SetColumns({{"A", 1000}});
+  form.ListView1.SetRows({{"1", {}}, {"2", {}}});
+  form.ListView1.ItemClick = [&chosen] { chosen += "row "; };
+  form.optTips.SetFocus();
+  std::string passed;
+  for (int i = 0; i < 6; ++i) {
+    Settle();
+    QTest::keyClick(FaceOf(form)->Window().focusWidget(), Qt::Key_Tab);
+    passed += form.ActiveControl()->Name() + ' ';
+  }
+  EXPECT_EQ(passed, "optFormat lstNames lstUnit lstFree ListView1 TabStrip1 ");
+  EXPECT_EQ(chosen, "");
+}
+
 TEST_F(Focus, KeysGoToTheFormAndTheControlUntilOneHandlesThem) {
   std::string seen;
   form.KeyDown = [&seen](KeyPress& press) {
