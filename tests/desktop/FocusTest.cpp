@@ -101,6 +101,22 @@ TEST_F(Focus, EscapeClicksTheButtonThatStandsForIt) {
   EXPECT_EQ(runs, 1);
 }
 
+TEST_F(Focus, TheWheelChoosesOnlyWhereTheFocusIs) {
+  auto& list = Get<QComboBox>("lstUnit");
+  for (const char* unit : {"minute", "hour"}) form.lstUnit.AddItem(unit);
+  form.lstUnit.SetListIndex(0);
+  const auto turn = [&list] {
+    const QPointF at = list.rect().center();
+    QWheelEvent wheel(at, list.mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&list, &wheel);
+  };
+  turn();
+  EXPECT_EQ(form.lstUnit.Text(), "minute");
+  form.lstUnit.SetFocus();
+  turn();
+  EXPECT_EQ(form.lstUnit.Text(), "hour");
+}
+
 TEST_F(Focus, TheMouseIsSeenOverControlsAndBesideThem) {
   std::string seen;
   form.lblTitle.MouseMove = [&seen] { seen += "label "; };
