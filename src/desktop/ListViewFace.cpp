@@ -5,7 +5,6 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QItemSelectionModel>
-#include <QTableView>
 #include <QTimer>
 #include <QToolTip>
 #include <QTreeView>
@@ -20,27 +19,14 @@ namespace qel {
 
 namespace {
 
-QHeaderView& HeaderOf(QTreeView& view) {
-  view.setUniformRowHeights(true);
-  view.setRootIsDecorated(false);
-  view.setItemsExpandable(false);
-  return *view.header();
-}
-
-QHeaderView& HeaderOf(QTableView& view) {
-  view.verticalHeader()->hide();
-  view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  view.setShowGrid(false);
-  view.setWordWrap(false);
-  view.setTabKeyNavigation(false);
-  return *view.horizontalHeader();
-}
-
 class ListViewFace : public ControlFace {
  public:
-  ListViewFace(FormFace& form, ListView& model, QAbstractItemView& view, QHeaderView& header)
-      : ControlFace(form, model, &view), model(model), view(view), header(header), rows(model) {
+  ListViewFace(FormFace& form, ListView& model, QTreeView& view)
+      : ControlFace(form, model, &view), model(model), view(view), header(*view.header()), rows(model) {
     view.setModel(&rows);
+    view.setUniformRowHeights(true);
+    view.setRootIsDecorated(false);
+    view.setItemsExpandable(false);
     view.setSelectionMode(QAbstractItemView::SingleSelection);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -159,26 +145,17 @@ class ListViewFace : public ControlFace {
   }
 
   ListView& model;
-  QAbstractItemView& view;
+  QTreeView& view;
   QHeaderView& header;
   ListRows rows;
   bool rowsAreOld = false;
   bool waiting = false;  // to be shown anew
 };
 
-template <class View>
-std::unique_ptr<ControlFace> FaceIn(FormFace& form, ListView& model) {
-  auto* const view = qobject_cast<View*>(form.ObjectOf(model));
-  return view ? std::make_unique<ListViewFace>(form, model, *view, HeaderOf(*view)) : nullptr;
-}
-
 }  // namespace
 
 std::unique_ptr<ControlFace> FaceOfListView(FormFace& form, Control& control) {
-  auto* const model = dynamic_cast<ListView*>(&control);
-  if (!model) return nullptr;
-  if (auto face = FaceIn<QTreeView>(form, *model)) return face;
-  return FaceIn<QTableView>(form, *model);
+  return FaceOf<ListViewFace, ListView, QTreeView>(form, control);
 }
 
 }  // namespace qel
