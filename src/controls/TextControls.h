@@ -21,10 +21,14 @@ class TextBox : public Control {
  public:
   using Control::Control;
 
-  Property<std::string> Text{ShownThen([this] {
+  Property<std::string> Text{[this] {
+    ++edition;
+    ShowChange();
     Clip();
     Change();
-  })};
+  }};
+  // Another number after each change of Text, so that nobody has to compare texts of megabytes.
+  int Edition() const { return edition; }
   Property<bool> Locked{Shown()};  // shows its text and lets nobody type
   int MaxLength = 0;               // characters that can be typed; 0 for any number
 
@@ -46,6 +50,7 @@ class TextBox : public Control {
  private:
   void Clip() { Select(selStart, selLength); }
 
+  int edition = 0;
   int selStart = 0;
   int selLength = 0;
 };

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "desktop/EventLoop.h"
+#include "desktop/FormFace.h"
 #include "desktop/QtValues.h"
 
 namespace qel {
@@ -78,12 +79,19 @@ std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialog
 
 }  // namespace
 
+void MakeModal(QWidget& window) {
+  // The user may be in another program just now.
+  const QWidget* owner = QApplication::activeWindow();
+  for (const Form* form : LoadedForms)
+    if (const FormFace* face = FaceOf(*form); !owner && face && face->Window().isVisible())
+      owner = &face->Window();
+  window.setWindowModality(Qt::ApplicationModal);
+  window.winId();  // makes the handle
+  if (owner && owner != &window) window.windowHandle()->setTransientParent(owner->windowHandle());
+}
+
 int RunDialogue(QDialog& dialogue) {
-  // Owned by the window in front, but not its child: it lives on the caller's stack.
-  const QWidget* const owner = QApplication::activeWindow();
-  dialogue.setWindowModality(Qt::ApplicationModal);
-  dialogue.winId();  // makes the handle
-  if (owner && dialogue.windowHandle()) dialogue.windowHandle()->setTransientParent(owner->windowHandle());
+  MakeModal(dialogue);  // no child of its owner: it lives on the caller's stack
   dialogue.show();
   RunUntil([&dialogue] { return !dialogue.isVisible(); });
   return dialogue.result();

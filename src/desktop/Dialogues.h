@@ -9,6 +9,10 @@
 
 namespace qel {
 
+// Has a window that is about to be shown keep the user from all others, and stay before the one that is in
+// front.
+void MakeModal(QWidget& window);
+
 // Shows a dialogue before the active window until the user has answered it; its result. Throws ProgramEnd
 // when the program ends meanwhile.
 int RunDialogue(QDialog& dialogue);

@@ -3,8 +3,11 @@
 #include <QApplication>
 #include <QDialog>
 #include <QEvent>
+#include <QPointer>
+#include <memory>
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "controls/Form.h"
 #include "core/EndProgram.h"
@@ -31,12 +34,21 @@ class Meanwhile {
   bool before;
 };
 
+// Keeps the user's input from the program. The release of a button that was pressed before comes when the
+// filter goes; without it the pressed widget, and the toolkit's hold on the mouse, would stay down.
 class InputFilter : public QObject {
  public:
-  bool eventFilter(QObject*, QEvent* event) override {
+  ~InputFilter() override {
+    for (auto& [receiver, release] : releases)
+      if (receiver) QCoreApplication::postEvent(receiver, release.release());
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
     switch (event->type()) {
-      case QEvent::MouseButtonPress:
       case QEvent::MouseButtonRelease:
+        if (inputIsThrownAway) releases.emplace_back(watched, event->clone());
+        return inputIsThrownAway;
+      case QEvent::MouseButtonPress:
       case QEvent::MouseButtonDblClick:
       case QEvent::MouseMove:
       case QEvent::Wheel:
@@ -52,6 +64,9 @@ class InputFilter : public QObject {
         return false;
     }
   }
+
+ private:
+  std::vector<std::pair<QPointer<QObject>, std::unique_ptr<QEvent>>> releases;
 };
 
 void RunToItsEnd(const std::function<void()>& event) {

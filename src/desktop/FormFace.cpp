@@ -1,17 +1,17 @@
 #include "desktop/FormFace.h"
 
 #include <QAbstractButton>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QLayout>
 #include <QShortcut>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVariant>
-#include <QWindow>
 #include <algorithm>
 #include <utility>
 
 #include "desktop/ControlFace.h"
+#include "desktop/Dialogues.h"
 #include "desktop/EventLoop.h"
 #include "desktop/QtValues.h"
 
@@ -186,13 +186,7 @@ void FormFace::PushVisible() {
     return;
   }
   if (window->isHidden()) {
-    if (form->IsModal()) {
-      QWindow* const owner =
-          QApplication::activeWindow() ? QApplication::activeWindow()->windowHandle() : nullptr;
-      window->setWindowModality(Qt::ApplicationModal);
-      window->winId();  // makes the handle
-      window->windowHandle()->setTransientParent(owner);
-    }
+    if (form->IsModal()) MakeModal(*window);
     FollowFocus();
     window->show();
   }

@@ -1,11 +1,13 @@
 // The user's side of a window: focus, keys, mouse, closing.
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDialog>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTimer>
 #include <QVariant>
 
@@ -21,6 +23,11 @@ namespace {
 bool MovesInsideTheWindow(Qt::FocusReason reason) {
   return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
          reason != Qt::MenuBarFocusReason;
+}
+
+// A wheel that only passes over a list or a strip of tabs must not choose there.
+bool ChoosesByWheel(const QWidget& widget) {
+  return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QTabBar*>(&widget);
 }
 
 }  // namespace
@@ -65,6 +72,12 @@ bool FormFace::FilterWidget(QWidget& widget, QEvent& event) {
       break;
     case QEvent::KeyPress:
       if (TakeKey(widget, static_cast<QKeyEvent&>(event))) return true;
+      break;
+    case QEvent::Wheel:
+      if (ChoosesByWheel(widget) && !widget.hasFocus()) {
+        event.ignore();  // so that what is around the widget can scroll
+        return true;
+      }
       break;
     case QEvent::MouseMove:
       TakeMouseMove(widget, static_cast<QMouseEvent&>(event).pos());

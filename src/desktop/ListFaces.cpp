@@ -49,6 +49,8 @@ class ListBoxFace : public ControlFace {
     const QSignalBlocker silent(list);
     PushItems(model, list);
     if (list.currentRow() != model.ListIndex()) list.setCurrentRow(model.ListIndex());
+    if (model.ListIndex() < 0)
+      list.setCurrentIndex({});  // else it picks the first entry when it gets the focus
   }
   ListBox& model;
   QListWidget& list;

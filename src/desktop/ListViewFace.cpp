@@ -5,7 +5,6 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QItemSelectionModel>
-#include <QTableView>
 #include <QTimer>
 #include <QToolTip>
 #include <QTreeView>
@@ -20,27 +19,14 @@ namespace qel {
 
 namespace {
 
-QHeaderView& HeaderOf(QTreeView& view) {
-  view.setUniformRowHeights(true);
-  view.setRootIsDecorated(false);
-  view.setItemsExpandable(false);
-  return *view.header();
-}
-
-QHeaderView& HeaderOf(QTableView& view) {
-  view.verticalHeader()->hide();
-  view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  view.setShowGrid(false);
-  view.setWordWrap(false);
-  view.setTabKeyNavigation(false);
-  return *view.horizontalHeader();
-}
-
 class ListViewFace : public ControlFace {
  public:
-  ListViewFace(FormFace& form, ListView& model, QAbstractItemView& view, QHeaderView& header)
-      : ControlFace(form, model, &view), model(model), view(view), header(header), rows(model) {
+  ListViewFace(FormFace& form, ListView& model, QTreeView& view)
+      : ControlFace(form, model, &view), model(model), view(view), header(*view.header()), rows(model) {
     view.setModel(&rows);
+    view.setUniformRowHeights(true);
+    view.setRootIsDecorated(false);
+    view.setItemsExpandable(false);
     view.setSelectionMode(QAbstractItemView::SingleSelection);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -72,7 +58,7 @@ class ListViewFace : public ControlFace {
 
   // A text that does not fit in its cell is shown whole in a tool tip.
   bool Filter(QWidget& watched, QEvent& event) override {
-    if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) Refresh();
+    if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) ShowLater();
     if (event.type() != QEvent::ToolTip || &watched != view.viewport())
       return ControlFace::Filter(watched, event);
     const auto& help = static_cast<QHelpEvent&>(event);
@@ -87,6 +73,10 @@ class ListViewFace : public ControlFace {
  private:
   void Push() override {
     ControlFace::Push();
+    ShowLater();
+  }
+
+  void ShowLater() {
     if (waiting) return;
     waiting = true;
     QTimer::singleShot(0, this, [this] {
@@ -141,6 +131,7 @@ class ListViewFace : public ControlFace {
     auto& selection = *view.selectionModel();
     if (row < 0) {
       selection.clear();
+      view.setCurrentIndex({});  // else the view picks the first row when it gets the focus
     } else if (selection.currentIndex().row() != row || !selection.hasSelection()) {
       const int leading = std::max(0, header.logicalIndexAt(0));
       view.setCurrentIndex(rows.index(row, leading));
@@ -154,26 +145,17 @@ class ListViewFace : public ControlFace {
   }
 
   ListView& model;
-  QAbstractItemView& view;
+  QTreeView& view;
   QHeaderView& header;
   ListRows rows;
   bool rowsAreOld = false;
   bool waiting = false;  // to be shown anew
 };
 
-template <class View>
-std::unique_ptr<ControlFace> FaceIn(FormFace& form, ListView& model) {
-  auto* const view = qobject_cast<View*>(form.ObjectOf(model));
-  return view ? std::make_unique<ListViewFace>(form, model, *view, HeaderOf(*view)) : nullptr;
-}
-
 }  // namespace
 
 std::unique_ptr<ControlFace> FaceOfListView(FormFace& form, Control& control) {
-  auto* const model = dynamic_cast<ListView*>(&control);
-  if (!model) return nullptr;
-  if (auto face = FaceIn<QTreeView>(form, *model)) return face;
-  return FaceIn<QTableView>(form, *model);
+  return FaceOf<ListViewFace, ListView, QTreeView>(form, control);
 }
 
 }  // namespace qel

@@ -21,9 +21,10 @@ class CalendarFace : public ControlFace {
     connect(&calendar, &QCalendarWidget::selectionChanged, this, [this] {
       if (!mouseIsAtWork) Take(this->calendar.selectedDate(), false);
     });
-    // Enter; a double click comes here too and has clicked before.
+    // Enter, which picks the day, or a double click, which has picked it before.
     connect(&calendar, &QCalendarWidget::activated, this, [this](const QDate& day) {
-      if (!mouseIsAtWork) Take(day, true);
+      if (!mouseIsAtWork) return Take(day, true);
+      Tell([this] { this->model.UserDblClick(); });
     });
   }
 

@@ -38,7 +38,7 @@ bool PictureWidget::event(QEvent* event) {
 }
 
 void PictureWidget::paintEvent(QPaintEvent*) {
-  if (!drawing.isValid()) return;
+  if (!drawing.isValid() || frame < 0) return;
   QPainter painter(this);
   const QString element = QStringLiteral("frame%1").arg(frame);
   if (frame > 0 && drawing.elementExists(element))

@@ -11,7 +11,8 @@ class PictureWidget : public QWidget {
  public:
   explicit PictureWidget(QWidget* parent = nullptr);
 
-  // 0 shows the whole drawing, n above 0 its element with the id "frame<n>", if it has one.
+  // 0 shows the whole drawing, n above 0 its element with the id "frame<n>", if it has one, and a negative
+  // number nothing.
   void SetFrame(int wanted);
   QSize sizeHint() const override;
 

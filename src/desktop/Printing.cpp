@@ -29,16 +29,16 @@ QFont TypeOf(const PrintJob& job) {
   return type;
 }
 
-qreal WidthOf(const QStringList& lines, const QFont& type, QPaintDevice& device) {
-  const QFontMetricsF metrics(type, &device);
-  qreal width = 0;
-  for (const QString& line : lines) width = std::max(width, metrics.horizontalAdvance(line));
-  return width;
+// In a type of fixed pitch the longest line is the widest.
+QString LongestLine(const QString& text) {
+  const QStringList lines = text.split(u'\n');
+  return *std::max_element(lines.begin(), lines.end(),
+                           [](const QString& a, const QString& b) { return a.size() < b.size(); });
 }
 
 QFont FittedType(const QString& text, QFont type, qreal room, QPaintDevice& device) {
-  const QStringList lines = text.split(u'\n');
-  while (type.pointSizeF() > SmallestType && WidthOf(lines, type, device) > room)
+  const QString line = LongestLine(text);
+  while (type.pointSizeF() > SmallestType && QFontMetricsF(type, &device).horizontalAdvance(line) > room)
     type.setPointSizeF(std::max(SmallestType, type.pointSizeF() - 0.25));
   return type;
 }

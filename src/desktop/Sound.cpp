@@ -34,22 +34,29 @@ class Player : public QProcess {
   }
 };
 
+// Whether the player has taken the sound, to its end or to the time limit.
+bool PlayWith(const QString& program, const QStringList& arguments) {
+  Player player;
+  player.setStandardInputFile(QProcess::nullDevice());
+  player.setStandardOutputFile(QProcess::nullDevice());
+  player.setStandardErrorFile(QProcess::nullDevice());
+  player.start(program, arguments);
+  QElapsedTimer clock;
+  clock.start();
+  while (clock.elapsed() < LongestSound && !player.waitForFinished(BetweenYields) &&
+         player.state() != QProcess::NotRunning)
+    YieldToEvents();
+  return player.state() != QProcess::NotRunning ||
+         (player.error() != QProcess::FailedToStart && player.exitStatus() == QProcess::NormalExit &&
+          player.exitCode() == 0);
+}
+
 }  // namespace
 
 void PlaySound(const std::string& path) {
   for (const auto& [program, options] : Players) {
     const QString found = QStandardPaths::findExecutable(program);
-    if (found.isEmpty()) continue;
-    Player player;
-    player.setStandardOutputFile(QProcess::nullDevice());
-    player.setStandardErrorFile(QProcess::nullDevice());
-    player.start(found, options + QStringList(QFile::decodeName(path.c_str())));
-    QElapsedTimer clock;
-    clock.start();
-    while (clock.elapsed() < LongestSound && !player.waitForFinished(BetweenYields) &&
-           player.state() != QProcess::NotRunning)
-      YieldToEvents();
-    return;
+    if (!found.isEmpty() && PlayWith(found, options + QStringList(QFile::decodeName(path.c_str())))) return;
   }
 }
 

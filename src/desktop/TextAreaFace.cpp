@@ -5,14 +5,37 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "desktop/QtValues.h"
 
 namespace qel {
 
+namespace {
+
+bool IsDoubleBreak(std::string_view text, std::size_t at) { return text.substr(at, 2) == "\r\n"; }
+
+// The place behind `count` shown characters that begin at `from`.
+std::size_t Behind(std::string_view text, std::size_t from, int count) {
+  for (; count > 0 && from < text.size(); --count) from += IsDoubleBreak(text, from) ? 2 : 1;
+  return from;
+}
+
+std::ptrdiff_t DoubleBreaks(std::string_view text) {
+  std::ptrdiff_t count = 0;
+  for (auto at = text.find('\r'); at != text.npos; at = text.find('\r', at + 1))
+    count += IsDoubleBreak(text, at);
+  return count;
+}
+
+}  // namespace
+
 TextAreaFace::TextAreaFace(FormFace& form, TextBox& model, QPlainTextEdit& area)
     : ControlFace(form, model, &area), model(model), area(area) {
-  connect(&area, &QPlainTextEdit::textChanged, this, [this] { TakeText(); });
+  connect(area.document(), &QTextDocument::contentsChange, this,
+          [this](int at, int removed, int added) { NoteEdit(at, removed, added); });
+  connect(&area, &QPlainTextEdit::textChanged, this, [this] { TakeEdit(); });
   connect(&area, &QPlainTextEdit::selectionChanged, this, [this] { TakeSelection(); });
   connect(&area, &QPlainTextEdit::cursorPositionChanged, this, [this] { TakeSelection(); });
 }
@@ -25,22 +48,38 @@ bool TextAreaFace::Filter(QWidget& watched, QEvent& event) {
 void TextAreaFace::Push() {
   ControlFace::Push();
   const QSignalBlocker silent(area);
-  area.setReadOnly(model.Locked);
+  PushLocked();
   if (!area.isVisible()) return;
   PushText();
   if (!takingText) PushSelection();
   PushEmphasis();
 }
 
+// The keys select in a locked text too.
+void TextAreaFace::PushLocked() {
+  if (area.isReadOnly() == model.Locked()) return;
+  area.setReadOnly(model.Locked);
+  if (model.Locked) area.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
 void TextAreaFace::PushText() {
-  if (shownText == model.Text()) return;
-  shownText = model.Text;
-  hasWideBreaks = shownText.find("\r\n") != std::string::npos;
+  if (shownEdition == model.Edition()) return;
+  const std::string& text = model.Text;
+  area.setPlainText(LinesToQt(text));
+  const auto pairs = DoubleBreaks(text);
+  const auto isEach = [&](char half) { return std::count(text.begin(), text.end(), half) == pairs; };
+  breaks = isEach('\r') && isEach('\n')           ? Breaks::Double
+           : text.find('\r') == std::string::npos ? Breaks::Single
+                                                  : Breaks::Mixed;
+  shownEdition = model.Edition();
+  shownLength = LengthShown();
+  shownSelection.reset();
   shownEmphasis = {};
-  area.setPlainText(LinesToQt(shownText));
 }
 
 void TextAreaFace::PushSelection() {
+  if (shownSelection == ModelSelection()) return;
+  shownSelection = ModelSelection();
   QTextCursor cursor = area.textCursor();
   const int start = ShownOffset(model.SelStart());
   const int end = ShownOffset(model.SelStart() + model.SelLength());
@@ -70,38 +109,73 @@ void TextAreaFace::Emphasise(const RichTextBox::Emphasis& part, const QTextCharF
   cursor.setCharFormat(format);
 }
 
-void TextAreaFace::TakeText() {
+// The toolkit counts the end of the document as a character of the edits that reach it.
+void TextAreaFace::NoteEdit(int at, int removed, int added) {
   if (form.IsPushing()) return;
+  const int length = LengthShown();
+  const Edit made{at, std::min(removed, shownLength - at), std::min(added, length - at)};
+  const bool isWhole = !edit && made.removed >= 0 && shownLength - made.removed + made.added == length;
+  edit = isWhole ? made : Edit{0, shownLength, length};  // several at once count as one that changes all
+}
+
+void TextAreaFace::TakeEdit() {
+  if (form.IsPushing() || !edit) return;
+  const Edit made = *std::exchange(edit, std::nullopt);
+  shownLength = LengthShown();
   takingText = true;
-  // The raw text keeps non-breaking blanks.
-  QString typed = area.document()->toRawText();
-  typed.replace(QChar::ParagraphSeparator, QStringLiteral("\r\n"));
-  hasWideBreaks = true;
-  shownText = FromQt(typed);
-  const std::string text = shownText;
-  Tell([this, &text] { model.UserText(text); });
+  Tell([this, &made] {
+    model.SetFocus();
+    if (model.HasFocus() && !model.Locked)
+      Replace(made);
+    else
+      shownEdition.reset();  // the edit does not stand
+  });
   takingText = false;
   TakeSelection();
 }
 
-void TextAreaFace::TakeSelection() {
-  if (takingText || form.IsPushing() || shownText != model.Text()) return;
-  const QTextCursor cursor = area.textCursor();
-  const int start = ModelOffset(cursor.selectionStart());
-  const int length = ModelOffset(cursor.selectionEnd()) - start;
-  if (start == model.SelStart() && length == model.SelLength()) return;
-  Tell([this, start, length] { model.Select(start, length); });
+void TextAreaFace::Replace(const Edit& made) {
+  const int start = ModelOffset(made.at);
+  const auto end = Behind(model.Text(), static_cast<std::size_t>(start), made.removed);
+  const std::string typed = Typed(made);
+  model.Select(start, static_cast<int>(end) - start);
+  if (model.SelText() == typed) return;
+  if (breaks == Breaks::Single && typed.find('\n') != std::string::npos) breaks = Breaks::Mixed;
+  shownEdition = model.Edition() + 1;  // what the model makes of it in Change is shown again
+  model.ReplaceSelection(typed);
+  // A CR and a LF that have come together are one line break now.
+  if (breaks == Breaks::Mixed && ShownOffset(static_cast<int>(model.Text().size())) != shownLength)
+    shownEdition.reset();
 }
 
+std::string TextAreaFace::Typed(const Edit& made) const {
+  QTextCursor cursor(area.document());
+  cursor.setPosition(made.at);
+  cursor.setPosition(made.at + made.added, QTextCursor::KeepAnchor);
+  return FromQt(cursor.selectedText().replace(QChar::ParagraphSeparator, QStringLiteral("\r\n")));
+}
+
+void TextAreaFace::TakeSelection() {
+  if (takingText || edit || form.IsPushing() || shownEdition != model.Edition()) return;
+  const QTextCursor cursor = area.textCursor();
+  const int start = ModelOffset(cursor.selectionStart());
+  const Range selection{start, ModelOffset(cursor.selectionEnd()) - start};
+  shownSelection = selection;
+  if (selection == ModelSelection()) return;
+  Tell([this, &selection] { model.Select(selection.start, selection.length); });
+}
+
+int TextAreaFace::LengthShown() const { return area.document()->characterCount() - 1; }
+
 int TextAreaFace::ModelOffset(int shown) const {
-  return hasWideBreaks ? shown + area.document()->findBlock(shown).blockNumber() : shown;
+  if (breaks == Breaks::Mixed) return static_cast<int>(Behind(model.Text(), 0, shown));
+  return breaks == Breaks::Single ? shown : shown + area.document()->findBlock(shown).blockNumber();
 }
 
 int TextAreaFace::ShownOffset(int offset) const {
-  const int within = std::clamp(offset, 0, static_cast<int>(shownText.size()));
-  const int breaks =
-      hasWideBreaks ? static_cast<int>(std::count(shownText.begin(), shownText.begin() + within, '\n')) : 0;
-  return std::min(within - breaks, area.document()->characterCount() - 1);
+  const std::string_view before =
+      std::string_view(model.Text()).substr(0, static_cast<std::size_t>(std::max(0, offset)));
+  return std::min(static_cast<int>(before.size()) - static_cast<int>(DoubleBreaks(before)), LengthShown());
 }
 
 }  // namespace qel

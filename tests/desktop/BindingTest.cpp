@@ -5,11 +5,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QTableView>
 #include <QToolButton>
 
 #include "SampleForm.h"
 #include "desktop/MissingBindings.h"
 #include "desktop/QtValues.h"
+#include "platform/FormatMask.h"
 #include "support/TemporaryFolder.h"
 
 namespace qel {
@@ -182,12 +184,29 @@ TEST_F(Binding, TensOfThousandsOfRowsAreShownAndScrolledAtOnce) {
   EXPECT_EQ(view.model()->rowCount(), 0);
 }
 
+TEST_F(Binding, ADoubleClickOnADayComesAfterItsClick) {
+  std::string heard;
+  form.Calendar1.Click = [&] { heard += "click:" + FormatDate(form.Calendar1.Value, "d") + ' '; };
+  form.Calendar1.DblClick = [&] { heard += "double "; };
+  form.Calendar1.Value = DateSerial(1999, 1, 31);
+  auto& days = *Get<QCalendarWidget>("Calendar1").findChild<QTableView*>();
+  const QPoint day = days.visualRect(days.currentIndex()).center();
+  Click(*days.viewport(), day);
+  QTest::mouseDClick(days.viewport(), Qt::LeftButton, {}, day);
+  QTest::mouseRelease(days.viewport(), Qt::LeftButton, {}, day);
+  EXPECT_EQ(heard, "click:31 double ");
+  QTest::keyClick(&days, Qt::Key_Return);
+  EXPECT_EQ(heard, "click:31 double click:31 ");
+}
+
 TEST_F(Binding, APictureShowsItsFrame) {
   auto& picture = Get<PictureWidget>("Picture1");
   const QPoint middle = picture.rect().center();
-  for (const auto& [frame, colour] : {std::pair{1, Qt::red}, {2, Qt::blue}}) {
+  const QColor ground = picture.palette().color(QPalette::Window);
+  for (const auto& [frame, colour] :
+       {std::pair{1, QColor(Qt::red)}, {2, QColor(Qt::blue)}, {Picture::NoFrame, ground}}) {
     form.Picture1.Frame = frame;
-    EXPECT_EQ(picture.grab().toImage().pixelColor(middle), QColor(colour)) << frame;
+    EXPECT_EQ(picture.grab().toImage().pixelColor(middle), colour) << frame;
   }
 }
 

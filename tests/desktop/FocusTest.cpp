@@ -58,6 +58,24 @@ TEST_F(Focus, ADisabledControlHandsItOnUnlessItIsBackAtOnce) {
   EXPECT_FALSE(form.btnOK.HasFocus());
 }
 
+TEST_F(Focus, TheTabKeyPassesThroughListsAndChoosesNothingThere) {
+  std::string chosen;
+  form.lstNames.AddItem("a");
+  form.lstNames.Click = [&chosen] { chosen += "name "; };
+  form.ListView1.SetColumns({{"A", 1000}});
+  form.ListView1.SetRows({{"1", {}}, {"2", {}}});
+  form.ListView1.ItemClick = [&chosen] { chosen += "row "; };
+  form.optTips.SetFocus();
+  std::string passed;
+  for (int i = 0; i < 6; ++i) {
+    Settle();
+    QTest::keyClick(FaceOf(form)->Window().focusWidget(), Qt::Key_Tab);
+    passed += form.ActiveControl()->Name() + ' ';
+  }
+  EXPECT_EQ(passed, "optFormat lstNames lstUnit lstFree ListView1 TabStrip1 ");
+  EXPECT_EQ(chosen, "");
+}
+
 TEST_F(Focus, KeysGoToTheFormAndTheControlUntilOneHandlesThem) {
   std::string seen;
   form.KeyDown = [&seen](KeyPress& press) {
@@ -81,6 +99,22 @@ TEST_F(Focus, EscapeClicksTheButtonThatStandsForIt) {
   form.btnRun.Click = [&runs] { ++runs; };
   QTest::keyClick(&Get<QLineEdit>("inputStarting"), Qt::Key_Escape);
   EXPECT_EQ(runs, 1);
+}
+
+TEST_F(Focus, TheWheelChoosesOnlyWhereTheFocusIs) {
+  auto& list = Get<QComboBox>("lstUnit");
+  for (const char* unit : {"minute", "hour"}) form.lstUnit.AddItem(unit);
+  form.lstUnit.SetListIndex(0);
+  const auto turn = [&list] {
+    const QPointF at = list.rect().center();
+    QWheelEvent wheel(at, list.mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&list, &wheel);
+  };
+  turn();
+  EXPECT_EQ(form.lstUnit.Text(), "minute");
+  form.lstUnit.SetFocus();
+  turn();
+  EXPECT_EQ(form.lstUnit.Text(), "hour");
 }
 
 TEST_F(Focus, TheMouseIsSeenOverControlsAndBesideThem) {

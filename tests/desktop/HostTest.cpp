@@ -2,12 +2,14 @@
 #include <QMessageBox>
 #include <QPdfWriter>
 #include <QTimer>
+#include <filesystem>
 
 #include "SampleForm.h"
 #include "core/EndProgram.h"
 #include "desktop/Dialogues.h"
 #include "desktop/Printing.h"
 #include "platform/RunTimeError.h"
+#include "support/TemporaryFolder.h"
 
 namespace qel {
 namespace {
@@ -109,6 +111,33 @@ TEST_F(HostOfDesktop, AYieldRunsTimersButTakesNoInput) {
         host.Yield();
       },
       ProgramEnd);
+}
+
+TEST_F(HostOfDesktop, AButtonThatWasPressedBeforeAYieldComesUpAgain) {
+  auto& button = Get<QPushButton>("btnOK");
+  QTest::mousePress(&button, Qt::LeftButton);
+  QTimer::singleShot(0, qApp, [&] { QTest::mouseRelease(&button, Qt::LeftButton); });
+  host.Yield();
+  EXPECT_TRUE(button.isDown());
+  Settle();
+  EXPECT_FALSE(button.isDown());
+}
+
+TEST_F(HostOfDesktop, ASoundGoesToThePlayerThatCanPlayIt) {
+  const TemporaryFolder folder;
+  const std::string path = qgetenv("PATH").toStdString();
+  qputenv("PATH", folder.Path().c_str());
+  host.PlaySoundFile("/a.wav");  // nobody can: silence
+  for (const auto& [player, script] : {std::pair{"paplay", "exit 1"},
+                                       {"aplay", "/bin/sleep 0.1; echo \"$@\" > $0.played"},
+                                       {"play", "> $0.played"}}) {
+    folder.Put(player, std::string("#!/bin/sh\n") + script + "\n");
+    std::filesystem::permissions(folder.Path(player), std::filesystem::perms::owner_all);
+  }
+  host.PlaySoundFile("/a.wav");
+  qputenv("PATH", path.c_str());
+  EXPECT_EQ(folder.Content("aplay.played"), "-q /a.wav\n");
+  EXPECT_FALSE(folder.Has("play.played"));
 }
 
 TEST_F(HostOfDesktop, FiltersAndFailuresAreThoseOfThePlatform) {
