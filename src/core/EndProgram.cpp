@@ -9,11 +9,20 @@
 
 namespace qel {
 
+namespace {
+
+bool failureTold = false;  // since the last time that the settings could be written
+
+}  // namespace
+
 void SaveRegistry() {
   try {
     Registry.Flush();
+    failureTold = false;
   } catch (const RunTimeError& error) {
-    std::cerr << "qel: the settings could not be written: " << error.Description() << '\n';
+    if (!failureTold)
+      std::cerr << "qel: the settings could not be written: " << error.Description() << '\n';
+    failureTold = true;
   }
 }
 

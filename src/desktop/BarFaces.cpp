@@ -56,7 +56,7 @@ class ToolbarFace : public ControlFace {
     ForEachButton([this](ToolButton& button, QAction& action) {
       action.setEnabled(button.Enabled);
       action.setVisible(button.Visible);
-      action.setToolTip(ToQt(button.ToolTipText()));
+      action.setToolTip(PlainToolTip(ToQt(button.ToolTipText())));
       if (button.Pressed) action.setCheckable(true);
       action.setChecked(button.Pressed);
       if (auto* shown = qobject_cast<QToolButton*>(bar.widgetForAction(&action)))
@@ -157,7 +157,7 @@ class TabFace : public ControlFace {
     for (int i = 0; i < count; ++i) {
       const Tab& tab = model.Tabs()[static_cast<std::size_t>(i)];
       strip.setTabText(i, ToQt(tab.Caption));
-      strip.setTabToolTip(i, ToQt(tab.ToolTipText));
+      strip.setTabToolTip(i, PlainToolTip(ToQt(tab.ToolTipText)));
     }
     strip.setCurrentIndex(model.SelectedTab() - 1);
   }

@@ -54,7 +54,8 @@ void ControlFace::Push() {
   const QSignalBlocker silent(widget);
   if (widget->isHidden() == control.Visible()) widget->setVisible(control.Visible);
   if (widget->isEnabledTo(widget->parentWidget()) != control.Enabled()) widget->setEnabled(control.Enabled);
-  if (const QString tip = ToQt(control.ToolTipText()); widget->toolTip() != tip) widget->setToolTip(tip);
+  if (const QString tip = PlainToolTip(ToQt(control.ToolTipText())); widget->toolTip() != tip)
+    widget->setToolTip(tip);
   if (!(control.Font() == shownFont)) {
     shownFont = control.Font;
     widget->setFont(ToQt(shownFont, designFont));

@@ -91,7 +91,9 @@ void FormFace::Tell(const std::function<void()>& act) {
   if (!form) return;
   ++telling;
   Dispatch(act);
-  if (--telling == 0 && !form) deleteLater();
+  if (--telling > 0) return;
+  if (!form) deleteLater();
+  if (std::exchange(settlesLater, false)) SettleFocusLater();
 }
 
 void FormFace::Release() {

@@ -91,6 +91,7 @@ class FormFace : public QObject {
   void TakeMouseMove(QWidget& widget, const QPoint& at);
   // Brings the focuses together once the present event is over.
   void SettleFocusLater();
+  void SettleFocus();
 
   Form* form;  // null once released
   std::unique_ptr<QWidget> window;
@@ -99,6 +100,7 @@ class FormFace : public QObject {
   int pushing = 0;
   bool isInFront = false;  // was the form in front when it was last shown
   bool enteringFocus = false;
+  bool settlesLater = false;              // the focuses, once the handler under way has ended
   const Control* refusedFocus = nullptr;  // by the mouse press that is under way
   QPoint shownPlace;                      // pixels, as last pushed or pulled
   QSize shownSize;

@@ -119,13 +119,18 @@ void FormFace::TakeFocus(QWidget& widget, Qt::FocusReason reason) {
 }
 
 void FormFace::SettleFocusLater() {
-  QTimer::singleShot(0, this, [this] {
-    if (!form) return;
-    refusedFocus = nullptr;
-    Control* const active = form->ActiveControl();
-    if (active && active->CanHaveFocus()) return FollowFocus();
-    if (Control* entered = ControlOf(window->focusWidget())) Tell([entered] { entered->SetFocus(); });
-  });
+  QTimer::singleShot(0, this, [this] { SettleFocus(); });
+}
+
+// Not before a handler that is under way has run to its end: what it disabled, it may enable again.
+void FormFace::SettleFocus() {
+  if (!form) return;
+  settlesLater = telling > 0;
+  if (settlesLater) return;
+  refusedFocus = nullptr;
+  Control* const active = form->ActiveControl();
+  if (active && active->CanHaveFocus()) return FollowFocus();
+  if (Control* entered = ControlOf(window->focusWidget())) Tell([entered] { entered->SetFocus(); });
 }
 
 void FormFace::FollowFocus() {

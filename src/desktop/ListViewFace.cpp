@@ -63,7 +63,7 @@ class ListViewFace : public ControlFace {
       return ControlFace::Filter(watched, event);
     const auto& help = static_cast<QHelpEvent&>(event);
     const QModelIndex cell = view.indexAt(help.pos());
-    const QString text = cell.data().toString();
+    const QString text = PlainToolTip(cell.data().toString());
     const QRect place = view.visualRect(cell);
     if (!cell.isValid() || view.sizeHintForIndex(cell).width() <= place.width()) return false;
     QToolTip::showText(help.globalPos(), text, view.viewport(), place);

@@ -1,6 +1,7 @@
 #include "desktop/QtValues.h"
 
 #include <QFontInfo>
+#include <QTextDocument>
 
 #include "platform/CodePage.h"
 
@@ -45,6 +46,8 @@ std::string FromQt(const QString& text) { return FromUtf8Lossy(text.toStdString(
 QString LinesToQt(std::string_view text) {
   return ToQt(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
 }
+
+QString PlainToolTip(const QString& text) { return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text; }
 
 QFont ToQt(const Font& font, const QFont& base) {
   QFont shown = base;

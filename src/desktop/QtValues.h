@@ -28,6 +28,9 @@ std::string FromQt(const QString& text);
 // As ToQt, with each line break (CR LF, CR or LF) as one line feed.
 QString LinesToQt(std::string_view text);
 
+// A text that tool tips show as it stands, whatever it looks like: they would take "<b>" for a command.
+QString PlainToolTip(const QString& text);
+
 // The parts that `font` leaves open come from `base`.
 QFont ToQt(const Font& font, const QFont& base);
 Font FromQt(const QFont& font);
