@@ -20,8 +20,7 @@ void SaveRegistry() {
     Registry.Flush();
     failureTold = false;
   } catch (const RunTimeError& error) {
-    if (!failureTold)
-      std::cerr << "qel: the settings could not be written: " << error.Description() << '\n';
+    if (!failureTold) std::cerr << "qel: the settings could not be written: " << error.Description() << '\n';
     failureTold = true;
   }
 }
