@@ -104,6 +104,15 @@ void ReplaceFile(const std::string& path, std::string_view content, int newMode)
   replacement.Finish();
 }
 
+void CopyMode(const std::string& from, const std::string& to) {
+  struct stat status {};
+  if (!FindStatus(from, status)) RaiseDiskError(ENOENT, from);
+  DiskFile file;
+  file.Open(to, O_RDONLY);
+  file.SetMode(status.st_mode & PermissionBits);
+  file.Close();
+}
+
 void RenameFile(const std::string& from, const std::string& to) {
   const std::string source = BehindLinks(from);
   const std::string target = BehindLinks(to);

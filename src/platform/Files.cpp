@@ -35,6 +35,12 @@ std::int64_t FileLength(const std::string& path) {
   return status.st_size;
 }
 
+FileStamp StampOf(const std::string& path) {
+  struct stat status {};
+  if (CurrentDisk().Status(path, &status) < 0) RaiseDiskError(errno, path);
+  return {status.st_size, status.st_mtim.tv_sec * std::int64_t{1'000'000'000} + status.st_mtim.tv_nsec};
+}
+
 void MakeFolders(const std::string& path, int mode) {
   if (IsFolder(path)) return;
   MakeFolders(FolderOf(path), mode);

@@ -35,6 +35,16 @@ bool IsSameFile(const std::string& a, const std::string& b);
 // The size of a file in bytes. Raises 53 where there is none.
 std::int64_t FileLength(const std::string& path);
 
+// By what a file that somebody wrote to in the meantime is told from the one that was read.
+struct FileStamp {
+  std::int64_t Length = 0;    // bytes
+  std::int64_t Modified = 0;  // nanoseconds since 1970
+  bool operator==(const FileStamp&) const = default;
+};
+
+// Raises 53 where there is no file.
+FileStamp StampOf(const std::string& path);
+
 // Makes a folder and the folders above it that are missing, each with `mode`.
 void MakeFolders(const std::string& path, int mode = 0777);
 
@@ -136,6 +146,9 @@ void ReplaceFile(const std::string& path, std::string_view content, int newMode 
 // volumes it is copied beside `to`, flushed, renamed there and removed here, in that order, so that one whole
 // copy always stands.
 void RenameFile(const std::string& from, const std::string& to);
+
+// Gives a file the permissions of another.
+void CopyMode(const std::string& from, const std::string& to);
 
 // Removes a file. Raises 53 where there is none.
 void RemoveFile(const std::string& path);

@@ -12,19 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Two volumes: what is called "far" lies on the other one.
-class TwoVolumes : public FailingDisk {
- public:
-  int Rename(const std::string& from, const std::string& to) override {
-    if (IsFar(from) == IsFar(to)) return FailingDisk::Rename(from, to);
-    errno = EXDEV;
-    return -1;
-  }
-
- private:
-  static bool IsFar(const std::string& path) { return path.find("/far/") != std::string::npos; }
-};
-
 class FlushOrder : public Disk {
  public:
   ssize_t Write(int file, const void* data, std::size_t size) override {

@@ -93,4 +93,17 @@ class FailingDisk : public Disk {
   bool halfWritten = false;  // the next write tells of it
 };
 
+// Two volumes: what is called "far" lies on the other one.
+class TwoVolumes : public FailingDisk {
+ public:
+  int Rename(const std::string& from, const std::string& to) override {
+    if (IsFar(from) == IsFar(to)) return FailingDisk::Rename(from, to);
+    errno = EXDEV;
+    return -1;
+  }
+
+ private:
+  static bool IsFar(const std::string& path) { return path.find("/far/") != std::string::npos; }
+};
+
 }  // namespace qel

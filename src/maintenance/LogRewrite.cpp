@@ -1,0 +1,133 @@
+#include "maintenance/LogRewrite.h"
+
+#include <functional>
+#include <new>
+#include <optional>
+#include <string_view>
+
+#include "core/Display.h"
+#include "core/ProgramState.h"
+#include "maintenance/LogSwap.h"
+#include "modemlog/LineClassifier.h"
+#include "modemlog/LogLine.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/CheckedInteger.h"
+#include "platform/CodePage.h"
+#include "platform/Host.h"
+#include "platform/TextConversion.h"
+
+namespace qel {
+
+namespace {
+
+// Where a dialled number begins, counted from 0: behind date, time and the driver's words.
+constexpr std::size_t NumberPlace = 25;
+
+// What sets the tools apart.
+struct Tool {
+  const char* WorkingName;
+  const char* SafetyName;
+  std::string Doing;  // "Purging"
+  std::string Finished;
+  std::string FailureTitle;
+  std::string FailureLine;
+};
+
+// What a line becomes; nothing where it goes.
+using LineRule = std::function<std::optional<std::string>(std::string_view line)>;
+
+class Progress {
+ public:
+  explicit Progress(std::string doing) : doing(std::move(doing)) {}
+
+  void CountLine() {
+    ++lines;
+    if (LogEntries <= 0) return;
+    const Int16 percent(static_cast<double>(lines) / static_cast<double>(LogEntries) * 100);
+    if (percent == told) return;
+    told = percent;
+    CurrentDisplay().StatusText("Please Wait ....." + doing + "  " + NumberText(percent) + "%");
+    if (percent < 101) CurrentDisplay().Progress(percent);
+    CurrentHost().Yield();
+  }
+
+ private:
+  const std::string doing;
+  Int16 lines;
+  Int16 told = -1;
+};
+
+void RewriteInto(const std::string& working, const Tool& tool, const LineRule& rule) {
+  LineReader log(CurrentLogPath);
+  FileWriter result(working);
+  Progress progress(tool.Doing);
+  for (std::string_view line; log.Next(line);) {
+    if (const auto kept = rule(line)) result.Write(*kept + NewLine);
+    progress.CountLine();
+  }
+  log.Close();
+  result.Close();
+}
+
+void TellFailure(const Tool& tool) {
+  MsgBox({tool.FailureLine + "\n\n"
+                             "Please try again later after shutting down and\n"
+                             "re-starting your computer.\n"
+                             "\n"
+                             "Note that if you are currently connected and\n"
+                             "on-line then you should NOT be using QEL now.",
+          tool.FailureTitle});
+}
+
+void Rewrite(const Tool& tool, const LineRule& rule) {
+  const std::string working = WorkingPath(tool.WorkingName);
+  bool failed = false;
+  CurrentDisplay().ShowProgress(true);
+  try {
+    if (PathExists(working)) RemoveFile(working);
+    CloseAllFiles();
+    const FileStamp read = StampOf(CurrentLogPath);
+    RewriteInto(working, tool, rule);
+    SwapInLog(working, WorkingPath(tool.SafetyName), read);
+  } catch (const RunTimeError&) {
+    failed = true;
+  } catch (const std::bad_alloc&) {
+    failed = true;
+  }
+  if (failed) TellFailure(tool);
+  CurrentDisplay().ShowProgress(false);
+  CurrentDisplay().StatusText(tool.Finished);
+  CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+}  // namespace
+
+void DoPurge(Date from, Date to) {
+  SetTrace("frmPurge", "DoPurge");
+  const Tool purge{PurgedName,     SafetyCopyName,
+                   "Purging",      "Finished Purging Records!",
+                   "Purge Failed", "QEL was unable to purge your modem log file!"};
+  Rewrite(purge, [from, to](std::string_view line) -> std::optional<std::string> {
+    const Date date = GetLineDate(line);
+    if (date == 0 || (date >= from && date <= to)) return std::nullopt;
+    return std::string(line);
+  });
+}
+
+void DoOptimize() {
+  SetTrace("QELOptimize", "DoOptimize");
+  const Tool optimize{OptimizedName,         ArchiveOpen ? ArchiveSafetyCopyName : SafetyCopyName,
+                      "Optimizing",          "Finished Optimizing Modem Log File!",
+                      "Optimization Failed", "QEL was unable to optimize your modem log file!"};
+  const LineClassifier classifier;
+  Rewrite(optimize, [&classifier](std::string_view line) -> std::optional<std::string> {
+    const unsigned classes = classifier.ClassesOf(line);
+    if (line.empty() || classes == NoClass) return std::nullopt;
+    std::string capitals = UpperCase(line);
+    const bool hasNumber = capitals.find_first_of("0123456789", NumberPlace) != std::string::npos;
+    if (classes & DialLine && !hasNumber) return std::nullopt;
+    return capitals;
+  });
+}
+
+}  // namespace qel

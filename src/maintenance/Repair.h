@@ -1,0 +1,37 @@
+// Repair of a log that holds bytes no text has, or lines without a date: two passes over the current log, by
+// way of working files in the program's folder.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/CheckedInteger.h"
+#include "platform/Files.h"
+
+namespace qel {
+
+inline constexpr char CleanedName[] = "ModemLog.fx1";   // bad bytes removed; stays
+inline constexpr char RepairedName[] = "ModemLog.fx2";  // lines without a date removed; becomes the log
+
+class LogRepair {
+ public:
+  // Told what is being done, and how many percent of it; a percentage above 100 is in the text alone.
+  using Progress = std::function<void(const std::string& text, Int16 percent)>;
+
+  explicit LogRepair(Progress progress) : progress(std::move(progress)) {}
+
+  // The first pass. Keeps the bytes 32 to 126, carriage returns and line feeds, and of these all but the
+  // last. Raises 6 for a log of 3276750 bytes or more, 9 where nothing is left to keep, and the disk's
+  // errors.
+  void FixCorruption();
+
+  // The second pass, which then puts the result in the log's place. Raises 6 for more than 32767 lines, 70
+  // for a log that was written to since the first pass, and the disk's errors.
+  void CheckEntries();
+
+ private:
+  Progress progress;
+  FileStamp read;  // the log as the first pass found it
+};
+
+}  // namespace qel

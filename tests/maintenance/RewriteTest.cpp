@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include "maintenance/LogRewrite.h"
+#include "maintenance/LogSwap.h"
+#include "maintenance/Repair.h"
+#include "platform/CodePage.h"
+#include "platform/Disk.h"
+#include "support/ErrorOf.h"
+#include "support/FreshProgram.h"
+
+namespace qel {
+namespace {
+
+class RewriteTest : public FreshProgram {
+ protected:
+  RewriteTest() { AppPath = folder.Path(); }
+
+  void Open(const std::string& log) {
+    OpenLog(log);
+    ArchiveOpen = false;
+  }
+  std::string Log() const { return folder.Content("test.log"); }
+  void Repair() {
+    LogRepair repair([this](const std::string& text, Int16) { said.push_back(text); });
+    repair.FixCorruption();
+    repair.CheckEntries();
+  }
+
+  std::vector<std::string> said;
+};
+
+TEST_F(RewriteTest, APurgeTakesWholeDaysAndWhatHasNoDate) {
+  const std::string log = "no date\r\n01-05-1999 a\n\n01-06-1999 b\r\n01-07-1999 c\r\n01-06-1999 d";
+  const struct {
+    int from, to;
+    const char* left;
+  } cases[] = {
+      {5, 5, "01-06-1999 b\r\n01-07-1999 c\r\n01-06-1999 d\r\n"},
+      {6, 6, "01-05-1999 a\r\n01-07-1999 c\r\n"},
+      {5, 7, ""},
+      {8, 9, "01-05-1999 a\r\n01-06-1999 b\r\n01-07-1999 c\r\n01-06-1999 d\r\n"},
+  };
+  for (const auto& c : cases) {
+    Open(log);
+    DoPurge(DateSerial(1999, 1, c.from), DateSerial(1999, 1, c.to));
+    EXPECT_EQ(Log(), c.left) << c.from << " to " << c.to;
+    EXPECT_EQ(folder.Content("ModemLog.old"), log);
+    EXPECT_FALSE(folder.Has("ModemLog.pge"));
+  }
+  EXPECT_TRUE(host.messages.empty());
+  EXPECT_EQ(host.transcript.back(), "status: Finished Purging Records!");
+}
+
+TEST_F(RewriteTest, OptimizingKeepsInCapitalsWhatTheAnalysisReads) {
+  const std::string time = "01-05-1999 10:00:00.00 - ";
+  const struct {
+    const char* text;
+    bool kept;
+  } cases[] = {
+      {"Recv: atdt5550142<cr>", true},     {"Recv: ATD<cr>", false},        {"Answering the call.", true},
+      {"Connection established", true},    {"Hanging up the modem.", true}, {"Remote modem hung up.", true},
+      {"Reads : Total: 10", true},         {"Writes: Total: 10", true},     {"Modem type: Sample", false},
+      {"Interpreted response: OK", false},
+  };
+  std::string log, expected;
+  for (const auto& c : cases) {
+    log += time + c.text + "\r\n";
+    if (c.kept) expected += UpperCase(time + c.text) + "\r\n";
+  }
+  Open(log + "Recv: ATDT5550142\r\n\r\n");
+  DoOptimize();
+  EXPECT_EQ(Log(), expected);
+  DoOptimize();
+  EXPECT_EQ(Log(), expected) << "a second time changes nothing";
+  ArchiveOpen = true;
+  folder.Put("ModemLog.old", "of the default log");
+  DoOptimize();
+  EXPECT_EQ(folder.Content("ModemLog.old"), "of the default log");
+  EXPECT_EQ(folder.Content("ModemLogArchive.old"), expected);
+}
+
+TEST_F(RewriteTest, ARepairKeepsPrintableLinesWithADate) {
+  const std::string line = "01-05-1999 10:00:00.00 - good";
+  const struct {
+    std::string log, repaired;
+  } cases[] = {
+      {line + "\r\n", line + "\r\n"},
+      {line, line.substr(0, line.size() - 1) + "\r\n"},
+      {line + "\r\n\r\n  \r\nno date\r\n" + line + "\r\n", line + "\r\n" + line + "\r\n"},
+      {"01-05-\t1999\x01 a\x7F\x80\xFF\r\n", "01-05-1999 a\r\n"},
+      {std::string("01-05-1999\0 a\r\n", 15) + line + "\r\n", "01-05-1999 a\r\n" + line + "\r\n"},
+  };
+  for (const auto& c : cases) {
+    Open(c.log);
+    Repair();
+    EXPECT_EQ(Log(), c.repaired);
+    EXPECT_EQ(folder.Content("ModemLog.old"), c.log);
+    EXPECT_TRUE(folder.Has("ModemLog.fx1") && !folder.Has("ModemLog.fx2"));
+  }
+  EXPECT_EQ(said.back(), "Checking Entries......... 100%");
+}
+
+TEST_F(RewriteTest, LimitsAreFailuresThatLeaveTheLogAlone) {
+  const std::string line = "01-05-1999 a\r\n";
+  std::string many;
+  for (int i = 0; i < 32768; ++i) many += line;
+  Open(many);
+  DoPurge(DateSerial(1999, 1, 6), DateSerial(1999, 1, 6));
+  DoOptimize();
+  ASSERT_EQ(host.messages.size(), 2u);
+  EXPECT_EQ(host.messages[0].Title, "Purge Failed");
+  EXPECT_EQ(host.messages[1].Title, "Optimization Failed");
+  EXPECT_EQ(ErrorOf([this] { Repair(); }), Overflow);
+  EXPECT_EQ(Log(), many);
+  Open(many.substr(line.size()));
+  DoPurge(DateSerial(1999, 1, 6), DateSerial(1999, 1, 6));
+  EXPECT_EQ(host.messages.size(), 2u) << "32767 lines";
+  Open(std::string(3276750, 'x'));
+  EXPECT_EQ(ErrorOf([this] { Repair(); }), Overflow);
+}
+
+// Appends to the log while the tool reads it, as the modem's driver does.
+class GrowingLog : public Disk {
+ public:
+  explicit GrowingLog(std::string log) : log(std::move(log)) {}
+  ssize_t Read(int file, void* buffer, std::size_t size) override {
+    if (!std::exchange(grown, true)) std::ofstream(log, std::ios::app) << "01-09-1999 new\r\n";
+    return Disk::Read(file, buffer, size);
+  }
+
+ private:
+  std::string log;
+  bool grown = false;
+};
+
+TEST_F(RewriteTest, ALogThatGrowsMeanwhileStaysAsItIs) {
+  const std::string log = "01-05-1999 a\r\n01-06-1999 b\r\n";
+  const auto purge = [] { DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5)); };
+  const std::function<void()> tools[] = {purge, DoOptimize, [this] { ErrorOf([this] { Repair(); }); }};
+  for (const auto& tool : tools) {
+    Open(log);
+    GrowingLog disk(CurrentLogPath);
+    const DiskInPlace inPlace(disk);
+    tool();
+    EXPECT_EQ(Log(), log + "01-09-1999 new\r\n");
+  }
+  EXPECT_EQ(host.messages.size(), 2u);
+}
+
+TEST_F(RewriteTest, LinkAndModeOfTheLogStay) {
+  Open("01-05-1999 a\r\n");
+  std::filesystem::permissions(CurrentLogPath, std::filesystem::perms{0664});
+  std::filesystem::create_symlink(CurrentLogPath, folder.Path("link"));
+  CurrentLogPath = folder.Path("link");
+  DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5));
+  EXPECT_EQ(Log(), "");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link")));
+  EXPECT_EQ(std::filesystem::status(folder.Path("test.log")).permissions(), std::filesystem::perms{0664});
+}
+
+}  // namespace
+}  // namespace qel
