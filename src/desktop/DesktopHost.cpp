@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QFontDialog>
@@ -45,6 +46,21 @@ void DesktopHost::SetClipboardText(const std::string& text) {
 }
 
 void DesktopHost::PlaySoundFile(const std::string& path) { PlaySound(path); }
+
+std::string DesktopHost::ClipboardText() {
+  return FromQt(QApplication::clipboard()->text().replace("\r\n", "\n").replace('\n', "\r\n"));
+}
+
+// The toolkit does not tell; the lamps of the keyboards do.
+bool DesktopHost::IsLocked(LockKey key) {
+  const QDir lamps("/sys/class/leds");
+  const QString pattern = key == LockKey::Caps ? "*::capslock" : "*::scrolllock";
+  for (const QString& lamp : lamps.entryList({pattern})) {
+    QFile brightness(lamps.filePath(lamp + "/brightness"));
+    if (brightness.open(QIODevice::ReadOnly) && brightness.readAll().trimmed() != "0") return true;
+  }
+  return false;
+}
 
 void DesktopHost::Beep() { QApplication::beep(); }
 

@@ -14,8 +14,10 @@ class DesktopHost : public Host {
   void Yield() override;
   void SetMousePointer(MousePointer shape) override;
   void SetClipboardText(const std::string& text) override;
+  std::string ClipboardText() override;
   void PlaySoundFile(const std::string& path) override;
   void Beep() override;
+  bool IsLocked(LockKey key) override;
   std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;
   std::optional<std::string> AskSaveFile(const FileDialog& dialog) override;
   std::optional<Font> AskFont(const Font& font) override;

@@ -73,21 +73,26 @@ std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialog
   if (!wanted.Folder.empty()) dialogue.setDirectory(QFile::decodeName(wanted.Folder.c_str()));
   if (!wanted.FileName.empty()) dialogue.selectFile(QFile::decodeName(wanted.FileName.c_str()));
   dialogue.setNameFilter(ToolkitFilter(wanted.Filter));
+  dialogue.setDefaultSuffix(ToQt(wanted.Suffix));
   if (RunDialogue(dialogue) != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return std::nullopt;
   return QFile::encodeName(QDir::toNativeSeparators(dialogue.selectedFiles().front())).toStdString();
 }
 
 }  // namespace
 
-void MakeModal(QWidget& window) {
+void GiveOwner(QWidget& window) {
   // The user may be in another program just now.
   const QWidget* owner = QApplication::activeWindow();
   for (const Form* form : LoadedForms)
     if (const FormFace* face = FaceOf(*form); !owner && face && face->Window().isVisible())
       owner = &face->Window();
-  window.setWindowModality(Qt::ApplicationModal);
   window.winId();  // makes the handle
   if (owner && owner != &window) window.windowHandle()->setTransientParent(owner->windowHandle());
+}
+
+void MakeModal(QWidget& window) {
+  window.setWindowModality(Qt::ApplicationModal);
+  GiveOwner(window);
 }
 
 int RunDialogue(QDialog& dialogue) {
@@ -104,8 +109,8 @@ Answer ShowMessageBox(const Message& message) {
   std::vector<std::pair<const QAbstractButton*, Answer>> answers;
   for (const AnswerButton& row : ButtonsOf(message.buttons)) {
     QPushButton* const button = box.addButton(row.caption, row.role);
-    if (answers.empty()) box.setDefaultButton(button);
     answers.emplace_back(button, row.answer);
+    if (static_cast<int>(answers.size()) == message.DefaultButton) box.setDefaultButton(button);
   }
   RunDialogue(box);
   for (const auto& [button, answer] : answers)

@@ -9,8 +9,9 @@
 
 namespace qel {
 
-// Has a window that is about to be shown keep the user from all others, and stay before the one that is in
-// front.
+// Has a window that is about to be shown stay before the one that is in front, and for MakeModal keep the
+// user from all others.
+void GiveOwner(QWidget& window);
 void MakeModal(QWidget& window);
 
 // Shows a dialogue before the active window until the user has answered it; its result. Throws ProgramEnd

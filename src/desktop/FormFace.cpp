@@ -188,7 +188,10 @@ void FormFace::PushVisible() {
     return;
   }
   if (window->isHidden()) {
-    if (form->IsModal()) MakeModal(*window);
+    if (form->IsModal())
+      MakeModal(*window);
+    else if (qobject_cast<QDialog*>(window.get()))
+      GiveOwner(*window);
     FollowFocus();
     window->show();
   }

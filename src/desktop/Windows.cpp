@@ -4,9 +4,13 @@
 #include <QMainWindow>
 
 #include "desktop/forms/ui_frmAbout.h"
+#include "desktop/forms/ui_frmFileRepair.h"
+#include "desktop/forms/ui_frmFind.h"
 #include "desktop/forms/ui_frmMain.h"
+#include "desktop/forms/ui_frmPurge.h"
 #include "desktop/forms/ui_frmReport.h"
 #include "desktop/forms/ui_frmSplash.h"
+#include "desktop/forms/ui_frmViewLog.h"
 
 // The macro wants to stand outside of any namespace.
 static void UseIcons() { Q_INIT_RESOURCE(icons); }
@@ -17,9 +21,13 @@ std::vector<WindowDesign> ProgramWindows() {
   UseIcons();
   return {
       {"frmAbout", MakeWindow<QDialog, Ui::frmAbout>},
+      {"frmFileRepair", MakeWindow<QDialog, Ui::frmFileRepair>},
+      {"frmFind", MakeWindow<QDialog, Ui::frmFind>},
       {"frmMain", MakeWindow<QMainWindow, Ui::frmMain>},
+      {"frmPurge", MakeWindow<QDialog, Ui::frmPurge>},
       {"frmReport", MakeWindow<QMainWindow, Ui::frmReport>},
       {"frmSplash", MakeWindow<QWidget, Ui::frmSplash, Qt::SplashScreen>},
+      {"frmViewLog", MakeWindow<QMainWindow, Ui::frmViewLog>},
   };
 }
 

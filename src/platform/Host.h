@@ -15,6 +15,7 @@ namespace qel {
 enum class Buttons { OK, OKCancel, AbortRetryIgnore, YesNo };
 enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Answer { OK = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
+enum class LockKey { Caps, Scroll };
 enum class MousePointer { Default = 0, Hourglass = 11 };
 
 struct Message {
@@ -22,14 +23,16 @@ struct Message {
   std::string Title;
   Icon icon = Icon::None;
   Buttons buttons = Buttons::OK;
-  int HelpContext = 0;  // of the Help button; 0 for none
+  int HelpContext = 0;    // of the Help button; 0 for none
+  int DefaultButton = 1;  // by place
 };
 
 // What a file dialogue begins with.
 struct FileDialog {
-  std::string Filter;    // "Text (*.txt)|*.txt|All Files (*.*)|*.*"
-  std::string Folder;    // where it opens; a file path, as all paths in the system's bytes
-  std::string FileName;  // the name it proposes, in the system's bytes too
+  std::string Filter;       // "Text (*.txt)|*.txt|All Files (*.*)|*.*"
+  std::string Folder;       // where it opens; a file path, as all paths in the system's bytes
+  std::string FileName;     // the name it proposes, in the system's bytes too
+  std::string Suffix = {};  // what a name to save under gets that has none, without the "."; or nothing
 };
 
 // Text for the printer: Windows-1252, fixed pitch.
@@ -62,9 +65,11 @@ class Host {
   virtual void Yield() {}
   virtual void SetMousePointer(MousePointer) {}
   virtual void SetClipboardText(const std::string&) {}
+  virtual std::string ClipboardText() { return ""; }
   // Plays a sound file and returns when it has ended; silence where it cannot.
   virtual void PlaySoundFile(const std::string&) {}
   virtual void Beep() {}
+  virtual bool IsLocked(LockKey) { return false; }
 
   // The file that the user names, or nothing where the user cancels, as a host without a user does. Saving
   // asks before it takes a file that exists.

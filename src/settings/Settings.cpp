@@ -226,5 +226,6 @@ void WriteUserParameters() {
 }
 
 void RestoreModemDefaults() { SetDefaults(ModemSettings()); }
+void RestoreViewLogDefaults() { SetDefaults(ViewLogTable()); }
 
 }  // namespace qel

@@ -117,7 +117,8 @@ void BuildTimeFormat();
 // their own SaveSettings on, and ForceAMPM follows into whichever key was named last.
 void WriteUserParameters();
 
-// The seven marker texts of the modem, by default.
+// The seven marker texts of the modem, and the viewer's settings, by default.
 void RestoreModemDefaults();
+void RestoreViewLogDefaults();
 
 }  // namespace qel

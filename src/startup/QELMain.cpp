@@ -9,6 +9,7 @@
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
@@ -87,9 +88,23 @@ void SettleLogPath() {
   if (madeNew) TellNewLog();
 }
 
+// A run that was ended while it put a rewritten log in its place has left that place empty.
+void MendInterruptedSwap() {
+  bool mended = false;
+  Attempt([&mended] { mended = UndoInterruptedSwap(CurrentLogPath); });
+  if (!mended) return;
+  MsgBox(
+      {"QEL was interrupted while it was rewriting your modem log.\r\n"
+       "\r\n"
+       "The log has been put back as it was before. Please run\r\n"
+       "the tool from the TOOLS menu again.",
+       "Modem Log", Icon::Information});
+}
+
 void ExamineLog() {
   TellStep("Please Wait . . . Checking Modem Log");
   SetCurrentLog(ModemLogDir, ModemLogFile);
+  MendInterruptedSwap();
   Attempt([] { LogExists = FileExists(CurrentLogPath); });
   if (LogExists) {
     LogCorrupt = CheckCorruption(true);

@@ -6,12 +6,9 @@ namespace qel {
 
 CommandsToCome CommandsToComeOf(frmMain& window) {
   Toolbar& bar = window.ToolbarMain;
-  return {{&window.mnuSetup, &window.mnuViewLog, &window.btnViewLog, &window.mnuClearLog, &window.mnuPurgeLog,
-           &window.mnuOptimize, &window.mnuRepairLog, &window.mnuModemWizard, &window.mnuTopics,
-           &window.mnuReadme, &window.mnsSearchHelp, &window.mnuHowToHelp},
-          {&bar.Button("Setup"), &bar.Button("View Modem Log"), &bar.Button("Clear Modem Log"),
-           &bar.Button("Optimize Modem Log"), &bar.Button("Repair Modem Log"), &bar.Button("Help"),
-           &bar.Button("Search Help")}};
+  return {{&window.mnuSetup, &window.mnuModemWizard, &window.mnuTopics, &window.mnuReadme,
+           &window.mnsSearchHelp, &window.mnuHowToHelp},
+          {&bar.Button("Setup"), &bar.Button("Help"), &bar.Button("Search Help")}};
 }
 
 void WithholdCommandsToCome(frmMain& window) {

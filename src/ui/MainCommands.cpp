@@ -17,6 +17,7 @@
 #include "ui/frmAbout.h"
 #include "ui/frmMain.h"
 #include "ui/frmReport.h"
+#include "ui/frmViewLog.h"
 
 namespace qel {
 
@@ -64,6 +65,11 @@ void TellExported(const std::string& path) {
   MsgBox({text, "QEL Options Saved", Icon::Information});
 }
 
+// The user's way out: changes in the viewer that the user wants kept, and that cannot be saved, prevent it.
+void LeaveProgram() {
+  if (!ViewerOpen || ViewLogForm->Unload()) EndProgram();
+}
+
 // Pipes and devices may never come to an end.
 void RefuseStream(const std::string& path) {
   if (IsStream(path)) Raise(BadFileName);
@@ -93,12 +99,11 @@ void frmMain::WireCommands() {
   mnuExport.Click = [this] { mnuExport_Click(); };
   for (std::size_t i = 0; i < mnuRecent.size(); ++i) mnuRecent[i].Click = [this, i] { mnuRecent_Click(i); };
   mnuClrLst.Click = [this] { mnuClrLst_Click(); };
-  mnuExit.Click = [] { EndProgram(); };
+  mnuExit.Click = [] { LeaveProgram(); };
   mnuAbout.Click = [this] { mnuAbout_Click(); };
-  btnExit.Click = [] { EndProgram(); };
+  btnExit.Click = [] { LeaveProgram(); };
   btnExit.GotFocus = [this] { SetStatus(3); };
   btnProcess.GotFocus = [this] { SetStatus(4); };
-  btnViewLog.GotFocus = [this] { SetStatus(5); };
   ToolbarMain.ButtonClick = [this](const std::string& key) { ToolbarMain_ButtonClick(key); };
 }
 
@@ -160,12 +165,6 @@ void frmMain::mnuOpenLog_Click() {
   if (!LogCorrupt) return;
   TellCorrupt();
   SetStatus(8);
-}
-
-void frmMain::NameLogCommands() {
-  for (auto* caption : {&mnuViewLog.Caption, &btnViewLog.Caption})
-    *caption = ArchiveOpen ? "&View Archive" : "&View Modem Log";
-  mnuOptimize.Caption = ArchiveOpen ? "&Optimize Archive" : "&Optimize Modem Log";
 }
 
 void frmMain::mnuOpenReport_Click() {

@@ -12,6 +12,7 @@
 #include "settings/Settings.h"
 #include "ui/CommandsToCome.h"
 #include "ui/frmReport.h"
+#include "ui/frmViewLog.h"
 
 namespace qel {
 
@@ -32,6 +33,7 @@ frmMain::frmMain() : Form("frmMain") {
   WireCommands();
   WirePeriod();
   WireStatistics();
+  WireTools();
 }
 
 void frmMain::Form_Load() {
@@ -63,11 +65,12 @@ void frmMain::EnableByLog() {
   const bool noLog = NoUsableLog();
   const bool corrupt = !noLog && LogCorrupt;
   const bool usable = !noLog && !corrupt;
-  for (Control* control : std::initializer_list<Control*>{
-           &btnViewLog, &mnuViewLog, &mnuOptimize, &mnuQuickDate, &inputStarting, &inputEnding, &UpDown1,
-           &UpDown2, &UpDown3, &UpDown4, &LabelStarting, &LabelEnding})
+  for (Control* control :
+       std::initializer_list<Control*>{&mnuOptimize, &mnuQuickDate, &inputStarting, &inputEnding, &UpDown1,
+                                       &UpDown2, &UpDown3, &UpDown4, &LabelStarting, &LabelEnding})
     control->Enabled = usable;
-  for (const int position : {6, 7, 8, 11, 12, 13}) ToolbarMain.Button(position).Enabled = usable;
+  if (!ViewerOpen) btnViewLog.Enabled = mnuViewLog.Enabled = ToolbarMain.Button(6).Enabled = usable;
+  for (const int position : {7, 8, 11, 12, 13}) ToolbarMain.Button(position).Enabled = usable;
   mnuTools.Enabled = !noLog;
   mnuRepairLog.Enabled = corrupt;
   ToolbarMain.Button(9).Enabled = corrupt;
@@ -128,20 +131,20 @@ void frmMain::Form_Activate() {
   if (LogTooBig && !ArchiveOpen) ShowLogTooBig();
   ShowStatus();
   CurrentHost().Yield();
+  if (!AutoOptimizeDone && mnuOptimize.Enabled && mnuTools.Enabled && AutoOptimize) mnuOptimize_Click();
   if (inputStarting.Enabled) inputStarting.SetFocus();
 }
 
 bool frmMain::Form_Unload() {
   for (const char* name : {"frmSplash", "frmReport", "frmAbout", "frmViewLog"})
-    if (Form* form = LoadedForm(name)) form->Unload();
+    if (Form* form = LoadedForm(name); form && !form->Unload()) return false;
   SaveMainWinSettings();
   return true;
 }
 
 void frmMain::SaveMainWinSettings() {
   SetTrace("QELMain", "SaveMainWinSettings");
-  MainWinWidth = Width();
-  MainWinHeight = Height();
+  KeepWindowSize();
   const std::string key = std::string(SettingsKey) + "\\General";
   CreatNewKey(key, SettingsRoot);
   SetKeyValue(SettingsRoot, key, "MainWinWidth", MainWinWidth, REG_DWORD);

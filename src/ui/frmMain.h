@@ -1,8 +1,8 @@
 // The main window: the period, the commands, what is known of the log. It stays open from start to end.
 //
 // Its handlers are told apart by what they are for: frmMain.cpp (life of the window, what is enabled when),
-// MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), MainStatistics.cpp (panel, status line,
-// animation).
+// MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), MainTools.cpp (viewer and log tools),
+// MainStatistics.cpp (panel, status line, animation).
 #pragma once
 
 #include <array>
@@ -100,6 +100,12 @@ class frmMain : public Form, public Display, public PeriodFields {
   bool TipShown = false;
   bool StatusHold = false;
 
+  // Whether the automatic optimizing has been offered.
+  bool AutoOptimizeDone = false;
+
+  // Names the commands that view and optimize by the file that is open and by whether the viewer shows it.
+  void NameLogCommands();
+
   // Reads an archive or another log in place of the default log.
   void OpenArchive(const std::string& path);
   // Shows a saved report in the report window.
@@ -109,6 +115,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   void WireCommands();
   void WirePeriod();
   void WireStatistics();
+  void WireTools();
 
   void Form_Load() override;
   void Form_Resize() override;
@@ -153,10 +160,21 @@ class frmMain : public Form, public Display, public PeriodFields {
   void mnuRecent_Click(std::size_t index);
   void mnuClrLst_Click();
   void mnuAbout_Click();
-  void NameLogCommands();
   void AddRecentFile(const std::string& name, const std::string& path, const std::string& type);
   void SaveRecentFiles();
   void ShowRecentFiles();
+
+  void btnViewLog_Click();
+  void mnuClearLog_Click();
+  void mnuPurgeLog_Click();
+  void mnuOptimize_Click();
+  void mnuRepairLog_Click();
+  void Optimize();
+  void DisableControls() { EnableControls(false); }
+  void EnableControls(bool enabled);
+  void EnableRecentMenu(bool state);
+  void KeepWindowSize();
+  void ReadLogAgain();
 
   void HideStatDisplay() { ShowStatLabels(false); }
   void DisplayStats() { ShowStatLabels(true); }

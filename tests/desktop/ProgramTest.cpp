@@ -1,144 +1,21 @@
-// The whole program with its real windows, driven by mouse and keyboard. Its windows are left as pictures in
-// the build folder.
-#include <QCalendarWidget>
-#include <QFileDialog>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTableView>
-#include <QTest>
-#include <QTimer>
-#include <QToolBar>
-#include <QToolButton>
-#include <deque>
-
-#include "controls/Form.h"
-#include "desktop/DesktopHost.h"
-#include "desktop/EventLoop.h"
-#include "desktop/FormFace.h"
-#include "desktop/MissingBindings.h"
-#include "desktop/UpDownButton.h"
-#include "desktop/Windows.h"
-#include "startup/QELMain.h"
-#include "support/WindowTest.h"
+#include "ProgramTest.h"
 
 namespace qel {
 namespace {
 
-class ProgramTest : public WindowTest {
- protected:
-  ProgramTest() {
-    setenv("QEL_HOME", folder.Path().c_str(), 1);
-    setenv("WinDir", folder.Path().c_str(), 1);
-    ResetClock();
-    SetHost(desktop);
-    AttachFaces(ProgramWindows());
-    QObject::connect(&clerk, &QTimer::timeout, [this] { AnswerBoxes(); });
-    clerk.start(20);
-  }
-  ~ProgramTest() override {
-    ReleaseFaces();
-    ResetWindows();
-    AttachFace = nullptr;
-    ResetEventLoop();
-    unsetenv("QEL_HOME");
-    unsetenv("WinDir");
-  }
-
-  void Start() {
-    ReleaseFaces();
-    ResetWindows();
-    ResetEventLoop();
-    Dispatch(StartProgram);
-    Settle();
-  }
-
-  // What waits for the user while the program asks: boxes are read and confirmed, file dialogues get a path.
-  void AnswerBoxes() {
-    QWidget* const modal = QApplication::activeModalWidget();
-    if (auto* box = qobject_cast<QMessageBox*>(modal)) {
-      asked.push_back(box->windowTitle().toStdString());
-      box->grab().save(Picture("box-" + std::to_string(++boxes)));
-      QTest::keyClick(box->defaultButton(), Qt::Key_Space);
-    } else if (auto* dialog = qobject_cast<QFileDialog*>(modal); dialog && !paths.empty()) {
-      dialog->findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(paths.front()));
-      paths.pop_front();
-      static_cast<QDialog*>(dialog)->accept();
-    }
-  }
-  static void Settle() { QTest::qWait(30); }
-
-  static QWidget& WindowOf(const char* form) { return FaceOf(*LoadedForm(form))->Window(); }
-  template <class Shown>
-  static Shown& Get(const char* form, const char* name) {
-    auto* const found = WindowOf(form).findChild<Shown*>(name);
-    if (!found) throw std::runtime_error(std::string("no ") + name);
-    return *found;
-  }
-  static void Click(QWidget& widget, const QPoint& at = {}) {
-    QTest::mouseClick(&widget, Qt::LeftButton, {}, at);
-    Settle();
-  }
-  static void ClickTool(const char* form, const char* bar, const char* key) {
-    auto& tools = Get<QToolBar>(form, bar);
-    for (QAction* action : tools.actions())
-      if (action->text() == key) return Click(*tools.widgetForAction(action));
-    FAIL() << "no button " << key;
-  }
-  static void Choose(const char* form, const char* action) {
-    Get<QAction>(form, action).trigger();
-    Settle();
-  }
-  static void Type(const char* field, const char* date) {
-    auto& input = Get<QLineEdit>("frmMain", field);
-    Click(input);
-    input.selectAll();
-    QTest::keyClicks(&input, date);
-    Settle();
-  }
-  // The middle of the cell of a day of the month shown.
-  static void ClickDay(int day) {
-    auto& calendar = Get<QCalendarWidget>("frmMain", "Calendar1");
-    auto* const days = calendar.findChild<QTableView*>("qt_calendar_calendarview");
-    const auto* model = days->model();
-    bool inMonth = false;
-    for (int row = 1; row < model->rowCount(); ++row)
-      for (int column = 0; column < model->columnCount(); ++column) {
-        const int shown = model->index(row, column).data().toInt();
-        inMonth = inMonth || shown == 1;
-        if (inMonth && shown == day)
-          return Click(*days->viewport(), days->visualRect(model->index(row, column)).center());
-      }
-  }
-  static QString Picture(const std::string& name) {
-    return QString::fromStdString(std::string(QEL_SCREENSHOTS) + "/" + name + ".png");
-  }
-  static void Keep(const char* form, const std::string& state) {
-    Settle();
-    EXPECT_TRUE(SaveScreenshot(*LoadedForm(form), Picture(form + ("-" + state)).toStdString()));
-  }
-  void PutSample(const std::string& name) {
-    folder.Put(name, ReadWholeFile(QEL_SOURCE_DIR "/share/samples/ModemLog.txt"));
-    folder.Put("registry.reg", ReadWholeFile(QEL_SOURCE_DIR "/share/samples/QEL.reg"));
-  }
-
-  DesktopHost desktop;
-  QTimer clerk;
-  std::vector<std::string> asked;
-  std::deque<std::string> paths;
-  int boxes = 0;
-};
-
 TEST_F(ProgramTest, EveryWindowBindsCompletely) {
+  DefaultLog(LogOf("01-05-1999", "01-06-1999"));
   ReportForm->Load();
   AboutForm->Load();
   MainForm->Load();
   SplashForm->Load();
+  FileRepairForm->Load();
+  PurgeForm->Load();
+  ViewLogForm->Load();
+  FindForm->Load();
   for (const Form* form : LoadedForms)
     for (const auto& fault : MissingBindings(*form)) ADD_FAILURE() << form->Name() << ": " << fault;
-  EXPECT_EQ(LoadedForms.size(), 4u);
+  EXPECT_EQ(LoadedForms.size(), 8u);
 }
 
 TEST_F(ProgramTest, ItComesUpInEveryStateOfTheLog) {

@@ -87,6 +87,18 @@ TEST_F(StartTest, AnotherActiveLogIsTakenOnlyWhenTheUserSaysYes) {
   EXPECT_EQ(host.messages.at(1).Title, "Modem Log");
 }
 
+TEST_F(StartTest, AnInterruptedRewriteIsUndoneAndTold) {
+  folder.Put("ModemLog.old", usable);
+  Start();
+  EXPECT_FALSE(folder.Has("ModemLog.txt")) << "somebody took the log away, no tool";
+  folder.Put("ModemLog.pge", "half");
+  Start();
+  EXPECT_EQ(folder.Content("ModemLog.txt"), usable);
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.messages[0].Title, "Modem Log");
+  EXPECT_TRUE(MainForm->btnProcess.Enabled);
+}
+
 TEST_F(StartTest, LeavingTheProgramUnloadsAllWindowsAndKeepsTheSize) {
   folder.Put("ModemLog.txt", usable);
   Start();

@@ -35,6 +35,13 @@ class ScriptedHost : public Host, public Display {
     }
   }
   void SetClipboardText(const std::string& text) override { clipboard = text; }
+  std::string ClipboardText() override { return clipboard; }
+  std::optional<Font> AskFont(const Font&) override {
+    if (fonts.empty()) return std::nullopt;
+    const Font font = fonts.front();
+    fonts.pop_front();
+    return font;
+  }
   void PlaySoundFile(const std::string& path) override { transcript.push_back("sound: " + path); }
   void Beep() override { transcript.push_back("beep"); }
   void SetMousePointer(MousePointer shape) override { pointer = shape; }
@@ -65,6 +72,7 @@ class ScriptedHost : public Host, public Display {
   std::deque<Answer> answers;                    // to the next message boxes; then Ignore or OK
   std::deque<std::function<void()>> actions;     // what the user does while modal windows are in front
   std::deque<std::optional<std::string>> paths;  // to the next file dialogues; then cancelled
+  std::deque<Font> fonts;                        // to the next font dialogues; then cancelled
   std::vector<FileDialog> dialogs;
   std::vector<PrintJob> printed;
   std::vector<Message> messages;

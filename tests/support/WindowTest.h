@@ -3,9 +3,13 @@
 
 #include "support/FreshProgram.h"
 #include "ui/frmAbout.h"
+#include "ui/frmFileRepair.h"
+#include "ui/frmFind.h"
 #include "ui/frmMain.h"
+#include "ui/frmPurge.h"
 #include "ui/frmReport.h"
 #include "ui/frmSplash.h"
+#include "ui/frmViewLog.h"
 
 namespace qel {
 
@@ -16,6 +20,11 @@ class WindowTest : public FreshProgram {
 
   static void ResetWindows() {
     AboutForm.Reset();
+    FileRepairForm.Reset();
+    PurgeForm.Reset();
+    FindForm.Reset();
+    ViewLogForm.Reset();
+    ViewerOpen = false;
     ReportForm.Reset();
     SplashForm.Reset();
     MainForm.Reset();

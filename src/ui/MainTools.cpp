@@ -1,0 +1,121 @@
+// The main window's side of the viewer and of the tools that rewrite the log.
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "core/Version.h"
+#include "maintenance/LogRewrite.h"
+#include "modemlog/LogLine.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/Files.h"
+#include "platform/Host.h"
+#include "settings/Settings.h"
+#include "ui/frmFileRepair.h"
+#include "ui/frmMain.h"
+#include "ui/frmPurge.h"
+#include "ui/frmViewLog.h"
+
+namespace qel {
+
+void frmMain::WireTools() {
+  for (Control* command : std::initializer_list<Control*>{&btnViewLog, &mnuViewLog})
+    command->Click = [this] { btnViewLog_Click(); };
+  btnViewLog.GotFocus = [this] { SetStatus(5); };
+  mnuClearLog.Click = [this] { mnuClearLog_Click(); };
+  mnuPurgeLog.Click = [this] { mnuPurgeLog_Click(); };
+  mnuOptimize.Click = [this] { mnuOptimize_Click(); };
+  mnuRepairLog.Click = [this] { mnuRepairLog_Click(); };
+}
+
+void frmMain::btnViewLog_Click() {
+  if (ViewerOpen)
+    ViewLogForm->Unload();
+  else
+    ViewLogForm->Show();
+}
+
+void frmMain::NameLogCommands() {
+  const std::string kind = ArchiveOpen ? "Archive" : "Modem Log";
+  for (auto* caption : {&mnuViewLog.Caption, &btnViewLog.Caption})
+    *caption = (ViewerOpen ? "&Close " : "&View ") + kind;
+  mnuOptimize.Caption = "&Optimize " + kind;
+}
+
+void frmMain::mnuClearLog_Click() {
+  SetTrace("frmMain", "mnuClearLog_Click");
+  KeepWindowSize();
+  const Message question{
+      "You are about to delete your modem log. Before clearing this log, \n"
+      "you should save it as an archive if you haven't done so already.\n"
+      "\n"
+      "A new blank modem log file will be created for you but reports\n"
+      "will not be available until after your next dial-up networking session\n"
+      "\n"
+      "Are you sure you want to delete your modem log?",
+      "Delete Modem Log",
+      Icon::None,
+      Buttons::YesNo,
+      0,
+      2};
+  if (MsgBox(question) != Answer::Yes) return;
+  const bool cleared =
+      Attempt([] { RemoveFile(CurrentLogPath); }) && Attempt([] { NewModemLog(CurrentLogPath); });
+  if (cleared)
+    MsgBox({"Current modem log has been deleted.\nNew blank modem log has been created!", ProgramTitle});
+  ReadLogAgain();
+}
+
+void frmMain::mnuPurgeLog_Click() {
+  PurgeForm->ShowModal();
+  if (LogChanged) ReadLogAgain();
+}
+
+void frmMain::mnuOptimize_Click() {
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  KeepWindowSize();
+  Optimize();
+  ReadLogAgain();
+  CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+void frmMain::Optimize() {
+  SetTrace("QELOptimize", "Optimize");
+  AutoOptimizeDone = true;
+  const Message question{"About to optimize Current Modem Log File!\n\nAre You Sure?", "OPTIMIZE MODEM LOG",
+                         Icon::Question, Buttons::YesNo};
+  if (MsgBox(question) != Answer::Yes) return;
+  DisableControls();
+  DoOptimize();
+  EnableControls(true);
+}
+
+void frmMain::mnuRepairLog_Click() {
+  FileRepairForm->ShowModal();
+  ReadLogAgain();
+}
+
+// What could touch the log while it is rewritten. What is on by the state of the log is Form_Load's to say.
+void frmMain::EnableControls(bool enabled) {
+  for (Control* control : std::initializer_list<Control*>{&mnuFile, &mnuTools, &mnuQuickDate, &ToolbarMain,
+                                                          &btnProcess, &btnViewLog, &btnExit})
+    control->Enabled = enabled;
+  for (Control* control : std::initializer_list<Control*>{&LabelStarting, &inputStarting, &UpDown1,
+                                                          &LabelEnding, &inputEnding, &UpDown2})
+    control->Visible = enabled;
+  EnableRecentMenu(enabled);
+}
+
+void frmMain::EnableRecentMenu(bool state) {
+  for (MenuItem& item : mnuRecent) item.Enabled = state;
+}
+
+void frmMain::KeepWindowSize() {
+  MainWinWidth = Width();
+  MainWinHeight = Height();
+}
+
+void frmMain::ReadLogAgain() {
+  Attempt([] { LogExists = PathExists(CurrentLogPath); });
+  if (LogExists) GetLogStats(false);
+  Form_Load();
+}
+
+}  // namespace qel

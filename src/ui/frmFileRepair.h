@@ -1,0 +1,33 @@
+// The progress of a log's repair, which runs as soon as the window is there.
+#pragma once
+
+#include "controls/Bars.h"
+#include "controls/Buttons.h"
+#include "controls/Form.h"
+#include "controls/TextControls.h"
+#include "platform/CheckedInteger.h"
+
+namespace qel {
+
+class frmFileRepair : public Form {
+ public:
+  frmFileRepair();
+
+  Label lblFileRepair{*this, "lblFileRepair"};
+  qel::ProgressBar ProgressBar{*this, "ProgressBar"};
+  Button btnOK{*this, "btnOK"};
+
+ private:
+  void Form_Load() override { btnOK.Enabled = false; }
+  void Form_Activate() override;
+  // Stays until the repair is done.
+  bool Form_Unload() override { return !running; }
+  void Tell(const std::string& text, Int16 percent);
+  [[noreturn]] void RepairFailure();
+
+  bool running = false;
+};
+
+extern TheForm<frmFileRepair> FileRepairForm;
+
+}  // namespace qel

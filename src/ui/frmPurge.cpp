@@ -1,0 +1,107 @@
+#include "ui/frmPurge.h"
+
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "maintenance/LogRewrite.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/DateConversion.h"
+#include "platform/Host.h"
+
+namespace qel {
+
+bool LogChanged = false;
+TheForm<frmPurge> PurgeForm;
+
+frmPurge::frmPurge() : Form("frmPurge") {
+  for (std::size_t i = 0; i < optPurge.size(); ++i)
+    optPurge[i].Click = [this, i] { optPurge_Click(static_cast<int>(i) + 1); };
+  for (Field& field : fields) field.Input.Change = [this, &field] { Field_Change(field); };
+  btnOK.Click = [this] { btnOK_Click(); };
+  btnCancel.Click = [this] { Unload(); };
+}
+
+void frmPurge::Form_Load() {
+  LogChanged = false;
+  for (Field& field : fields) field.Input.Mask = DateMask;
+  optPurge[0].Value = true;
+}
+
+// The ends that the option fixes are valid at once; the others are what its fields say.
+void frmPurge::optPurge_Click(int option) {
+  ChosenOption = Int16(option);
+  for (std::size_t i = 0; i < FraPurge.size(); ++i) FraPurge[i].Enabled = static_cast<int>(i) + 1 == option;
+  FromValid = ToValid = false;
+  if (option == 1) {
+    PurgeFrom = FirstEntryDate;
+    FromValid = true;
+  }
+  if (option == 3) {
+    PurgeTo = LastEntryDate;
+    ToValid = true;
+  }
+  for (Field& field : fields) {
+    field.Input.Enabled = field.Option == option;
+    if (field.Option == option) ReadField(field);
+  }
+  CheckOK();
+  const std::array<MaskedEdit*, 3> first = {&MaskEdBox1, &MaskEdBox2[0], &MaskEdBox3};
+  first[static_cast<std::size_t>(option - 1)]->SetFocus();
+}
+
+void frmPurge::Field_Change(Field& field) {
+  if (field.Rewriting) return;
+  ReadField(field);
+  CheckOK();
+}
+
+void frmPurge::ReadField(Field& field) {
+  bool& valid = field.Which == End::From ? FromValid : ToValid;
+  valid = IsDate(field.Input.Text());
+  if (!valid) return;
+  const Date date = adjustDate(WholeDay(TextToDate(field.Input.Text())), field.Which);
+  (field.Which == End::From ? PurgeFrom : PurgeTo) = date;
+  field.Rewriting = true;
+  field.Input.Text = format_date(date);
+  field.Rewriting = false;
+}
+
+Date frmPurge::adjustDate(Date date, End which) {
+  const auto raise = [&date] {
+    if (date >= FirstEntryDate) return;
+    date = FirstEntryDate;
+    CurrentHost().Beep();
+  };
+  const auto lower = [&date] {
+    if (date <= LastEntryDate) return;
+    date = LastEntryDate;
+    CurrentHost().Beep();
+  };
+  if (which == End::From) {
+    raise();
+    lower();
+  } else {
+    lower();
+    raise();
+  }
+  return date;
+}
+
+void frmPurge::CheckOK() { btnOK.Enabled = FromValid && ToValid && PurgeFrom <= PurgeTo; }
+
+bool frmPurge::ProceedWithPurge() const {
+  const Message question{"About to purge all entries in Modem\nLog File between " + DateText(PurgeFrom) +
+                             " and " + DateText(PurgeTo) + ".\n\nAre You Sure?",
+                         "PURGE ENTRIES", Icon::Question, Buttons::YesNo};
+  return MsgBox(question) == Answer::Yes;
+}
+
+void frmPurge::btnOK_Click() {
+  Hide();
+  if (ProceedWithPurge()) {
+    DoPurge(PurgeFrom, PurgeTo);
+    LogChanged = true;
+  }
+  Unload();
+}
+
+}  // namespace qel

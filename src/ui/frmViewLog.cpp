@@ -1,0 +1,248 @@
+#include "ui/frmViewLog.h"
+
+#include "core/EndProgram.h"
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "core/Version.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/CodePage.h"
+#include "platform/FormatMask.h"
+#include "platform/Host.h"
+#include "platform/TextConversion.h"
+#include "settings/Settings.h"
+#include "ui/frmFind.h"
+#include "ui/frmMain.h"
+
+namespace qel {
+
+std::string ViewTextFile, ViewTextFileName;
+bool ViewerOpen = false;
+TheForm<frmViewLog> ViewLogForm;
+
+namespace {
+
+// A text control holds a file several times over; beyond this size it would freeze rather than open.
+constexpr std::int64_t LargestFile = 32 * 1024 * 1024;  // bytes
+
+constexpr char ArchiveFilter[] = "Qelmark Modem Log Archive (*.qel)|*.qel";
+
+}  // namespace
+
+frmViewLog::frmViewLog() : Form("frmViewLog") {
+  StatusBar1.SetPanelCount(4);
+  mnuSave.Click = [this] { mnuSave_Click(); };
+  mnuSaveArchive.Click = [this] { mnuSaveArchive_Click(); };
+  mnuExit.Click = [this] { Unload(); };
+  mnuCopy.Click = [this] { mnuCopy_Click(); };
+  mnuCut.Click = [this] {
+    mnuCopy_Click();
+    TextViewLog.ReplaceSelection("");
+  };
+  mnuPaste.Click = [this] { TextViewLog.ReplaceSelection(CurrentHost().ClipboardText()); };
+  mnuSelectAll.Click = [this] { TextViewLog.Select(0, static_cast<int>(TextViewLog.Text().size())); };
+  mnuTop.Click = [this] { TextViewLog.Select(0, 0); };
+  mnuBottom.Click = [this] { TextViewLog.Select(static_cast<int>(TextViewLog.Text().size()), 0); };
+  mnuSearchFind.Click = [this] { mnuSearchFind_Click(); };
+  mnuSearchFindNext.Click = [this] { mnuSearchFindNext_Click(); };
+  mnuFont.Click = [this] { mnuFont_Click(); };
+  mnuSaveSettings.Click = [this] {
+    ViewLogSettings.SaveSettings = !ViewLogSettings.SaveSettings;
+    mnuSaveSettings.Checked = ViewLogSettings.SaveSettings;
+  };
+  mnuRestore.Click = [this] { mnuRestore_Click(); };
+  TextViewLog.Change = [this] {
+    if (ViewingLog && !loading) EnableSave(true);
+  };
+  TextViewLog.GotFocus = [this] { ApplyEditState(); };
+  KeyDown = [this](KeyPress&) { ShowViewerStatus(); };
+  Toolbar1.ButtonClick = [this](const std::string& key) {
+    if (key == "Save") mnuSave_Click();
+    if (key == "Exit") Unload();
+    if (key == "Search") mnuSearchFind_Click();
+  };
+}
+
+void frmViewLog::Form_Load() {
+  SetTrace("frmViewLog", "Form_Load");
+  ViewerOpen = true;
+  if (FlatToolbars) Toolbar1.Flat = true;
+  ViewTextFile.empty() ? ShowLog() : ShowTextFile();
+  ShowViewerStatus();
+}
+
+void frmViewLog::ShowLog() {
+  ViewingLog = true;
+  mnuSaveSettings.Checked = ViewLogSettings.SaveSettings;
+  Caption = ArchiveOpen ? "QEL - View Archive (" + PathText(CurrentLogFile) + ")" : "QEL - View Modem Log";
+  EnableSave(false);
+  mnuSaveArchive.Enabled = OpenLogFile(CurrentLogPath);
+  ApplyEditState();
+  ApplyFont();
+  Height = int{ViewLogSettings.WinHeight};
+  Width = int{ViewLogSettings.WinWidth};
+  WindowState = static_cast<qel::WindowState>(int{ViewLogSettings.WinState});
+  MainForm->NameLogCommands();
+}
+
+void frmViewLog::ShowTextFile() {
+  Caption = "QEL - View Text File (" + PathText(ViewTextFileName) + ")";
+  EnableSave(false);
+  mnuSaveArchive.Enabled = mnuCut.Enabled = mnuPaste.Enabled = false;
+  TextViewLog.Locked = true;
+  OpenLogFile(ViewTextFile);
+  TextViewLog.Font = {"courier new"};
+}
+
+// False where the file was not read; the window then stays empty.
+bool frmViewLog::OpenLogFile(const std::string& path) {
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  loading = true;
+  const bool read = Attempt([&] {
+    opened = StampOf(path);
+    if (opened.Length > LargestFile) {
+      MsgBox({"This file is too large to be viewed: " + std::to_string(opened.Length / 1048576) + " MB.\r\n" +
+                  "The largest that can be is " + std::to_string(LargestFile / 1048576) + " MB.",
+              ProgramTitle, Icon::Exclamation});
+      return;
+    }
+    TextViewLog.Text = ReadWholeFile(path);
+    TextViewLog.Select(0, 0);
+    shownPath = path;
+  });
+  loading = false;
+  CurrentHost().SetMousePointer(MousePointer::Default);
+  return read && !shownPath.empty();
+}
+
+bool frmViewLog::SaveLogFile(const std::string& path) {
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  const bool saved = Attempt([&] {
+    ReplaceFile(path, TextViewLog.Text() + NewLine);
+    opened = StampOf(path);
+  });
+  CurrentHost().SetMousePointer(MousePointer::Default);
+  if (saved) EnableSave(false);
+  return saved;
+}
+
+void frmViewLog::ApplyEditState() {
+  const bool editable = EditLog && ViewingLog && !shownPath.empty();
+  TextViewLog.Locked = !editable;
+  mnuPaste.Enabled = mnuCut.Enabled = editable;
+}
+
+void frmViewLog::ApplyFont() {
+  TextViewLog.Font = {ViewLogSettings.FontName, static_cast<float>(ViewLogSettings.FontSize),
+                      ViewLogSettings.FontBold, ViewLogSettings.FontItalic};
+}
+
+void frmViewLog::ShowViewerStatus() {
+  const Font& font = TextViewLog.Font;
+  StatusBar1.SetPanel(1, font.Name + " " + NumberText(font.Size) + (font.Bold ? " Bold" : "") +
+                             (font.Italic ? " Italic" : ""));
+  StatusBar1.SetPanel(2, EditLog ? "Edit Allowed" : "Locked");
+  StatusBar1.SetPanel(3, CurrentHost().IsLocked(LockKey::Caps) ? "CAPS" : "");
+  StatusBar1.SetPanel(4, CurrentHost().IsLocked(LockKey::Scroll) ? "SCRL" : "");
+}
+
+void frmViewLog::EnableSave(bool enabled) {
+  mnuSave.Enabled = enabled;
+  Toolbar1.Button("Save").Enabled = enabled;
+}
+
+void frmViewLog::Form_Activate() { Toolbar1.Visible = ShowToolbars; }
+
+// A window whose changes the user wants kept stays while they cannot be.
+bool frmViewLog::Form_Unload() {
+  SetTrace("frmViewLog", "Form_Unload");
+  if (mnuSave.Enabled && !mnuSave_Click()) return false;
+  ViewerOpen = false;
+  if (ViewingLog) KeepSettings();
+  ViewTextFile.clear();
+  ViewTextFileName.clear();
+  if (FindForm.IsLoaded()) FindForm->Unload();
+  if (MainForm.IsLoaded()) MainForm->NameLogCommands();
+  return true;
+}
+
+void frmViewLog::KeepSettings() {
+  if (ViewLogSettings.SaveSettings) {
+    const Font& font = TextViewLog.Font;
+    ViewLogSettings.FontName = font.Name;
+    ViewLogSettings.FontSize = Int16(font.Size);
+    ViewLogSettings.FontBold = font.Bold;
+    ViewLogSettings.FontItalic = font.Italic;
+    ViewLogSettings.WinState = Int16(static_cast<int>(WindowState()));
+    if (WindowState == qel::WindowState::Normal) {
+      ViewLogSettings.WinHeight = Int16(Height());
+      ViewLogSettings.WinWidth = Int16(Width());
+    }
+    return WriteUserParameters();
+  }
+  const std::string key = std::string(SettingsKey) + "\\ViewLog";
+  CreatNewKey(key, SettingsRoot);
+  StoreSetting(key, "SaveSettings", StoredAs::Word, &ViewLogSettings.SaveSettings);
+  SaveRegistry();
+}
+
+// False where the user wanted to save and could not.
+bool frmViewLog::mnuSave_Click() {
+  if (MsgBox({"Save Changes to Modem Log File?", ProgramTitle, Icon::None, Buttons::YesNo}) != Answer::Yes)
+    return true;
+  if (StampHasChanged() && MsgBox({"The file has changed since it was opened.\r\n"
+                                   "Saving writes over what was added to it meanwhile.\r\n"
+                                   "\r\n"
+                                   "Save all the same?",
+                                   "WARNING", Icon::Exclamation, Buttons::YesNo}) != Answer::Yes)
+    return false;
+  return SaveLogFile(shownPath);
+}
+
+bool frmViewLog::StampHasChanged() const {
+  bool changed = false;
+  IgnoreErrors([&] { changed = StampOf(shownPath) != opened; });
+  return changed;
+}
+
+void frmViewLog::mnuSaveArchive_Click() {
+  const std::string name =
+      FormatDate(FirstEntryDate, "ddmmmyy") + " - " + FormatDate(LastEntryDate, "ddmmmyy");
+  const auto path = CurrentHost().AskSaveFile({ArchiveFilter, AppPath, ToUtf8(name), "qel"});
+  if (path) IgnoreErrors([&] { ReplaceFile(*path, TextViewLog.Text() + NewLine); });
+}
+
+void frmViewLog::mnuCopy_Click() { CurrentHost().SetClipboardText(TextViewLog.SelText()); }
+
+void frmViewLog::mnuFont_Click() {
+  const auto font = CurrentHost().AskFont(TextViewLog.Font);
+  if (!font) return;
+  TextViewLog.Font = *font;
+  ShowViewerStatus();
+}
+
+void frmViewLog::mnuRestore_Click() {
+  RestoreViewLogDefaults();
+  ApplyFont();
+  mnuSaveSettings.Checked = ViewLogSettings.SaveSettings;
+  Height = int{ViewLogSettings.WinHeight};
+  Width = int{ViewLogSettings.WinWidth};
+  ShowViewerStatus();
+}
+
+void frmViewLog::mnuSearchFind_Click() {
+  const std::string selected = TextViewLog.SelText();
+  FindForm->Load();
+  FindForm->Text1.Text = selected.empty() ? FindText : selected;
+  FindFirstTime = true;
+  if (FindMatchCase != 0) FindForm->chkCase.Value = true;
+  FindForm->Show();
+}
+
+void frmViewLog::mnuSearchFindNext_Click() {
+  if (FindText.empty())
+    mnuSearchFind_Click();
+  else
+    DoFind();
+}
+
+}  // namespace qel

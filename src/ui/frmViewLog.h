@@ -1,0 +1,76 @@
+// The log as text, for reading, searching and, where the user allows it, editing; or any other text file.
+#pragma once
+
+#include <string>
+
+#include "controls/Bars.h"
+#include "controls/Buttons.h"
+#include "controls/Form.h"
+#include "controls/TextControls.h"
+#include "platform/Files.h"
+
+namespace qel {
+
+// A text file to show in place of the log: its path, and its name for the caption. Empty for the log.
+extern std::string ViewTextFile, ViewTextFileName;
+
+// True while the window is open; the main window's view commands close it then.
+extern bool ViewerOpen;
+
+class frmViewLog : public Form {
+ public:
+  frmViewLog();
+
+  MenuItem mnuFile{*this, "mnuFile"};
+  MenuItem mnuSave{*this, "mnuSave"};
+  MenuItem mnuSaveArchive{*this, "mnuSaveArchive"};
+  MenuItem mnuExit{*this, "mnuExit"};
+  MenuItem mnuEdit{*this, "mnuEdit"};
+  MenuItem mnuCut{*this, "mnuCut"};
+  MenuItem mnuCopy{*this, "mnuCopy"};
+  MenuItem mnuPaste{*this, "mnuPaste"};
+  MenuItem mnuSelectAll{*this, "mnuSelectAll"};
+  MenuItem mnuSearch{*this, "mnuSearch"};
+  MenuItem mnuSearchFind{*this, "mnuSearchFind"};
+  MenuItem mnuSearchFindNext{*this, "mnuSearchFindNext"};
+  MenuItem mnuTop{*this, "mnuTop"};
+  MenuItem mnuBottom{*this, "mnuBottom"};
+  MenuItem mnuSettings{*this, "mnuSettings"};
+  MenuItem mnuFont{*this, "mnuFont"};
+  MenuItem mnuSaveSettings{*this, "mnuSaveSettings"};
+  MenuItem mnuRestore{*this, "mnuRestore"};
+  Toolbar Toolbar1{*this, "Toolbar1", {"", "Save", "Exit", "", "Search"}};
+  StatusBar StatusBar1{*this, "StatusBar1"};
+  RichTextBox TextViewLog{*this, "TextViewLog"};
+
+ private:
+  void Form_Load() override;
+  void Form_Activate() override;
+  bool Form_Unload() override;
+  void ShowLog();
+  void ShowTextFile();
+  bool OpenLogFile(const std::string& path);
+  bool SaveLogFile(const std::string& path);
+  bool mnuSave_Click();
+  bool StampHasChanged() const;
+  void ApplyEditState();
+  void ApplyFont();
+  void ShowViewerStatus();
+  void KeepSettings();
+  void EnableSave(bool enabled);
+  void mnuSaveArchive_Click();
+  void mnuCopy_Click();
+  void mnuFont_Click();
+  void mnuRestore_Click();
+  void mnuSearchFind_Click();
+  void mnuSearchFindNext_Click();
+
+  bool ViewingLog = false;
+  bool loading = false;   // the text is being set by the program
+  std::string shownPath;  // the file that the text came from, which saving writes
+  FileStamp opened;       // as it was then
+};
+
+extern TheForm<frmViewLog> ViewLogForm;
+
+}  // namespace qel

@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include "core/EndProgram.h"
+#include "core/Version.h"
+#include "support/WindowTest.h"
+#include "ui/frmFileRepair.h"
+#include "ui/frmPurge.h"
+
+namespace qel {
+namespace {
+
+class LogToolsTest : public WindowTest {
+ protected:
+  void Show(const std::string& log) {
+    DefaultLog(log);
+    MainForm->Show();
+    host.messages.clear();
+    host.transcript.clear();
+  }
+  std::string Log() const { return folder.Content("ModemLog.txt"); }
+
+  const std::string usable = LogOf("01-05-1999", "01-20-1999");
+};
+
+TEST_F(LogToolsTest, ThePurgeWindowHoldsItsDatesInsideTheLog) {
+  Show(usable);
+  frmPurge& window = *PurgeForm;
+  window.Show();
+  EXPECT_FALSE(window.btnOK.Enabled) << "no date yet";
+  EXPECT_TRUE(window.MaskEdBox1.HasFocus());
+  window.MaskEdBox1.UserText("01/30/1999");
+  EXPECT_EQ(window.MaskEdBox1.Text(), "01/20/1999");
+  EXPECT_TRUE(host.Showed("beep"));
+  EXPECT_TRUE(window.btnOK.Enabled);
+
+  window.optPurge[1].UserClick();
+  EXPECT_TRUE(window.MaskEdBox2[0].Enabled && !window.MaskEdBox1.Enabled && !window.MaskEdBox3.Enabled);
+  window.MaskEdBox2[0].UserText("01/15/1999");
+  window.MaskEdBox2[1].UserText("01/10/1999");
+  EXPECT_FALSE(window.btnOK.Enabled) << "crossed";
+  window.MaskEdBox2[1].UserText("01/1_/1999");
+  EXPECT_FALSE(window.btnOK.Enabled);
+  window.MaskEdBox2[1].UserText("01/16/1999");
+  EXPECT_TRUE(window.btnOK.Enabled);
+
+  window.optPurge[2].UserClick();
+  window.MaskEdBox3.UserText("12/01/1998");
+  EXPECT_EQ(window.MaskEdBox3.Text(), "01/05/1999");
+  EXPECT_TRUE(window.btnOK.Enabled);
+  window.btnCancel.UserClick();
+  EXPECT_FALSE(PurgeForm.IsLoaded());
+}
+
+TEST_F(LogToolsTest, APurgeRunsWhenTheUserAgreesAndIsSeenAtOnce) {
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    MainForm.Reset();
+    Show(usable);
+    host.answers = {answer};
+    host.actions = {[] {
+      PurgeForm->optPurge[2].UserClick();
+      PurgeForm->MaskEdBox3.UserText("01/20/1999");
+      PurgeForm->btnOK.UserClick();
+    }};
+    MainForm->mnuPurgeLog.UserClick();
+    EXPECT_EQ(
+        host.messages.at(0).Text,
+        "About to purge all entries in Modem\nLog File between 1/20/1999 and 1/20/1999.\n\nAre You Sure?");
+    const bool purged = answer == Answer::Yes;
+    EXPECT_EQ(Log(), purged ? usable.substr(0, usable.size() / 2) : usable);
+    EXPECT_EQ(MainForm->LabelLogLast2.Caption(), purged ? "1/5/1999" : "1/20/1999");
+  }
+}
+
+TEST_F(LogToolsTest, OptimizingIsOfferedOnceAtTheStartAndByCommand) {
+  AutoOptimize = true;
+  host.answers = {Answer::No};
+  Show(usable);
+  EXPECT_EQ(Log(), usable);
+  AboutForm->Show();
+  AboutForm->Unload();
+  MainForm->Activate();
+  EXPECT_TRUE(host.messages.empty()) << "not again";
+  host.answers = {Answer::Yes};
+  MainForm->mnuOptimize.UserClick();
+  EXPECT_EQ(Log(), "");
+  EXPECT_EQ(folder.Content("ModemLog.old"), usable);
+  EXPECT_EQ(host.messages.at(0).Title, "OPTIMIZE MODEM LOG");
+  EXPECT_TRUE(MainForm->mnuFile.Enabled && MainForm->inputStarting.Visible && MainForm->btnExit.Enabled);
+  EXPECT_EQ(MainForm->LabelLogEntries2.Caption(), "0");
+}
+
+TEST_F(LogToolsTest, ClearingLeavesALogOfOneEntry) {
+  Show(usable);
+  host.answers = {Answer::No, Answer::Yes};
+  MainForm->mnuClearLog.UserClick();
+  EXPECT_EQ(Log(), usable);
+  EXPECT_EQ(host.messages.at(0).DefaultButton, 2);
+  MainForm->ToolbarMain.UserButtonClick("Clear Modem Log");
+  EXPECT_EQ(Log(), "01-15-1999 12:00:00.00 - New modem log file created by QEL (Qelmark) v1.0\r\n");
+  EXPECT_EQ(host.messages.back().Text,
+            "Current modem log has been deleted.\nNew blank modem log has been created!");
+  EXPECT_EQ(MainForm->inputEnding.Text(), "01/15/1999");
+}
+
+TEST_F(LogToolsTest, ACorruptLogIsRepairedIntoAUsableOne) {
+  Show("01-05-1999 10:00:00.00 - \x01 good\r\n01-20-1999 10:00:00.00 - b\r\n");
+  EXPECT_TRUE(LogCorrupt);
+  host.actions = {[] {
+    EXPECT_EQ(FileRepairForm->lblFileRepair.Caption(), "Modem File Successfully Repaired!");
+    EXPECT_EQ(FileRepairForm->ProgressBar.Value(), 100);
+    FileRepairForm->btnOK.UserClick();
+  }};
+  MainForm->ToolbarMain.UserButtonClick("Repair Modem Log");
+  EXPECT_FALSE(LogCorrupt);
+  EXPECT_TRUE(MainForm->btnProcess.Enabled);
+  EXPECT_EQ(MainForm->LabelLogLast2.Caption(), "1/20/1999");
+}
+
+TEST_F(LogToolsTest, ARepairThatFailsEndsTheProgramAndLeavesTheLog) {
+  Show("01-05-1999 \x01\r\n");
+  AppPath = folder.Path("no such folder");
+  EXPECT_THROW(MainForm->mnuRepairLog.UserClick(), ProgramEnd);
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.messages[0].Title, "Repair Failure!");
+  EXPECT_EQ(Log(), "01-05-1999 \x01\r\n");
+  EXPECT_FALSE(MainForm.IsLoaded());
+}
+
+}  // namespace
+}  // namespace qel

@@ -1,0 +1,174 @@
+#include <gtest/gtest.h>
+
+#include "support/WindowTest.h"
+#include "ui/frmFind.h"
+#include "ui/frmViewLog.h"
+
+namespace qel {
+namespace {
+
+class ViewerTest : public WindowTest {
+ protected:
+  void View(const std::string& log) {
+    DefaultLog(log);
+    MainForm->Show();
+    MainForm->btnViewLog.UserClick();
+    host.messages.clear();
+  }
+  RichTextBox& Text() { return ViewLogForm->TextViewLog; }
+  std::string Log() const { return folder.Content("ModemLog.txt"); }
+
+  const std::string usable = LogOf("01-05-1999", "01-20-1999");
+};
+
+TEST_F(ViewerTest, TheLogIsShownAndTheMainWindowsCommandClosesIt) {
+  View(usable);
+  EXPECT_EQ(Text().Text(), usable);
+  EXPECT_EQ(ViewLogForm->Caption(), "QEL - View Modem Log");
+  EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(0), "MS Sans Serif 8");
+  EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(1), "Edit Allowed");
+  EXPECT_EQ(MainForm->mnuViewLog.Caption(), "&Close Modem Log");
+  MainForm->btnViewLog.UserClick();
+  EXPECT_FALSE(ViewLogForm.IsLoaded());
+  EXPECT_EQ(MainForm->btnViewLog.Caption(), "&View Modem Log");
+  folder.Put("old.qel", usable);
+  MainForm->OpenArchive(folder.Path("old.qel"));
+  MainForm->mnuViewLog.UserClick();
+  EXPECT_EQ(ViewLogForm->Caption(), "QEL - View Archive (old.qel)");
+  EXPECT_EQ(MainForm->btnViewLog.Caption(), "&Close Archive");
+  EXPECT_TRUE(host.messages.empty()) << "nothing was changed";
+}
+
+TEST_F(ViewerTest, ChangesAreSavedWhenTheUserWantsThemToBe) {
+  const struct {
+    std::vector<Answer> answers;
+    std::string added;  // to the file by the modem's driver meanwhile
+    std::string saved;
+    bool closes;
+  } cases[] = {
+      {{Answer::No}, "", usable, true},
+      {{Answer::Yes}, "", "new " + usable + "\r\n", true},
+      {{Answer::Yes, Answer::No}, "added\r\n", usable + "added\r\n", false},
+      {{Answer::Yes, Answer::Yes}, "added\r\n", "new " + usable + "\r\n", true},
+  };
+  for (const auto& c : cases) {
+    ResetWindows();
+    View(usable);
+    EXPECT_FALSE(ViewLogForm->mnuSave.Enabled);
+    Text().UserType("new ");
+    EXPECT_TRUE(ViewLogForm->Toolbar1.Button("Save").Enabled);
+    if (!c.added.empty()) folder.Put("ModemLog.txt", usable + c.added);
+    host.answers = {c.answers.begin(), c.answers.end()};
+    EXPECT_EQ(ViewLogForm->Unload(), c.closes);
+    EXPECT_EQ(Log(), c.saved);
+  }
+}
+
+TEST_F(ViewerTest, ChangesThatCannotBeSavedKeepTheWindow) {
+  View(usable);
+  Text().UserType("new ");
+  std::filesystem::remove_all(folder.Path());
+  host.answers = {Answer::Yes, Answer::Ignore};
+  EXPECT_FALSE(ViewLogForm->Unload());
+  host.answers = {Answer::Yes, Answer::Ignore};
+  MainForm->btnExit.UserClick();
+  EXPECT_EQ(Text().Text(), "new " + usable) << "the program is still there";
+  std::filesystem::create_directory(folder.Path());
+}
+
+TEST_F(ViewerTest, WithoutEditingTheTextIsLocked) {
+  EditLog = false;
+  View(usable);
+  Text().UserType("x");
+  EXPECT_EQ(Text().Text(), usable);
+  EXPECT_FALSE(ViewLogForm->mnuCut.Enabled || ViewLogForm->mnuPaste.Enabled || ViewLogForm->mnuSave.Enabled);
+  EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(1), "Locked");
+}
+
+TEST_F(ViewerTest, TextGoesOverTheClipboard) {
+  View(usable);
+  Text().Select(0, 3);
+  ViewLogForm->mnuCut.UserClick();
+  EXPECT_EQ(host.clipboard, "01-");
+  ViewLogForm->mnuBottom.UserClick();
+  ViewLogForm->mnuPaste.UserClick();
+  EXPECT_EQ(Text().Text(), usable.substr(3) + "01-");
+  ViewLogForm->mnuSelectAll.UserClick();
+  EXPECT_EQ(Text().SelText(), Text().Text());
+}
+
+TEST_F(ViewerTest, AnArchiveHoldsTheTextAsItStands) {
+  View(usable);
+  Text().UserType("new ");
+  host.paths = {std::nullopt, folder.Path("a.qel"), folder.Path("no/such/folder")};
+  for (int i = 0; i < 3; ++i) ViewLogForm->mnuSaveArchive.UserClick();
+  EXPECT_EQ(host.dialogs.back().FileName, "05Jan99 - 20Jan99");
+  EXPECT_EQ(folder.Content("a.qel"), "new " + usable + "\r\n");
+  EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(ViewerTest, FontAndSizeAreKeptOnRequest) {
+  View(usable);
+  host.fonts = {Font{"Courier", 12, true, false}};
+  ViewLogForm->mnuFont.UserClick();
+  EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(0), "Courier 12 Bold");
+  ViewLogForm->Width = 9990;
+  EXPECT_TRUE(ViewLogForm->Unload());
+  EXPECT_EQ(ViewLogSettings.FontName, "MS Sans Serif") << "not asked for";
+  ViewLogForm->Show();
+  ViewLogForm->mnuSaveSettings.UserClick();
+  Text().Font = Font{"Courier", 12, true, false};
+  ViewLogForm->Width = 9990;
+  EXPECT_TRUE(ViewLogForm->Unload());
+  ReadUserParameters();
+  ViewLogForm->Show();
+  EXPECT_EQ(Text().Font(), (Font{"Courier", 12, true, false}));
+  EXPECT_EQ(ViewLogForm->Width(), 9990);
+  ViewLogForm->mnuRestore.UserClick();
+  EXPECT_EQ(Text().Font(), (Font{"MS Sans Serif", 8, false, false}));
+}
+
+TEST_F(ViewerTest, ALargeFileIsRefusedInClearWords) {
+  DefaultLog(usable);
+  MainForm->Show();
+  folder.Put("large.qel", usable);
+  std::filesystem::resize_file(folder.Path("large.qel"), 40 << 20);
+  SetCurrentLog(folder.Path("large.qel"));
+  ViewLogForm->Show();
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.messages[0].Text.substr(0, 44), "This file is too large to be viewed: 40 MB.\r");
+  EXPECT_EQ(Text().Text(), "");
+  Text().UserType("x");
+  EXPECT_EQ(Text().Text(), "") << "what was not read is not written";
+}
+
+TEST_F(ViewerTest, TheSearchGoesOnFromHitToHitBothWays) {
+  ResetFind();
+  View("01-05-1999 Two\r\ntwo three\r\n01-06-1999 TWO");
+  ViewLogForm->mnuSearchFindNext.UserClick();
+  ASSERT_TRUE(FindForm.IsLoaded()) << "there is nothing to search for yet";
+  EXPECT_FALSE(FindForm->cmdFind.Enabled);
+  FindForm->Text1.UserText("two");
+  FindForm->cmdFind.UserClick();
+  EXPECT_FALSE(FindForm.IsLoaded());
+  std::string hits;
+  for (int i = 0; i < 4; ++i) {
+    hits += std::to_string(Text().SelStart()) + " ";
+    ViewLogForm->mnuSearchFindNext.UserClick();
+  }
+  EXPECT_EQ(hits, "11 16 38 38 ");
+  EXPECT_EQ(host.messages.back().Text, "Cannot find \"two\"");
+  ViewLogForm->mnuSearchFind.UserClick();
+  EXPECT_EQ(FindForm->Text1.Text(), "TWO") << "what is selected";
+  FindForm->optDirection[0].UserClick();
+  FindForm->cmdFind.UserClick();
+  EXPECT_EQ(Text().SelStart(), 16);
+  ViewLogForm->mnuSearchFind.UserClick();
+  FindForm->chkCase.UserClick();
+  FindForm->Text1.UserText("TWO");
+  FindForm->cmdFind.UserClick();
+  EXPECT_EQ(Text().SelStart(), 38) << "downward anew, and by case";
+}
+
+}  // namespace
+}  // namespace qel
