@@ -225,6 +225,12 @@ void WriteUserParameters() {
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
+void WriteSaveSettings(const char* below, Option& saveSettings) {
+  OpenKey(below);
+  Store({"SaveSettings", StoredAs::Word, &saveSettings});
+  SaveRegistry();
+}
+
 void RestoreModemDefaults() { SetDefaults(ModemSettings()); }
 void RestoreViewLogDefaults() { SetDefaults(ViewLogTable()); }
 

@@ -117,6 +117,10 @@ void BuildTimeFormat();
 // their own SaveSettings on, and ForceAMPM follows into whichever key was named last.
 void WriteUserParameters();
 
+// Stores the SaveSettings of a window alone, under the window's key ("\\ViewLog", "\\ViewReport"), so that
+// switching it off is itself remembered.
+void WriteSaveSettings(const char* below, Option& saveSettings);
+
 // The seven marker texts of the modem, and the viewer's settings, by default.
 void RestoreModemDefaults();
 void RestoreViewLogDefaults();

@@ -101,15 +101,10 @@ bool frmReport::Form_Unload() {
   SaveReportSettings = mnuSaveSettings.Checked();
   ReportAutoArrange = mnuAutoArrange.Checked();
   if (content != Content::File) ReportListView = mnuListView.Checked();
-  if (SaveReportSettings) {
+  if (SaveReportSettings)
     WriteUserParameters();
-    return true;
-  }
-  // Stored alone, so that switching off is itself remembered.
-  const std::string key = std::string(SettingsKey) + "\\ViewReport";
-  CreatNewKey(key, SettingsRoot);
-  StoreSetting(key, "SaveSettings", StoredAs::Word, &SaveReportSettings);
-  SaveRegistry();
+  else
+    WriteSaveSettings("\\ViewReport", SaveReportSettings);
   return true;
 }
 

@@ -179,10 +179,7 @@ void frmViewLog::KeepSettings() {
     }
     return WriteUserParameters();
   }
-  const std::string key = std::string(SettingsKey) + "\\ViewLog";
-  CreatNewKey(key, SettingsRoot);
-  StoreSetting(key, "SaveSettings", StoredAs::Word, &ViewLogSettings.SaveSettings);
-  SaveRegistry();
+  WriteSaveSettings("\\ViewLog", ViewLogSettings.SaveSettings);
 }
 
 // False where the user wanted to save and could not.
