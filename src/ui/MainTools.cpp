@@ -8,6 +8,7 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
+#include "platform/SymbolicLinks.h"
 #include "settings/Settings.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmMain.h"
@@ -60,7 +61,7 @@ void frmMain::mnuClearLog_Click() {
       0,
       2};
   if (MsgBox(question) != Answer::Yes) return;
-  const bool removed = Attempt([] { RemoveFile(CurrentLogPath); });
+  const bool removed = Attempt([] { RemoveFile(BehindLinks(CurrentLogPath)); });  // the link stays
   if (removed) LogCorrupt = false;
   if (removed && Attempt([] { NewModemLog(CurrentLogPath); }))
     MsgBox({"Current modem log has been deleted.\nNew blank modem log has been created!", ProgramTitle});

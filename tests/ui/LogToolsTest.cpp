@@ -103,6 +103,16 @@ TEST_F(LogToolsTest, ClearingLeavesALogOfOneEntry) {
   EXPECT_EQ(MainForm->inputEnding.Text(), "01/15/1999");
 }
 
+TEST_F(LogToolsTest, ClearingALogBehindALinkKeepsTheLink) {
+  Show(usable);
+  std::filesystem::rename(folder.Path("ModemLog.txt"), folder.Path("real.txt"));
+  std::filesystem::create_symlink("real.txt", folder.Path("ModemLog.txt"));
+  host.answers = {Answer::Yes};
+  MainForm->mnuClearLog.UserClick();
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("ModemLog.txt")));
+  EXPECT_EQ(folder.Content("real.txt").substr(0, 10), "01-15-1999");
+}
+
 TEST_F(LogToolsTest, ClearingMakesACorruptLogUsable) {
   Show("01-05-1999 \x01\r\n");
   host.answers = {Answer::Yes};
