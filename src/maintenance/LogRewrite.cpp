@@ -84,6 +84,7 @@ void Rewrite(const Tool& tool, const LineRule& rule) {
   bool failed = false;
   CurrentDisplay().ShowProgress(true);
   try {
+    RefuseOwnFile({tool.WorkingName, tool.SafetyName});
     if (PathExists(working)) RemoveFile(working);
     CloseAllFiles();
     const FileStamp read = StampOf(CurrentLogPath);

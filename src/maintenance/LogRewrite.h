@@ -12,7 +12,8 @@ inline constexpr char OptimizedName[] = "ModemLog.opt";
 
 // Both work on CurrentLogPath by way of a working file in the program's folder and tell the display of their
 // progress. A failure leaves the log as it was and is told in a message box. More than 32767 lines are such a
-// failure, and so is a log that is written to meanwhile.
+// failure, and so are a log that is written to meanwhile and one that is itself the working file or the
+// safety copy.
 
 // Drops the lines of the days `from` to `to`, and all without a date.
 void DoPurge(Date from, Date to);

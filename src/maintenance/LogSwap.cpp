@@ -9,6 +9,11 @@ namespace qel {
 
 std::string WorkingPath(const std::string& name) { return AppPath + PathSeparator + name; }
 
+void RefuseOwnFile(std::initializer_list<const char*> names) {
+  for (const char* name : names)
+    if (IsSameFile(CurrentLogPath, WorkingPath(name))) Raise(PermissionDenied);
+}
+
 void SwapInLog(const std::string& working, const std::string& safetyCopy, const FileStamp& read) {
   const std::string log = CurrentLogPath;
   if (StampOf(log) != read) Raise(PermissionDenied);

@@ -3,6 +3,7 @@
 // safety copy is whole.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 
 #include "platform/Files.h"
@@ -16,6 +17,10 @@ inline constexpr char ArchiveSafetyCopyName[] = "ModemLogArchive.old";
 
 // The path of a file in the program's folder.
 std::string WorkingPath(const std::string& name);
+
+// Raises 70 where the current log is, by whatever links, one of the program's own files of these names: the
+// tool that writes them would write over what it reads.
+void RefuseOwnFile(std::initializer_list<const char*> names);
 
 // `working` takes the place and the mode of the current log, which takes that of `safetyCopy`. Raises 70 for
 // a log that is not as it was `read` any more, and the disk's errors. Where it raises, the log is in its

@@ -22,6 +22,7 @@ Int16 PercentOf(Int32 part, Int32 whole) { return Int16(100.0 * int{part} / int{
 
 void LogRepair::FixCorruption() {
   SetTrace("frmFileRepair", "FixCorruption");
+  RefuseOwnFile({CleanedName, RepairedName, SafetyCopyName});
   read = StampOf(CurrentLogPath);
   LogLength = Int32(read.Length);
   const Int16 interval(LogLength / 100.0);

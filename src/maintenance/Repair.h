@@ -21,8 +21,8 @@ class LogRepair {
   explicit LogRepair(Progress progress) : progress(std::move(progress)) {}
 
   // The first pass. Keeps the bytes 32 to 126, carriage returns and line feeds, and of these all but the
-  // last. Raises 6 for a log of 3276750 bytes or more, 9 where nothing is left to keep, and the disk's
-  // errors.
+  // last. Raises 6 for a log of 3276750 bytes or more, 9 where nothing is left to keep, 70 for
+  // a log that is itself a file of the repair, and the disk's errors.
   void FixCorruption();
 
   // The second pass, which then puts the result in the log's place. Raises 6 for more than 32767 lines, 70

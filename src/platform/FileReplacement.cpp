@@ -4,26 +4,13 @@
 
 #include "platform/Disk.h"
 #include "platform/Files.h"
+#include "platform/SymbolicLinks.h"
 
 namespace qel {
 
 namespace {
 
 constexpr mode_t PermissionBits = 07777;
-
-// The path behind a symbolic link, which need not exist yet; the path itself where it is no link.
-std::string BehindLinks(std::string path) {
-  constexpr int MostLinks = 40;
-  char target[4096];
-  for (int links = 0; links < MostLinks; ++links) {
-    const ssize_t length = CurrentDisk().ReadLink(path, target, sizeof target);
-    if (length < 0 && (errno == EINVAL || errno == ENOENT)) return path;  // no link; nothing there
-    if (length < 0) RaiseDiskError(errno, path);
-    const std::string behind(target, static_cast<std::size_t>(length));
-    path = behind.starts_with(PathSeparator) ? behind : FolderOf(path) + PathSeparator + behind;
-  }
-  RaiseDiskError(ELOOP, path);
-}
 
 void SyncFolder(const std::string& path) {
   DiskFile folder;

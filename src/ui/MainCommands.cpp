@@ -83,13 +83,6 @@ bool CanBeOpened(const std::string& path) {
   });
 }
 
-// What was found in one file says nothing of the next. The statistics alone would not do: they leave some of
-// it standing for an empty file, and are not gathered for a corrupt one.
-void ForgetFindings() {
-  LogExists = LogCorrupt = LogTooBig = LogEmpty = LogInvalid = false;
-  ResetLogStatistics();
-}
-
 }  // namespace
 
 void frmMain::WireCommands() {
@@ -126,6 +119,13 @@ void frmMain::ToolbarMain_ButtonClick(const std::string& key) {
   items.at(key)->Click();
 }
 
+// What was found in one file says nothing of the next. The statistics alone would not do: they leave some of
+// it standing for an empty file, and are not gathered for a corrupt one.
+void frmMain::ForgetFindings() {
+  LogExists = LogCorrupt = LogTooBig = LogEmpty = LogInvalid = false;
+  ResetLogStatistics();
+}
+
 void frmMain::mnuOpenArchive_Click() {
   if (const auto path = CurrentHost().AskOpenFile({ArchiveFilter, AppPath, ""})) OpenArchive(*path);
 }
@@ -144,7 +144,6 @@ void frmMain::OpenArchive(const std::string& path) {
   LogExists = true;
   GetLogStats(true);
   ArchiveOpen = true;
-  NameLogCommands();
   AddRecentFile(CurrentLogFile, CurrentLogDir, "A");
   ShowRecentFiles();
   Form_Load();
@@ -159,7 +158,6 @@ void frmMain::mnuOpenLog_Click() {
   Attempt([] { LogExists = FileExists(CurrentLogPath); });
   LogCorrupt = LogExists && CheckCorruption(false);
   if (LogExists && !LogCorrupt) GetLogStats(false);
-  NameLogCommands();
   Form_Load();
   CurrentHost().SetMousePointer(MousePointer::Default);
   if (!LogCorrupt) return;

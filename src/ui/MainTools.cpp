@@ -1,5 +1,6 @@
 // The main window's side of the viewer and of the tools that rewrite the log.
 #include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "core/Version.h"
 #include "maintenance/LogRewrite.h"
@@ -7,6 +8,7 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
+#include "platform/SymbolicLinks.h"
 #include "settings/Settings.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmMain.h"
@@ -33,10 +35,13 @@ void frmMain::btnViewLog_Click() {
 }
 
 void frmMain::NameLogCommands() {
-  const std::string kind = ArchiveOpen ? "Archive" : "Modem Log";
-  for (auto* caption : {&mnuViewLog.Caption, &btnViewLog.Caption})
-    *caption = (ViewerOpen ? "&Close " : "&View ") + kind;
-  mnuOptimize.Caption = "&Optimize " + kind;
+  const auto kind = [](bool archive) { return std::string(archive ? "Archive" : "Modem Log"); };
+  const bool shown = ViewerOpen && ViewLogForm->ShowsLog();
+  const bool usable = !NoUsableLog() && !LogCorrupt;
+  mnuViewLog.Caption = shown ? "&Close " + kind(ViewLogForm->ShowsArchive()) : "&View " + kind(ArchiveOpen);
+  btnViewLog.Caption = mnuViewLog.Caption;
+  btnViewLog.Enabled = mnuViewLog.Enabled = ToolbarMain.Button(6).Enabled = ViewerOpen ? shown : usable;
+  mnuOptimize.Caption = "&Optimize " + kind(ArchiveOpen);
 }
 
 void frmMain::mnuClearLog_Click() {
@@ -56,9 +61,9 @@ void frmMain::mnuClearLog_Click() {
       0,
       2};
   if (MsgBox(question) != Answer::Yes) return;
-  const bool cleared =
-      Attempt([] { RemoveFile(CurrentLogPath); }) && Attempt([] { NewModemLog(CurrentLogPath); });
-  if (cleared)
+  const bool removed = Attempt([] { RemoveFile(BehindLinks(CurrentLogPath)); });  // the link stays
+  if (removed) LogCorrupt = false;
+  if (removed && Attempt([] { NewModemLog(CurrentLogPath); }))
     MsgBox({"Current modem log has been deleted.\nNew blank modem log has been created!", ProgramTitle});
   ReadLogAgain();
 }
@@ -112,9 +117,14 @@ void frmMain::KeepWindowSize() {
   MainWinHeight = Height();
 }
 
+// Whether the log is corrupt is the caller's to say. Of a corrupt one no statistics are gathered: they would
+// call it invalid, and its repair would be out of reach.
 void frmMain::ReadLogAgain() {
-  Attempt([] { LogExists = PathExists(CurrentLogPath); });
-  if (LogExists) GetLogStats(false);
+  const bool corrupt = LogCorrupt;
+  ForgetFindings();
+  Attempt([] { LogExists = FileExists(CurrentLogPath); });
+  LogCorrupt = corrupt && LogExists;
+  if (LogExists && !LogCorrupt) GetLogStats(false);
   Form_Load();
 }
 

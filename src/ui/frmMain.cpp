@@ -18,13 +18,6 @@ namespace qel {
 
 TheForm<frmMain> MainForm;
 
-namespace {
-
-// There is a log, and its first and last entries have dates; nothing of the sort is asked of an archive.
-bool NoUsableLog() { return !ArchiveOpen && (!LogExists || LogInvalid); }
-
-}  // namespace
-
 frmMain::frmMain() : Form("frmMain") {
   Calendar1.Value = Today();
   imgEndArrow.Visible = false;
@@ -60,6 +53,9 @@ void frmMain::Form_Load() {
   FormLoading = false;
 }
 
+// There is a log, and its first and last entries have dates; nothing of the sort is asked of an archive.
+bool frmMain::NoUsableLog() { return !ArchiveOpen && (!LogExists || LogInvalid); }
+
 // Three cases: no usable log, a corrupt one, a usable file.
 void frmMain::EnableByLog() {
   const bool noLog = NoUsableLog();
@@ -69,7 +65,7 @@ void frmMain::EnableByLog() {
        std::initializer_list<Control*>{&mnuOptimize, &mnuQuickDate, &inputStarting, &inputEnding, &UpDown1,
                                        &UpDown2, &UpDown3, &UpDown4, &LabelStarting, &LabelEnding})
     control->Enabled = usable;
-  if (!ViewerOpen) btnViewLog.Enabled = mnuViewLog.Enabled = ToolbarMain.Button(6).Enabled = usable;
+  NameLogCommands();
   for (const int position : {7, 8, 11, 12, 13}) ToolbarMain.Button(position).Enabled = usable;
   mnuTools.Enabled = !noLog;
   mnuRepairLog.Enabled = corrupt;

@@ -103,7 +103,8 @@ class frmMain : public Form, public Display, public PeriodFields {
   // Whether the automatic optimizing has been offered.
   bool AutoOptimizeDone = false;
 
-  // Names the commands that view and optimize by the file that is open and by whether the viewer shows it.
+  // Names the commands that view and optimize. While the viewer shows a log, the first close it, whatever
+  // file is open by then; while it shows another text file, they are off.
   void NameLogCommands();
 
   // Reads an archive or another log in place of the default log.
@@ -123,6 +124,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   bool Form_Unload() override;
   void SaveMainWinSettings();
   void EnableByLog();
+  static bool NoUsableLog();
   bool DefaultLogIsThere() const;
   void TellCorrupt();
   void EnableRepair();
@@ -175,6 +177,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   void EnableRecentMenu(bool state);
   void KeepWindowSize();
   void ReadLogAgain();
+  static void ForgetFindings();
 
   void HideStatDisplay() { ShowStatLabels(false); }
   void DisplayStats() { ShowStatLabels(true); }

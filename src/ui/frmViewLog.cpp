@@ -1,5 +1,7 @@
 #include "ui/frmViewLog.h"
 
+#include <algorithm>
+
 #include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
@@ -23,6 +25,9 @@ namespace {
 
 // A text control holds a file several times over; beyond this size it would freeze rather than open.
 constexpr std::int64_t LargestFile = 32 * 1024 * 1024;  // bytes
+
+// Of a window's height or width as it is stored: screens have outgrown it.
+constexpr int LargestSize = 32767;  // twips
 
 constexpr char ArchiveFilter[] = "Qelmark Modem Log Archive (*.qel)|*.qel";
 
@@ -67,11 +72,14 @@ void frmViewLog::Form_Load() {
   ViewerOpen = true;
   if (FlatToolbars) Toolbar1.Flat = true;
   ViewTextFile.empty() ? ShowLog() : ShowTextFile();
+  if (MainForm.IsLoaded()) MainForm->NameLogCommands();
   ShowViewerStatus();
 }
 
 void frmViewLog::ShowLog() {
   ViewingLog = true;
+  viewingArchive = ArchiveOpen;
+  archiveName = FormatDate(FirstEntryDate, "ddmmmyy") + " - " + FormatDate(LastEntryDate, "ddmmmyy");
   mnuSaveSettings.Checked = ViewLogSettings.SaveSettings;
   Caption = ArchiveOpen ? "QEL - View Archive (" + PathText(CurrentLogFile) + ")" : "QEL - View Modem Log";
   EnableSave(false);
@@ -81,13 +89,13 @@ void frmViewLog::ShowLog() {
   Height = int{ViewLogSettings.WinHeight};
   Width = int{ViewLogSettings.WinWidth};
   WindowState = static_cast<qel::WindowState>(int{ViewLogSettings.WinState});
-  MainForm->NameLogCommands();
 }
 
 void frmViewLog::ShowTextFile() {
   Caption = "QEL - View Text File (" + PathText(ViewTextFileName) + ")";
   EnableSave(false);
-  mnuSaveArchive.Enabled = mnuCut.Enabled = mnuPaste.Enabled = false;
+  for (MenuItem* item : {&mnuSaveArchive, &mnuCut, &mnuPaste, &mnuSaveSettings, &mnuRestore})
+    item->Enabled = false;
   TextViewLog.Locked = true;
   OpenLogFile(ViewTextFile);
   TextViewLog.Font = {"courier new"};
@@ -174,8 +182,8 @@ void frmViewLog::KeepSettings() {
     ViewLogSettings.FontItalic = font.Italic;
     ViewLogSettings.WinState = Int16(static_cast<int>(WindowState()));
     if (WindowState == qel::WindowState::Normal) {
-      ViewLogSettings.WinHeight = Int16(Height());
-      ViewLogSettings.WinWidth = Int16(Width());
+      ViewLogSettings.WinHeight = Int16(std::min(Height(), LargestSize));
+      ViewLogSettings.WinWidth = Int16(std::min(Width(), LargestSize));
     }
     return WriteUserParameters();
   }
@@ -202,9 +210,7 @@ bool frmViewLog::StampHasChanged() const {
 }
 
 void frmViewLog::mnuSaveArchive_Click() {
-  const std::string name =
-      FormatDate(FirstEntryDate, "ddmmmyy") + " - " + FormatDate(LastEntryDate, "ddmmmyy");
-  const auto path = CurrentHost().AskSaveFile({ArchiveFilter, AppPath, ToUtf8(name), "qel"});
+  const auto path = CurrentHost().AskSaveFile({ArchiveFilter, AppPath, ToUtf8(archiveName), "qel"});
   if (path) IgnoreErrors([&] { ReplaceFile(*path, TextViewLog.Text() + NewLine); });
 }
 

@@ -43,6 +43,10 @@ class frmViewLog : public Form {
   StatusBar StatusBar1{*this, "StatusBar1"};
   RichTextBox TextViewLog{*this, "TextViewLog"};
 
+  // What the window was opened for: the log, which may be an archive, or else another text file.
+  bool ShowsLog() const { return ViewingLog; }
+  bool ShowsArchive() const { return viewingArchive; }
+
  private:
   void Form_Load() override;
   void Form_Activate() override;
@@ -66,9 +70,11 @@ class frmViewLog : public Form {
   void mnuSearchFindNext_Click();
 
   bool ViewingLog = false;
-  bool loading = false;   // the text is being set by the program
-  std::string shownPath;  // the file that the text came from, which saving writes
-  FileStamp opened;       // as it was then
+  bool viewingArchive = false;
+  bool loading = false;     // the text is being set by the program
+  std::string shownPath;    // the file that the text came from, which saving writes
+  FileStamp opened;         // as it was then
+  std::string archiveName;  // offered for the text as an archive
 };
 
 extern TheForm<frmViewLog> ViewLogForm;

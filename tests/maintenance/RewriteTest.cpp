@@ -147,6 +147,37 @@ TEST_F(RewriteTest, ALogThatGrowsMeanwhileStaysAsItIs) {
   EXPECT_EQ(host.messages.size(), 2u);
 }
 
+TEST_F(RewriteTest, AFileOfTheToolsOwnIsNotRewritten) {
+  const std::string log = "01-05-1999 a\r\n";
+  const auto purge = [] { DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5)); };
+  const auto repair = [this] { EXPECT_EQ(ErrorOf([this] { Repair(); }), PermissionDenied); };
+  const struct {
+    const char* name;
+    bool archive;
+    std::function<void()> tool;
+  } cases[] = {
+      {PurgedName, false, purge},
+      {SafetyCopyName, false, purge},
+      {OptimizedName, true, DoOptimize},
+      {CleanedName, false, repair},
+      {ArchiveSafetyCopyName, true, DoOptimize},
+      {RepairedName, false, repair},
+      {SafetyCopyName, false, repair},
+  };
+  for (const auto& c : cases) {
+    folder.Put(c.name, log);
+    for (const bool linked : {false, true}) {
+      CurrentLogPath = folder.Path(linked ? "link" : c.name);
+      if (linked) std::filesystem::create_symlink(folder.Path(c.name), CurrentLogPath);
+      ArchiveOpen = c.archive;
+      c.tool();
+      EXPECT_EQ(folder.Content(c.name), log) << c.name;
+    }
+    std::filesystem::remove(folder.Path("link"));
+  }
+  EXPECT_EQ(host.messages.size(), 8u);
+}
+
 TEST_F(RewriteTest, LinkAndModeOfTheLogStay) {
   Open("01-05-1999 a\r\n");
   std::filesystem::permissions(CurrentLogPath, std::filesystem::perms{0664});

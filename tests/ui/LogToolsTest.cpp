@@ -2,6 +2,7 @@
 
 #include "core/EndProgram.h"
 #include "core/Version.h"
+#include "platform/Disk.h"
 #include "support/WindowTest.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmPurge.h"
@@ -100,6 +101,43 @@ TEST_F(LogToolsTest, ClearingLeavesALogOfOneEntry) {
   EXPECT_EQ(host.messages.back().Text,
             "Current modem log has been deleted.\nNew blank modem log has been created!");
   EXPECT_EQ(MainForm->inputEnding.Text(), "01/15/1999");
+}
+
+TEST_F(LogToolsTest, ClearingALogBehindALinkKeepsTheLink) {
+  Show(usable);
+  std::filesystem::rename(folder.Path("ModemLog.txt"), folder.Path("real.txt"));
+  std::filesystem::create_symlink("real.txt", folder.Path("ModemLog.txt"));
+  host.answers = {Answer::Yes};
+  MainForm->mnuClearLog.UserClick();
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("ModemLog.txt")));
+  EXPECT_EQ(folder.Content("real.txt").substr(0, 10), "01-15-1999");
+}
+
+TEST_F(LogToolsTest, ClearingMakesACorruptLogUsable) {
+  Show("01-05-1999 \x01\r\n");
+  host.answers = {Answer::Yes};
+  MainForm->mnuClearLog.UserClick();
+  EXPECT_FALSE(LogCorrupt);
+  EXPECT_TRUE(MainForm->btnProcess.Enabled && MainForm->btnViewLog.Enabled);
+}
+
+TEST_F(LogToolsTest, AClearedLogThatCannotBeMadeAnewIsMissing) {
+  Show(usable);
+  LogTooBig = true;
+  class : public Disk {
+    int Open(const std::string&, int, mode_t) override {
+      errno = ENOSPC;
+      return -1;
+    }
+  } full;
+  host.answers = {Answer::Yes};
+  {
+    const DiskInPlace inPlace(full);
+    MainForm->mnuClearLog.UserClick();
+  }
+  EXPECT_EQ(MainForm->LabelLogName2.Caption(), "Log Not Found");
+  EXPECT_EQ(MainForm->LabelLogLength2.Caption(), "0 Bytes (0KB)");
+  EXPECT_FALSE(MainForm->mnuTools.Enabled || MainForm->btnViewLog.Enabled || LogTooBig);
 }
 
 TEST_F(LogToolsTest, ACorruptLogIsRepairedIntoAUsableOne) {

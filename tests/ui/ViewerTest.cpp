@@ -128,6 +128,54 @@ TEST_F(ViewerTest, FontAndSizeAreKeptOnRequest) {
   EXPECT_EQ(Text().Font(), (Font{"MS Sans Serif", 8, false, false}));
 }
 
+TEST_F(ViewerTest, AWindowTooLargeForTheSettingsCloses) {
+  View(usable);
+  ViewLogSettings.SaveSettings = true;
+  ViewLogForm->Width = 3840 * 15;
+  EXPECT_TRUE(ViewLogForm->Unload());
+  EXPECT_EQ(ViewLogSettings.WinWidth, 32767);
+}
+
+TEST_F(ViewerTest, TheLogStaysShownWhenAnArchiveIsOpened) {
+  View(usable);
+  folder.Put("old.qel", LogOf("02-05-1998", "02-06-1998"));
+  MainForm->OpenArchive(folder.Path("old.qel"));
+  EXPECT_EQ(MainForm->btnViewLog.Caption(), "&Close Modem Log");
+  Text().UserType("new ");
+  host.paths = {std::nullopt};
+  ViewLogForm->mnuSaveArchive.UserClick();
+  EXPECT_EQ(host.dialogs.back().FileName, "05Jan99 - 20Jan99");
+  host.answers = {Answer::Yes};
+  MainForm->btnViewLog.UserClick();
+  EXPECT_EQ(Log(), "new " + usable + "\r\n");
+  EXPECT_EQ(MainForm->mnuViewLog.Caption(), "&View Archive");
+}
+
+TEST_F(ViewerTest, ALogThatBecomesUnusableIsNotOfferedAgain) {
+  View(usable);
+  folder.Put("ModemLog.txt", "no date, Reads : Total: 10\r\n");
+  host.answers = {Answer::Yes};
+  MainForm->mnuOptimize.UserClick();
+  EXPECT_TRUE(MainForm->btnViewLog.Enabled) << "it closes";
+  MainForm->btnViewLog.UserClick();
+  EXPECT_FALSE(MainForm->btnViewLog.Enabled || MainForm->ToolbarMain.Button(6).Enabled);
+}
+
+TEST_F(ViewerTest, ATextFileLeavesTheLogsSettingsAndCommandsAlone) {
+  DefaultLog(usable);
+  MainForm->Show();
+  ViewTextFile = folder.Path("ModemLog.txt");
+  ViewTextFileName = "ModemLog.txt";
+  ViewLogForm->Show();
+  EXPECT_EQ(ViewLogForm->Caption(), "QEL - View Text File (ModemLog.txt)");
+  EXPECT_EQ(Text().Text(), usable);
+  EXPECT_FALSE(MainForm->btnViewLog.Enabled || MainForm->mnuViewLog.Enabled);
+  EXPECT_FALSE(ViewLogForm->mnuRestore.Enabled || ViewLogForm->mnuSaveSettings.Enabled);
+  EXPECT_TRUE(Text().Locked);
+  EXPECT_TRUE(ViewLogForm->Unload());
+  EXPECT_TRUE(MainForm->btnViewLog.Enabled);
+}
+
 TEST_F(ViewerTest, ALargeFileIsRefusedInClearWords) {
   DefaultLog(usable);
   MainForm->Show();
