@@ -1,6 +1,8 @@
 #include "desktop/Look.h"
 
 #include <QApplication>
+#include <QFont>
+#include <QFontInfo>
 #include <QPalette>
 #include <QStyleFactory>
 #include <QToolTip>
@@ -36,9 +38,19 @@ QPalette ClassicGrey() {
   return palette;
 }
 
+// A machine with few fonts may offer one of fixed pitch for everything.
+void AvoidFixedPitch() {
+  QFont font = QApplication::font();
+  if (!QFontInfo(font).fixedPitch()) return;
+  font.setFamily("Arial");  // or what stands for it
+  QApplication::setFont(font);
+}
+
 }  // namespace
 
 void ApplyLook() {
+  AvoidFixedPitch();
+  QFont::insertSubstitution("MS Sans Serif", "Arial");  // the viewer's font by default
   QApplication::setStyle(QStyleFactory::create("windows"));
   const QPalette palette = ClassicGrey();
   QApplication::setPalette(palette);
