@@ -81,17 +81,6 @@ TEST_F(HostOfDesktop, AnErrorThatNobodyDealtWithIsTold) {
   EXPECT_FALSE(ProgramEnded());
 }
 
-TEST_F(HostOfDesktop, AModalWindowEndsWithItsUnloading) {
-  frmDialog dialog;
-  dialog.btnOK.Click = [&dialog] { dialog.Unload(); };
-  Then([&] {
-    EXPECT_EQ(QApplication::activeModalWidget(), &FaceOf(dialog)->Window());
-    FaceOf(dialog)->Window().findChild<QPushButton*>("btnOK")->click();
-  });
-  dialog.ShowModal();
-  EXPECT_FALSE(dialog.IsLoaded());
-}
-
 TEST_F(HostOfDesktop, AYieldRunsTimersButTakesNoInput) {
   int clicks = 0, ticks = 0;
   form.btnOK.Click = [&clicks] { ++clicks; };

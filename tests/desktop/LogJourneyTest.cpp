@@ -8,7 +8,6 @@ namespace {
 
 class LogJourney : public ProgramTest {
  protected:
-  std::string Log() const { return folder.Content("ModemLog.txt"); }
   std::string Days() const {
     return MainForm->LabelLogFirst2.Caption() + " - " + MainForm->LabelLogLast2.Caption();
   }

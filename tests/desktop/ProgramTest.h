@@ -33,8 +33,6 @@ namespace qel {
 class ProgramTest : public WindowTest {
  protected:
   ProgramTest() {
-    setenv("QEL_HOME", folder.Path().c_str(), 1);
-    setenv("WinDir", folder.Path().c_str(), 1);
     ResetClock();
     SetHost(desktop);
     AttachFaces(ProgramWindows());
@@ -46,8 +44,6 @@ class ProgramTest : public WindowTest {
     ResetWindows();
     AttachFace = nullptr;
     ResetEventLoop();
-    unsetenv("QEL_HOME");
-    unsetenv("WinDir");
   }
 
   void Start() {

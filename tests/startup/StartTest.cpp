@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "core/EndProgram.h"
 #include "modemlog/LogMessages.h"
 #include "startup/QELMain.h"
 #include "support/WindowTest.h"
@@ -11,28 +10,13 @@ namespace {
 // The whole program from its entry, its settings and its default log in a folder of their own.
 class StartTest : public WindowTest {
  protected:
-  StartTest() {
-    setenv("QEL_HOME", folder.Path().c_str(), 1);
-    setenv("WinDir", folder.Path().c_str(), 1);
-  }
-  ~StartTest() override {
-    unsetenv("QEL_HOME");
-    unsetenv("WinDir");
-  }
-
   void Start() {
     ResetWindows();
     StartProgram();
   }
-  void End() { EXPECT_THROW(MainForm->mnuExit.UserClick(), ProgramEnd); }
   std::string Stored(const std::string& key, const std::string& name) const {
     return TextOf(QueryValue(SettingsRoot, std::string(SettingsKey) + key, name));
   }
-  void PutSampleLog() {
-    folder.Put("ModemLog.txt", ReadWholeFile(QEL_SOURCE_DIR "/share/samples/ModemLog.txt"));
-  }
-
-  const std::string usable = LogOf("01-05-1999", "01-20-1999");
 };
 
 TEST_F(StartTest, AFirstRunWithoutALogStoresTheDefaultsAndWaitsForAClick) {
@@ -57,17 +41,6 @@ TEST_F(StartTest, AFirstRunWithoutALogStoresTheDefaultsAndWaitsForAClick) {
   AboutForm->Unload();
   MainForm->Activate();
   EXPECT_EQ(host.messages.size(), 1u) << "once a run";
-}
-
-TEST_F(StartTest, WithALogTheMainWindowFollowsAtOnceAndAClickOnTheSplashWouldDoNothing) {
-  folder.Put("ModemLog.txt", usable);
-  Start();
-  EXPECT_TRUE(MainForm->Visible());
-  EXPECT_TRUE(host.messages.empty());
-  EXPECT_EQ(MainForm->LabelLogName2.Caption(), "ModemLog.txt");
-  SplashForm->PauseOnSplash = false;
-  SplashForm->Picture1.UserClick();
-  EXPECT_FALSE(SplashForm.IsLoaded());
 }
 
 TEST_F(StartTest, AnotherActiveLogIsTakenOnlyWhenTheUserSaysYes) {
@@ -97,65 +70,6 @@ TEST_F(StartTest, AnInterruptedRewriteIsUndoneAndTold) {
   ASSERT_EQ(host.messages.size(), 1u);
   EXPECT_EQ(host.messages[0].Title, "Modem Log");
   EXPECT_TRUE(MainForm->btnProcess.Enabled);
-}
-
-TEST_F(StartTest, LeavingTheProgramUnloadsAllWindowsAndKeepsTheSize) {
-  folder.Put("ModemLog.txt", usable);
-  Start();
-  ReportForm->Show();
-  AboutForm->Show();
-  MainForm->Width = 9990;
-  MainForm->Height = 7770;
-  End();
-  EXPECT_TRUE(LoadedForms.empty());
-  Start();
-  EXPECT_EQ(MainForm->Width(), 9990);
-  EXPECT_EQ(MainForm->Height(), 7770);
-  EXPECT_TRUE(MainForm->Unload()) << "the close button";
-  EXPECT_TRUE(LoadedForms.empty());
-}
-
-TEST_F(StartTest, FromAFreshHomeToASavedReportAndBack) {
-  PutSampleLog();
-  Start();
-  frmMain& window = *MainForm;
-  window.inputStarting.UserText("11/01/1998");
-  window.UpDown1.UserUp();
-  window.inputEnding.UserClick();
-  window.Calendar1.UserPick(DateSerial(1998, 11, 30));
-  EXPECT_EQ(window.btnProcess.Caption(), "QELMARK - Report for 29 days");
-  window.btnProcess.UserClick();
-
-  frmReport& report = *ReportForm;
-  ASSERT_TRUE(report.Visible());
-  EXPECT_EQ(report.Caption(), "QEL Report - (ModemLog.txt)");
-  EXPECT_EQ(report.ListView1.Columns().at(1).Text, "Service");
-  report.Toolbar1.UserButtonClick("Detail");
-  const int connections = report.ListView1.RowCount();
-  report.mnuFormatStd.UserClick();
-  EXPECT_NE(report.ReportTextBox.Text().find("QELMARK - Details Report"), std::string::npos);
-  report.mnuSummary.UserClick();
-  EXPECT_NE(report.ReportTextBox.Text().find("QELMARK - Summary Report"), std::string::npos);
-  report.mnuListView.UserClick();
-  EXPECT_LT(report.ListView1.RowCount(), connections);
-  EXPECT_EQ(report.ListView1.Columns().at(6).Text, "* Data Read");
-  report.ListView1.UserColumnClick(7);
-  EXPECT_EQ(report.ListView1.Columns().at(6).Text, "* Blocks");
-  host.paths = {folder.Path("November.txt"), folder.Path("November.txt")};
-  report.mnuSaveAS.UserClick();
-  EXPECT_EQ(host.dialogs.back().FileName, "Summary 02Nov98 - 30Nov98");
-  const std::string saved = folder.Content("November.txt");
-  report.Width = 8880;
-  EXPECT_TRUE(report.Unload());
-  window.mnuOpenReport.UserClick();
-  EXPECT_EQ(ReportForm->ReportTextBox.Text(), saved);
-  End();
-
-  Start();
-  EXPECT_EQ(MainForm->mnuRecent[0].Caption(), "November.txt");
-  MainForm->mnuRecent[0].UserClick();
-  EXPECT_EQ(ReportForm->Caption(), "QEL Report - (November.txt)");
-  EXPECT_EQ(SummaryViewSettings.WinWidth, 8880);
 }
 
 }  // namespace

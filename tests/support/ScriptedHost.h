@@ -45,7 +45,7 @@ class ScriptedHost : public Host, public Display {
   void PlaySoundFile(const std::string& path) override { transcript.push_back("sound: " + path); }
   void Beep() override { transcript.push_back("beep"); }
   void SetMousePointer(MousePointer shape) override { pointer = shape; }
-  void Yield() override { ++yields; }
+  void Yield() override {}
 
   std::optional<std::string> AskOpenFile(const FileDialog& dialog) override {
     return NextPath("open", dialog);
@@ -60,7 +60,7 @@ class ScriptedHost : public Host, public Display {
 
   void SplashText(const std::string& text) override { transcript.push_back("splash: " + text); }
   void StatusText(const std::string& text) override { transcript.push_back("status: " + text); }
-  void Progress(Int16 percent) override { lastProgress = percent; }
+  void Progress(Int16) override {}
   void ShowReport() override { transcript.push_back("report"); }
 
   bool Showed(const std::string& entry) const {
@@ -79,8 +79,6 @@ class ScriptedHost : public Host, public Display {
   std::vector<std::string> transcript;
   std::string clipboard;
   MousePointer pointer = MousePointer::Default;
-  int yields = 0;
-  int lastProgress = -1;
   unsigned background = StandardGrey;
 
  private:

@@ -1,4 +1,5 @@
-// A fixture for the windows as models: a program without windows yet, and a log in a folder of its own.
+// A fixture for the windows as models: a program without windows yet, its settings and its log in a folder of
+// their own.
 #pragma once
 
 #include "support/FreshProgram.h"
@@ -15,8 +16,16 @@ namespace qel {
 
 class WindowTest : public FreshProgram {
  protected:
-  WindowTest() { AppPath = folder.Path(); }
-  ~WindowTest() override { ResetWindows(); }
+  WindowTest() {
+    AppPath = folder.Path();
+    setenv("QEL_HOME", folder.Path().c_str(), 1);
+    setenv("WinDir", folder.Path().c_str(), 1);
+  }
+  ~WindowTest() override {
+    ResetWindows();
+    unsetenv("QEL_HOME");
+    unsetenv("WinDir");
+  }
 
   static void ResetWindows() {
     AboutForm.Reset();
@@ -44,7 +53,15 @@ class WindowTest : public FreshProgram {
     if (!LogCorrupt) GetLogStats(false);
   }
 
+  void Show(const std::string& log) {
+    DefaultLog(log);
+    MainForm->Show();
+  }
+
+  std::string Log() const { return folder.Content("ModemLog.txt"); }
   std::string Status() const { return MainForm->StatusBarMain.Text(); }
+
+  const std::string usable = LogOf("01-05-1999", "01-20-1999");
 };
 
 }  // namespace qel

@@ -22,19 +22,19 @@ TEST_F(AboutTest, ALinkIsBoldWhileTheMouseIsOverItAndOpensItsAddress) {
 }
 
 TEST_F(AboutTest, TheSystemInformationToolIsTheStoredOneOrAMessage) {
-  const auto store = [this](const char* key, const char* name) {
+  const auto store = [this](const char* path) {
+    const std::string key = "SOFTWARE\\Microsoft\\Shared Tools Location";
     CreatNewKey(key, SettingsRoot);
-    SetKeyValue(SettingsRoot, key, name, folder.Path("tools"), REG_SZ);
+    SetKeyValue(SettingsRoot, key, "MSINFO", folder.Path(path), REG_SZ);
   };
-  store("SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO");
+  store("tools");
   std::filesystem::create_directory(folder.Path("tools"));
   folder.Put("tools/MSINFO32.EXE", "");
   AboutForm->Show();
   AboutForm->cmdSysInfo.UserClick();
   EXPECT_EQ(host.transcript.back(), "program: " + folder.Path("tools") + "/MSINFO32.EXE");
   folder.Put("info", "");
-  SetKeyValue(SettingsRoot, "SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO", folder.Path("info"),
-              REG_SZ);
+  store("info");
   AboutForm->cmdSysInfo.UserClick();
   EXPECT_EQ(host.transcript.back(), "program: " + folder.Path("info"));
 }

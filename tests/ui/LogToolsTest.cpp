@@ -4,8 +4,6 @@
 #include "core/Version.h"
 #include "platform/Disk.h"
 #include "support/WindowTest.h"
-#include "ui/frmFileRepair.h"
-#include "ui/frmPurge.h"
 
 namespace qel {
 namespace {
@@ -13,14 +11,10 @@ namespace {
 class LogToolsTest : public WindowTest {
  protected:
   void Show(const std::string& log) {
-    DefaultLog(log);
-    MainForm->Show();
+    WindowTest::Show(log);
     host.messages.clear();
     host.transcript.clear();
   }
-  std::string Log() const { return folder.Content("ModemLog.txt"); }
-
-  const std::string usable = LogOf("01-05-1999", "01-20-1999");
 };
 
 TEST_F(LogToolsTest, ThePurgeWindowHoldsItsDatesInsideTheLog) {
@@ -90,16 +84,17 @@ TEST_F(LogToolsTest, OptimizingIsOfferedOnceAtTheStartAndByCommand) {
   EXPECT_EQ(MainForm->LabelLogEntries2.Caption(), "0");
 }
 
-TEST_F(LogToolsTest, ClearingLeavesALogOfOneEntry) {
-  Show(usable);
+TEST_F(LogToolsTest, ClearingLeavesAUsableLogOfOneEntry) {
+  const std::string corrupt = "01-05-1999 \x01\r\n";
+  Show(corrupt);
   host.answers = {Answer::No, Answer::Yes};
   MainForm->mnuClearLog.UserClick();
-  EXPECT_EQ(Log(), usable);
+  EXPECT_EQ(Log(), corrupt);
   EXPECT_EQ(host.messages.at(0).DefaultButton, 2);
-  MainForm->ToolbarMain.UserButtonClick("Clear Modem Log");
+  MainForm->mnuClearLog.UserClick();
   EXPECT_EQ(Log(), "01-15-1999 12:00:00.00 - New modem log file created by QEL (Qelmark) v1.0\r\n");
-  EXPECT_EQ(host.messages.back().Text,
-            "Current modem log has been deleted.\nNew blank modem log has been created!");
+  EXPECT_FALSE(LogCorrupt);
+  EXPECT_TRUE(MainForm->btnProcess.Enabled && MainForm->btnViewLog.Enabled);
   EXPECT_EQ(MainForm->inputEnding.Text(), "01/15/1999");
 }
 
@@ -111,14 +106,6 @@ TEST_F(LogToolsTest, ClearingALogBehindALinkKeepsTheLink) {
   MainForm->mnuClearLog.UserClick();
   EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("ModemLog.txt")));
   EXPECT_EQ(folder.Content("real.txt").substr(0, 10), "01-15-1999");
-}
-
-TEST_F(LogToolsTest, ClearingMakesACorruptLogUsable) {
-  Show("01-05-1999 \x01\r\n");
-  host.answers = {Answer::Yes};
-  MainForm->mnuClearLog.UserClick();
-  EXPECT_FALSE(LogCorrupt);
-  EXPECT_TRUE(MainForm->btnProcess.Enabled && MainForm->btnViewLog.Enabled);
 }
 
 TEST_F(LogToolsTest, AClearedLogThatCannotBeMadeAnewIsMissing) {
@@ -138,20 +125,6 @@ TEST_F(LogToolsTest, AClearedLogThatCannotBeMadeAnewIsMissing) {
   EXPECT_EQ(MainForm->LabelLogName2.Caption(), "Log Not Found");
   EXPECT_EQ(MainForm->LabelLogLength2.Caption(), "0 Bytes (0KB)");
   EXPECT_FALSE(MainForm->mnuTools.Enabled || MainForm->btnViewLog.Enabled || LogTooBig);
-}
-
-TEST_F(LogToolsTest, ACorruptLogIsRepairedIntoAUsableOne) {
-  Show("01-05-1999 10:00:00.00 - \x01 good\r\n01-20-1999 10:00:00.00 - b\r\n");
-  EXPECT_TRUE(LogCorrupt);
-  host.actions = {[] {
-    EXPECT_EQ(FileRepairForm->lblFileRepair.Caption(), "Modem File Successfully Repaired!");
-    EXPECT_EQ(FileRepairForm->ProgressBar.Value(), 100);
-    FileRepairForm->btnOK.UserClick();
-  }};
-  MainForm->ToolbarMain.UserButtonClick("Repair Modem Log");
-  EXPECT_FALSE(LogCorrupt);
-  EXPECT_TRUE(MainForm->btnProcess.Enabled);
-  EXPECT_EQ(MainForm->LabelLogLast2.Caption(), "1/20/1999");
 }
 
 TEST_F(LogToolsTest, ARepairThatFailsEndsTheProgramAndLeavesTheLog) {

@@ -10,32 +10,21 @@ namespace {
 class ViewerTest : public WindowTest {
  protected:
   void View(const std::string& log) {
-    DefaultLog(log);
-    MainForm->Show();
+    Show(log);
     MainForm->btnViewLog.UserClick();
     host.messages.clear();
   }
   RichTextBox& Text() { return ViewLogForm->TextViewLog; }
-  std::string Log() const { return folder.Content("ModemLog.txt"); }
-
-  const std::string usable = LogOf("01-05-1999", "01-20-1999");
 };
 
 TEST_F(ViewerTest, TheLogIsShownAndTheMainWindowsCommandClosesIt) {
   View(usable);
   EXPECT_EQ(Text().Text(), usable);
   EXPECT_EQ(ViewLogForm->Caption(), "QEL - View Modem Log");
-  EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(0), "MS Sans Serif 8");
-  EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(1), "Edit Allowed");
   EXPECT_EQ(MainForm->mnuViewLog.Caption(), "&Close Modem Log");
   MainForm->btnViewLog.UserClick();
   EXPECT_FALSE(ViewLogForm.IsLoaded());
   EXPECT_EQ(MainForm->btnViewLog.Caption(), "&View Modem Log");
-  folder.Put("old.qel", usable);
-  MainForm->OpenArchive(folder.Path("old.qel"));
-  MainForm->mnuViewLog.UserClick();
-  EXPECT_EQ(ViewLogForm->Caption(), "QEL - View Archive (old.qel)");
-  EXPECT_EQ(MainForm->btnViewLog.Caption(), "&Close Archive");
   EXPECT_TRUE(host.messages.empty()) << "nothing was changed";
 }
 
@@ -93,18 +82,6 @@ TEST_F(ViewerTest, TextGoesOverTheClipboard) {
   ViewLogForm->mnuBottom.UserClick();
   ViewLogForm->mnuPaste.UserClick();
   EXPECT_EQ(Text().Text(), usable.substr(3) + "01-");
-  ViewLogForm->mnuSelectAll.UserClick();
-  EXPECT_EQ(Text().SelText(), Text().Text());
-}
-
-TEST_F(ViewerTest, AnArchiveHoldsTheTextAsItStands) {
-  View(usable);
-  Text().UserType("new ");
-  host.paths = {std::nullopt, folder.Path("a.qel"), folder.Path("no/such/folder")};
-  for (int i = 0; i < 3; ++i) ViewLogForm->mnuSaveArchive.UserClick();
-  EXPECT_EQ(host.dialogs.back().FileName, "05Jan99 - 20Jan99");
-  EXPECT_EQ(folder.Content("a.qel"), "new " + usable + "\r\n");
-  EXPECT_TRUE(host.messages.empty());
 }
 
 TEST_F(ViewerTest, FontAndSizeAreKeptOnRequest) {
@@ -142,9 +119,10 @@ TEST_F(ViewerTest, TheLogStaysShownWhenAnArchiveIsOpened) {
   MainForm->OpenArchive(folder.Path("old.qel"));
   EXPECT_EQ(MainForm->btnViewLog.Caption(), "&Close Modem Log");
   Text().UserType("new ");
-  host.paths = {std::nullopt};
-  ViewLogForm->mnuSaveArchive.UserClick();
+  host.paths = {std::nullopt, folder.Path("no/such/folder")};
+  for (int i = 0; i < 2; ++i) ViewLogForm->mnuSaveArchive.UserClick();
   EXPECT_EQ(host.dialogs.back().FileName, "05Jan99 - 20Jan99");
+  EXPECT_TRUE(host.messages.empty());
   host.answers = {Answer::Yes};
   MainForm->btnViewLog.UserClick();
   EXPECT_EQ(Log(), "new " + usable + "\r\n");
@@ -162,8 +140,7 @@ TEST_F(ViewerTest, ALogThatBecomesUnusableIsNotOfferedAgain) {
 }
 
 TEST_F(ViewerTest, ATextFileLeavesTheLogsSettingsAndCommandsAlone) {
-  DefaultLog(usable);
-  MainForm->Show();
+  Show(usable);
   ViewTextFile = folder.Path("ModemLog.txt");
   ViewTextFileName = "ModemLog.txt";
   ViewLogForm->Show();
@@ -177,8 +154,7 @@ TEST_F(ViewerTest, ATextFileLeavesTheLogsSettingsAndCommandsAlone) {
 }
 
 TEST_F(ViewerTest, ALargeFileIsRefusedInClearWords) {
-  DefaultLog(usable);
-  MainForm->Show();
+  Show(usable);
   folder.Put("large.qel", usable);
   std::filesystem::resize_file(folder.Path("large.qel"), 40 << 20);
   SetCurrentLog(folder.Path("large.qel"));
