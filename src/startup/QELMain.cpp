@@ -16,6 +16,7 @@
 #include "platform/Host.h"
 #include "platform/RegistryStore.h"
 #include "settings/Settings.h"
+#include "ui/frmFind.h"
 #include "ui/frmSplash.h"
 
 namespace qel {
@@ -116,6 +117,7 @@ void ExamineLog() {
 
 void StartProgram() {
   ResetProgram();
+  ResetFind();
   Attempt([] { Registry.Open(SettingsStorePath(), RegistryStore::Access::Shared); });
   SplashForm->Main = Main;
   SplashForm->Show();

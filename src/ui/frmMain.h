@@ -96,8 +96,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   Timer TimerAnim{*this, "TimerAnim", 100};
   Timer Timer1{*this, "Timer1", 5000};
 
-  // Whether the tip of the day has been offered, and whether a timed message stands in the status bar.
-  bool TipShown = false;
+  // Whether a timed message stands in the status bar.
   bool StatusHold = false;
 
   // Whether the automatic optimizing has been offered.
