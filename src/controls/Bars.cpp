@@ -6,8 +6,8 @@
 
 namespace qel {
 
-Toolbar::Toolbar(Form& form, std::string name, std::initializer_list<const char*> keys)
-    : Control(form, std::move(name)) {
+Toolbar::Toolbar(Surface surface, std::string name, std::initializer_list<const char*> keys)
+    : Control(surface, std::move(name)) {
   for (const char* key : keys) buttons.emplace_back([this] { ShowChange(); }, key);
 }
 
@@ -55,6 +55,10 @@ void TabStrip::SelectTab(int tab) {
   selected = tab;
   ShowChange();
   Click();
+}
+
+void TabStrip::SelectNextTab() {
+  if (!tabs.empty()) SelectTab(selected % static_cast<int>(tabs.size()) + 1);
 }
 
 void TabStrip::UserSelectTab(int tab) {

@@ -25,7 +25,7 @@ class ToolButton {
 class Toolbar : public Control {
  public:
   // The keys by position; an empty one is a separator.
-  Toolbar(Form& form, std::string name, std::initializer_list<const char*> keys);
+  Toolbar(Surface surface, std::string name, std::initializer_list<const char*> keys);
 
   Property<bool> Flat{Shown()};  // buttons without edges
   std::deque<ToolButton>& Buttons() { return buttons; }
@@ -83,6 +83,7 @@ class TabStrip : public Control {
   void SetTabs(std::vector<Tab> wanted);
   int SelectedTab() const { return selected; }
   void SelectTab(int tab);  // raises 9 for a tab that is none
+  void SelectNextTab();     // after the last comes the first
   void UserSelectTab(int tab);
 
  private:

@@ -84,7 +84,9 @@ class Picture : public Control {
 // Ticks every Interval milliseconds while it is enabled. The face keeps the time; a test calls Tick.
 class Timer : public Control {
  public:
-  Timer(Form& form, std::string name, int interval) : Control(form, std::move(name)) { Interval = interval; }
+  Timer(Surface surface, std::string name, int interval) : Control(surface, std::move(name)) {
+    Interval = interval;
+  }
   Property<int> Interval{Shown()};
   Event<> Elapsed;
 

@@ -6,7 +6,10 @@
 
 namespace qel {
 
-Control::Control(Form& form, std::string name, int index) : form(form), name(std::move(name)), index(index) {
+Surface::Surface(Control& frame) : Owner(frame.Parent()), Frame(&frame) {}
+
+Control::Control(Surface surface, std::string name, int index)
+    : form(surface.Owner), frame(surface.Frame), name(std::move(name)), index(index) {
   form.Join(*this);
 }
 
@@ -18,9 +21,9 @@ bool Control::HasFocus() const { return form.ActiveControl() == this; }
 
 void Control::UserClick() {
   if (!Usable()) return;
-  SetFocus();
+  if (ClickMovesFocus) SetFocus();
   // A field that holds the focus keeps the click from happening elsewhere.
-  if (CanHaveFocus() && !HasFocus()) return;
+  if (ClickMovesFocus && CanHaveFocus() && !HasFocus()) return;
   TakeClick();
   Click();
 }

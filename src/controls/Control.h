@@ -13,9 +13,10 @@
 namespace qel {
 
 class Form;
+class Control;
 
 // Colours by what they mean on the user's screen.
-enum class SystemColour { Default, WindowText, WindowBackground, MenuBackground, GreyText, Warning };
+enum class SystemColour { Default, WindowText, WindowBackground, MenuBackground, GreyText, Warning, Refused };
 
 // Keys that handlers ask for by name; any other key comes as the character it types.
 enum class Key { Other, Enter, Escape, Up, Down, PageUp, PageDown, Home, End, F1, F3, Delete };
@@ -27,12 +28,21 @@ struct KeyPress {
   bool Handled = false;  // set by a handler that wants the key to do nothing more
 };
 
+// Where a control stands: on its form, or in a frame of it.
+struct Surface {
+  Surface(Form& form) : Owner(form) {}
+  Surface(Control& frame);
+  Form& Owner;
+  Control* Frame = nullptr;
+};
+
 class Control {
  public:
   static constexpr int NoIndex = -1;
 
-  // Joins the form under `name`, which must outlive the control; `index` is its place in a control array.
-  Control(Form& form, std::string name, int index = NoIndex);
+  // Joins the form under `name`. Form and frame must outlive the control; `index` is its place in a control
+  // array.
+  Control(Surface surface, std::string name, int index = NoIndex);
   virtual ~Control();
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
@@ -47,7 +57,13 @@ class Control {
   Property<int> Left{Shown()}, Top{Shown()}, Width{Shown()}, Height{Shown()};
   Property<SystemColour> BackColor{Shown()}, ForeColor{Shown()};
   Property<qel::Font> Font{Shown()};
+  // Why it does not take what the user gave it; empty when it does. A face marks the control and shows the
+  // reason in place of the tool tip.
+  Property<std::string> Refusal{Shown()};
   int HelpContextID = 0;
+  // Whether a click brings the focus along. A field that keeps the focus keeps such clicks from happening;
+  // Cancel buttons are to work all the same.
+  bool ClickMovesFocus = true;
 
   Event<> Click, DblClick, GotFocus, LostFocus;
   Event<KeyPress&> KeyDown;
@@ -56,7 +72,10 @@ class Control {
   // Gives the control the focus of its form, if it can have it.
   void SetFocus();
   bool HasFocus() const;
-  bool CanHaveFocus() const { return TakesFocus() && Visible && Enabled; }
+  bool CanHaveFocus() const { return TakesFocus() && Usable(); }
+  // What stands in a frame is hidden and disabled with it.
+  bool IsShown() const { return Visible && (!frame || frame->IsShown()); }
+  bool Usable() const { return Visible && Enabled && (!frame || frame->Usable()); }
 
   // What the user does with the mouse and the keyboard; nothing happens to a control that is hidden or
   // disabled.
@@ -71,7 +90,6 @@ class Control {
   virtual bool TakesFocus() const { return true; }
   // What a click does to the control itself, before its event.
   virtual void TakeClick() {}
-  bool Usable() const { return Visible && Enabled; }
   void ShowChange() const {
     if (ViewChanged) ViewChanged();
   }
@@ -90,6 +108,7 @@ class Control {
  private:
   friend class Form;  // which shows that the focus has moved
   Form& form;
+  Control* frame;  // nullptr for what stands on the form itself
   std::string name;
   int index;
 };

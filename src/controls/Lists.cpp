@@ -63,6 +63,7 @@ void ComboBox::SetText(const std::string& wanted) {
   if (wanted == text) return;
   ListBox::Choose(IndexOf(wanted));
   text = wanted;
+  TextSelected = false;
   ShowChange();
   Change();
 }

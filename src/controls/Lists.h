@@ -45,13 +45,15 @@ class ComboBox : public ListBox {
  public:
   enum class Kind { PickOnly, Editable };
 
-  ComboBox(Form& form, std::string name, Kind kind) : ListBox(form, std::move(name)), kind(kind) {}
+  ComboBox(Surface surface, std::string name, Kind kind) : ListBox(surface, std::move(name)), kind(kind) {}
 
   bool IsPickOnly() const { return kind == Kind::PickOnly; }
   const std::string& Text() const { return text; }
   // Raises 5 for a text that a pick-only list does not hold; an empty one chooses nothing.
   void SetText(const std::string& wanted);
   void Clear() override;
+  // Whether the text of an editable list is selected, so that typing replaces it; until the text changes.
+  Property<bool> TextSelected{Shown()};
 
   // The user typed into an editable field.
   Event<> Change;

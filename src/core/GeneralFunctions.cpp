@@ -82,7 +82,7 @@ std::string FormatTime(float seconds, bool noHours) {
 }
 
 std::string Format_Dplaces(const std::string& text, Int16 places) {
-  if (!IsNumber(text)) return text;
+  if (!IsNumber(text)) return "";
   return FormatNumber(TextToNumber(text), AmountMask(CurrencyDigits, places));
 }
 

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QStackedWidget>
 #include <QTimer>
 #include <QVariant>
 
@@ -38,6 +39,7 @@ class ButtonFace : public ControlFace {
   void Pull() override {
     ControlFace::Pull();
     if (model.Caption().empty()) model.Caption = FromQt(button.text());
+    if (!model.ClickMovesFocus) button.setFocusPolicy(Qt::TabFocus);
   }
   void Push() override {
     ControlFace::Push();
@@ -97,19 +99,26 @@ class MenuFace : public ControlFace {
 class FrameFace : public ClickableFace {
  public:
   FrameFace(FormFace& form, Frame& model, QWidget& frame)
-      : ClickableFace(form, model, &frame), model(model), box(qobject_cast<QGroupBox*>(&frame)) {}
+      : ClickableFace(form, model, &frame),
+        model(model),
+        box(qobject_cast<QGroupBox*>(&frame)),
+        stack(qobject_cast<QStackedWidget*>(frame.parentWidget())) {}
 
  private:
   void Pull() override {
     ControlFace::Pull();
     if (box && model.Caption().empty()) model.Caption = FromQt(box->title());
   }
+  // A page of a stack is shown by bringing it to the front; the others go with that.
   void Push() override {
+    if (stack && !model.Visible) return;
+    if (stack) stack->setCurrentWidget(Widget());
     ControlFace::Push();
     if (box) box->setTitle(ToQt(model.Caption()));
   }
   Frame& model;
   QGroupBox* box;
+  QStackedWidget* stack;  // null for a frame that is no page of one
 };
 
 class PictureFace : public ClickableFace {

@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QToolTip>
 #include <algorithm>
 #include <utility>
 
@@ -54,14 +55,24 @@ void ControlFace::Push() {
   const QSignalBlocker silent(widget);
   if (widget->isHidden() == control.Visible()) widget->setVisible(control.Visible);
   if (widget->isEnabledTo(widget->parentWidget()) != control.Enabled()) widget->setEnabled(control.Enabled);
-  if (const QString tip = PlainToolTip(ToQt(control.ToolTipText())); widget->toolTip() != tip)
-    widget->setToolTip(tip);
+  PushToolTip();
   if (!(control.Font() == shownFont)) {
     shownFont = control.Font;
     widget->setFont(ToQt(shownFont, designFont));
   }
   PushPlace();
   PushColours();
+}
+
+// A reason not to take what the user gave stands in place of the tool tip, and comes up at once.
+void ControlFace::PushToolTip() {
+  const bool refuses = !control.Refusal().empty();
+  const QString tip = PlainToolTip(ToQt(refuses ? control.Refusal() : control.ToolTipText()));
+  if (widget->toolTip() == tip) return;
+  widget->setToolTip(tip);
+  if (std::exchange(showsReason, refuses) && !refuses) QToolTip::hideText();
+  if (refuses && widget->isVisible())
+    QToolTip::showText(widget->mapToGlobal(QPoint(0, widget->height())), tip, widget);
 }
 
 void ControlFace::PullPlace() {
@@ -80,9 +91,10 @@ void ControlFace::PushPlace() {
 }
 
 void ControlFace::PushColours() {
-  if (shownFore == control.ForeColor() && shownBack == control.BackColor()) return;
+  const SystemColour back = control.Refusal().empty() ? control.BackColor() : SystemColour::Refused;
+  if (shownFore == control.ForeColor() && shownBack == back) return;
   shownFore = control.ForeColor;
-  shownBack = control.BackColor;
+  shownBack = back;
   auto* const area = qobject_cast<QAbstractScrollArea*>(widget);
   QWidget* const surface = area ? area->viewport() : widget;
   QPalette palette;

@@ -48,12 +48,14 @@ class ControlFace : public QObject {
  private:
   void PullPlace();
   void PushPlace();
+  void PushToolTip();
   void PushColours();
 
   Control& control;
   QWidget* widget;
   QFont designFont;
   Font shownFont;
+  bool showsReason = false;
   SystemColour shownFore = SystemColour::Default, shownBack = SystemColour::Default;
 };
 

@@ -96,7 +96,7 @@ bool FormFace::FilterWidget(QWidget& widget, QEvent& event) {
 // both.
 bool FormFace::TakePress(QWidget& widget) {
   Control* const pressed = ControlOf(&widget);
-  if (!pressed || !pressed->CanHaveFocus()) return false;
+  if (!pressed || !pressed->ClickMovesFocus || !pressed->CanHaveFocus()) return false;
   const bool wasRefused = std::exchange(refusedFocus, nullptr) == pressed;
   if (!wasRefused) Tell([pressed] { pressed->SetFocus(); });
   if (!form) return true;

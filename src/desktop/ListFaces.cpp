@@ -80,6 +80,7 @@ class ComboFace : public ControlFace {
     if (list.currentIndex() != model.ListIndex()) list.setCurrentIndex(model.ListIndex());
     const QString text = ToQt(model.Text());
     if (list.isEditable() && list.currentText() != text) list.setEditText(text);
+    if (model.TextSelected && !list.lineEdit()->hasSelectedText()) list.lineEdit()->selectAll();
   }
   ComboBox& model;
   QComboBox& list;

@@ -1,5 +1,7 @@
 #include "desktop/ListRows.h"
 
+#include <QIcon>
+
 #include "desktop/QtValues.h"
 
 namespace qel {
@@ -17,6 +19,7 @@ int ListRows::columnCount(const QModelIndex& parent) const { return parent.isVal
 
 QVariant ListRows::data(const QModelIndex& index, int role) const {
   if (role == Qt::TextAlignmentRole) return AlignmentOf(index.column());
+  if (role == Qt::DecorationRole) return IconOf(index);
   if (role != Qt::DisplayRole || index.row() >= list.RowCount()) return {};
   return ToQt(list.Cell(index.row() + 1, index.column() + 1));
 }
@@ -26,6 +29,12 @@ QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role
   if (role == Qt::TextAlignmentRole) return AlignmentOf(section);
   if (role == Qt::DisplayRole) return ToQt(list.Columns()[static_cast<std::size_t>(section)].Text);
   return {};
+}
+
+QVariant ListRows::IconOf(const QModelIndex& index) const {
+  if (index.column() > 0 || index.row() >= list.RowCount()) return {};
+  const int icon = list.Row(index.row() + 1).SmallIcon;
+  return icon == 0 ? QVariant() : QIcon(QStringLiteral(":/icons/small%1.svg").arg(icon));
 }
 
 QVariant ListRows::AlignmentOf(int column) const {

@@ -22,6 +22,7 @@ class ListRows : public QAbstractTableModel {
 
  private:
   QVariant AlignmentOf(int column) const;
+  QVariant IconOf(const QModelIndex& index) const;
 
   const ListView& list;
   int rows = 0, columns = 0;  // as the view knows them

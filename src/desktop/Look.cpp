@@ -68,6 +68,8 @@ QColor ColourOf(SystemColour role) {
       return palette.color(QPalette::Disabled, QPalette::WindowText);
     case SystemColour::Warning:
       return QColor(0xFF0000);
+    case SystemColour::Refused:
+      return QColor(0xFFC8C8);
     case SystemColour::Default:
     case SystemColour::WindowText:
       break;

@@ -13,6 +13,7 @@ TEST_F(Formats, NumbersAndAmountsFollowTheRegion) {
   NumberDecimal = ",", NumberThousand = ".", CurrencyDigits = 0;
   EXPECT_EQ(FormatCurrency(1234.5, "DM", 0, 1, 0, 2), "1.234,5 DM");
   EXPECT_EQ(Format_Dplaces("5,25", 4), "5,25");
+  EXPECT_EQ(Format_Dplaces("5 Mark", 4), "");
   EXPECT_EQ(XVal("1.234,5 k"), 1234.5);
   EXPECT_EQ(XVal("1,5.3"), 1) << "a decimal symbol before the thousands is none";
 }

@@ -9,7 +9,10 @@
 #include "ui/frmMain.h"
 #include "ui/frmPurge.h"
 #include "ui/frmReport.h"
+#include "ui/frmService.h"
+#include "ui/frmSetup.h"
 #include "ui/frmSplash.h"
+#include "ui/frmTariff.h"
 #include "ui/frmViewLog.h"
 
 namespace qel {
@@ -28,6 +31,9 @@ class WindowTest : public FreshProgram {
   }
 
   static void ResetWindows() {
+    TariffForm.Reset();
+    ServiceForm.Reset();
+    SetupForm.Reset();
     AboutForm.Reset();
     FileRepairForm.Reset();
     PurgeForm.Reset();

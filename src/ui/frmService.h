@@ -1,0 +1,118 @@
+// The service editor: how a service is recognised, what dialling it and being on line with it costs, and
+// which warning it raises. The record is written on OK alone.
+#pragma once
+
+#include <array>
+
+#include "controls/Bars.h"
+#include "controls/Buttons.h"
+#include "controls/Form.h"
+#include "controls/ListView.h"
+#include "controls/Lists.h"
+#include "controls/TextControls.h"
+#include "settings/ServiceRecords.h"
+#include "ui/FieldRule.h"
+
+namespace qel {
+
+extern bool NewService;            // the window is opened for a service that does not exist yet
+extern bool ServiceEditCancelled;  // how it was closed
+
+// The tariffs of the service being edited.
+extern BoundedArray<TariffRecord> TariffCopy;  // 0 to 9, the first TariffCopyCount in use
+extern Int16 TariffCopyCount;
+extern bool NewTariff;  // the tariff editor is opened for a new tariff; still set when it was confirmed
+
+class frmService : public Form {
+ public:
+  frmService();
+
+  TabStrip TabStrip1{*this, "TabStrip1"};
+  std::array<Frame, 4> fraService{{{*this, "fraService", 0},
+                                   {*this, "fraService", 1},
+                                   {*this, "fraService", 2},
+                                   {*this, "fraService", 3}}};
+
+  // Service Details
+  TextBox txtDescription{fraService[0], "txtDescription"};
+  TextBox txtNumber{fraService[0], "txtNumber"};
+  TextBox txtAltNumber{fraService[0], "txtAltNumber"};
+  Picture imgService{fraService[0], "imgService"};
+  std::array<Label, 2> lblNotice{{{fraService[0], "lblNotice", 0}, {fraService[0], "lblNotice", 1}}};
+
+  // Dial-up Cost
+  std::array<OptionButton, 2> optDialCost{
+      {{fraService[1], "optDialCost", 0}, {fraService[1], "optDialCost", 1}}};
+  Frame fraFixedTariff{fraService[1], "fraFixedTariff"};
+  Label lblDialFixedTariff1{fraFixedTariff, "lblDialFixedTariff1"};
+  TextBox txtDialFixedTariff{fraFixedTariff, "txtDialFixedTariff"};
+  Label lblDialFixedTariff2{fraFixedTariff, "lblDialFixedTariff2"};
+  Frame fraTimeTariff{fraService[1], "fraTimeTariff"};
+  ListView lstDialTimeTariff{fraTimeTariff, "lstDialTimeTariff"};
+  Button btnDialTimeTariffNew{fraTimeTariff, "btnDialTimeTariffNew"};
+  Button btnDialTimeTariffEdit{fraTimeTariff, "btnDialTimeTariffEdit"};
+  Button btnDialTimeTariffDelete{fraTimeTariff, "btnDialTimeTariffDelete"};
+  Label lblDialTimeTariff9{fraTimeTariff, "lblDialTimeTariff9"};
+
+  // Service Cost
+  std::array<OptionButton, 2> optServiceCost{
+      {{fraService[2], "optServiceCost", 0}, {fraService[2], "optServiceCost", 1}}};
+  Frame fraFlatRate{fraService[2], "fraFlatRate"};
+  Label lblServiceFixed1{fraFlatRate, "lblServiceFixed1"};
+  TextBox txtServiceFixedRate{fraFlatRate, "txtServiceFixedRate"};
+  Label lblServiceFixed2{fraFlatRate, "lblServiceFixed2"};
+  Frame fraFlexiRate{fraService[2], "fraFlexiRate"};
+  Label lblServiceFlex1{fraFlexiRate, "lblServiceFlex1"};
+  TextBox txtServiceFlexRate{fraFlexiRate, "txtServiceFlexRate"};
+  Label lblServiceFlex2{fraFlexiRate, "lblServiceFlex2"};
+  TextBox txtServiceFlexHours{fraFlexiRate, "txtServiceFlexHours"};
+  Label lblServiceFlex3{fraFlexiRate, "lblServiceFlex3"};
+  ComboBox lstServiceFlexPeriod{fraFlexiRate, "lstServiceFlexPeriod", ComboBox::Kind::PickOnly};
+  Label lblServiceFlex4{fraFlexiRate, "lblServiceFlex4"};
+  TextBox txtServiceFlexRate2{fraFlexiRate, "txtServiceFlexRate2"};
+  Label lblServiceFlex5{fraFlexiRate, "lblServiceFlex5"};
+  Frame fraPerMeg{fraService[2], "fraPerMeg"};
+  TextBox txtPerMeg{fraPerMeg, "txtPerMeg"};
+  TextBox txtAfterMeg{fraPerMeg, "txtAfterMeg"};
+  ComboBox lstMegPeriod{fraPerMeg, "lstMegPeriod", ComboBox::Kind::PickOnly};
+  Frame fraBlock{fraService[2], "fraBlock"};
+  TextBox txtServiceBlock{fraBlock, "txtServiceBlock"};
+  Frame fraFreePeriod{fraService[2], "fraFreePeriod"};
+  CheckBox chkFreePeriod{fraFreePeriod, "chkFreePeriod"};
+  ComboBox lstFreePeriodStart{fraFreePeriod, "lstFreePeriodStart", ComboBox::Kind::PickOnly};
+  Label lblFreePeriod2{fraFreePeriod, "lblFreePeriod2"};
+  ComboBox lstFreePeriodEnd{fraFreePeriod, "lstFreePeriodEnd", ComboBox::Kind::PickOnly};
+  Frame fraMaxCharge{fraService[2], "fraMaxCharge"};
+  TextBox txtMaxCharge{fraMaxCharge, "txtMaxCharge"};
+
+  // Warnings
+  CheckBox chkWarnings{fraService[3], "chkWarnings"};
+  std::array<OptionButton, 4> optWarning{{{fraService[3], "optWarning", 0},
+                                          {fraService[3], "optWarning", 1},
+                                          {fraService[3], "optWarning", 2},
+                                          {fraService[3], "optWarning", 3}}};
+  TextBox txtWarningHours{fraService[3], "txtWarningHours"};
+  Label lblWarnHours{fraService[3], "lblWarnHours"};
+  TextBox txtWarningMinutes{fraService[3], "txtWarningMinutes"};
+  Label lblWarnMinutes{fraService[3], "lblWarnMinutes"};
+  std::array<Label, 2> lblCurrencySymbol{
+      {{fraService[3], "lblCurrencySymbol", 0}, {fraService[3], "lblCurrencySymbol", 1}}};
+  TextBox txtWarndialupCost{fraService[3], "txtWarndialupCost"};
+  TextBox txtWarnServiceCost{fraService[3], "txtWarnServiceCost"};
+  TextBox txtWarnData{fraService[3], "txtWarnData"};
+  Label lblKB{fraService[3], "lblKB"};
+  CheckBox chkWarnDisplay{fraService[3], "chkWarnDisplay"};
+  CheckBox chkWarnSound{fraService[3], "chkWarnSound"};
+  TextBox txtWarningSound{fraService[3], "txtWarningSound"};
+  Button btnWarnBrowse{fraService[3], "btnWarnBrowse"};
+  Button btnWarnPlay{fraService[3], "btnWarnPlay"};
+  Label lblWarnNotes{fraService[3], "lblWarnNotes"};
+
+  Label lblOKNotice{*this, "lblOKNotice"};  // why the service cannot be confirmed yet
+  Button btnOK{*this, "btnOK"};
+  Button btnCancel{*this, "btnCancel"};
+};
+
+extern TheForm<frmService> ServiceForm;
+
+}  // namespace qel

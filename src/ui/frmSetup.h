@@ -1,0 +1,122 @@
+// The options window: every setting of the program, the services and the holidays. Its fields change the
+// settings as they are left; closing it without saving puts the settings back that it found.
+#pragma once
+
+#include <array>
+
+#include "controls/Bars.h"
+#include "controls/Buttons.h"
+#include "controls/Form.h"
+#include "controls/ListView.h"
+#include "controls/Lists.h"
+#include "controls/Pickers.h"
+#include "controls/TextControls.h"
+#include "settings/Settings.h"
+#include "ui/FieldRule.h"
+
+namespace qel {
+
+// Notices to the main window: options were changed that it shows or starts with; the default log is another.
+extern bool OptionsChanged;
+extern bool LogPathChanged;
+
+class frmSetup : public Form {
+ public:
+  frmSetup();
+
+  TabStrip TabStrip1{*this, "TabStrip1"};
+  std::array<Frame, 8> Settings{{{*this, "Settings", 0},
+                                 {*this, "Settings", 1},
+                                 {*this, "Settings", 2},
+                                 {*this, "Settings", 3},
+                                 {*this, "Settings", 4},
+                                 {*this, "Settings", 5},
+                                 {*this, "Settings", 6},
+                                 {*this, "Settings", 7}}};
+  Frame fralblServices{*this, "fralblServices"};
+  Label lblServices{fralblServices, "lblServices"};
+
+  // General
+  TextBox txtLogName{Settings[0], "txtLogName"};
+  Button cmdBrowse{Settings[0], "cmdBrowse"};
+  TextBox txtMaxServices{Settings[0], "txtMaxServices"};
+  TextBox txtMaxConnections{Settings[0], "txtMaxConnections"};
+  TextBox txtMaxConnectDays{Settings[0], "txtMaxConnectDays"};
+  TextBox txtMaxLogSize{Settings[0], "txtMaxLogSize"};
+  CheckBox optEditLog{Settings[0], "optEditLog"};
+  CheckBox optShowToolbars{Settings[0], "optShowToolbars"};
+  CheckBox optFlatToolBars{Settings[0], "optFlatToolBars"};
+  CheckBox optModemCheck{Settings[0], "optModemCheck"};
+  CheckBox optTips{Settings[0], "optTips"};
+  CheckBox optAutoOpt{Settings[0], "optAutoOpt"};
+  CheckBox optShowGraphic{Settings[0], "optShowGraphic"};
+
+  // Modem
+  TextBox TextOptDial{Settings[1], "TextOptDial"};
+  TextBox TextOptAnswer{Settings[1], "TextOptAnswer"};
+  TextBox TextOptConnect{Settings[1], "TextOptConnect"};
+  TextBox TextOptUsrDisconnect{Settings[1], "TextOptUsrDisconnect"};
+  TextBox TextOptRemDisconnect{Settings[1], "TextOptRemDisconnect"};
+  TextBox TextOptReads{Settings[1], "TextOptReads"};
+  TextBox TextOptWrites{Settings[1], "TextOptWrites"};
+
+  // Services
+  ListView lstServices{Settings[2], "lstServices"};
+  Button btnNew{Settings[2], "btnNew"};
+  Button btnEdit{Settings[2], "btnEdit"};
+  Button btnDelete{Settings[2], "btnDelete"};
+  Button btnCopy{Settings[2], "btnCopy"};
+  Button btnScan{Settings[2], "btnScan"};
+  ProgressBar ProgressBar1{Settings[2], "ProgressBar1"};
+
+  // Costs
+  CheckBox optCalcCosts{Settings[3], "optCalcCosts"};
+  Label lblDialCost{Settings[3], "lblDialCost"};
+  TextBox txtDialCost{Settings[3], "txtDialCost"};
+  Label lblCostPerHour{Settings[3], "lblCostPerHour"};
+  TextBox txtCostPerHour{Settings[3], "txtCostPerHour"};
+  Label lblCostPerMeg{Settings[3], "lblCostPerMeg"};
+  TextBox txtCostPerMeg{Settings[3], "txtCostPerMeg"};
+  Label lblCostNotice{Settings[3], "lblCostNotice"};
+
+  // Format; the second icon stands on the Modem tab
+  std::array<Picture, 2> Icon{{{Settings[4], "Icon", 1}, {Settings[1], "Icon", 2}}};
+  Label lblCountry{Settings[4], "lblCountry"};
+  Label lblRegionalSettings{Settings[4], "lblRegionalSettings"};
+  Label lblPreview{Settings[4], "lblPreview"};
+  Label lblShortDate{Settings[4], "lblShortDate"};
+  Label lblLongDate{Settings[4], "lblLongDate"};
+  Label lblDateFormat{Settings[4], "lblDateFormat"};
+
+  // Errors
+  CheckBox optShowErrors{Settings[5], "optShowErrors"};
+  MaskedEdit mskNoDisconDuration{Settings[5], "mskNoDisconDuration"};
+  Label Label8{Settings[5], "Label8"};
+  MaskedEdit mskNoDisconData{Settings[5], "mskNoDisconData"};
+
+  // Holidays
+  Calendar CalHolidays{Settings[6], "CalHolidays"};
+  Button btnAdd{Settings[6], "btnAdd"};
+  Button btnRemove{Settings[6], "btnRemove"};
+  ListBox lstHolidays{Settings[6], "lstHolidays"};
+  Label lblUsedHolidays{Settings[6], "lblUsedHolidays"};
+
+  // Report
+  std::array<OptionButton, 2> optFormat{{{Settings[7], "optFormat", 0}, {Settings[7], "optFormat", 1}}};
+  CheckBox chkAMPM{Settings[7], "chkAMPM"};
+  ComboBox lstStartDate{Settings[7], "lstStartDate", ComboBox::Kind::PickOnly};
+  Label lblWeekStart{Settings[7], "lblWeekStart"};
+  ComboBox lstWeekStart{Settings[7], "lstWeekStart", ComboBox::Kind::PickOnly};
+  Label lblMonthStart{Settings[7], "lblMonthStart"};
+  ComboBox lstMonthStart{Settings[7], "lstMonthStart", ComboBox::Kind::PickOnly};
+  Label lblUserDate{Settings[7], "lblUserDate"};
+  MaskedEdit mskUserDate{Settings[7], "mskUserDate"};
+
+  Button btnDefaults{*this, "btnDefaults"};  // of the Modem tab
+  Button btnSave{*this, "btnSave"};
+  Button btnCancel{*this, "btnCancel"};
+};
+
+extern TheForm<frmSetup> SetupForm;
+
+}  // namespace qel

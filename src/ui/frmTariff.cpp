@@ -1,0 +1,9 @@
+#include "ui/frmTariff.h"
+
+namespace qel {
+
+TheForm<frmTariff> TariffForm;
+
+frmTariff::frmTariff() : Form("frmTariff") {}
+
+}  // namespace qel
