@@ -1,0 +1,21 @@
+// Times of day as lists offer them: one for each quarter of an hour, in 24 hours, regional separator between.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Calendar.h"
+
+namespace qel {
+
+// A segment of the day ends on the last minute of a quarter: 14 minutes behind its beginning.
+inline constexpr int LastMinuteOfQuarter = 14;
+
+// The 96 times that lie `minutes` behind the beginnings of the quarters: "00:00" to "23:45" for 0, "00:14" to
+// "23:59" for the last minutes.
+std::vector<std::string> QuarterHours(int minutes = 0);
+
+// A time of day in the form of these lists; the date is left out.
+std::string QuarterHourText(Date time);
+
+}  // namespace qel
