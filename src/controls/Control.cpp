@@ -22,8 +22,9 @@ bool Control::HasFocus() const { return form.ActiveControl() == this; }
 void Control::UserClick() {
   if (!Usable()) return;
   if (ClickMovesFocus) SetFocus();
-  // A field that holds the focus keeps the click from happening elsewhere.
-  if (ClickMovesFocus && CanHaveFocus() && !HasFocus()) return;
+  // A field that holds the focus keeps the click from happening elsewhere, and one that was left may have
+  // disabled what was clicked.
+  if (!Usable() || (ClickMovesFocus && CanHaveFocus() && !HasFocus())) return;
   TakeClick();
   Click();
 }

@@ -56,8 +56,7 @@ void RuledField::Test() {
 }
 
 void RuledField::Leave() {
-  const bool unreadable = !IsNumber(field.Text()) || (rule.Unfinished && field.Text() == *rule.Unfinished);
-  const bool fills = rule.WhenLeft == Leaving::Resets ? unreadable : field.Text().empty();
+  const bool fills = rule.WhenLeft == Leaving::Resets ? !IsNumber(field.Text()) : field.Text().empty();
   if (fills && *rule.Filler) {
     field.Text = rule.Filler;
     valid = true;

@@ -4,12 +4,20 @@
 
 namespace qel {
 
+namespace {
+
+constexpr int QuartersPerDay = 96;
+
+}  // namespace
+
 std::vector<std::string> QuarterHours(int minutes) {
   std::vector<std::string> times;
-  for (int minute = minutes; minute < 24 * 60; minute += 15)
-    times.push_back(QuarterHourText(TimeSerial(0, minute, 0)));
+  for (int entry = 0; entry < QuartersPerDay; ++entry)
+    times.push_back(QuarterHourText(QuarterHour(entry, minutes)));
   return times;
 }
+
+Date QuarterHour(int entry, int minutes) { return TimeSerial(0, 15 * entry + minutes, 0); }
 
 std::string QuarterHourText(Date time) { return FormatDate(time, "hh:mm"); }
 
