@@ -1,9 +1,293 @@
 #include "ui/frmTariff.h"
 
+#include <initializer_list>
+#include <vector>
+
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "platform/FormatMask.h"
+#include "platform/Host.h"
+#include "platform/TextConversion.h"
+#include "ui/QuarterHours.h"
+#include "ui/frmService.h"
+
 namespace qel {
 
 TheForm<frmTariff> TariffForm;
 
-frmTariff::frmTariff() : Form("frmTariff") {}
+namespace {
+
+const char PerMinute[] = "Per Minute";
+const char PerSecond[] = "Per Second";
+const char PerUnit[] = "Per Unit";
+
+void AddItems(ComboBox& list, const std::vector<std::string>& texts) {
+  for (const auto& text : texts) list.AddItem(text);
+}
+
+// A text that the list does not hold is an error, and the list stays as it is.
+void ShowStored(ComboBox& list, const std::string& text) {
+  Attempt([&] { list.SetText(text); });
+}
+
+void EnableGroup(bool enabled, std::initializer_list<TextBox*> fields, std::initializer_list<Label*> labels) {
+  for (TextBox* field : fields) {
+    field->Enabled = enabled;
+    field->BackColor = enabled ? SystemColour::WindowBackground : SystemColour::MenuBackground;
+  }
+  for (Label* label : labels) label->ForeColor = enabled ? SystemColour::WindowText : SystemColour::GreyText;
+}
+
+}  // namespace
+
+frmTariff::frmTariff() : Form("frmTariff") {
+  ConnectFields();
+  ConnectLists();
+  btnOK.Click = [this] { btnOK_Click(); };
+  btnCancel.Click = [this] { Unload(); };
+  btnCancel.ClickMovesFocus = false;
+}
+
+void frmTariff::ConnectFields() {
+  for (RuledField* field : {&DialRate, &AfterMins, &AfterSecs, &UnitMins, &UnitSecs})
+    field->Changed = field->Left = [this] { CheckOKBtn(); };
+  MinuteRate.Changed = MinuteRate.Left = [this] {
+    ChargeIntervalRule();
+    CheckOKBtn();
+  };
+  // The defaults of a new tariff are there to be typed over.
+  for (TextBox* field : {&txtDialTimeTariffDialRate, &txtDialTimeTariffMinuteRate,
+                         &txtDialTimeTariffAfterMins, &txtDialTimeTariffAfterSecs})
+    field->GotFocus = [field] {
+      if (NewTariff) field->Select(0, static_cast<int>(field->Text().size()));
+    };
+}
+
+void frmTariff::ConnectLists() {
+  const auto check = [this] { CheckOKBtn(); };
+  lstDialTimeTariffDescrip.Change = check;
+  lstDialTimeTariffDescrip.Click = lstDialTimeTariffDescrip.LostFocus = check;
+  lstDialTimeTariffDescrip.GotFocus = [this] { lstDialTimeTariffDescrip.TextSelected = NewTariff; };
+  lstDialTimeTariffDialDays.Click = lstDialTimeTariffDialDays.LostFocus = check;
+
+  lstDialTimeTariffDialStart.Click = [this] { lstDialTimeTariffDialStart_Click(); };
+  lstDialTimeTariffDialEnd.Click = [this] { lstDialTimeTariffDialEnd_Click(); };
+  for (ComboBox* list : {&lstDialTimeTariffDialStart, &lstDialTimeTariffDialEnd}) {
+    list->GotFocus = [this, list] { TimeList_GotFocus(*list); };
+    list->LostFocus = [this] { TimeList_LostFocus(); };
+  }
+
+  lstDialTimeTariffUnit.Click = lstDialTimeTariffUnit.LostFocus = [this] { ChargeIntervalRule(); };
+}
+
+void frmTariff::Form_Load() {
+  SetTrace("frmTariff", "Form_Load");
+  FillComboBoxes();
+  if (NewTariff)
+    LoadNewTariff();
+  else
+    LoadTariff();
+}
+
+void frmTariff::FillComboBoxes() {
+  AddItems(lstDialTimeTariffDescrip, {"Standard Tariff", "Economy Tariff", "Peak Period Tariff",
+                                      "Holiday Tariff", "Weekday Tariff", "Weekend Tariff"});
+  AddItems(lstDialTimeTariffDialDays, {"Everyday", "Holidays"});
+  enum { Mon, Tue, Wed, Thu, Fri, Sat, Sun };
+  const struct {
+    std::size_t first, last;
+  } ranges[] = {{Sat, Sun}, {Mon, Fri}, {Mon, Thu}, {Fri, Sat}, {Fri, Sun}};
+  for (const auto& [first, last] : ranges)
+    lstDialTimeTariffDialDays.AddItem(ShortDayNames[first] + " - " + ShortDayNames[last]);
+  AddItems(lstDialTimeTariffDialDays, {LongDayNames.begin(), LongDayNames.end()});
+  AddItems(lstDialTimeTariffDialStart, QuarterHours());
+  AddItems(lstDialTimeTariffDialEnd, QuarterHours(LastMinuteOfQuarter));
+  AddItems(lstDialTimeTariffUnit, {PerMinute, PerSecond, PerUnit});
+}
+
+// The start brings its end along.
+void frmTariff::LoadNewTariff() {
+  lstDialTimeTariffDescrip.SetText("New Tariff");
+  lstDialTimeTariffDialDays.SetText("Everyday");
+  lstDialTimeTariffDialStart.SetListIndex(0);
+  lstDialTimeTariffUnit.SetText(PerMinute);
+  for (TextBox* field :
+       {&txtDialTimeTariffDialRate, &txtDialTimeTariffMinuteRate, &txtDialTimeTariffAfterMins,
+        &txtDialTimeTariffAfterSecs, &txtDialTimeTariffUnitSecs})
+    field->Text = "0";
+  txtDialTimeTariffUnitMins.Text = "15";
+}
+
+// What the record lacks stays empty; the fields fill themselves when the window comes to the front.
+void frmTariff::LoadTariff() {
+  TariffRecord tariff;
+  const bool found = Attempt([&] {
+    TariffNumber = Int16(ServiceForm->lstDialTimeTariff.SelectedRow());
+    tariff = TariffCopy[TariffNumber - 1];
+  });
+  if (!found) return;
+  lstDialTimeTariffDescrip.SetText(tariff.Description);
+  ShowStored(lstDialTimeTariffDialDays, tariff.AppliesDays);
+  ShowStored(lstDialTimeTariffDialStart, QuarterHourText(tariff.AppliesTimeStart));
+  ShowStored(lstDialTimeTariffDialEnd, QuarterHourText(tariff.AppliesTimeEnd));
+  ShowStored(lstDialTimeTariffUnit, tariff.Unit);
+  if (lstDialTimeTariffUnit.Text().empty()) lstDialTimeTariffUnit.SetText(PerMinute);
+  txtDialTimeTariffDialRate.Text = MoneyField(tariff.DialRate);
+  txtDialTimeTariffMinuteRate.Text = MoneyField(tariff.PerMinuteRate);
+  txtDialTimeTariffAfterMins.Text = NumberText(tariff.After / 60);
+  txtDialTimeTariffAfterSecs.Text = NumberText(tariff.After % 60);
+  txtDialTimeTariffUnitMins.Text = NumberText(tariff.UnitMins > 0 ? int{tariff.UnitMins} : 15);
+  if (tariff.UnitSecs > 0) txtDialTimeTariffUnitSecs.Text = NumberText(tariff.UnitSecs);
+}
+
+// Every field is left once, so that it takes its form and knows whether it is valid.
+void frmTariff::Form_Activate() {
+  for (RuledField* field : {&AfterMins, &AfterSecs, &DialRate, &MinuteRate, &UnitMins, &UnitSecs})
+    field->Leave();
+  ChargeIntervalRule();
+  lblAssist.Visible = false;
+  lstDialTimeTariffDescrip.SetFocus();
+  CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+// Closing the window in any other way than by OK is cancelling.
+bool frmTariff::Form_Unload() {
+  if (!Confirmed) NewTariff = false;
+  return true;
+}
+
+// A segment lasts a quarter of an hour at least: a time that would make it shorter moves the other one. An
+// entry of the list of ends is the last minute of the quarter that begins with the same entry of the other.
+void frmTariff::lstDialTimeTariffDialStart_Click() {
+  ComboBox &start = lstDialTimeTariffDialStart, &end = lstDialTimeTariffDialEnd;
+  Assist(start);
+  if (start.Text() > end.Text()) end.SetListIndex(start.ListIndex());
+  CheckOKBtn();
+  if (Visible()) start.SetFocus();
+}
+
+void frmTariff::lstDialTimeTariffDialEnd_Click() {
+  ComboBox &start = lstDialTimeTariffDialStart, &end = lstDialTimeTariffDialEnd;
+  Assist(end);
+  if (end.Text() < start.Text()) start.SetListIndex(end.ListIndex());
+  CheckOKBtn();
+  if (Visible()) end.SetFocus();
+}
+
+void frmTariff::TimeList_GotFocus(ComboBox& list) {
+  if (&list == &lstDialTimeTariffDialStart && list.Text().empty()) list.SetListIndex(0);
+  Assist(list);
+  lblAssist.Enabled = lblAssist.Visible = true;
+}
+
+void frmTariff::TimeList_LostFocus() {
+  lblAssist.Enabled = lblAssist.Visible = false;
+  CheckOKBtn();
+}
+
+// Spells the time out in 12 hours, since the lists are in 24.
+void frmTariff::Assist(const ComboBox& list) {
+  lblAssist.Caption = list.Text().empty() ? "" : FormatDate(TimeIn(list), "Medium Time");
+}
+
+// By the entry, not by its text: no regional separator can come between.
+Date frmTariff::TimeIn(const ComboBox& list) const {
+  return QuarterHour(list.ListIndex(), &list == &lstDialTimeTariffDialEnd ? LastMinuteOfQuarter : 0);
+}
+
+// Without a rate there is nothing to spare and no unit; only a rate by the unit has a unit, only the others
+// spare the beginning of a call.
+void frmTariff::ChargeIntervalRule() {
+  const std::string& unit = lstDialTimeTariffUnit.Text();
+  const bool hasRate = XVal(txtDialTimeTariffMinuteRate.Text) != 0;
+  const bool hasThreshold = hasRate && (unit == PerMinute || unit == PerSecond);
+  if (!hasThreshold) txtDialTimeTariffAfterMins.Text = txtDialTimeTariffAfterSecs.Text = "0";
+  EnableGroup(hasThreshold, {&txtDialTimeTariffAfterMins, &txtDialTimeTariffAfterSecs},
+              {&lblDialTimeTariff4, &lblDialTimeTariff5, &lblDialTimeTariff6});
+  EnableGroup(hasRate && !hasThreshold, {&txtDialTimeTariffUnitMins, &txtDialTimeTariffUnitSecs},
+              {&lblDialTimeTariff9, &lblDialTimeTariff11, &lblDialTimeTariff12});
+}
+
+void frmTariff::CheckOKBtn() {
+  lblOKNotice.Caption = Missing();
+  btnOK.Enabled = lblOKNotice.Caption().empty();
+}
+
+// The first reason why the tariff cannot be confirmed; empty when it can. A rate by the second asks for a
+// valid unit, as one by the unit does.
+std::string frmTariff::Missing() const {
+  const bool byMinute = lstDialTimeTariffUnit.Text() == PerMinute;
+  const double charges = XVal(txtDialTimeTariffDialRate.Text) + XVal(txtDialTimeTariffMinuteRate.Text);
+  const struct {
+    bool holds;
+    const char* otherwise;
+  } demands[] = {
+      {!lstDialTimeTariffDescrip.Text().empty(), "Give the tariff a description."},
+      {!lstDialTimeTariffDialDays.Text().empty(), "Choose the days on which the tariff applies."},
+      {!lstDialTimeTariffDialStart.Text().empty(), "Choose when the tariff starts."},
+      {!lstDialTimeTariffDialEnd.Text().empty(), "Choose when the tariff ends."},
+      {!lstDialTimeTariffUnit.Text().empty(), "Choose a charge interval."},
+      {DialRate.Valid(), "Enter the cost per call as an amount."},
+      {MinuteRate.Valid(), "Enter the rate as an amount."},
+      {!byMinute || AfterMins.Valid(), "Let the rate start after 0 to 999 minutes."},
+      {!byMinute || AfterSecs.Valid(), "Let the rate start after 0 to 60 seconds."},
+      {byMinute || UnitMins.Valid(), "Give a unit 1 to 999 minutes."},
+      {byMinute || UnitSecs.Valid(), "Give a unit 0 to 60 seconds."},
+      {charges > 0, "Give the tariff a cost per call or a rate."},
+      {TimeIn(lstDialTimeTariffDialStart) <= TimeIn(lstDialTimeTariffDialEnd),
+       "Let the tariff end after its start."},
+  };
+  for (const auto& demand : demands)
+    if (!demand.holds) return demand.otherwise;
+  return "";
+}
+
+// The number of the first of `count` tariffs that bears the name, 0 where none does. Raises 9 beyond the
+// tenth.
+Int16 frmTariff::TariffExists(const std::string& name, Int16 count) const {
+  for (Int16 number = 1; number <= count; ++number)
+    if (TariffCopy[number - 1].Description == name) return number;
+  return 0;
+}
+
+// Raises 6 (overflow) where a field that counts for nothing holds a number that no record can.
+TariffRecord frmTariff::EnteredTariff() const {
+  TariffRecord tariff;
+  tariff.Description = lstDialTimeTariffDescrip.Text();
+  tariff.AppliesDays = lstDialTimeTariffDialDays.Text();
+  tariff.AppliesTimeStart = TimeIn(lstDialTimeTariffDialStart);
+  tariff.AppliesTimeEnd = TimeIn(lstDialTimeTariffDialEnd);
+  tariff.DialRate = TextToNumber(txtDialTimeTariffDialRate.Text());
+  tariff.PerMinuteRate = TextToNumber(txtDialTimeTariffMinuteRate.Text());
+  tariff.Unit = lstDialTimeTariffUnit.Text();
+  tariff.After = Int32(Val(txtDialTimeTariffAfterMins.Text()) * 60);
+  tariff.After = Int32(tariff.After + Val(txtDialTimeTariffAfterSecs.Text()));
+  tariff.UnitMins = Int16(Val(txtDialTimeTariffUnitMins.Text()));
+  tariff.UnitSecs = Int16(Val(txtDialTimeTariffUnitSecs.Text()));
+  return tariff;
+}
+
+void frmTariff::WriteTariff() {
+  const Int16 number = NewTariff ? TariffCopyCount + 1 : TariffNumber;
+  TariffCopy[number - 1] = EnteredTariff();
+  TariffNumber = number;
+  if (NewTariff) TariffCopyCount = number;
+}
+
+void frmTariff::btnOK_Click() {
+  SetTrace("frmTariff", "btnOK_Click");
+  Int16 namesake;
+  const bool compared = Attempt([&] {
+    if (NewTariff) namesake = TariffExists(lstDialTimeTariffDescrip.Text(), TariffCopyCount);
+  });
+  if (!compared) return;
+  if (namesake > 0) {
+    MsgBox({"A Tariff With This Name Already Exists!", "WARNING", Icon::Exclamation});
+    return lstDialTimeTariffDescrip.SetFocus();
+  }
+  Confirmed = Attempt([this] { WriteTariff(); });
+  if (Confirmed) Unload();
+}
 
 }  // namespace qel

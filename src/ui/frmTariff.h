@@ -2,10 +2,15 @@
 // The window edits an entry of the service editor's working copy of the tariffs.
 #pragma once
 
+#include <string>
+
 #include "controls/Buttons.h"
 #include "controls/Form.h"
 #include "controls/Lists.h"
 #include "controls/TextControls.h"
+#include "core/CurrencyFormat.h"
+#include "platform/Calendar.h"
+#include "settings/ServiceRecords.h"
 #include "ui/FieldRule.h"
 
 namespace qel {
@@ -36,6 +41,48 @@ class frmTariff : public Form {
   Label lblOKNotice{*this, "lblOKNotice"};  // why the tariff cannot be confirmed yet
   Button btnOK{*this, "btnOK"};
   Button btnCancel{*this, "btnCancel"};
+
+ private:
+  void Form_Load() override;
+  void Form_Activate() override;
+  bool Form_Unload() override;
+
+  void ConnectFields();
+  void ConnectLists();
+  void FillComboBoxes();
+  void LoadNewTariff();
+  void LoadTariff();
+
+  void lstDialTimeTariffDialStart_Click();
+  void lstDialTimeTariffDialEnd_Click();
+  void TimeList_GotFocus(ComboBox& list);
+  void TimeList_LostFocus();
+  void Assist(const ComboBox& list);
+  Date TimeIn(const ComboBox& list) const;
+
+  void ChargeIntervalRule();
+  void CheckOKBtn();
+  std::string Missing() const;
+
+  Int16 TariffExists(const std::string& name, Int16 count) const;
+  TariffRecord EnteredTariff() const;
+  void WriteTariff();
+  void btnOK_Click();
+
+  Int16 TariffNumber;  // of the working copy's entry, from 1
+  bool Confirmed = false;
+
+  // An amount of the rate may be begun with a point in every region, one of the cost per call with the
+  // regional symbol.
+  static inline const std::string Point = ".";
+  RuledField DialRate{txtDialTimeTariffDialRate, {.Unfinished = &NumberDecimal, .WhenLeft = Leaving::Resets}};
+  RuledField MinuteRate{txtDialTimeTariffMinuteRate, {.Unfinished = &Point, .WhenLeft = Leaving::Resets}};
+  RuledField AfterMins{txtDialTimeTariffAfterMins, {.Most = 999, .Mask = "##0"}};
+  RuledField AfterSecs{txtDialTimeTariffAfterSecs, {.Most = 60, .Mask = "#0"}};
+  RuledField UnitMins{
+      txtDialTimeTariffUnitMins,
+      {.Least = 1, .Most = 999, .WhenEmptied = Emptied::Invalidates, .Filler = "15", .Mask = "##0"}};
+  RuledField UnitSecs{txtDialTimeTariffUnitSecs, {.Most = 60, .Mask = "#0"}};
 };
 
 extern TheForm<frmTariff> TariffForm;

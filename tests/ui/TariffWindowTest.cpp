@@ -1,0 +1,262 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+
+#include "support/Regions.h"
+#include "support/WindowTest.h"
+
+namespace qel {
+namespace {
+
+class TariffWindowTest : public WindowTest {
+ protected:
+  TariffWindowTest() {
+    TariffCopy.Make(MaxTariffs - 1);
+    TariffCopyCount = 0;
+  }
+
+  // A new tariff with this unit and a rate, so that all its fields can be reached.
+  frmTariff& NewOne(const std::string& unit = "Per Minute", const std::string& rate = "0.5") {
+    TariffForm.Reset();
+    NewTariff = true;
+    TariffForm->Show();
+    TariffForm->lstDialTimeTariffUnit.SetText(unit);
+    TariffForm->txtDialTimeTariffMinuteRate.UserText(rate);
+    return *TariffForm;
+  }
+  // The first entry of the working copy.
+  frmTariff& Existing(const TariffRecord& tariff) {
+    TariffForm.Reset();
+    NewTariff = false;
+    TariffCopy[0] = tariff;
+    TariffCopyCount = 1;
+    ServiceForm->lstDialTimeTariff.SetRows({{tariff.Description, {}}});
+    ServiceForm->lstDialTimeTariff.SelectRow(1);
+    TariffForm->Show();
+    return *TariffForm;
+  }
+  static TextBox& Field(const std::string& name) {
+    return dynamic_cast<TextBox&>(*TariffForm->Find("txtDialTimeTariff" + name));
+  }
+  static void LeaveField() { TariffForm->lstDialTimeTariffDescrip.UserClick(); }
+  static std::string Segment() {
+    return TariffForm->lstDialTimeTariffDialStart.Text() + "-" + TariffForm->lstDialTimeTariffDialEnd.Text();
+  }
+
+  const TariffRecord evening{.Description = "Evening",
+                             .AppliesDays = "Mon - Fri",
+                             .AppliesTimeStart = TimeSerial(18, 0, 0),
+                             .AppliesTimeEnd = TimeSerial(23, 59, 0),
+                             .DialRate = 0.1,
+                             .PerMinuteRate = 0.0375,
+                             .After = 3700,
+                             .Unit = "Per Second"};
+};
+
+TEST_F(TariffWindowTest, ANewTariffWaitsForACharge) {
+  frmTariff& window = NewOne("Per Minute", "0");
+  EXPECT_EQ(window.lstDialTimeTariffDescrip.Text(), "New Tariff");
+  EXPECT_EQ(window.lstDialTimeTariffDialDays.Text(), "Everyday");
+  EXPECT_EQ(Segment(), "00:00-00:14");
+  EXPECT_FALSE(window.btnOK.Enabled);
+  EXPECT_EQ(window.lblOKNotice.Caption(), "Give the tariff a cost per call or a rate.");
+  Field("DialRate").SetFocus();
+  EXPECT_EQ(Field("DialRate").SelText(), "0.00") << "typing replaces it";
+  Field("DialRate").UserType("0.0001");
+  EXPECT_TRUE(window.btnOK.Enabled);
+  EXPECT_EQ(window.lblOKNotice.Caption(), "");
+  window.lstDialTimeTariffDescrip.SetFocus();
+  EXPECT_TRUE(window.lstDialTimeTariffDescrip.TextSelected);
+  window.lstDialTimeTariffDescrip.UserText("");
+  EXPECT_EQ(window.lblOKNotice.Caption(), "Give the tariff a description.");
+  EXPECT_FALSE(host.Showed("beep"));
+}
+
+TEST_F(TariffWindowTest, FieldsTakeTheirNumbersAndRefuseOthers) {
+  const struct {
+    const char *field, *unit, *typed;
+    bool refused, ok;
+    const char* left;
+    bool okThen;
+  } cases[] = {
+      {"DialRate", "Per Minute", "12.34567", false, true, "12.3457", true},
+      {"DialRate", "Per Minute", "1,234", false, true, "1,234.00", true},
+      {"DialRate", "Per Minute", "x", true, false, "0.00", true},
+      {"DialRate", "Per Minute", ".", false, true, "0.00", true},
+      {"MinuteRate", "Per Minute", "0.03755", false, true, "0.0376", true},
+      {"MinuteRate", "Per Minute", "x", true, false, "0.00", false},
+      {"MinuteRate", "Per Minute", ".", false, false, "0.00", false},
+      {"AfterMins", "Per Minute", "999", false, true, "999", true},
+      {"AfterMins", "Per Minute", "1000", true, false, "1000", false},
+      {"AfterMins", "Per Minute", "1.5", false, true, "2", true},
+      {"AfterMins", "Per Minute", "", false, true, "0", true},
+      {"AfterMins", "Per Second", "x", true, true, "x", true},
+      {"AfterSecs", "Per Minute", "60", false, true, "60", true},
+      {"AfterSecs", "Per Minute", "61", true, false, "61", false},
+      {"UnitMins", "Per Unit", "1", false, true, "1", true},
+      {"UnitMins", "Per Unit", "0", true, false, "0", false},
+      {"UnitMins", "Per Unit", "", false, false, "15", true},
+      {"UnitSecs", "Per Unit", "60", false, true, "60", true},
+      {"UnitSecs", "Per Unit", "61", true, false, "61", false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.field) + " " + c.typed);
+    frmTariff& window = NewOne(c.unit);
+    host.transcript.clear();
+    Field(c.field).UserText(c.typed);
+    EXPECT_EQ(host.Showed("beep"), c.refused);
+    EXPECT_EQ(!Field(c.field).Refusal().empty(), c.refused);
+    EXPECT_EQ(window.btnOK.Enabled(), c.ok) << window.lblOKNotice.Caption();
+    LeaveField();
+    EXPECT_EQ(Field(c.field).Text(), c.left);
+    EXPECT_EQ(window.btnOK.Enabled(), c.okThen) << window.lblOKNotice.Caption();
+    EXPECT_FALSE(Field(c.field).HasFocus());
+  }
+}
+
+TEST_F(TariffWindowTest, OnlyTheCostPerCallIsBegunWithTheRegionsDecimalSymbol) {
+  Region = Germany();
+  NumberDecimal = ",";
+  const struct {
+    const char *field, *typed;
+    bool refused;
+  } cases[] = {{"DialRate", ",", false},
+               {"DialRate", ".", true},
+               {"MinuteRate", ",", true},
+               {"MinuteRate", ".", false}};
+  for (const auto& c : cases) {
+    NewOne();
+    Field(c.field).UserText(c.typed);
+    EXPECT_EQ(!Field(c.field).Refusal().empty(), c.refused) << c.field << c.typed;
+  }
+}
+
+TEST_F(TariffWindowTest, StartAndEndMoveEachOther) {
+  frmTariff& window = NewOne();
+  const struct {
+    ComboBox& list;
+    const char *chosen, *segment, *assist;
+  } cases[] = {
+      {window.lstDialTimeTariffDialEnd, "07:59", "00:00-07:59", "07:59 AM"},
+      {window.lstDialTimeTariffDialStart, "08:00", "08:00-08:14", "08:00 AM"},
+      {window.lstDialTimeTariffDialEnd, "07:59", "07:45-07:59", "07:59 AM"},
+      {window.lstDialTimeTariffDialStart, "07:45", "07:45-07:59", "07:45 AM"},
+      {window.lstDialTimeTariffDialStart, "23:45", "23:45-23:59", "11:45 PM"},
+      {window.lstDialTimeTariffDialEnd, "00:14", "00:00-00:14", "12:14 AM"},
+  };
+  for (const auto& c : cases) {
+    const auto found = std::find(c.list.Items().begin(), c.list.Items().end(), c.chosen);
+    c.list.UserChoose(static_cast<int>(found - c.list.Items().begin()));
+    EXPECT_EQ(Segment(), c.segment);
+    EXPECT_TRUE(c.list.HasFocus() && window.lblAssist.Visible);
+    EXPECT_EQ(window.lblAssist.Caption(), c.assist);
+  }
+  LeaveField();
+  EXPECT_FALSE(window.lblAssist.Visible);
+}
+
+TEST_F(TariffWindowTest, OnlyWhatQualifiesTheRateCanBeEdited) {
+  const struct {
+    const char *rate, *unit;
+    bool threshold, unitLength;
+  } cases[] = {
+      {"0", "Per Minute", false, false},  {"0", "Per Unit", false, false},
+      {"0.1", "Per Minute", true, false}, {"0.1", "Per Second", true, false},
+      {"0.1", "Per Unit", false, true},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.rate) + c.unit);
+    frmTariff& window = NewOne();
+    Field("AfterMins").UserText("7");
+    Field("AfterSecs").UserText("1000");
+    Field("MinuteRate").UserText(c.rate);
+    window.lstDialTimeTariffUnit.SetText(c.unit);
+    EXPECT_EQ(Field("AfterMins").Enabled(), c.threshold);
+    EXPECT_EQ(Field("AfterMins").Text(), c.threshold ? "7" : "0");
+    EXPECT_EQ(Field("AfterSecs").Refusal().empty(), !c.threshold);
+    EXPECT_EQ(Field("UnitSecs").Enabled(), c.unitLength);
+    EXPECT_EQ(Field("UnitSecs").BackColor(),
+              c.unitLength ? SystemColour::WindowBackground : SystemColour::MenuBackground);
+    EXPECT_EQ(window.lblDialTimeTariff5.ForeColor(),
+              c.threshold ? SystemColour::WindowText : SystemColour::GreyText);
+  }
+}
+
+TEST_F(TariffWindowTest, ATariffIsShownAndWrittenBack) {
+  frmTariff& window = Existing(evening);
+  EXPECT_EQ(Segment(), "18:00-23:59");
+  EXPECT_EQ(Field("DialRate").Text(), "0.10");
+  EXPECT_EQ(Field("MinuteRate").Text(), "0.0375");
+  EXPECT_EQ(Field("AfterMins").Text() + ":" + Field("AfterSecs").Text(), "61:40");
+  EXPECT_EQ(Field("UnitMins").Text() + ":" + Field("UnitSecs").Text(), "15:0");
+  window.btnOK.UserClick();
+  EXPECT_FALSE(TariffForm.IsLoaded());
+  const TariffRecord& written = TariffCopy[0];
+  EXPECT_EQ(written.Description + written.AppliesDays + written.Unit, "EveningMon - FriPer Second");
+  EXPECT_EQ(written.AppliesTimeStart, evening.AppliesTimeStart);
+  EXPECT_EQ(written.AppliesTimeEnd, evening.AppliesTimeEnd);
+  EXPECT_EQ(written.PerMinuteRate, 0.0375);
+  EXPECT_EQ(written.After, 3700);
+  EXPECT_EQ(written.UnitMins, 15);
+
+  Existing(written);
+  Field("AfterMins").UserText("1");
+  Field("AfterSecs").UserText("59.5");
+  TariffForm->btnOK.UserClick();
+  EXPECT_EQ(written.After, 120);
+}
+
+TEST_F(TariffWindowTest, AnOldRecordIsFilledUpOrReported) {
+  TariffRecord old = evening;
+  old.DialRate = old.PerMinuteRate = 0;
+  old.Unit = "";
+  EXPECT_FALSE(Existing(old).btnOK.Enabled) << "no charge";
+  EXPECT_EQ(TariffForm->lstDialTimeTariffUnit.Text(), "Per Minute");
+  EXPECT_EQ(Field("AfterMins").Text(), "0") << "no rate";
+  EXPECT_TRUE(host.messages.empty());
+  old.Unit = "Per Hour";
+  Existing(old);
+  EXPECT_NE(host.messages.at(0).Text.find("Error code: 5"), std::string::npos);
+  EXPECT_NE(host.messages.at(0).Text.find("Form_Load"), std::string::npos);
+  EXPECT_EQ(TariffForm->lstDialTimeTariffUnit.Text(), "Per Minute");
+}
+
+TEST_F(TariffWindowTest, ANewTariffNeedsANameOfItsOwn) {
+  Existing(evening).btnOK.UserClick();
+  frmTariff& window = NewOne();
+  window.lstDialTimeTariffDescrip.UserText("Evening");
+  window.btnOK.UserClick();
+  EXPECT_EQ(host.messages.at(0).Text, "A Tariff With This Name Already Exists!");
+  EXPECT_TRUE(TariffForm.IsLoaded() && window.lstDialTimeTariffDescrip.HasFocus());
+  EXPECT_EQ(TariffCopyCount, 1);
+  window.lstDialTimeTariffDescrip.UserText("Night");
+  window.btnOK.UserClick();
+  EXPECT_TRUE(NewTariff) << "one was added";
+  EXPECT_EQ(TariffCopyCount, 2);
+  EXPECT_EQ(TariffCopy[1].Description, "Night");
+}
+
+TEST_F(TariffWindowTest, LeavingWithoutOKWritesNothing) {
+  for (const bool byButton : {true, false}) {
+    frmTariff& window = NewOne();
+    Field("AfterMins").UserText("1000");
+    byButton ? window.btnCancel.UserClick() : static_cast<void>(window.Unload());
+    EXPECT_FALSE(TariffForm.IsLoaded() || NewTariff);
+    EXPECT_EQ(TariffCopyCount, 0);
+  }
+}
+
+TEST_F(TariffWindowTest, OKDoesNothingWhenTheFieldBeingLeftTurnsItOff) {
+  frmTariff& window = NewOne();
+  Field("AfterMins").UserText("1,000");
+  EXPECT_TRUE(window.btnOK.Enabled) << "its leading number passes";
+  window.btnOK.UserClick();
+  EXPECT_TRUE(TariffForm.IsLoaded() && Field("AfterMins").HasFocus());
+  EXPECT_EQ(TariffCopyCount, 0);
+  Field("AfterMins").UserText("");
+  EXPECT_FALSE(window.btnOK.Enabled) << "empty is no cure until the field is left";
+  LeaveField();
+  EXPECT_TRUE(window.btnOK.Enabled);
+}
+
+}  // namespace
+}  // namespace qel
