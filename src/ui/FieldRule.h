@@ -30,7 +30,7 @@ enum class Leaving {
 
 struct FieldRule {
   // Limits of the leading number; a field without any takes what is a number.
-  std::optional<double> Least, Most;
+  std::optional<double> Least = {}, Most = {};
   // The decimal symbol of an amount: a text that ends with it may be the beginning of one.
   const std::string* Unfinished = nullptr;
   Emptied WhenEmptied = Emptied::KeepsValidity;
