@@ -20,10 +20,12 @@ void frmSetup::WireHolidays() {
 
 void frmSetup::LoadHolidays() {
   holidays.clear();
-  for (int i = 0; i < UsedHolidays; ++i)
-    if (Holidays[i] >= Today()) holidays.push_back(Holidays[i]);
+  Attempt([this] {
+    for (int i = 0; i < UsedHolidays; ++i)
+      if (Holidays[i] >= Today()) holidays.push_back(Holidays[i]);
+  });
   CalHolidays.Value = Today();
-  ShowHolidays(0);
+  Attempt([this] { ShowHolidays(0); });
 }
 
 // Chooses the entry at a place, or else the last one.

@@ -47,8 +47,10 @@ void frmSetup::WireServices() {
 }
 
 void frmSetup::ShowServices() {
-  for (int i = 0; i < UsedServices; ++i) lstServices.AddRow(RowOf(Services[i]));
-  if (UsedServices > 0) SelectRow(1);
+  Attempt([this] {
+    for (int i = 0; i < UsedServices; ++i) lstServices.AddRow(RowOf(Services[i]));
+  });
+  if (lstServices.RowCount() > 0) SelectRow(1);
 }
 
 void frmSetup::AddServiceRow(int service) {

@@ -8,41 +8,15 @@ namespace qel {
 
 namespace {
 
+// clang-format off
 const SettingPlace Covered[] = {
-    &ModemLogFile,
-    &ModemLogDir,
-    &MaxServices,
-    &UsedServices,
-    &MaxConnections,
-    &MaxConnectDays,
-    &MaxLogSize,
-    &EditLog,
-    &ShowErrors,
-    &ShowToolbars,
-    &FlatToolbars,
-    &ShowGraphic,
-    &AutoOptimize,
-    &ModemDial,
-    &ModemAnswer,
-    &ModemConnect,
-    &ModemUserDisconnect,
-    &ModemHostDisconnect,
-    &ModemReads,
-    &ModemWrites,
-    &NoDisconDuration,
-    &CalcCosts,
-    &DialCost,
-    &CostPerHour,
-    &Tips,
-    &ModemCheck,
-    &UserStartPref,
-    &UserStartDate,
-    &UserStartOfWeek,
-    &UserStartOfMonth,
-    &UserReportPref,
-    &WarningSoundFile,
-    &ForceAMPM,
+    &ModemLogFile, &ModemLogDir, &MaxServices, &UsedServices, &MaxConnections, &MaxConnectDays, &MaxLogSize,
+    &EditLog, &ShowErrors, &ShowToolbars, &FlatToolbars, &ShowGraphic, &AutoOptimize, &Tips, &ModemCheck,
+    &ModemDial, &ModemAnswer, &ModemConnect, &ModemUserDisconnect, &ModemHostDisconnect, &ModemReads,
+    &ModemWrites, &NoDisconDuration, &CalcCosts, &DialCost, &CostPerHour, &UserStartPref, &UserStartDate,
+    &UserStartOfWeek, &UserStartOfMonth, &UserReportPref, &WarningSoundFile, &ForceAMPM,
 };
+// clang-format on
 
 }  // namespace
 

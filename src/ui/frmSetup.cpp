@@ -64,9 +64,9 @@ void frmSetup::Form_Load() {
   optShowErrors.Value = ShowErrors;
   optShowErrors_Click();
   ShowCosts();
-  Attempt([this] { ShowServices(); });
+  ShowServices();
   ShowReportSettings();
-  Attempt([this] { LoadHolidays(); });
+  LoadHolidays();
   btnDefaults.Visible = false;
   ShowServiceCount();
   EnableEditing();

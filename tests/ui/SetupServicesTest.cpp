@@ -170,6 +170,18 @@ TEST_F(SetupServicesTest, TheScanStopsAtTheMostServices) {
   EXPECT_FALSE(SetupForm->btnScan.Enabled);
 }
 
+TEST_F(SetupServicesTest, AWindowClosedDuringTheScanEndsIt) {
+  class : public ScriptedHost {
+    void Yield() override { SetupForm->Unload(); }
+  } impatient;
+  ModemDial = "Recv: ATD";
+  Open();
+  Scan(Dial("T1") + Dial("T2"));
+  EXPECT_EQ(UsedServices, 0);
+  EXPECT_TRUE(impatient.messages.empty());
+  SetHost(host);
+}
+
 TEST_F(SetupServicesTest, AScanWithoutALogIsAnError) {
   frmSetup& window = Open();
   window.btnScan.UserClick();
