@@ -17,6 +17,7 @@
 #include "ui/frmAbout.h"
 #include "ui/frmMain.h"
 #include "ui/frmReport.h"
+#include "ui/frmSetup.h"
 #include "ui/frmViewLog.h"
 
 namespace qel {
@@ -89,6 +90,7 @@ void frmMain::WireCommands() {
   mnuOpenLog.Click = [this] { mnuOpenLog_Click(); };
   mnuOpenArchive.Click = [this] { mnuOpenArchive_Click(); };
   mnuOpenReport.Click = [this] { mnuOpenReport_Click(); };
+  mnuSetup.Click = [this] { mnuSetup_Click(); };
   mnuExport.Click = [this] { mnuExport_Click(); };
   for (std::size_t i = 0; i < mnuRecent.size(); ++i) mnuRecent[i].Click = [this, i] { mnuRecent_Click(i); };
   mnuClrLst.Click = [this] { mnuClrLst_Click(); };
@@ -152,17 +154,39 @@ void frmMain::OpenArchive(const std::string& path) {
 
 void frmMain::mnuOpenLog_Click() {
   SetTrace("frmMain", "mnuOpenLog_Click");
-  SetCurrentLog(defaultLogDir, defaultLogFile);
   ArchiveOpen = false;
-  ForgetFindings();
-  Attempt([] { LogExists = FileExists(CurrentLogPath); });
-  LogCorrupt = LogExists && CheckCorruption(false);
-  if (LogExists && !LogCorrupt) GetLogStats(false);
+  ReadDefaultLog(defaultLogDir, defaultLogFile);
   Form_Load();
   CurrentHost().SetMousePointer(MousePointer::Default);
   if (!LogCorrupt) return;
   TellCorrupt();
   SetStatus(8);
+}
+
+// Makes a default log the current file and looks into it as the start does.
+void frmMain::ReadDefaultLog(const std::string& folder, const std::string& file) {
+  SetCurrentLog(folder, file);
+  ForgetFindings();
+  Attempt([] { LogExists = FileExists(CurrentLogPath); });
+  LogCorrupt = LogExists && CheckCorruption(false);
+  if (LogExists && !LogCorrupt) GetLogStats(false);
+}
+
+// The window comes back to the front once, when it shows what the options have changed, and not before.
+void frmMain::mnuSetup_Click() {
+  SetTrace("frmMain", "mnuSetup_Click");
+  OptionsChanged = false;
+  optionsOpen = true;
+  SetupForm->ShowModal();
+  CurrentHost().Yield();
+  if (LogPathChanged && !ArchiveOpen) ReadDefaultLog(ModemLogDir, ModemLogFile);
+  Form_Load();
+  optionsOpen = false;
+  ActiveForm = nullptr;
+  Activate();
+  if (!OptionsChanged) return;
+  MsgBox({"Some changed options will NOT take\neffect until the program is re-started.", "QEL Options"});
+  OptionsChanged = false;
 }
 
 void frmMain::mnuOpenReport_Click() {

@@ -107,6 +107,7 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::Form_Activate() {
+  if (optionsOpen) return;
   SetTrace("frmMain", "Form_Activate");
   ShowRecentFiles();
   ToolbarMain.Visible = ShowToolbars;

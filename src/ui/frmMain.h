@@ -157,6 +157,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   void mnuOpenArchive_Click();
   void mnuOpenLog_Click();
   void mnuOpenReport_Click();
+  void mnuSetup_Click();
   void mnuExport_Click();
   void mnuRecent_Click(std::size_t index);
   void mnuClrLst_Click();
@@ -176,6 +177,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   void EnableRecentMenu(bool state);
   void KeepWindowSize();
   void ReadLogAgain();
+  static void ReadDefaultLog(const std::string& folder, const std::string& file);
   static void ForgetFindings();
 
   void HideStatDisplay() { ShowStatLabels(false); }
@@ -197,6 +199,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   bool animBackward = false;
   bool animSecondRound = false;  // in the same direction
   bool animHidden = false;
+  bool optionsOpen = false;
   bool laidOut = false;  // the stored size has been applied
 };
 

@@ -1,11 +1,136 @@
 #include "ui/frmSetup.h"
 
+#include "core/CurrencyFormat.h"
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "platform/Host.h"
+#include "ui/TabPages.h"
+
 namespace qel {
 
 bool OptionsChanged = false;
 bool LogPathChanged = false;
 TheForm<frmSetup> SetupForm;
 
-frmSetup::frmSetup() : Form("frmSetup") {}
+namespace {
+
+struct Page {
+  const char *Caption, *ToolTip;
+  int HelpContext;
+};
+
+const Page Pages[] = {
+    {"General", "General Operating Parameters", 51},
+    {"Modem", "Modem Response Settings", 33},
+    {"Services", "Service Descriptions, Numbers and Costs", 36},
+    {"Costs", "Default Connection Costs and Currency Format", 46},
+    {"Format", "Date & Currency Format", 47},
+    {"Errors", "Error Correction", 48},
+    {"Holidays", "User Defined Holidays", 54},
+    {"Report", "Default Report Settings", 59},
+};
+
+constexpr int ModemTab = 2, ServicesTab = 3;
+
+}  // namespace
+
+frmSetup::frmSetup() : Form("frmSetup") {
+  std::vector<Tab> tabs;
+  for (const Page& page : Pages) tabs.push_back({page.Caption, page.ToolTip});
+  TabStrip1.SetTabs(std::move(tabs));
+  TabStrip1.Click = [this] { TabStrip1_Click(); };
+  KeyDown = [this](KeyPress& press) { Form_KeyDown(press); };
+  btnSave.Click = [this] { btnSave_Click(); };
+  btnCancel.Click = [this] { Unload(); };
+  btnCancel.ClickMovesFocus = false;
+  for (Picture& icon : Icon) icon.Click = [this, &icon] { Icon_Click(icon.Index()); };
+  WireGeneral();
+  WireModem();
+  WireServices();
+  WireCosts();
+  WireErrors();
+  WireHolidays();
+  WireReport();
+}
+
+void frmSetup::Form_Load() {
+  SetTrace("frmSetup", "Form_Load");
+  Attempt([this] { ShowFormats(); });
+  mskNoDisconDuration.Mask = "##" + TimeSeparator + "##" + TimeSeparator + "##";
+  Label8.Caption = "hh" + TimeSeparator + "mm" + TimeSeparator + "ss";
+  Attempt([this] { snapshot.Take(); });
+  ShowGeneral();
+  ShowMarkers();
+  optShowErrors.Value = ShowErrors;
+  optShowErrors_Click();
+  ShowCosts();
+  ShowServices();
+  ShowReportSettings();
+  LoadHolidays();
+  btnDefaults.Visible = false;
+  ShowServiceCount();
+  EnableEditing();
+  OptionsChanged = LogPathChanged = false;
+}
+
+void frmSetup::Form_Activate() {
+  TabStrip1_Click();
+  EnableStartFields();
+  ShowServiceCount();
+  txtLogName.SetFocus();
+  CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+void frmSetup::TabStrip1_Click() {
+  const int tab = TabStrip1.SelectedTab();
+  ShowSelectedPage(TabStrip1, Settings);
+  btnDefaults.Enabled = btnDefaults.Visible = tab == ModemTab;
+  fralblServices.Visible = tab == ServicesTab;
+  HelpContextID = Pages[tab - 1].HelpContext;
+  if (tab != ServicesTab)
+    TabStrip1.SetFocus();
+  else if (UsedServices > 0)
+    lstServices.SetFocus();
+}
+
+void frmSetup::Form_KeyDown(KeyPress& press) {
+  if (SelectNextTabByKey(TabStrip1, press)) return;
+  if (press.key != Key::Delete || TabStrip1.SelectedTab() != ServicesTab) return;
+  press.Handled = true;
+  DeleteService();
+}
+
+void frmSetup::btnSave_Click() {
+  SetTrace("frmSetup", "btnSave_Click");
+  LogPathChanged = snapshot.Differs({&ModemLogFile, &ModemLogDir});
+  saved = true;
+  StoreHolidays();
+  WriteUserParameters();
+  Unload();
+}
+
+void frmSetup::restoreOldValues() {
+  SetTrace("frmSetup", "restoreOldValues");
+  Attempt([this] { snapshot.Restore(); });
+}
+
+bool frmSetup::Form_Unload() {
+  if (!saved) restoreOldValues();
+  snapshot.ReleaseServices();
+  if (LogPathChanged) LogCorrupt = LogTooBig = false;
+  if (regionalSettingsOpened)
+    MsgBox(
+        {"QEL has detected that you opened the \n"
+         "Windows Regional Settings Dialog.\n"
+         "\n"
+         "If you have made any adjustments to your\n"
+         "Systems Regional Settings then you\n"
+         "MUST exit and re-start QEL.",
+         "Windows Regional Settings"});
+  OptionsChanged =
+      snapshot.Differs({&FlatToolbars, &UserStartPref, &UserStartDate, &UserStartOfWeek, &UserStartOfMonth});
+  BuildTimeFormat();
+  return true;
+}
 
 }  // namespace qel

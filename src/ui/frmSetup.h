@@ -1,8 +1,14 @@
 // The options window: every setting of the program, the services and the holidays. Its fields change the
 // settings as they are left; closing it without saving puts the settings back that it found.
+//
+// Its handlers are told apart by tab: frmSetup.cpp (life of the window, tabs, saving), SetupFields.cpp
+// (General, Modem, Costs, Errors), SetupServices.cpp, SetupFormat.cpp, SetupHolidays.cpp, SetupReport.cpp.
 #pragma once
 
 #include <array>
+#include <string>
+#include <variant>
+#include <vector>
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
@@ -13,6 +19,7 @@
 #include "controls/TextControls.h"
 #include "settings/Settings.h"
 #include "ui/FieldRule.h"
+#include "ui/SetupSnapshot.h"
 
 namespace qel {
 
@@ -115,6 +122,137 @@ class frmSetup : public Form {
   Button btnDefaults{*this, "btnDefaults"};  // of the Modem tab
   Button btnSave{*this, "btnSave"};
   Button btnCancel{*this, "btnCancel"};
+
+ private:
+  // A limit that is a whole number of its setting's width.
+  struct LimitField {
+    TextBox& Field;
+    std::variant<Int16*, Int32*> Limit;
+  };
+  struct OptionBox {
+    CheckBox& Box;
+    Option& Setting;
+  };
+  // A text by which lines of the log are recognised, in capitals.
+  struct MarkerField {
+    TextBox& Field;
+    std::string& Marker;
+  };
+  struct CostField {
+    TextBox& Field;
+    Label& Caption;
+    double& Cost;
+    RuledField Rule;
+  };
+  // What a starting date preference needs besides.
+  struct StartField {
+    const char* Preference;
+    Control& Field;
+    Label& Caption;
+  };
+
+  void Form_Load() override;
+  void Form_Activate() override;
+  bool Form_Unload() override;
+  void Form_KeyDown(KeyPress& press);
+  void TabStrip1_Click();
+  void btnSave_Click();
+  void restoreOldValues();
+
+  void WireGeneral();
+  void ShowGeneral();
+  void ShowLogPath(const std::string& path);
+  std::string TypedLogPath() const;
+  void txtLogName_LostFocus();
+  void cmdBrowse_Click();
+  static void WarnOfOtherFolder();
+  static void ShowLimit(const LimitField& limit);
+  static void LimitField_LostFocus(const LimitField& limit);
+  void txtMaxServices_LostFocus();
+
+  void WireModem();
+  void ShowMarkers();
+  void btnDefaults_Click();
+
+  void WireCosts();
+  void ShowCosts();
+  void CostField_LostFocus(CostField& cost);
+  void optCalcCosts_Click();
+
+  void WireErrors();
+  void optShowErrors_Click();
+  void mskNoDisconDuration_LostFocus();
+  void mskNoDisconData_LostFocus();
+
+  void ShowFormats();
+  void Icon_Click(int index);
+
+  void WireServices();
+  void ShowServices();
+  int SelectedService() const { return lstServices.SelectedRow() - 1; }
+  void AddServiceRow(int service);
+  void SelectRow(int row);
+  void ShowServiceCount();
+  void EnableEditing();
+  bool EditService(bool isNew);
+  void btnNew_Click();
+  void lstServices_DblClick();
+  void lstServices_ItemClick();
+  void btnDelete_Click();
+  void DeleteService();
+  void btnCopy_Click();
+  void CopyService(int index);
+  void CheckCopybtn();
+  void btnScan_Click();
+
+  void WireHolidays();
+  void LoadHolidays();
+  void ShowHolidays(int chosen);
+  void ShowHolidayCount();
+  void AddHoliday();
+  void btnAdd_Click();
+  void btnRemove_Click();
+  void lstHolidays_Click();
+  void StoreHolidays() const;
+
+  void WireReport();
+  void ShowReportSettings();
+  void EnableStartFields();
+  void mskUserDate_LostFocus();
+
+  SetupSnapshot snapshot;
+  bool saved = false;
+  bool regionalSettingsOpened = false;
+  bool durationValid = false;
+  std::string logPathAtLoad;
+  std::string shownLogPath;    // whose text the window put into txtLogName
+  std::vector<Date> holidays;  // the window's own; Holidays is touched by saving alone
+
+  const std::array<LimitField, 3> limits{{{txtMaxConnections, &MaxConnections},
+                                          {txtMaxConnectDays, &MaxConnectDays},
+                                          {txtMaxLogSize, &MaxLogSize}}};
+  const std::array<OptionBox, 7> options{{{optEditLog, EditLog},
+                                          {optShowToolbars, ShowToolbars},
+                                          {optFlatToolBars, FlatToolbars},
+                                          {optModemCheck, ModemCheck},
+                                          {optTips, Tips},
+                                          {optAutoOpt, AutoOptimize},
+                                          {optShowGraphic, ShowGraphic}}};
+  const std::array<MarkerField, 7> markers{{{TextOptDial, ModemDial},
+                                            {TextOptAnswer, ModemAnswer},
+                                            {TextOptConnect, ModemConnect},
+                                            {TextOptUsrDisconnect, ModemUserDisconnect},
+                                            {TextOptRemDisconnect, ModemHostDisconnect},
+                                            {TextOptReads, ModemReads},
+                                            {TextOptWrites, ModemWrites}}};
+  static constexpr FieldRule Amount{.TestsTyping = false, .WhenLeft = Leaving::Insists, .Filler = ""};
+  std::array<CostField, 3> costs{
+      {{txtDialCost, lblDialCost, DialCost, RuledField(txtDialCost, Amount)},
+       {txtCostPerHour, lblCostPerHour, CostPerHour, RuledField(txtCostPerHour, Amount)},
+       {txtCostPerMeg, lblCostPerMeg, CostPerMeg, RuledField(txtCostPerMeg, Amount)}}};
+  const std::array<StartField, 3> startFields{{{"Start of Week", lstWeekStart, lblWeekStart},
+                                               {"Start of Month", lstMonthStart, lblMonthStart},
+                                               {"User Defined", mskUserDate, lblUserDate}}};
 };
 
 extern TheForm<frmSetup> SetupForm;

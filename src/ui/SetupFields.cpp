@@ -1,0 +1,238 @@
+// The options window's tabs of plain fields: General, Modem, Costs, Errors.
+#include "core/CurrencyFormat.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "core/Version.h"
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/FormatMask.h"
+#include "platform/Host.h"
+#include "platform/TextConversion.h"
+#include "ui/frmSetup.h"
+
+namespace qel {
+
+namespace {
+
+constexpr char LogFilter[] = "Modem Log Files (*.txt;*.log)|*.txt;*.log";
+constexpr char AskForNumber[] = "Enter a number.";
+
+std::string FolderPart(const std::string& path) {
+  return path.substr(0, path.size() - FileNamePart(path).size());
+}
+
+void EnableField(Control& field, bool enabled) {
+  field.Enabled = enabled;
+  field.BackColor = enabled ? SystemColour::WindowBackground : SystemColour::MenuBackground;
+}
+
+// A text in the making is not held against its field any longer.
+void ForgetRefusalOnChange(TextBox& field) {
+  field.Change = [&field] { field.Refusal = ""; };
+}
+
+void TraceLeaving(const Control& field) { SetTrace("frmSetup", (field.Name() + "_LostFocus").c_str()); }
+
+}  // namespace
+
+// General
+
+void frmSetup::WireGeneral() {
+  ForgetRefusalOnChange(txtLogName);
+  txtLogName.LostFocus = [this] { txtLogName_LostFocus(); };
+  cmdBrowse.Click = [this] { cmdBrowse_Click(); };
+  ForgetRefusalOnChange(txtMaxServices);
+  txtMaxServices.LostFocus = [this] { txtMaxServices_LostFocus(); };
+  for (const LimitField& limit : limits) {
+    ForgetRefusalOnChange(limit.Field);
+    limit.Field.LostFocus = [&limit] { LimitField_LostFocus(limit); };
+  }
+  for (const OptionBox& option : options)
+    option.Box.Click = [&option] { option.Setting = option.Box.Value(); };
+}
+
+void frmSetup::ShowGeneral() {
+  logPathAtLoad = ModemLogDir + ModemLogFile;
+  ShowLogPath(logPathAtLoad);
+  txtMaxServices.Text = NumberText(MaxServices);
+  for (const LimitField& limit : limits) ShowLimit(limit);
+  for (const OptionBox& option : options) option.Box.Value = option.Setting;
+}
+
+void frmSetup::ShowLogPath(const std::string& path) {
+  shownLogPath = path;
+  txtLogName.Text = PathText(path);
+  txtLogName.ToolTipText = " " + PathText(path) + " ";
+}
+
+// A name that no text can show stays what it is as long as nobody types over it.
+std::string frmSetup::TypedLogPath() const {
+  return txtLogName.Text() == PathText(shownLogPath) ? shownLogPath : ToUtf8(txtLogName.Text());
+}
+
+void frmSetup::txtLogName_LostFocus() {
+  TraceLeaving(txtLogName);
+  const std::string path = TypedLogPath();
+  bool exists = false;
+  Attempt([&] { exists = FileExists(path); });
+  ShowLogPath(exists ? path : logPathAtLoad);
+  txtLogName.Refusal = exists ? "" : "There is no file of the name that was typed.";
+  if (!exists) return;
+  ModemLogFile = FileNamePart(path);
+  ModemLogDir = FolderPart(path);
+}
+
+void frmSetup::cmdBrowse_Click() {
+  const auto path = CurrentHost().AskOpenFile({LogFilter, CurrentLogDir, TypedLogPath()});
+  if (!path) return;
+  if (FolderPart(*path) != DefaultLogDir && !ArchiveOpen) WarnOfOtherFolder();
+  ShowLogPath(*path);
+  txtLogName.SetFocus();  // leaving it takes the choice
+}
+
+void frmSetup::WarnOfOtherFolder() {
+  MsgBox(
+      {"Your system's active modem log file is normally located\n"
+       "in the '" +
+           PathText(DefaultLogDir) +
+           "' directory.\n"
+           "\n"
+           "The file you have selected is located in a different directory\n"
+           "and may not be your system's active modem log file!\n"
+           "\n"
+           "Please make sure that the file you select here is your\n"
+           "system's currently active modem log.",
+       "WARNING", Icon::Exclamation});
+}
+
+void frmSetup::ShowLimit(const LimitField& limit) {
+  limit.Field.Text = std::visit([](const auto* setting) { return NumberText(*setting); }, limit.Limit);
+}
+
+void frmSetup::LimitField_LostFocus(const LimitField& limit) {
+  TraceLeaving(limit.Field);
+  const std::string text = limit.Field.Text;
+  if (!IsNumber(text)) {
+    ShowLimit(limit);
+    return Refuse(limit.Field, AskForNumber);
+  }
+  const bool fits =
+      Attempt([&] { std::visit([&text](auto* setting) { *setting = Val(text); }, limit.Limit); });
+  limit.Field.Refusal = fits ? "" : "This number is too large.";
+}
+
+void frmSetup::txtMaxServices_LostFocus() {
+  TraceLeaving(txtMaxServices);
+  const std::string text = txtMaxServices.Text;
+  if (!IsNumber(text)) {
+    txtMaxServices.Text = NumberText(MaxServices);
+    return Refuse(txtMaxServices, AskForNumber);
+  }
+  if (Val(text) < UsedServices) {
+    MsgBox(
+        {"You are currently using more services than this.\n"
+         "Please reduce the number of defined services and try again!",
+         ProgramTitle});
+    txtMaxServices.Text = NumberText(MaxServices);
+    return;
+  }
+  const bool fits = Attempt([&text] { MaxServices = Val(text); });
+  txtMaxServices.Refusal = fits ? "" : "This number is too large.";
+  ShowServiceCount();
+}
+
+// Modem
+
+void frmSetup::WireModem() {
+  for (const MarkerField& marker : markers)
+    marker.Field.LostFocus = [&marker] {
+      marker.Marker = UpperCase(marker.Field.Text());
+      marker.Field.Text = marker.Marker;
+    };
+  btnDefaults.Click = [this] { btnDefaults_Click(); };
+}
+
+void frmSetup::ShowMarkers() {
+  for (const MarkerField& marker : markers) marker.Field.Text = marker.Marker;
+}
+
+void frmSetup::btnDefaults_Click() {
+  RestoreModemDefaults();
+  ShowMarkers();
+}
+
+// Costs
+
+void frmSetup::WireCosts() {
+  optCalcCosts.Click = [this] { optCalcCosts_Click(); };
+  for (CostField& cost : costs) cost.Field.LostFocus = [this, &cost] { CostField_LostFocus(cost); };
+}
+
+void frmSetup::ShowCosts() {
+  optCalcCosts.Value = CalcCosts;
+  optCalcCosts_Click();
+  for (CostField& cost : costs) {
+    cost.Field.Text = NumberText(cost.Cost);
+    CostField_LostFocus(cost);
+  }
+}
+
+// The amount is taken as it was typed; the field shows it rounded.
+void frmSetup::CostField_LostFocus(CostField& cost) {
+  const std::string text = cost.Field.Text;
+  cost.Rule.Leave();
+  if (cost.Rule.Valid()) cost.Cost = TextToNumber(text);
+}
+
+void frmSetup::optCalcCosts_Click() {
+  CalcCosts = optCalcCosts.Value();
+  for (const CostField& cost : costs) {
+    EnableField(cost.Field, CalcCosts);
+    cost.Caption.Enabled = CalcCosts;
+  }
+}
+
+// Errors
+
+void frmSetup::WireErrors() {
+  optShowErrors.Click = [this] { optShowErrors_Click(); };
+  mskNoDisconDuration.Change = [this] {
+    durationValid = mskNoDisconDuration.Fits(mskNoDisconDuration.Text);
+    mskNoDisconDuration.Refusal = "";
+  };
+  mskNoDisconDuration.LostFocus = [this] { mskNoDisconDuration_LostFocus(); };
+  ForgetRefusalOnChange(mskNoDisconData);
+  mskNoDisconData.LostFocus = [this] { mskNoDisconData_LostFocus(); };
+}
+
+void frmSetup::optShowErrors_Click() {
+  ShowErrors = optShowErrors.Value();
+  Attempt([this] {
+    mskNoDisconDuration.Text = FormatTime(ShowErrors ? static_cast<float>(NoDisconDuration) : 0, false);
+    mskNoDisconData.Text = FormatNumber(ShowErrors ? NoDisconData : 0, "#,##0");
+  });
+  EnableField(mskNoDisconDuration, ShowErrors);
+  EnableField(mskNoDisconData, ShowErrors);
+}
+
+// The hours count as minutes too: 01:30:00 are 31 minutes.
+void frmSetup::mskNoDisconDuration_LostFocus() {
+  if (!durationValid)
+    return RefuseAndStay(mskNoDisconDuration, "Enter hours, minutes and seconds of two digits each.");
+  const std::string& text = mskNoDisconDuration.Text;
+  const auto digits = [&text](std::size_t from) { return Int16(Val(text.substr(from, 2))); };
+  const Int16 hours = digits(0), minutes = digits(2 + TimeSeparator.size()),
+              seconds = digits(text.size() - 2);
+  NoDisconDuration = hours * 60 + minutes * 60 + seconds;
+}
+
+void frmSetup::mskNoDisconData_LostFocus() {
+  const std::string text = mskNoDisconData.Text;
+  const bool isNumber = IsNumber(text);
+  mskNoDisconData.Text = isNumber ? FormatNumber(TextToNumber(text), "#,##0") : "0";
+  if (!isNumber) Refuse(mskNoDisconData, AskForNumber);
+  NoDisconData = TextToNumber(mskNoDisconData.Text());
+}
+
+}  // namespace qel

@@ -1,0 +1,58 @@
+// The options window's examples of the regional formats, and the way to the system's own settings.
+#include <span>
+
+#include "core/CurrencyFormat.h"
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "platform/Clock.h"
+#include "platform/FormatMask.h"
+#include "platform/Host.h"
+#include "ui/frmSetup.h"
+
+namespace qel {
+
+namespace {
+
+constexpr double SampleAmount = 1234567.89;
+
+// The settings programs of the desktops, in the order of trying.
+const char* const RegionalSettings[] = {"gnome-control-center region", "systemsettings kcm_regionandlang",
+                                        "xfce4-settings-manager", "lxqt-config-locale"};
+const char* const ModemSettingsPrograms[] = {"nm-connection-editor", "gnome-control-center network",
+                                             "systemsettings kcm_networkmanagement"};
+
+void StartFirstOf(std::span<const char* const> programs) {
+  bool started = false;
+  for (const char* program : programs) {
+    IgnoreErrors([&] {
+      CurrentHost().StartProgram(program);
+      started = true;
+    });
+    if (started) return;
+  }
+  MsgBox({"No program for these settings was found on this system.", "QEL Options", Icon::Information});
+}
+
+}  // namespace
+
+void frmSetup::ShowFormats() {
+  lblCountry.Caption = Country;
+  lblRegionalSettings.Caption = "The Country setting for this computer is " + Country +
+                                ". Below are examples of your Currency format and 'Short' and 'Long' Date "
+                                "formats.";
+  lblPreview.Caption = MoneyText(SampleAmount);
+  lblDateFormat.Caption =
+      "You can alter these formats via the 'Regional Settings' icon in the Windows Control Panel or by "
+      "clicking on the icon above.";
+  lblShortDate.Caption = FormatDate(Today(), "Short Date");
+  lblLongDate.Caption = FormatDate(Today(), "long date");
+}
+
+void frmSetup::Icon_Click(int index) {
+  SetTrace("frmSetup", "Icon_Click");
+  if (index == 2) return StartFirstOf(ModemSettingsPrograms);
+  regionalSettingsOpened = true;
+  StartFirstOf(RegionalSettings);
+}
+
+}  // namespace qel

@@ -1,0 +1,87 @@
+// The options window's list of holidays, in the order of their dates. Days gone by are not kept.
+#include <algorithm>
+
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "platform/Clock.h"
+#include "platform/FormatMask.h"
+#include "platform/TextConversion.h"
+#include "ui/frmSetup.h"
+
+namespace qel {
+
+void frmSetup::WireHolidays() {
+  CalHolidays.AfterUpdate = [this] { CalHolidays.Refusal = ""; };
+  CalHolidays.DblClick = [this] { AddHoliday(); };
+  btnAdd.Click = [this] { btnAdd_Click(); };
+  btnRemove.Click = lstHolidays.DblClick = [this] { btnRemove_Click(); };
+  lstHolidays.Click = [this] { lstHolidays_Click(); };
+}
+
+void frmSetup::LoadHolidays() {
+  holidays.clear();
+  Attempt([this] {
+    for (int i = 0; i < UsedHolidays; ++i)
+      if (Holidays[i] >= Today()) holidays.push_back(Holidays[i]);
+  });
+  CalHolidays.Value = Today();
+  Attempt([this] { ShowHolidays(0); });
+}
+
+// Chooses the entry at a place, or else the last one.
+void frmSetup::ShowHolidays(int chosen) {
+  lstHolidays.Clear();
+  for (const Date day : holidays) lstHolidays.AddItem(FormatDate(day, "Short Date"));
+  lstHolidays.SetListIndex(std::min(chosen, lstHolidays.ListCount() - 1));
+  ShowHolidayCount();
+}
+
+void frmSetup::ShowHolidayCount() {
+  lblUsedHolidays.Caption =
+      NumberText(lstHolidays.ListCount()) + " Holidays (Max " + NumberText(MaxHolidays) + ")";
+}
+
+void frmSetup::AddHoliday() {
+  SetTrace("frmSetup", "AddHoliday");
+  const Date day = CalHolidays.Value;
+  if (day < Today()) return Refuse(CalHolidays, "This day has gone by.");
+  if (const auto same = std::find(holidays.begin(), holidays.end(), day); same != holidays.end()) {
+    lstHolidays.SetListIndex(static_cast<int>(same - holidays.begin()));
+    return Refuse(CalHolidays, "This day is in the list already.");
+  }
+  if (holidays.size() == MaxHolidays) {
+    lblUsedHolidays.ForeColor = SystemColour::Warning;
+    return Refuse(CalHolidays, "There is room for no more holidays.");
+  }
+  const bool isLast = holidays.empty() || day > holidays.back();
+  const auto place =
+      isLast ? holidays.end()
+             : std::find_if(holidays.begin(), holidays.end(), [day](Date listed) { return listed >= day; });
+  const auto added = holidays.insert(place, day);
+  CalHolidays.Refusal = "";
+  Attempt([&] { ShowHolidays(static_cast<int>(added - holidays.begin())); });
+}
+
+void frmSetup::btnAdd_Click() {
+  AddHoliday();
+  CalHolidays.NextDay();
+}
+
+void frmSetup::btnRemove_Click() {
+  const int chosen = lstHolidays.ListIndex();
+  if (chosen < 0) return;
+  holidays.erase(holidays.begin() + chosen);
+  lblUsedHolidays.ForeColor = SystemColour::WindowText;
+  Attempt([&] { ShowHolidays(chosen); });
+}
+
+void frmSetup::lstHolidays_Click() {
+  CalHolidays.Value = holidays[static_cast<std::size_t>(lstHolidays.ListIndex())];
+}
+
+void frmSetup::StoreHolidays() const {
+  UsedHolidays = Int16(holidays.size());
+  for (int i = 0; i < UsedHolidays; ++i) Holidays[i] = holidays[static_cast<std::size_t>(i)];
+}
+
+}  // namespace qel

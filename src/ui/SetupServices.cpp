@@ -1,0 +1,196 @@
+// The options window's list of services.
+#include <algorithm>
+
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "platform/CodePage.h"
+#include "platform/Host.h"
+#include "platform/TextConversion.h"
+#include "ui/ServiceScan.h"
+#include "ui/frmService.h"
+#include "ui/frmSetup.h"
+
+namespace qel {
+
+namespace {
+
+constexpr int TelephoneIcon = 3;
+constexpr char NoService[] = "There is no service yet.";
+constexpr char NoRoom[] = "There is room for no more services.";
+
+ListRow RowOf(const ServiceRecord& service) {
+  return {service.ServiceName + "  ", {service.ServiceNumber}, TelephoneIcon};
+}
+
+void TellScanned(int found) {
+  const std::string text = found == 0 ? "No new dialled services found in modem log!"
+                                      : NumberText(found) +
+                                            " new dialled service(s) found in modem log!\n"
+                                            "\n"
+                                            "Please review these new service(s) by\n"
+                                            "selecting and then clicking the 'Edit' button.";
+  MsgBox({text, "Scan for Dialled Services", Icon::Information});
+}
+
+}  // namespace
+
+void frmSetup::WireServices() {
+  lstServices.SetColumns({{"Service Description", 2800}, {"Number", 1800}});
+  lstServices.FullRowSelect = true;
+  lstServices.ItemClick = [this] { lstServices_ItemClick(); };
+  lstServices.DblClick = btnEdit.Click = [this] { lstServices_DblClick(); };
+  btnNew.Click = [this] { btnNew_Click(); };
+  btnDelete.Click = [this] { btnDelete_Click(); };
+  btnCopy.Click = [this] { btnCopy_Click(); };
+  btnScan.Click = [this] { btnScan_Click(); };
+  ProgressBar1.Visible = false;
+}
+
+void frmSetup::ShowServices() {
+  Attempt([this] {
+    for (int i = 0; i < UsedServices; ++i) lstServices.AddRow(RowOf(Services[i]));
+  });
+  if (lstServices.RowCount() > 0) SelectRow(1);
+}
+
+void frmSetup::AddServiceRow(int service) {
+  lstServices.AddRow(RowOf(Services[service]));
+  SelectRow(lstServices.RowCount());
+}
+
+void frmSetup::SelectRow(int row) {
+  lstServices.SelectRow(row);
+  lstServices.Refusal = "";
+}
+
+void frmSetup::ShowServiceCount() {
+  const bool room = UsedServices < MaxServices;
+  lblServices.Caption = NumberText(UsedServices) + " Services (Max " + NumberText(MaxServices) + ")";
+  lblServices.ForeColor = room ? SystemColour::WindowText : SystemColour::Warning;
+  for (Button* button : {&btnNew, &btnCopy, &btnScan}) button->Enabled = room;
+}
+
+void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = UsedServices != 0; }
+
+// True when the editor was confirmed.
+bool frmSetup::EditService(bool isNew) {
+  NewService = isNew;
+  ServiceEditCancelled = true;  // unless its OK says otherwise
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  ServiceForm->ShowModal();
+  return !ServiceEditCancelled;
+}
+
+void frmSetup::btnNew_Click() {
+  SetTrace("frmSetup", "btnNew_Click");
+  if (UsedServices >= MaxServices) {
+    Refuse(lstServices, NoRoom);
+  } else if (Attempt([] { static_cast<void>(Services[UsedServices]); }) &&
+             EditService(true)) {  // the record must be there
+    ++UsedServices;
+    AddServiceRow(UsedServices - 1);
+  }
+  ShowServiceCount();
+  EnableEditing();
+}
+
+void frmSetup::lstServices_DblClick() {
+  SetTrace("frmSetup", "lstServices_DblClick");
+  const int service = SelectedService();
+  if (service < 0) return Refuse(lstServices, NoService);
+  if (EditService(false)) lstServices.SetRow(service + 1, RowOf(Services[service]));
+}
+
+void frmSetup::lstServices_ItemClick() {
+  lstServices.Refusal = "";
+  ShowServiceCount();
+  CheckCopybtn();
+}
+
+void frmSetup::btnDelete_Click() {
+  SetTrace("frmSetup", "btnDelete_Click");
+  const int service = SelectedService();
+  const auto agreed = [service] {
+    return MsgBox({"Are you sure you want to delete " + Services[service].ServiceName + "?", "Delete Service",
+                   Icon::None, Buttons::YesNo}) == Answer::Yes;
+  };
+  if (service < 0 || agreed()) DeleteService();
+  lstServices.SetFocus();
+}
+
+// Names and numbers move up alone: the services behind the deleted one take over the costs and the warning of
+// the entry before them.
+void frmSetup::DeleteService() {
+  const int deleted = SelectedService();
+  if (deleted < 0) return Refuse(lstServices, NoService);
+  for (int i = deleted; i + 1 < UsedServices; ++i) {
+    Services[i].ServiceName = Services[i + 1].ServiceName;
+    Services[i].ServiceNumber = Services[i + 1].ServiceNumber;
+    Services[i].ServiceAltNumber = Services[i + 1].ServiceAltNumber;
+  }
+  --UsedServices;
+  lstServices.RemoveRow(deleted + 1);
+  SelectRow(std::min(deleted + 1, lstServices.RowCount()));
+  ShowServiceCount();
+  EnableEditing();
+}
+
+void frmSetup::btnCopy_Click() {
+  const int source = SelectedService();
+  if (source < 0) return Refuse(lstServices, NoService);
+  CopyService(source);
+  ShowServiceCount();
+  EnableEditing();
+  CheckCopybtn();
+}
+
+// The copy has no number yet, and keeps the alternate number and the maximum charge that its place held.
+void frmSetup::CopyService(int index) {
+  SetTrace("frmSetup", "CopyService");
+  Attempt([this, index] {
+    ServiceRecord& place = Services[UsedServices];
+    ServiceRecord copy = Services[index];
+    copy.ServiceName = "Copy Of " + copy.ServiceName;
+    copy.ServiceNumber = "";
+    copy.ServiceAltNumber = place.ServiceAltNumber;
+    copy.MaxCharge = place.MaxCharge;
+    place = copy;
+    ++UsedServices;
+    AddServiceRow(UsedServices - 1);
+  });
+}
+
+void frmSetup::CheckCopybtn() {
+  const int service = SelectedService();
+  btnCopy.Enabled = btnCopy.Enabled && service >= 0 && !Services[service].ServiceNumber.empty();
+}
+
+void frmSetup::btnScan_Click() {
+  SetTrace("frmSetup", "btnScan_Click");
+  const std::string path = ModemLogDir + ModemLogFile;
+  StepTrace = PathText(path);
+  ProgressBar1.SetValue(0);
+  ProgressBar1.Visible = true;
+  fralblServices.Visible = false;
+  int found = 0;
+  const auto show = [&] {
+    ++found;
+    AddServiceRow(UsedServices - 1);
+    ShowServiceCount();
+    EnableEditing();
+  };
+  const auto proceed = [this](int percent) {
+    ProgressBar1.SetValue(percent);
+    CurrentHost().Yield();
+    return IsLoaded();  // nobody has closed the window meanwhile
+  };
+  const bool done = Attempt([&] { ScanForServices(path, show, proceed); });
+  if (!IsLoaded()) return;
+  ProgressBar1.SetValue(100);
+  ProgressBar1.Visible = false;
+  fralblServices.Visible = true;
+  if (done || found > 0) TellScanned(found);
+  lstServices.SetFocus();
+}
+
+}  // namespace qel

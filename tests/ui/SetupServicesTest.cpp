@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+
+#include "support/WindowTest.h"
+
+namespace qel {
+namespace {
+
+class SetupServicesTest : public WindowTest {
+ protected:
+  SetupServicesTest() {
+    ModemLogDir = folder.Path() + "/";
+    ModemLogFile = "ModemLog.txt";
+  }
+
+  frmSetup& Open() {
+    SetupForm.Reset();
+    SetupForm->Show();
+    SetupForm->TabStrip1.UserSelectTab(3);
+    host.transcript.clear();
+    host.messages.clear();
+    return *SetupForm;
+  }
+
+  void Scan(const std::string& log) {
+    folder.Put(ModemLogFile, log);
+    SetupForm->btnScan.UserClick();
+  }
+  static std::string Dial(const std::string& dialled) {
+    return "01-05-1999 10:00:00.00 - Recv: ATD" + dialled + "<cr>\r\n";
+  }
+
+  // The list as it is shown, the selected row in brackets.
+  static std::string List() {
+    std::string all;
+    const ListView& list = SetupForm->lstServices;
+    for (int row = 1; row <= list.RowCount(); ++row) {
+      const std::string text = list.Cell(row, 1) + list.Cell(row, 2);
+      all += row == list.SelectedRow() ? "[" + text + "]" : text + ";";
+    }
+    return all;
+  }
+  static void PressDelete() {
+    KeyPress press{.key = Key::Delete};
+    SetupForm->KeyDown(press);
+  }
+};
+
+TEST_F(SetupServicesTest, ServicesAreAddedAndEditedWhenTheEditorIsConfirmed) {
+  frmSetup& window = Open();
+  window.btnEdit.Enabled = true;
+  window.btnEdit.UserClick();
+  EXPECT_TRUE(host.Showed("beep")) << "nothing to edit";
+  EXPECT_NE(window.lstServices.Refusal(), "");
+  const auto cancel = [] { ServiceForm->Unload(); };
+  const auto confirm = [](int service, const char* number) {
+    return [=] {
+      EXPECT_EQ(NewService, service == UsedServices);
+      Services[service].ServiceName = "Home";
+      Services[service].ServiceNumber = number;
+      ServiceEditCancelled = false;
+      ServiceForm->Unload();
+    };
+  };
+  host.actions = {cancel, confirm(0, "123"), cancel, confirm(0, "456")};
+  window.btnNew.UserClick();
+  EXPECT_EQ(List(), "");
+  window.btnNew.UserClick();
+  EXPECT_EQ(List(), "[Home  123]");
+  EXPECT_EQ(window.lstServices.Row(1).SmallIcon, 3);
+  EXPECT_EQ(window.lblServices.Caption(), "1 Services (Max 10)");
+  EXPECT_EQ(window.lstServices.Refusal(), "");
+  EXPECT_TRUE(window.btnEdit.Enabled && window.btnDelete.Enabled);
+  window.btnEdit.UserClick();
+  EXPECT_EQ(List(), "[Home  123]");
+  window.lstServices.UserDblClick();
+  EXPECT_EQ(List(), "[Home  456]");
+}
+
+TEST_F(SetupServicesTest, AServiceWithoutARecordIsToldBeforeItIsEdited) {
+  Services.Make(0);
+  AddService("A", "1", "");
+  frmSetup& window = Open();
+  window.btnNew.UserClick();
+  ASSERT_FALSE(host.messages.empty());
+  EXPECT_NE(host.messages[0].Text.find("Error code: 9"), std::string::npos);
+  EXPECT_FALSE(ServiceForm.IsLoaded());
+  window.btnCopy.UserClick();
+  EXPECT_EQ(UsedServices, 1);
+  EXPECT_EQ(List(), "[A  1]");
+}
+
+TEST_F(SetupServicesTest, ADeletedServiceLeavesItsCostsToTheNext) {
+  AddService("A", "1", "11").ServiceRate = 1;
+  AddService("B", "2", "22").ServiceRate = 2;
+  AddService("C", "3", "33").ServiceRate = 3;
+  frmSetup& window = Open();
+  host.answers = {Answer::No, Answer::Yes};
+  window.btnDelete.UserClick();
+  EXPECT_EQ(host.messages.at(0).Text, "Are you sure you want to delete A?");
+  EXPECT_EQ(List(), "[A  1]B  2;C  3;");
+  EXPECT_TRUE(window.lstServices.HasFocus());
+  window.btnDelete.UserClick();
+  EXPECT_EQ(List(), "[B  2]C  3;");
+  EXPECT_EQ(Services[0].ServiceName + Services[0].ServiceAltNumber, "B22");
+  EXPECT_EQ(Services[0].ServiceRate, 1);
+  EXPECT_EQ(Services[1].ServiceName, "C");
+  EXPECT_EQ(Services[1].ServiceRate, 2);
+  window.lstServices.UserSelect(2);
+  PressDelete();
+  EXPECT_EQ(List(), "[B  2]");
+  EXPECT_EQ(host.messages.size(), 2u) << "the key asks nothing";
+  window.TabStrip1.UserSelectTab(1);
+  PressDelete();
+  EXPECT_EQ(UsedServices, 1) << "on another tab";
+  window.TabStrip1.UserSelectTab(3);
+  PressDelete();
+  EXPECT_FALSE(host.Showed("beep") || window.btnDelete.Enabled);
+  PressDelete();
+  EXPECT_TRUE(host.Showed("beep"));
+}
+
+TEST_F(SetupServicesTest, ACopyKeepsWhatItsPlaceHeld) {
+  ServiceRecord& source = AddService("A", "1", "11");
+  source.MaxCharge = 5;
+  source.UsedTariffs = 1;
+  source.Tariffs[0].Description = "Peak";
+  Services[1].ServiceAltNumber = "old";
+  Services[1].MaxCharge = 9;
+  frmSetup& window = Open();
+  window.btnCopy.UserClick();
+  EXPECT_EQ(List(), "A  1;[Copy Of A  ]");
+  EXPECT_EQ(Services[1].ServiceAltNumber, "old");
+  EXPECT_EQ(Services[1].MaxCharge, 9);
+  EXPECT_EQ(Services[1].Tariffs[0].Description, "Peak");
+  EXPECT_FALSE(window.btnCopy.Enabled) << "a service without a number";
+  window.lstServices.UserSelect(1);
+  EXPECT_TRUE(window.btnCopy.Enabled);
+}
+
+TEST_F(SetupServicesTest, TheScanFindsTheNumbersThatNoServiceHas) {
+  ModemDial = "Recv: ATD";
+  AddService("A", " 111 ", "222");
+  AddService("Dialled Service #7 at work", "333", "");
+  frmSetup& window = Open();
+  const std::string log = "01-05-1999 10:00:00.00 - Connected\r\n" + Dial("T111") + Dial("T222") +
+                          Dial("T0,444") + Dial("T0,444") + Dial("P555") + Dial("T66W6") +
+                          "01-05-1999 10:00:00.00 - RECV: ATDT777<cr>\r\n" +
+                          "01-05-1999 10:00:00.00 - Recv: ATDT888.";
+  Scan(log);
+  EXPECT_EQ(List(),
+            "A   111 ;Dialled Service #7 at work  333;Dialled Service # 8  0,444;Dialled Service # 9  555;"
+            "[Dialled Service # 10  888]");
+  EXPECT_EQ(host.messages.at(0).Title, "Scan for Dialled Services");
+  EXPECT_EQ(host.messages[0].Text.substr(0, 44), "3 new dialled service(s) found in modem log!");
+  EXPECT_EQ(window.lblServices.Caption(), "5 Services (Max 10)");
+  EXPECT_TRUE(window.lstServices.HasFocus() && window.fralblServices.Visible);
+  EXPECT_FALSE(window.ProgressBar1.Visible);
+  Scan(log);
+  EXPECT_EQ(host.messages.at(1).Text, "No new dialled services found in modem log!");
+  EXPECT_EQ(UsedServices, 5);
+}
+
+TEST_F(SetupServicesTest, TheScanStopsAtTheMostServices) {
+  ModemDial = "Recv: ATD";
+  MaxServices = 2;
+  Open();
+  Scan(Dial("T1") + Dial("T2") + Dial("T3"));
+  EXPECT_EQ(List(), "Dialled Service # 1  1;[Dialled Service # 2  2]");
+  EXPECT_EQ(host.messages.at(0).Text.substr(0, 2), "2 ");
+  EXPECT_FALSE(SetupForm->btnScan.Enabled);
+}
+
+TEST_F(SetupServicesTest, AWindowClosedDuringTheScanEndsIt) {
+  class : public ScriptedHost {
+    void Yield() override { SetupForm->Unload(); }
+  } impatient;
+  ModemDial = "Recv: ATD";
+  Open();
+  Scan(Dial("T1") + Dial("T2"));
+  EXPECT_EQ(UsedServices, 0);
+  EXPECT_TRUE(impatient.messages.empty());
+  SetHost(host);
+}
+
+TEST_F(SetupServicesTest, AScanWithoutALogIsAnError) {
+  frmSetup& window = Open();
+  window.btnScan.UserClick();
+  ASSERT_EQ(host.messages.size(), 2u);
+  EXPECT_NE(host.messages[0].Text.find("Error code: 53"), std::string::npos);
+  EXPECT_FALSE(window.ProgressBar1.Visible);
+}
+
+}  // namespace
+}  // namespace qel

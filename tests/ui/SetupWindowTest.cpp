@@ -1,0 +1,367 @@
+#include <gtest/gtest.h>
+
+#include "platform/TextConversion.h"
+#include "support/WindowTest.h"
+
+namespace qel {
+namespace {
+
+enum SetupTab { General = 1, Modem, ServicesTab, Costs, Format, Errors, HolidaysTab, Report };
+
+std::string TextOf(const SettingPlace& setting) {
+  if (const auto* text = std::get_if<std::string*>(&setting)) return **text;
+  return std::visit(
+      [](const auto* number) {
+        if constexpr (std::is_convertible_v<decltype(*number), double>) return NumberText(*number);
+        return std::string();
+      },
+      setting);
+}
+
+class SetupWindowTest : public WindowTest {
+ protected:
+  SetupWindowTest() {
+    ModemLogDir = DefaultLogDir = folder.Path() + "/";
+    ModemLogFile = "ModemLog.txt";
+    folder.Put(ModemLogFile, usable);
+  }
+
+  frmSetup& Open(int tab) {
+    SetupForm.Reset();
+    SetupForm->Show();
+    if (tab != General) SetupForm->TabStrip1.UserSelectTab(tab);
+    host.transcript.clear();
+    host.messages.clear();
+    return *SetupForm;
+  }
+
+  static TextBox& Field(const char* name) { return dynamic_cast<TextBox&>(*SetupForm->Find(name)); }
+  static void TypeAndLeave(const char* name, const std::string& text) {
+    Field(name).UserText(text);
+    SetupForm->TabStrip1.SetFocus();
+  }
+};
+
+TEST_F(SetupWindowTest, AFieldTakesItsTextOrSaysWhyNot) {
+  enum Outcome { Takes, PutsBack, Stays };
+  const struct {
+    int tab;
+    const char *field, *typed, *shown;
+    SettingPlace setting;
+    const char* value;
+    Outcome outcome;
+  } cases[] = {
+      {General, "txtMaxConnections", "1,500", "1,500", &MaxConnections, "1", Takes},
+      {General, "txtMaxConnections", "-3", "-3", &MaxConnections, "-3", Takes},
+      {General, "txtMaxConnectDays", "two", "2", &MaxConnectDays, "2", PutsBack},
+      {General, "txtMaxLogSize", "40000", "40000", &MaxLogSize, "40000", Takes},
+      {General, "txtMaxServices", "", "10", &MaxServices, "10", PutsBack},
+      {Modem, "TextOptDial", "send: atd", "SEND: ATD", &ModemDial, "SEND: ATD", Takes},
+      {Modem, "TextOptWrites", "", "", &ModemWrites, "", Takes},
+      {Costs, "txtDialCost", "0.12345", "0.1235", &DialCost, "0.12345", Takes},
+      {Costs, "txtCostPerHour", "($2)", "-2.00", &CostPerHour, "-2", Takes},
+      {Costs, "txtCostPerMeg", "free", "free", &CostPerMeg, "0", Stays},
+      {Costs, "txtCostPerMeg", "", "", &CostPerMeg, "0", Stays},
+      {Errors, "mskNoDisconDuration", "01:30:00", "01:30:00", &NoDisconDuration, "1860", Takes},
+      {Errors, "mskNoDisconDuration", "99:59:59", "99:59:59", &NoDisconDuration, "9539", Takes},
+      {Errors, "mskNoDisconDuration", "01:3_:00", "01:3_:00", &NoDisconDuration, "900", Stays},
+      {Errors, "mskNoDisconData", "1500", "1,500", &NoDisconData, "1500", Takes},
+      {Errors, "mskNoDisconData", "much", "0", &NoDisconData, "0", PutsBack},
+      {Report, "mskUserDate", "01/30/1999", "01/30/1999", &UserStartDate, "36190", Takes},
+      {Report, "mskUserDate", "01/3_/1999", "01/3_/1999", &UserStartDate, "36175", Stays},
+  };
+  UserStartPref = "User Defined";
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.field) + " " + c.typed);
+    Open(c.tab);
+    TypeAndLeave(c.field, c.typed);
+    EXPECT_EQ(Field(c.field).Text(), c.shown);
+    EXPECT_EQ(TextOf(c.setting), c.value);
+    EXPECT_EQ(host.Showed("beep"), c.outcome != Takes);
+    EXPECT_EQ(Field(c.field).Refusal().empty(), c.outcome == Takes);
+    EXPECT_EQ(Field(c.field).HasFocus(), c.outcome == Stays);
+    SetupForm->btnCancel.UserClick();
+    EXPECT_FALSE(SetupForm.IsLoaded()) << "whatever the field holds";
+    NoDisconData = CostPerMeg = 0;
+  }
+}
+
+TEST_F(SetupWindowTest, ALimitBeyondItsWidthIsToldAndNotTaken) {
+  Open(General);
+  TypeAndLeave("txtMaxConnections", "40000");
+  ASSERT_FALSE(host.messages.empty());
+  EXPECT_NE(host.messages[0].Text.find("Error code: 6"), std::string::npos);
+  EXPECT_EQ(MaxConnections, 200);
+  EXPECT_NE(SetupForm->txtMaxConnections.Refusal(), "");
+}
+
+TEST_F(SetupWindowTest, TheMostServicesAreNoFewerThanThereAre) {
+  AddService("A", "1", "");
+  AddService("B", "2", "");
+  frmSetup& window = Open(General);
+  TypeAndLeave("txtMaxServices", "1");
+  EXPECT_EQ(host.messages.at(0).Text,
+            "You are currently using more services than this.\n"
+            "Please reduce the number of defined services and try again!");
+  EXPECT_EQ(window.txtMaxServices.Text(), "10");
+  TypeAndLeave("txtMaxServices", "2");
+  EXPECT_EQ(MaxServices, 2);
+  EXPECT_EQ(window.lblServices.Caption(), "2 Services (Max 2)");
+  EXPECT_EQ(window.lblServices.ForeColor(), SystemColour::Warning);
+  EXPECT_FALSE(window.btnNew.Enabled || window.btnCopy.Enabled || window.btnScan.Enabled);
+}
+
+TEST_F(SetupWindowTest, TheLogIsTypedOrBrowsedFor) {
+  frmSetup& window = Open(General);
+  EXPECT_EQ(window.txtLogName.Text(), folder.Path("ModemLog.txt"));
+  TypeAndLeave("txtLogName", folder.Path("none.txt"));
+  EXPECT_EQ(window.txtLogName.Text(), folder.Path("ModemLog.txt"));
+  EXPECT_NE(window.txtLogName.Refusal(), "");
+  folder.Put("M\xC3\xA4rz.log", usable);
+  TypeAndLeave("txtLogName", folder.Path("M\xE4rz.log"));
+  EXPECT_EQ(ModemLogFile, "M\xC3\xA4rz.log");
+  EXPECT_EQ(window.txtLogName.Refusal(), "");
+
+  const std::string unspeakable = "\xD0\xB6.log";  // a letter that no text of the program can show
+  std::filesystem::create_directory(folder.Path("far"));
+  folder.Put(unspeakable, usable);
+  folder.Put("far/" + unspeakable, usable);
+  host.paths = {std::nullopt, folder.Path(unspeakable), folder.Path("far/" + unspeakable)};
+  window.cmdBrowse.UserClick();
+  EXPECT_EQ(ModemLogFile, "M\xC3\xA4rz.log") << "cancelled";
+  EXPECT_EQ(host.dialogs[0].FileName, folder.Path("M\xC3\xA4rz.log"));
+  window.cmdBrowse.UserClick();
+  EXPECT_TRUE(host.messages.empty());
+  window.cmdBrowse.UserClick();
+  EXPECT_EQ(host.messages.at(0).Title, "WARNING");
+  EXPECT_EQ(window.txtLogName.ToolTipText(), " " + folder.Path("far/?.log") + " ");
+  EXPECT_EQ(ModemLogDir, folder.Path() + "/") << "not before the field is left";
+  window.TabStrip1.SetFocus();
+  EXPECT_EQ(ModemLogDir + ModemLogFile, folder.Path("far/" + unspeakable));
+}
+
+TEST_F(SetupWindowTest, CostsAndErrorsCanBeSetWhileTheyCount) {
+  NoDisconDuration = 1860;
+  NoDisconData = 2500;
+  CalcCosts = false;
+  frmSetup& window = Open(Errors);
+  const auto shown = [&] { return window.mskNoDisconDuration.Text() + " " + window.mskNoDisconData.Text(); };
+  EXPECT_EQ(shown(), "00:31:00 2,500");
+  window.optShowErrors.UserClick();
+  EXPECT_EQ(shown(), "00:00:00 0");
+  EXPECT_FALSE(ShowErrors || window.mskNoDisconDuration.Enabled || window.mskNoDisconData.Enabled);
+  EXPECT_EQ(window.mskNoDisconData.BackColor(), SystemColour::MenuBackground);
+  window.optShowErrors.UserClick();
+  EXPECT_EQ(shown(), "00:31:00 2,500");
+  EXPECT_EQ(NoDisconData, 2500);
+
+  EXPECT_FALSE(window.txtDialCost.Enabled || window.lblCostPerMeg.Enabled);
+  window.TabStrip1.UserSelectTab(Costs);
+  window.optCalcCosts.UserClick();
+  EXPECT_TRUE(CalcCosts && window.txtDialCost.Enabled && window.lblCostPerMeg.Enabled);
+  EXPECT_EQ(window.txtDialCost.BackColor(), SystemColour::WindowBackground);
+}
+
+TEST_F(SetupWindowTest, AStartingDatePreferenceOpensItsOwnField) {
+  UserStartPref = "";
+  frmSetup& window = Open(Report);
+  EXPECT_EQ(window.lstStartDate.Text(), "Last Log Entry");
+  EXPECT_EQ(window.mskUserDate.Text(), "01/15/1999");
+  const Control* const fields[] = {&window.lstWeekStart, &window.lstMonthStart, &window.mskUserDate};
+  for (int choice = 0; choice < 5; ++choice) {
+    window.lstStartDate.UserChoose(choice);
+    EXPECT_EQ(UserStartPref, window.lstStartDate.Items()[static_cast<std::size_t>(choice)]);
+    for (int field = 0; field < 3; ++field) EXPECT_EQ(fields[field]->Enabled(), field == choice - 2);
+  }
+  EXPECT_EQ(window.lblWeekStart.ForeColor(), SystemColour::GreyText);
+  window.lstStartDate.UserChoose(2);
+  window.lstWeekStart.UserChoose(6);
+  window.lstStartDate.UserChoose(3);
+  window.lstMonthStart.UserChoose(1);
+  EXPECT_EQ(window.lstMonthStart.Text(), "Monday");
+  EXPECT_EQ(UserStartOfWeek, 6);
+  EXPECT_EQ(UserStartOfMonth, 1);
+  window.optFormat[1].UserClick();
+  EXPECT_EQ(UserReportPref, 1);
+}
+
+TEST_F(SetupWindowTest, CancelPutsBackAllButTwoSettings) {
+  AddService("A", "1", "2").Tariffs[0].DialRate = 0.5;
+  UserStartDate = Today();
+  frmSetup& window = Open(Report);
+  ModemLogFile = "other.txt";
+  ModemReads = "R";
+  NoDisconDuration = DialCost = NoDisconData = CostPerMeg = 7;
+  UserStartOfWeek = 3;
+  WarningSoundFile = "bell.wav";
+  Services[0].ServiceName = "B";
+  Services[0].Tariffs[0].DialRate = 1;
+  UsedServices = 0;
+  window.chkAMPM.UserClick();
+  EXPECT_TRUE(ForceAMPM);
+  window.optFlatToolBars.Value = false;
+  window.btnCancel.UserClick();
+  EXPECT_EQ(ModemLogFile + ModemReads + WarningSoundFile, "ModemLog.txtREADS");
+  EXPECT_EQ(NoDisconDuration, 900);
+  EXPECT_EQ(DialCost, 0.2);
+  EXPECT_EQ(UserStartOfWeek, 0);
+  EXPECT_EQ(UsedServices, 1);
+  EXPECT_EQ(Services[0].ServiceName, "A");
+  EXPECT_EQ(Services[0].Tariffs[0].DialRate, 0.5);
+  EXPECT_TRUE(FlatToolbars);
+  EXPECT_EQ(TimeFormat, "Long Time");
+  EXPECT_EQ(NoDisconData, 7);
+  EXPECT_EQ(CostPerMeg, 7);
+  EXPECT_FALSE(OptionsChanged || LogPathChanged);
+}
+
+TEST_F(SetupWindowTest, SavingStoresAndTellsTheMainWindowWhatChanged) {
+  UserStartDate = Today();
+  LogCorrupt = LogTooBig = true;
+  Open(Modem);
+  TypeAndLeave("TextOptReads", "got");
+  SetupForm->btnDefaults.UserClick();
+  EXPECT_EQ(SetupForm->TextOptReads.Text(), "READS");
+  TypeAndLeave("TextOptWrites", "put");
+  SetupForm->chkAMPM.Value = true;
+  SetupForm->btnSave.UserClick();
+  EXPECT_FALSE(SetupForm.IsLoaded() || OptionsChanged || LogPathChanged);
+  EXPECT_TRUE(LogCorrupt && LogTooBig);
+  EXPECT_EQ(TimeFormat, "h:mm:ss AMPM");
+  folder.Put("other.txt", usable);
+  Open(General);
+  TypeAndLeave("txtLogName", folder.Path("other.txt"));
+  SetupForm->optFlatToolBars.UserClick();
+  SetupForm->btnSave.UserClick();
+  EXPECT_TRUE(OptionsChanged && LogPathChanged);
+  EXPECT_FALSE(LogCorrupt || LogTooBig);
+  ReadUserParameters();
+  EXPECT_EQ(ModemLogFile + ModemWrites, "other.txtPUT");
+  EXPECT_FALSE(FlatToolbars);
+}
+
+TEST_F(SetupWindowTest, ATabBringsItsPageItsHelpAndItsButton) {
+  frmSetup& window = Open(General);
+  EXPECT_TRUE(window.txtLogName.HasFocus());
+  const int contexts[] = {51, 33, 36, 46, 47, 48, 54, 59};
+  for (int tab = General; tab <= Report; ++tab) {
+    EXPECT_EQ(window.HelpContextID, contexts[tab - 1]);
+    EXPECT_TRUE(window.Settings[static_cast<std::size_t>(tab - 1)].Visible);
+    EXPECT_EQ(window.btnDefaults.Visible(), tab == Modem);
+    EXPECT_EQ(window.fralblServices.Visible(), tab == ServicesTab);
+    KeyPress press{.Character = '\t', .Control = true};
+    window.KeyDown(press);
+  }
+  EXPECT_EQ(window.TabStrip1.SelectedTab(), General);
+}
+
+TEST_F(SetupWindowTest, TheIconsOpenTheSystemsSettingsWhereThereAreAny) {
+  class : public ScriptedHost {
+    void StartProgram(const std::string& command) override {
+      if (command != "systemsettings kcm_regionandlang") Raise(FileNotFound);
+      ScriptedHost::StartProgram(command);
+    }
+  } oneProgram;
+  frmSetup& window = Open(Format);
+  EXPECT_EQ(window.lblPreview.Caption(), "$1,234,567.89");
+  EXPECT_EQ(window.lblLongDate.Caption(), "Friday, January 15, 1999");
+  SetHost(oneProgram);
+  window.Icon[0].UserClick();
+  EXPECT_EQ(oneProgram.transcript.back(), "program: systemsettings kcm_regionandlang");
+  window.TabStrip1.UserSelectTab(Modem);
+  window.Icon[1].UserClick();
+  EXPECT_EQ(oneProgram.messages.back().Text, "No program for these settings was found on this system.");
+  window.btnCancel.UserClick();
+  EXPECT_EQ(oneProgram.messages.back().Title, "Windows Regional Settings");
+  SetHost(host);
+}
+
+TEST_F(SetupWindowTest, HolidaysStandInOrderOnceEachFromTodayOn) {
+  const Date today = Today();
+  UsedHolidays = 3;
+  Holidays[0] = today - 1;
+  Holidays[1] = today + 10;
+  Holidays[2] = today + 20;
+  frmSetup& window = Open(HolidaysTab);
+  EXPECT_EQ(window.CalHolidays.Value(), today + 10);
+  EXPECT_EQ(window.lblUsedHolidays.Caption(), "2 Holidays (Max 100)");
+  const struct {
+    Date day;
+    const char* list;
+    const char* chosen;
+    bool refused;
+  } cases[] = {
+      {today - 1, "1/25/1999 2/4/1999 ", "1/25/1999", true},
+      {today, "1/15/1999 1/25/1999 2/4/1999 ", "1/15/1999", false},
+      {today + 20, "1/15/1999 1/25/1999 2/4/1999 ", "2/4/1999", true},
+      {today + 11, "1/15/1999 1/25/1999 1/26/1999 2/4/1999 ", "1/26/1999", false},
+      {today + 21, "1/15/1999 1/25/1999 1/26/1999 2/4/1999 2/5/1999 ", "2/5/1999", false},
+  };
+  for (const auto& c : cases) {
+    host.transcript.clear();
+    window.CalHolidays.UserPick(c.day);
+    window.CalHolidays.UserDblClick();
+    std::string list;
+    for (const std::string& item : window.lstHolidays.Items()) list += item + " ";
+    EXPECT_EQ(list, c.list);
+    EXPECT_EQ(window.lstHolidays.Items().at(static_cast<std::size_t>(window.lstHolidays.ListIndex())),
+              c.chosen);
+    EXPECT_EQ(host.Showed("beep"), c.refused);
+    EXPECT_EQ(window.CalHolidays.Refusal().empty(), !c.refused);
+  }
+  window.btnRemove.UserClick();
+  EXPECT_EQ(window.lstHolidays.ListIndex(), 3) << "the last one, now that the chosen one has gone";
+  EXPECT_EQ(window.CalHolidays.Value(), today + 20);
+  EXPECT_EQ(Holidays[0], today - 1) << "not before saving";
+  window.btnSave.UserClick();
+  EXPECT_EQ(UsedHolidays, 4);
+  EXPECT_EQ(Holidays[0], today);
+}
+
+TEST_F(SetupWindowTest, TheHundredAndFirstHolidayIsRefused) {
+  frmSetup& window = Open(HolidaysTab);
+  for (int i = 0; i < 100; ++i) window.btnAdd.UserClick();  // each moves the calendar on
+  EXPECT_FALSE(host.Showed("beep"));
+  window.btnAdd.UserClick();
+  EXPECT_TRUE(host.Showed("beep"));
+  EXPECT_EQ(window.lstHolidays.ListCount(), 100);
+  EXPECT_EQ(window.lblUsedHolidays.ForeColor(), SystemColour::Warning);
+  window.lstHolidays.UserDblClick();
+  EXPECT_EQ(window.lblUsedHolidays.Caption(), "99 Holidays (Max 100)");
+  EXPECT_EQ(window.lblUsedHolidays.ForeColor(), SystemColour::WindowText);
+}
+
+TEST_F(SetupWindowTest, TheMainWindowFollowsTheOptions) {
+  folder.Put("other.txt", LogOf("02-01-1999", "02-20-1999"));
+  UserStartPref = "First Log Entry";
+  UserStartDate = Today();
+  Show(usable);
+  LogTooBig = true;
+  host.actions = {[this] {
+    TypeAndLeave("txtLogName", folder.Path("other.txt"));
+    SetupForm->optShowToolbars.UserClick();
+    SetupForm->lstStartDate.SetText("Last Log Entry");
+    MainForm->Activate();  // as the closing window may lead to
+    SetupForm->btnSave.UserClick();
+  }};
+  MainForm->ToolbarMain.UserButtonClick("Setup");
+  EXPECT_EQ(CurrentLogPath, folder.Path("other.txt"));
+  EXPECT_EQ(MainForm->inputStarting.Text(), "02/20/1999");
+  EXPECT_FALSE(MainForm->ToolbarMain.Visible);
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.messages[0].Text,
+            "Some changed options will NOT take\neffect until the program is re-started.");
+  EXPECT_FALSE(OptionsChanged);
+
+  MainForm->OpenArchive(folder.Path("ModemLog.txt"));
+  host.actions = {[this] {
+    TypeAndLeave("txtLogName", folder.Path("ModemLog.txt"));
+    SetupForm->btnSave.UserClick();
+  }};
+  MainForm->mnuSetup.UserClick();
+  EXPECT_TRUE(ArchiveOpen);
+  EXPECT_EQ(MainForm->mnuOptimize.Caption(), "&Optimize Archive");
+}
+
+}  // namespace
+}  // namespace qel
