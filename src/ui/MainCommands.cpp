@@ -179,7 +179,13 @@ void frmMain::mnuSetup_Click() {
   optionsOpen = true;
   SetupForm->ShowModal();
   CurrentHost().Yield();
-  if (LogPathChanged && !ArchiveOpen) ReadDefaultLog(ModemLogDir, ModemLogFile);
+  if (LogPathChanged && ArchiveOpen) {
+    defaultLogFile = ModemLogFile;
+    defaultLogDir = ModemLogDir;
+    defaultLogUsable = true;
+  } else if (LogPathChanged) {
+    ReadDefaultLog(ModemLogDir, ModemLogFile);
+  }
   Form_Load();
   optionsOpen = false;
   ActiveForm = nullptr;

@@ -10,7 +10,8 @@ void ShowSelectedPage(const TabStrip& strip, std::span<Frame> pages) {
 bool SelectNextTabByKey(TabStrip& strip, KeyPress& press) {
   if (press.Character != '\t' || !press.Control) return false;
   press.Handled = true;
-  strip.SelectNextTab();
+  strip.SetFocus();
+  if (strip.HasFocus()) strip.SelectNextTab();
   return true;
 }
 
