@@ -10,6 +10,7 @@
 #include <QStackedWidget>
 #include <QTimer>
 #include <QVariant>
+#include <utility>
 
 #include "controls/Buttons.h"
 #include "desktop/ControlFace.h"
@@ -19,13 +20,6 @@
 namespace qel {
 
 namespace {
-
-// The text with its access key marked, if it holds the letter and marks none itself.
-QString WithAccessKey(QString text, const QString& key) {
-  if (key.isEmpty() || text.contains(u'&')) return text;
-  const auto place = text.indexOf(key.front(), 0, Qt::CaseInsensitive);
-  return place < 0 ? text : text.insert(place, u'&');
-}
 
 template <class Model, class Shown>
 class ButtonFace : public ControlFace {
@@ -109,16 +103,30 @@ class FrameFace : public ClickableFace {
     ControlFace::Pull();
     if (box && model.Caption().empty()) model.Caption = FromQt(box->title());
   }
-  // A page of a stack is shown by bringing it to the front; the others go with that.
   void Push() override {
-    if (stack && !model.Visible) return;
-    if (stack) stack->setCurrentWidget(Widget());
+    if (stack) PushPage();
+    if (stack && stack->currentWidget() != Widget()) return;
     ControlFace::Push();
     if (box) box->setTitle(ToQt(model.Caption()));
   }
+
+  // A page of a stack comes to the front when it becomes visible, and gives way to the first that is visible
+  // when it is hidden. The stack itself hides what is not in front.
+  void PushPage() {
+    if (std::exchange(wasVisible, model.Visible()) == model.Visible()) return;
+    if (model.Visible) return stack->setCurrentWidget(Widget());
+    if (stack->currentWidget() != Widget()) return;
+    for (const auto& other : form.ControlFaces())
+      if (other->Widget() && stack->indexOf(other->Widget()) >= 0 && other->Bound().Visible) {
+        stack->setCurrentWidget(other->Widget());
+        return other->Refresh();
+      }
+  }
+
   Frame& model;
   QGroupBox* box;
   QStackedWidget* stack;  // null for a frame that is no page of one
+  bool wasVisible = true;
 };
 
 class PictureFace : public ClickableFace {

@@ -1,6 +1,7 @@
 #include "desktop/ControlFace.h"
 
 #include <QAbstractScrollArea>
+#include <QComboBox>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QSignalBlocker>
@@ -13,6 +14,15 @@
 #include "desktop/QtValues.h"
 
 namespace qel {
+
+namespace {
+
+// What a widget paints its ground with. A list that drops down does not name it as its role.
+QPalette::ColorRole GroundOf(const QWidget& widget) {
+  return qobject_cast<const QComboBox*>(&widget) ? QPalette::Base : widget.backgroundRole();
+}
+
+}  // namespace
 
 ControlFace::ControlFace(FormFace& form, Control& control, QWidget* widget)
     : form(form), control(control), widget(widget) {}
@@ -98,8 +108,10 @@ void ControlFace::PushColours() {
   auto* const area = qobject_cast<QAbstractScrollArea*>(widget);
   QWidget* const surface = area ? area->viewport() : widget;
   QPalette palette;
-  if (shownFore != SystemColour::Default) palette.setColor(surface->foregroundRole(), ColourOf(shownFore));
-  if (shownBack != SystemColour::Default) palette.setColor(surface->backgroundRole(), ColourOf(shownBack));
+  const QPalette::ColorRole ground = GroundOf(*surface);
+  const QPalette::ColorRole text = ground == QPalette::Base ? QPalette::Text : surface->foregroundRole();
+  if (shownFore != SystemColour::Default) palette.setColor(text, ColourOf(shownFore));
+  if (shownBack != SystemColour::Default) palette.setColor(ground, ColourOf(shownBack));
   surface->setPalette(palette);
   surface->setAutoFillBackground(shownBack != SystemColour::Default || area);
 }

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
+#include <QLabel>
 #include <QLayout>
 #include <QShortcut>
 #include <QTabWidget>
@@ -113,7 +114,7 @@ void FormFace::AddAccessKeys() {
   for (const auto& face : faces) {
     QWidget* widget = face->Widget();
     const QString key = widget ? widget->property("accessKey").toString() : QString();
-    if (key.isEmpty() || qobject_cast<QAbstractButton*>(widget)) continue;
+    if (key.isEmpty() || qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLabel*>(widget)) continue;
     auto* shortcut = new QShortcut(
         QKeySequence(Qt::ALT | static_cast<Qt::Key>(key.front().toUpper().unicode())), window.get());
     Control& model = face->Bound();

@@ -4,7 +4,9 @@
 #include <QFont>
 #include <QFontInfo>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOptionComboBox>
 #include <QToolTip>
 
 #include "platform/Host.h"
@@ -38,6 +40,25 @@ QPalette ClassicGrey() {
   return palette;
 }
 
+// The style paints the field of a pick-only list like a button; classic ones look like all other fields.
+class ClassicStyle : public QProxyStyle {
+ public:
+  ClassicStyle() : QProxyStyle(QStyleFactory::create("windows")) {}
+
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override {
+    const auto* list = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (control != CC_ComboBox || !list || list->editable)
+      return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    QStyleOptionComboBox field(*list), arrow(*list);
+    field.palette.setBrush(QPalette::Button, list->palette.brush(QPalette::Base));
+    field.subControls.setFlag(SC_ComboBoxArrow, false);
+    QProxyStyle::drawComplexControl(control, &field, painter, widget);
+    arrow.subControls = SC_ComboBoxArrow;
+    QProxyStyle::drawComplexControl(control, &arrow, painter, widget);
+  }
+};
+
 // A machine with few fonts may offer one of fixed pitch for everything.
 void AvoidFixedPitch() {
   QFont font = QApplication::font();
@@ -51,7 +72,7 @@ void AvoidFixedPitch() {
 void ApplyLook() {
   AvoidFixedPitch();
   QFont::insertSubstitution("MS Sans Serif", "Arial");  // the viewer's font by default
-  QApplication::setStyle(QStyleFactory::create("windows"));
+  QApplication::setStyle(new ClassicStyle);
   const QPalette palette = ClassicGrey();
   QApplication::setPalette(palette);
   QToolTip::setPalette(palette);

@@ -49,6 +49,12 @@ QString LinesToQt(std::string_view text) {
 
 QString PlainToolTip(const QString& text) { return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text; }
 
+QString WithAccessKey(QString text, const QString& key) {
+  if (key.isEmpty() || text.contains(u'&')) return text;
+  const auto place = text.indexOf(key.front(), 0, Qt::CaseInsensitive);
+  return place < 0 ? text : text.insert(place, u'&');
+}
+
 QFont ToQt(const Font& font, const QFont& base) {
   QFont shown = base;
   if (!font.Name.empty()) shown.setFamily(ToQt(font.Name));

@@ -31,6 +31,9 @@ QString LinesToQt(std::string_view text);
 // A text that tool tips show as it stands, whatever it looks like: they would take "<b>" for a command.
 QString PlainToolTip(const QString& text);
 
+// The text with its access key marked, if it holds the letter and marks none itself.
+QString WithAccessKey(QString text, const QString& key);
+
 // The parts that `font` leaves open come from `base`.
 QFont ToQt(const Font& font, const QFont& base);
 Font FromQt(const QFont& font);

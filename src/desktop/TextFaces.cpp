@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QVariant>
 #include <algorithm>
 #include <string>
 
@@ -19,6 +20,14 @@ namespace {
 
 constexpr int AnyLength = 32767;  // what a line takes by default
 
+// A field with the property "digits" is as wide as so many of them, its frame and the cursor, in every font.
+void FitToDigits(QLineEdit& line) {
+  constexpr int FrameAndCursor = 2;  // as digits
+  if (const int digits = line.property("digits").toInt(); digits > 0)
+    line.setFixedWidth(line.fontMetrics().horizontalAdvance(QString(digits + FrameAndCursor, u'0')));
+}
+
+// A label that has a buddy may have an access key, which leads there.
 class LabelFace : public ClickableFace {
  public:
   LabelFace(FormFace& form, Label& model, QLabel& label)
@@ -33,7 +42,9 @@ class LabelFace : public ClickableFace {
   }
   void Push() override {
     ControlFace::Push();
-    if (const QString text = LinesToQt(model.Caption()); label.text() != text) label.setText(text);
+    QString text = LinesToQt(model.Caption());
+    if (label.buddy()) text = WithAccessKey(text, label.property("accessKey").toString());
+    if (label.text() != text) label.setText(text);
   }
   Label& model;
   QLabel& label;
@@ -43,6 +54,7 @@ class LineFace : public ControlFace {
  public:
   LineFace(FormFace& form, TextBox& model, QLineEdit& line)
       : ControlFace(form, model, &line), model(model), line(line) {
+    FitToDigits(line);
     connect(&line, &QLineEdit::textEdited, this, [this] { TakeEdit(); });
     connect(&line, &QLineEdit::cursorPositionChanged, this, [this] { TakeSelection(); });
     connect(&line, &QLineEdit::selectionChanged, this, [this] { TakeSelection(); });

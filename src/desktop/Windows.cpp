@@ -9,7 +9,10 @@
 #include "desktop/forms/ui_frmMain.h"
 #include "desktop/forms/ui_frmPurge.h"
 #include "desktop/forms/ui_frmReport.h"
+#include "desktop/forms/ui_frmService.h"
+#include "desktop/forms/ui_frmSetup.h"
 #include "desktop/forms/ui_frmSplash.h"
+#include "desktop/forms/ui_frmTariff.h"
 #include "desktop/forms/ui_frmViewLog.h"
 
 // The macro wants to stand outside of any namespace.
@@ -26,7 +29,10 @@ std::vector<WindowDesign> ProgramWindows() {
       {"frmMain", MakeWindow<QMainWindow, Ui::frmMain>},
       {"frmPurge", MakeWindow<QDialog, Ui::frmPurge>},
       {"frmReport", MakeWindow<QMainWindow, Ui::frmReport>},
+      {"frmService", MakeWindow<QDialog, Ui::frmService>},
+      {"frmSetup", MakeWindow<QDialog, Ui::frmSetup>},
       {"frmSplash", MakeWindow<QWidget, Ui::frmSplash, Qt::SplashScreen>},
+      {"frmTariff", MakeWindow<QDialog, Ui::frmTariff>},
       {"frmViewLog", MakeWindow<QMainWindow, Ui::frmViewLog>},
   };
 }

@@ -5,10 +5,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QStackedWidget>
 #include <QTableView>
 #include <QToolButton>
 
 #include "SampleForm.h"
+#include "desktop/Look.h"
 #include "desktop/MissingBindings.h"
 #include "desktop/QtValues.h"
 #include "platform/FormatMask.h"
@@ -35,6 +37,7 @@ TEST_F(Binding, TheWidgetsShowTheModel) {
   form.lblTitle.Caption = "A & B";
   form.lblTitle.ForeColor = SystemColour::Warning;
   form.lblPlaced.Left = 300;
+  form.lblPlaced.Caption = "Name";
   form.btnRun.Caption = "Go on";
   form.btnRun.Enabled = false;
   form.optTips.Value = true;
@@ -59,6 +62,7 @@ TEST_F(Binding, TheWidgetsShowTheModel) {
   EXPECT_EQ(Get<QLabel>("lblTitle").text(), "A & B");
   EXPECT_EQ(Get<QLabel>("lblTitle").palette().color(QPalette::WindowText), QColor(Qt::red));
   EXPECT_EQ(Get<QLabel>("lblPlaced").x(), 20);
+  EXPECT_EQ(Get<QLabel>("lblPlaced").text(), "Na&me");
   EXPECT_EQ(Get<QPushButton>("btnRun").text(), "G&o on");
   EXPECT_FALSE(Get<QPushButton>("btnRun").isEnabled());
   EXPECT_TRUE(Get<QCheckBox>("optTips").isChecked());
@@ -194,6 +198,43 @@ TEST_F(Binding, ADoubleClickOnADayComesAfterItsClick) {
   EXPECT_EQ(heard, "click:31 double ");
   QTest::keyClick(&days, Qt::Key_Return);
   EXPECT_EQ(heard, "click:31 double click:31 ");
+}
+
+TEST_F(Binding, AFieldThatRefusesIsMarkedAndSaysWhyUntilItTakesItsText) {
+  Control* const fields[] = {&form.txtName, &form.inputStarting, &form.lstUnit, &form.lstFree};
+  for (Control* field : fields) {
+    auto& widget = Get<QWidget>(field->Name().c_str());
+    const auto ground = [&widget] { return widget.grab().toImage().pixelColor(8, 5); };
+    field->ToolTipText = "Tip";
+    const QColor usual = ground();
+    field->Refusal = "This takes a number.";
+    EXPECT_EQ(widget.toolTip(), "This takes a number.") << field->Name();
+    EXPECT_EQ(ground(), ColourOf(SystemColour::Refused)) << field->Name();
+    field->Refusal = "";
+    EXPECT_EQ(widget.toolTip(), "Tip") << field->Name();
+    EXPECT_EQ(ground(), usual) << field->Name();
+  }
+}
+
+TEST_F(Binding, AStackShowsThePageThatIsVisible) {
+  const auto front = [this] { return Get<QStackedWidget>("staticPages").currentWidget()->objectName(); };
+  EXPECT_EQ(front(), "fraPage_0");
+  form.fraPage1.Visible = form.fraPage1.Enabled = false;
+  EXPECT_EQ(front(), "fraPage_0");
+  form.fraPage1.Visible = true;
+  EXPECT_EQ(front(), "fraPage_1");
+  EXPECT_FALSE(Get<QWidget>("fraPage_1").isEnabled());
+  form.fraPage1.Visible = false;
+  EXPECT_EQ(front(), "fraPage_0") << "the first that is left";
+  EXPECT_FALSE(Get<QWidget>("fraPage_1").isVisible());
+}
+
+TEST_F(Binding, ASelectedTextOfAListIsTypedOver) {
+  form.lstFree.SetText("any");
+  form.lstFree.SetFocus();
+  form.lstFree.TextSelected = true;
+  QTest::keyClicks(&Get<QComboBox>("lstFree"), "b");
+  EXPECT_EQ(form.lstFree.Text(), "b");
 }
 
 TEST_F(Binding, APictureShowsItsFrame) {

@@ -45,6 +45,15 @@ TEST_F(Focus, ABadFieldKeepsItAndSwallowsTheClick) {
   EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(Focus, ABadFieldKeepsItAndLetsAClickPassThatDoesNotWantIt) {
+  form.btnRun.Click = [this] { ++clicks; };
+  form.inputStarting.Text = "bad";
+  Click(Get<QPushButton>("btnRun"));
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(lost, 0);
+  EXPECT_TRUE(Get<QLineEdit>("inputStarting").hasFocus());
+}
+
 TEST_F(Focus, ADisabledControlHandsItOnUnlessItIsBackAtOnce) {
   form.btnOK.Click = [this] {
     form.btnOK.Enabled = false;

@@ -28,7 +28,7 @@ namespace qel {
 
 class frmSample : public Form {
  public:
-  frmSample() : Form("frmSample") {}
+  frmSample() : Form("frmSample") { btnRun.ClickMovesFocus = false; }
 
   MenuItem mnuFile{*this, "mnuFile"}, mnuRecent{*this, "mnuRecent", 0}, mnuExit{*this, "mnuExit"};
   Toolbar Toolbar1{*this, "Toolbar1", {"", "Save", "View"}};
@@ -50,6 +50,7 @@ class frmSample : public Form {
   ProgressBar ProgressBar1{*this, "ProgressBar1"};
   StatusBar StatusBar1{*this, "StatusBar1"};
   Frame fraFree{*this, "fraFree"};
+  Frame fraPage0{*this, "fraPage", 0}, fraPage1{*this, "fraPage", 1};
   Timer Timer1{*this, "Timer1", 10};
 
   std::string events;
