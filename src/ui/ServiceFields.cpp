@@ -65,7 +65,7 @@ void frmService::WireFields() {
   };
   const auto refresh = [this] { RefreshOKButton(); };
   for (const auto& row : rows) {
-    RuledField& ruled = RuledFields.emplace_back(row.Field, row.Rule);
+    RuledField& ruled = ruledFields.emplace_back(row.Field, row.Rule);
     if (row.When != Refresh::OnLeaving) ruled.Changed = refresh;
     if (row.When != Refresh::OnChange) ruled.Left = refresh;
   }
@@ -86,7 +86,7 @@ void frmService::Number_LostFocus(TextBox& field) {
 
 // Of a field that takes numbers: whether it took its last text.
 bool frmService::Passed(const TextBox& field) const {
-  for (const RuledField& ruled : RuledFields)
+  for (const RuledField& ruled : ruledFields)
     if (&ruled.Field() == &field) return ruled.Valid();
   return false;
 }

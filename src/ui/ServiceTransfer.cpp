@@ -47,7 +47,7 @@ void frmService::LoadNewService() {
   txtServiceFixedRate.Text = MoneyField(CostPerHour);
   for (TextBox* field :
        {&txtServiceFlexRate, &txtServiceFlexRate2, &txtPerMeg, &txtWarndialupCost, &txtWarnServiceCost})
-    field->Text = MoneyField(0);
+    field->Text = MoneyField(0.0);
   for (TextBox* field : {&txtServiceFlexHours, &txtAfterMeg, &txtServiceBlock, &txtMaxCharge,
                          &txtWarningHours, &txtWarningMinutes, &txtWarnData})
     field->Text = "0";

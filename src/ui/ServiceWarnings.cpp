@@ -38,7 +38,7 @@ void frmService::WireWarnings() {
   btnWarnBrowse.Click = [this] { btnWarnBrowse_Click(); };
   btnWarnPlay.Click = [this] { btnWarnPlay_Click(); };
   txtWarningSound.Change = [this] { txtWarningSound.Refusal = ""; };
-  txtWarningSound.GotFocus = [this] { SoundTextAtFocus = txtWarningSound.Text; };
+  txtWarningSound.GotFocus = [this] { soundTextAtFocus = txtWarningSound.Text; };
   txtWarningSound.LostFocus = [this] { txtWarningSound_LostFocus(); };
 }
 
@@ -50,10 +50,10 @@ void frmService::chkWarnings_Click() {
     chkWarnSound_Click();
   else
     EnableSound(false);
-  for (std::size_t option = 0; option < Thresholds.size(); ++option)
-    for (Control* control : Thresholds[option])
+  for (std::size_t option = 0; option < thresholds.size(); ++option)
+    for (Control* control : thresholds[option])
       SetUsable(*control, on && static_cast<int>(option) == WarningOption);
-  for (const auto& threshold : Thresholds) threshold.front()->SetFocus();  // the one that is enabled takes it
+  for (const auto& threshold : thresholds) threshold.front()->SetFocus();  // the one that is enabled takes it
   RefreshOKButton();
 }
 
@@ -98,7 +98,7 @@ void frmService::txtWarningSound_LostFocus() {
   if (SoundExists(txtWarningSound.Text)) {
     WarningSoundFile = SoundPath(txtWarningSound.Text);
   } else {
-    txtWarningSound.Text = SoundTextAtFocus;
+    txtWarningSound.Text = soundTextAtFocus;
     Refuse(txtWarningSound, "There is no such file.");
   }
   RefreshOKButton();

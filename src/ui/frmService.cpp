@@ -51,7 +51,7 @@ frmService::frmService() : Form("frmService") {
     option.Click = [this, &option] { optServiceCost_Click(option.Index()); };
   chkFreePeriod.Click = [this] { chkFreePeriod_Click(); };
   btnOK.Click = [this] { btnOK_Click(); };
-  btnCancel.Click = [this] { btnCancel_Click(); };
+  btnCancel.Click = [this] { Unload(); };
   btnCancel.ClickMovesFocus = false;
   WireFields();
   WireTariffs();
@@ -60,6 +60,7 @@ frmService::frmService() : Form("frmService") {
 
 void frmService::Form_Load() {
   SetTrace("frmService", "Form_Load");
+  ServiceEditCancelled = true;  // until OK; whichever other way the window closes
   ShowSelectedPage(TabStrip1, fraService);
   imgService.Visible = ShowGraphic;
   if (WarningSoundFile.empty()) WarningSoundFile = AppPath + PathSeparator + "exceeded.wav";
@@ -184,7 +185,6 @@ void frmService::SetUsable(Control& control, bool usable) {
 }
 
 void frmService::btnOK_Click() {
-  ServiceEditCancelled = false;
   if (!FieldsValid()) {
     RefreshOKButton();
     MsgBox(
@@ -201,11 +201,6 @@ void frmService::btnOK_Click() {
   ServiceEditCancelled = !Attempt([&] { service = &Services[ServiceIndex]; });
   if (service) WriteService(*service);
   CurrentHost().SetMousePointer(MousePointer::Default);
-  Unload();
-}
-
-void frmService::btnCancel_Click() {
-  ServiceEditCancelled = true;
   Unload();
 }
 

@@ -140,7 +140,6 @@ class frmService : public Form {
   void WriteServiceCost(ServiceRecord& service) const;
   void WriteWarning(ServiceRecord& service) const;
   void btnOK_Click();
-  void btnCancel_Click();
 
   // The fields, and whether all that is needed is there
   void WireFields();
@@ -183,11 +182,11 @@ class frmService : public Form {
   Int16 ServiceIndex;  // of the record in Services
   Int16 DialOption = 1, ServiceOption = 1, WarningOption;
   Int16 SelectedTariff;                // row of the list, from 1; 0 for none
-  std::string SoundTextAtFocus;        // what txtWarningSound goes back to
-  std::deque<RuledField> RuledFields;  // those that take numbers
+  std::string soundTextAtFocus;        // what txtWarningSound goes back to
+  std::deque<RuledField> ruledFields;  // those that take numbers
 
   // What belongs to each member of optWarning; the field that takes the focus comes first.
-  const std::array<std::vector<Control*>, 4> Thresholds{
+  const std::array<std::vector<Control*>, 4> thresholds{
       {{&txtWarningHours, &txtWarningMinutes, &lblWarnHours, &lblWarnMinutes},
        {&txtWarndialupCost, &lblCurrencySymbol[0]},
        {&txtWarnServiceCost, &lblCurrencySymbol[1]},
