@@ -56,7 +56,7 @@ bool Form::Unload() {
   std::erase(LoadedForms, this);
   loaded = false;
   unloaded = true;
-  active = nullptr;
+  active = entered = nullptr;
   Hide();
   Face.reset();
   return true;
@@ -79,9 +79,12 @@ void Form::MoveFocusTo(Control& control) {
   if (active == &control || !control.CanHaveFocus()) return;
   if (Control* left = std::exchange(active, &control)) {
     left->ShowChange();
-    left->LostFocus();
+    // One that was about to be entered when the focus was taken back has none to lose: two fields that both
+    // insist would send it to and fro for ever.
+    if (left == entered) left->LostFocus();
     if (active != &control) return;  // the field that was left took the focus back
   }
+  entered = &control;
   control.ShowChange();
   control.GotFocus();
 }
@@ -101,6 +104,7 @@ void Form::MoveFocusOn(bool backward) {
 void Form::Leave(Control& control) {
   std::erase(controls, &control);
   if (active == &control) active = nullptr;
+  if (entered == &control) entered = nullptr;
 }
 
 Form* LoadedForm(std::string_view name) {

@@ -94,6 +94,7 @@ class Form {
   std::string name;
   std::vector<Control*> controls;
   Control* active = nullptr;
+  Control* entered = nullptr;  // the last control that was told of the focus
   bool loaded = false;
   bool unloaded = false;
   bool visible = false;

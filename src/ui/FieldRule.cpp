@@ -65,7 +65,10 @@ void RuledField::Leave() {
     valid = Passes();
     if (!valid) RefuseAndStay(field, Reason());
   }
-  if (valid) field.Text = Shown();
+  if (valid) {
+    field.Refusal = "";
+    field.Text = Shown();
+  }
   if (Left) Left();
 }
 

@@ -3,6 +3,9 @@
 #pragma once
 
 #include <array>
+#include <deque>
+#include <string>
+#include <vector>
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
@@ -111,6 +114,83 @@ class frmService : public Form {
   Label lblOKNotice{*this, "lblOKNotice"};  // why the service cannot be confirmed yet
   Button btnOK{*this, "btnOK"};
   Button btnCancel{*this, "btnCancel"};
+
+ private:
+  void Form_Load() override;
+  void Form_Activate() override;
+
+  // The tabs, and what their options enable
+  void TabStrip1_Click();
+  void optDialCost_Click(int index);
+  void optServiceCost_Click(int index);
+  void chkFreePeriod_Click();
+  void Disable_All_Controls();
+  void EnableControlGroup(const std::string& word);
+  // With the colours of its state, for the kinds that show it by theirs.
+  static void SetUsable(Control& control, bool usable);
+  void FillComboBoxes();
+
+  // Between the window and the record
+  void LoadNewService();
+  void LoadService();
+  void ShowService(const ServiceRecord& service);
+  void ShowCosts(const ServiceRecord& service);
+  void ShowWarning(const ServiceRecord& service);
+  void WriteService(ServiceRecord& service) const;
+  void WriteServiceCost(ServiceRecord& service) const;
+  void WriteWarning(ServiceRecord& service) const;
+  void btnOK_Click();
+
+  // The fields, and whether all that is needed is there
+  void WireFields();
+  void Number_LostFocus(TextBox& field);
+  bool Passed(const TextBox& field) const;
+  void RefreshOKButton();
+  bool FieldsValid() const { return Missing().empty(); }
+  // What keeps the service from being confirmed, the first thing in the order of the tabs; empty when nothing
+  // does.
+  std::string Missing() const;
+  std::string MissingDetails() const;
+  std::string MissingDialCost() const;
+  std::string MissingServiceCost() const;
+  std::string MissingLimits() const;
+  std::string MissingWarning() const;
+  std::string MissingThreshold() const;
+
+  // The tariffs
+  void WireTariffs();
+  void SetTariffColumns();
+  void SortTariffs();
+  void DisplayTariffs();
+  void ShowTariffCount();
+  void ShowTariffSummary();
+  void SetTariffButtons();
+  void btnDialTimeTariffNew_Click();
+  void btnDialTimeTariffEdit_Click();
+  void btnDialTimeTariffDelete_Click();
+
+  // The warnings
+  void WireWarnings();
+  void chkWarnings_Click();
+  void chkWarnDisplay_Click();
+  void chkWarnSound_Click();
+  void EnableSound(bool usable);
+  void btnWarnBrowse_Click();
+  void btnWarnPlay_Click();
+  void txtWarningSound_LostFocus();
+
+  Int16 ServiceIndex;  // of the record in Services
+  Int16 DialOption = 1, ServiceOption = 1, WarningOption;
+  Int16 SelectedTariff;                // row of the list, from 1; 0 for none
+  std::string soundTextAtFocus;        // what txtWarningSound goes back to
+  std::deque<RuledField> ruledFields;  // those that take numbers
+
+  // What belongs to each member of optWarning; the field that takes the focus comes first.
+  const std::array<std::vector<Control*>, 4> thresholds{
+      {{&txtWarningHours, &txtWarningMinutes, &lblWarnHours, &lblWarnMinutes},
+       {&txtWarndialupCost, &lblCurrencySymbol[0]},
+       {&txtWarnServiceCost, &lblCurrencySymbol[1]},
+       {&txtWarnData, &lblKB}}};
 };
 
 extern TheForm<frmService> ServiceForm;

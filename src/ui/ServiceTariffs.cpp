@@ -1,0 +1,124 @@
+// The tariffs of the service editor: their list, and the buttons that change it.
+#include "core/CurrencyFormat.h"
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "platform/Host.h"
+#include "ui/TariffList.h"
+#include "ui/frmService.h"
+#include "ui/frmTariff.h"
+
+namespace qel {
+
+namespace {
+
+void ShowTariffEditor() {
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  TariffForm->ShowModal();
+}
+
+}  // namespace
+
+void frmService::WireTariffs() {
+  lstDialTimeTariff.ItemClick = [this] {
+    SelectedTariff = Int16(lstDialTimeTariff.SelectedRow());
+    ShowTariffSummary();
+  };
+  lstDialTimeTariff.DblClick = [this] { btnDialTimeTariffEdit_Click(); };
+  btnDialTimeTariffNew.Click = [this] { btnDialTimeTariffNew_Click(); };
+  btnDialTimeTariffEdit.Click = [this] { btnDialTimeTariffEdit_Click(); };
+  btnDialTimeTariffDelete.Click = [this] { btnDialTimeTariffDelete_Click(); };
+}
+
+void frmService::SetTariffColumns() {
+  lstDialTimeTariff.FullRowSelect = true;
+  lstDialTimeTariff.SetColumns({{"Description", 1900},
+                                {"Days", 1100},
+                                {"Hours", 1900},
+                                {CurrencySymbol + "/Call", 900},
+                                {CurrencySymbol + "/M/S/U", 900},
+                                {"After (Unit Size)", 1700}});
+}
+
+void frmService::SortTariffs() {
+  SetTrace("frmService", "SortTariffs");
+  Attempt([this] { OrderTariffs(TariffCopy, TariffCopyCount, SelectedTariff); });
+}
+
+void frmService::DisplayTariffs() {
+  SetTrace("frmService", "DisplayTariffs");
+  std::vector<ListRow> rows;
+  for (int i = 0; i < TariffCopyCount; ++i) {
+    ListRow row;
+    Attempt([&] { row = TariffRow(TariffCopy[i]); });
+    rows.push_back(row);
+  }
+  lstDialTimeTariff.SetRows(rows);
+  if (lstDialTimeTariff.Usable() && SelectedTariff <= TariffCopyCount)
+    lstDialTimeTariff.SelectRow(SelectedTariff);
+}
+
+void frmService::ShowTariffCount() {
+  lblDialTimeTariff9.Caption =
+      std::to_string(TariffCopyCount) + " Tariffs (Max " + std::to_string(MaxTariffs) + ")";
+  const bool full = TariffCopyCount >= MaxTariffs;
+  if (full) CurrentHost().Beep();
+  lblDialTimeTariff9.ForeColor = full ? SystemColour::Warning : SystemColour::WindowText;
+}
+
+void frmService::ShowTariffSummary() {
+  std::string summary = "User Defined Tariffs";
+  if (SelectedTariff > 0 && SelectedTariff <= TariffCopyCount)
+    Attempt([&] { summary = TariffSummary(TariffCopy[SelectedTariff - 1]); });
+  lstDialTimeTariff.ToolTipText = summary;
+}
+
+void frmService::SetTariffButtons() {
+  btnDialTimeTariffNew.Enabled = TariffCopyCount < MaxTariffs;
+  btnDialTimeTariffEdit.Enabled = TariffCopyCount > 0;
+  if (DialOption == 2) btnDialTimeTariffDelete.Enabled = TariffCopyCount > 0;
+}
+
+void frmService::btnDialTimeTariffNew_Click() {
+  SetTrace("frmService", "btnDialTimeTariffNew_Click");
+  if (TariffCopyCount < MaxTariffs) {
+    NewTariff = true;
+    ShowTariffEditor();
+    if (NewTariff) SelectedTariff = TariffCopyCount;
+  } else {
+    CurrentHost().Beep();
+  }
+  SortTariffs();
+  DisplayTariffs();
+  ShowTariffCount();
+  SetTariffButtons();
+  RefreshOKButton();
+  ShowTariffSummary();
+  lstDialTimeTariff.SetFocus();
+}
+
+void frmService::btnDialTimeTariffEdit_Click() {
+  SetTrace("frmService", "btnDialTimeTariffEdit_Click");
+  if (!btnDialTimeTariffEdit.Enabled || lstDialTimeTariff.SelectedRow() == 0) return;
+  SelectedTariff = Int16(lstDialTimeTariff.SelectedRow());
+  NewTariff = false;
+  ShowTariffEditor();
+  SortTariffs();
+  DisplayTariffs();
+  ShowTariffSummary();
+}
+
+void frmService::btnDialTimeTariffDelete_Click() {
+  SetTrace("frmService", "btnDialTimeTariffDelete_Click");
+  if (TariffCopyCount == 0 || SelectedTariff == 0) return;
+  for (int row = SelectedTariff; row < TariffCopyCount; ++row) TariffCopy[row - 1] = TariffCopy[row];
+  --TariffCopyCount;
+  if (SelectedTariff > TariffCopyCount && TariffCopyCount > 0) SelectedTariff = TariffCopyCount;
+  DisplayTariffs();
+  ShowTariffCount();
+  ShowTariffSummary();
+  SetTariffButtons();
+  RefreshOKButton();
+  lstDialTimeTariff.SetFocus();
+}
+
+}  // namespace qel

@@ -1,0 +1,135 @@
+// The service editor's warnings: what they watch, and the sound that goes with them.
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "platform/CodePage.h"
+#include "platform/Host.h"
+#include "ui/frmService.h"
+
+namespace qel {
+
+namespace {
+
+constexpr char SoundFilter[] = "SoundWave Files (*.wav)|*.wav";
+
+// The path that is shown as `text`. What was not typed keeps its bytes, which the text may not hold.
+std::string SoundPath(const std::string& text) {
+  return text == PathText(WarningSoundFile) ? WarningSoundFile : ToUtf8(text);
+}
+
+// What cannot be looked up is not there: no half-typed path is worth a word, let alone the program's end.
+bool SoundExists(const std::string& text) {
+  bool exists = false;
+  IgnoreErrors([&] { exists = FileExists(SoundPath(text)); });
+  return exists;
+}
+
+}  // namespace
+
+void frmService::WireWarnings() {
+  chkWarnings.Click = [this] { chkWarnings_Click(); };
+  for (OptionButton& option : optWarning)
+    option.Click = [this, &option] {
+      WarningOption = Int16(option.Index());
+      chkWarnings_Click();
+    };
+  chkWarnDisplay.Click = [this] { chkWarnDisplay_Click(); };
+  chkWarnSound.Click = [this] { chkWarnSound_Click(); };
+  btnWarnBrowse.Click = [this] { btnWarnBrowse_Click(); };
+  btnWarnPlay.Click = [this] { btnWarnPlay_Click(); };
+  txtWarningSound.Change = [this] { txtWarningSound.Refusal = ""; };
+  txtWarningSound.GotFocus = [this] { soundTextAtFocus = txtWarningSound.Text; };
+  txtWarningSound.LostFocus = [this] { txtWarningSound_LostFocus(); };
+}
+
+void frmService::chkWarnings_Click() {
+  const bool on = chkWarnings.Value;
+  for (OptionButton& option : optWarning) option.Enabled = on;
+  chkWarnDisplay.Enabled = chkWarnSound.Enabled = on;
+  if (on)
+    chkWarnSound_Click();
+  else
+    EnableSound(false);
+  for (std::size_t option = 0; option < thresholds.size(); ++option)
+    for (Control* control : thresholds[option])
+      SetUsable(*control, on && static_cast<int>(option) == WarningOption);
+  for (const auto& threshold : thresholds) threshold.front()->SetFocus();  // the one that is enabled takes it
+  RefreshOKButton();
+}
+
+void frmService::EnableSound(bool usable) {
+  for (Control* control : {static_cast<Control*>(&txtWarningSound), static_cast<Control*>(&btnWarnBrowse),
+                           static_cast<Control*>(&btnWarnPlay)})
+    SetUsable(*control, usable);
+}
+
+// A warning that neither shows nor sounds is none: one of the two stays on.
+void frmService::chkWarnDisplay_Click() {
+  if (!chkWarnDisplay.Value && !chkWarnSound.Value && fraService[3].IsShown()) chkWarnDisplay.Value = true;
+  RefreshOKButton();
+}
+
+void frmService::chkWarnSound_Click() {
+  if (!chkWarnDisplay.Value && !chkWarnSound.Value) chkWarnDisplay.Value = true;
+  EnableSound(chkWarnSound.Value);
+  RefreshOKButton();
+}
+
+void frmService::btnWarnBrowse_Click() {
+  const std::string name = FileNamePart(WarningSoundFile);
+  const std::string folder = WarningSoundFile.substr(0, WarningSoundFile.size() - name.size());
+  if (const auto path = CurrentHost().AskOpenFile({SoundFilter, folder, name})) {
+    WarningSoundFile = *path;
+    txtWarningSound.Text = PathText(*path);
+    RefreshOKButton();
+  }
+  txtWarningSound.SetFocus();
+}
+
+// A file that cannot be played stays silent.
+void frmService::btnWarnPlay_Click() {
+  if (!btnWarnPlay.Enabled) return;
+  btnWarnPlay.Enabled = false;
+  CurrentHost().PlaySoundFile(WarningSoundFile);
+  btnWarnPlay.Enabled = true;
+}
+
+void frmService::txtWarningSound_LostFocus() {
+  if (SoundExists(txtWarningSound.Text)) {
+    WarningSoundFile = SoundPath(txtWarningSound.Text);
+  } else {
+    txtWarningSound.Text = soundTextAtFocus;
+    Refuse(txtWarningSound, "There is no such file.");
+  }
+  RefreshOKButton();
+}
+
+std::string frmService::MissingWarning() const {
+  if (!chkWarnings.Value) return "";
+  if (const std::string missing = MissingThreshold(); !missing.empty()) return missing;
+  if (!chkWarnDisplay.Value && !chkWarnSound.Value) return "Choose whether the warning is shown or sounded.";
+  if (chkWarnSound.Value && !SoundExists(txtWarningSound.Text)) return "The sound file does not exist.";
+  return "";
+}
+
+// Only the field or fields of the chosen option count.
+std::string frmService::MissingThreshold() const {
+  const auto isSet = [this](const TextBox& field) { return Passed(field) && XVal(field.Text) != 0; };
+  switch (WarningOption) {
+    case 0: {
+      const bool passed = Passed(txtWarningMinutes) && Passed(txtWarningHours);
+      const bool some = XVal(txtWarningMinutes.Text) + XVal(txtWarningHours.Text) != 0;
+      return passed && some ? "" : "Enter the hours and minutes to warn of.";
+    }
+    case 1:
+      return isSet(txtWarndialupCost) ? "" : "Enter the dial-up costs to warn of.";
+    case 2:
+      return isSet(txtWarnServiceCost) ? "" : "Enter the service costs to warn of.";
+    case 3:
+      return isSet(txtWarnData) ? "" : "Enter the kilobytes to warn of.";
+    default:
+      return "";
+  }
+}
+
+}  // namespace qel

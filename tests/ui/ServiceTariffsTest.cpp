@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include "support/WindowTest.h"
+#include "ui/TariffList.h"
+
+namespace qel {
+namespace {
+
+TariffRecord Tariff(const std::string& days, int hour = 0) {
+  return {.Description = days + " " + std::to_string(hour),
+          .AppliesDays = days,
+          .AppliesTimeStart = TimeSerial(hour, 0, 0),
+          .Unit = "Per Minute"};
+}
+
+TEST(TariffOrder, GoesFromHolidaysToEveryDay) {
+  const struct {
+    std::vector<TariffRecord> given;
+    std::string ordered;
+    int selected, then;
+  } cases[] = {
+      {{Tariff("Mon - Fri"), Tariff("Everyday"), Tariff("Holidays"), Tariff("Monday")},
+       "Holidays 0, Monday 0, Mon - Fri 0, Everyday 0, ",
+       1,
+       2},
+      {{Tariff("Monday", 8), Tariff("Monday")}, "Monday 0, Monday 8, ", 2, 1},
+      {{Tariff("Sat - Sun"), Tariff("Mon - Fri")}, "Sat - Sun 0, Mon - Fri 0, ", 2, 2},
+      {{Tariff("Monday", 8), Tariff("Friday"), Tariff("Monday")}, "Monday 8, Friday 0, Monday 0, ", 3, 3},
+      // The selection joins an exchange that it had no part in.
+      {{Tariff("Everyday"), Tariff("Monday"), Tariff("Mon - Fri", 9)},
+       "Monday 0, Mon - Fri 9, Everyday 0, ",
+       3,
+       2},
+  };
+  for (const auto& c : cases) {
+    BoundedArray<TariffRecord> tariffs;
+    tariffs.Make(MaxTariffs - 1);
+    const int count = static_cast<int>(c.given.size());
+    for (int i = 0; i < count; ++i) tariffs[i] = c.given[static_cast<std::size_t>(i)];
+    Int16 selected(c.selected);
+    OrderTariffs(tariffs, count, selected);
+    std::string ordered;
+    for (int i = 0; i < count; ++i) ordered += tariffs[i].Description + ", ";
+    EXPECT_EQ(ordered, c.ordered);
+    EXPECT_EQ(selected, c.then) << c.ordered;
+  }
+}
+
+class ServiceTariffsTest : public WindowTest {
+ protected:
+  // A service with these tariffs, its list to be seen.
+  frmService& With(const std::vector<TariffRecord>& tariffs) {
+    ServiceRecord& service = AddService("Provider", "555", "");
+    service.DialOption = 2;
+    service.UsedTariffs = Int16(tariffs.size());
+    for (std::size_t i = 0; i < tariffs.size(); ++i) service.Tariffs[static_cast<int>(i)] = tariffs[i];
+    NewService = false;
+    SetupForm->lstServices.SetRows({{"Provider", {}}});
+    SetupForm->lstServices.SelectRow(1);
+    ServiceForm->Show();
+    ServiceForm->TabStrip1.UserSelectTab(2);
+    host.transcript.clear();
+    return *ServiceForm;
+  }
+  static std::string Selected() {
+    const ListView& list = ServiceForm->lstDialTimeTariff;
+    return list.SelectedRow() == 0 ? "" : list.Cell(list.SelectedRow(), 1);
+  }
+};
+
+TEST_F(ServiceTariffsTest, RowsAndTipTellWhatATariffCosts) {
+  TariffRecord minutes = Tariff("Mon - Fri", 18);
+  minutes.DialRate = 0.1;
+  minutes.PerMinuteRate = 0.0375;
+  minutes.After = 3700;
+  TariffRecord units = minutes;
+  units.Unit = "Per Unit";
+  units.UnitMins = 15;
+  frmService& window = With({minutes, units});
+  EXPECT_EQ(
+      window.lstDialTimeTariff.Row(1).SubItems,
+      (std::vector<std::string>{"Mon - Fri", "6:00PM - 12:00AM", "$0.10", "$0.0375", "61 Mins 40 Secs"}));
+  EXPECT_EQ(window.lstDialTimeTariff.Cell(2, 6), "Unit=15Mins 0Secs");
+  EXPECT_EQ(window.lstDialTimeTariff.ToolTipText(),
+            "Mon - Fri 18 - Mon - Fri 6:00PM - 12:00AM - $0.10 /Call + $0.0375 /Min after 61 Mins 40 Secs.");
+  window.lstDialTimeTariff.UserSelect(2);
+  EXPECT_EQ(window.lstDialTimeTariff.ToolTipText(),
+            "Mon - Fri 18 - Mon - Fri 6:00PM - 12:00AM - $0.10 /Call + $0.0375 /Unit (Unit=15Mins 0Secs)");
+}
+
+TEST_F(ServiceTariffsTest, ATariffThatIsConfirmedTakesItsPlace) {
+  frmService& window = With({Tariff("Everyday")});
+  host.actions = {[] { TariffForm->btnCancel.UserClick(); },
+                  [] {
+                    TariffForm->lstDialTimeTariffDialDays.SetText("Holidays");
+                    TariffForm->txtDialTimeTariffDialRate.UserText("1");
+                    TariffForm->btnOK.UserClick();
+                  },
+                  [] {
+                    TariffForm->lstDialTimeTariffDialDays.SetText("Everyday");
+                    TariffForm->lstDialTimeTariffDialStart.SetText("08:00");
+                    TariffForm->btnOK.UserClick();
+                  }};
+  window.btnDialTimeTariffNew.UserClick();
+  window.btnDialTimeTariffNew.UserClick();
+  EXPECT_EQ(TariffCopyCount, 2);
+  EXPECT_EQ(TariffCopy[0].AppliesDays, "Holidays");
+  EXPECT_EQ(Selected(), "New Tariff");
+  EXPECT_EQ(window.lblDialTimeTariff9.Caption(), "2 Tariffs (Max 10)");
+  window.lstDialTimeTariff.UserDblClick();
+  EXPECT_EQ(TariffCopy[1].Description, "New Tariff") << "behind the one that begins the day";
+  EXPECT_EQ(Selected(), "New Tariff");
+}
+
+TEST_F(ServiceTariffsTest, TheLastTariffGoesAndTheServiceWaitsForAnother) {
+  frmService& window = With({Tariff("Monday"), Tariff("Monday", 8), Tariff("Everyday")});
+  window.lstDialTimeTariff.UserSelect(2);
+  for (const char* selected : {"Everyday 0", "Monday 0", ""}) {
+    EXPECT_TRUE(window.btnOK.Enabled);
+    window.btnDialTimeTariffDelete.UserClick();
+    EXPECT_EQ(Selected(), selected);
+  }
+  EXPECT_FALSE(window.btnOK.Enabled || window.btnDialTimeTariffDelete.Enabled);
+  EXPECT_EQ(window.lstDialTimeTariff.ToolTipText(), "User Defined Tariffs");
+}
+
+TEST_F(ServiceTariffsTest, TheTenthTariffIsTheLastAndCanStillBeEdited) {
+  frmService& window = With(std::vector<TariffRecord>(9, Tariff("Everyday")));
+  host.actions = {[] {
+                    TariffForm->txtDialTimeTariffDialRate.UserText("1");
+                    TariffForm->btnOK.UserClick();
+                  },
+                  [] { TariffForm->btnCancel.UserClick(); }};
+  window.btnDialTimeTariffNew.UserClick();
+  EXPECT_EQ(window.lblDialTimeTariff9.ForeColor, SystemColour::Warning);
+  EXPECT_TRUE(host.Showed("beep") && !window.btnDialTimeTariffNew.Enabled);
+  window.lstDialTimeTariff.UserDblClick();
+  EXPECT_TRUE(host.actions.empty());
+  window.btnDialTimeTariffDelete.UserClick();
+  EXPECT_EQ(window.lblDialTimeTariff9.ForeColor, SystemColour::WindowText);
+  EXPECT_TRUE(window.btnDialTimeTariffNew.Enabled);
+}
+
+}  // namespace
+}  // namespace qel
