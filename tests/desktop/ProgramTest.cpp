@@ -13,6 +13,7 @@ TEST_F(ProgramTest, EveryWindowBindsCompletely) {
   PurgeForm->Load();
   ViewLogForm->Load();
   FindForm->Load();
+  NewService = NewTariff = true;
   SetupForm->Load();
   ServiceForm->Load();
   TariffForm->Load();
