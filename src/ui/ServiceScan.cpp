@@ -38,8 +38,10 @@ void AddScannedService(const std::string& number) {
 
 }  // namespace
 
-std::optional<std::string> UnknownNumber(std::string_view line) {
-  if (line.find(ModemDial) == std::string_view::npos) return std::nullopt;
+// The marker is in capitals; what is accepted of a number has none.
+std::optional<std::string> UnknownNumber(std::string_view logLine) {
+  const std::string line = UpperCase(logLine);
+  if (line.find(ModemDial) == std::string::npos) return std::nullopt;
   std::string number = CutDialledNumber(line);
   if (number.find_first_not_of("1234567890,") != std::string::npos) return std::nullopt;
   for (int i = 0; i < UsedServices; ++i)

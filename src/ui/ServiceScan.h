@@ -10,7 +10,7 @@ namespace qel {
 
 // The number on a line of the log, where the line is a dial line, the number has digits and commas alone, and
 // no service has it.
-std::optional<std::string> UnknownNumber(std::string_view line);
+std::optional<std::string> UnknownNumber(std::string_view logLine);
 
 // Reads the log and makes a service of each unknown number, until the end or until there are MaxServices.
 // `found` is told behind each of them; `proceed` hears of the progress in percent and answers whether to go

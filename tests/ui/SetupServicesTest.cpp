@@ -138,13 +138,12 @@ TEST_F(SetupServicesTest, ACopyKeepsWhatItsPlaceHeld) {
 }
 
 TEST_F(SetupServicesTest, TheScanFindsTheNumbersThatNoServiceHas) {
-  ModemDial = "Recv: ATD";
   AddService("A", " 111 ", "222");
   AddService("Dialled Service #7 at work", "333", "");
   frmSetup& window = Open();
   const std::string log = "01-05-1999 10:00:00.00 - Connected\r\n" + Dial("T111") + Dial("T222") +
                           Dial("T0,444") + Dial("T0,444") + Dial("P555") + Dial("T66W6") +
-                          "01-05-1999 10:00:00.00 - RECV: ATDT777<cr>\r\n" +
+                          "01-05-1999 10:00:00.00 - Sent: ATDT777<cr>\r\n" +
                           "01-05-1999 10:00:00.00 - Recv: ATDT888.";
   Scan(log);
   EXPECT_EQ(List(),
@@ -161,7 +160,6 @@ TEST_F(SetupServicesTest, TheScanFindsTheNumbersThatNoServiceHas) {
 }
 
 TEST_F(SetupServicesTest, TheScanStopsAtTheMostServices) {
-  ModemDial = "Recv: ATD";
   MaxServices = 2;
   Open();
   Scan(Dial("T1") + Dial("T2") + Dial("T3"));
@@ -174,7 +172,6 @@ TEST_F(SetupServicesTest, AWindowClosedDuringTheScanEndsIt) {
   class : public ScriptedHost {
     void Yield() override { SetupForm->Unload(); }
   } impatient;
-  ModemDial = "Recv: ATD";
   Open();
   Scan(Dial("T1") + Dial("T2"));
   EXPECT_EQ(UsedServices, 0);
