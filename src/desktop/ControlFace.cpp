@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QTimer>
 #include <QToolTip>
 #include <algorithm>
 #include <utility>
@@ -21,6 +22,8 @@ namespace {
 QPalette::ColorRole GroundOf(const QWidget& widget) {
   return qobject_cast<const QComboBox*>(&widget) ? QPalette::Base : widget.backgroundRole();
 }
+
+constexpr int ClickTime = 250;  // milliseconds
 
 }  // namespace
 
@@ -74,15 +77,20 @@ void ControlFace::Push() {
   PushColours();
 }
 
-// A reason not to take what the user gave stands in place of the tool tip, and comes up at once.
+// A reason not to take what the user gave stands in place of the tool tip, and comes up by itself: once the
+// click is over that led to it, which would take it down again.
 void ControlFace::PushToolTip() {
   const bool refuses = !control.Refusal().empty();
   const QString tip = PlainToolTip(ToQt(refuses ? control.Refusal() : control.ToolTipText()));
   if (widget->toolTip() == tip) return;
   widget->setToolTip(tip);
   if (std::exchange(showsReason, refuses) && !refuses) QToolTip::hideText();
-  if (refuses && widget->isVisible())
-    QToolTip::showText(widget->mapToGlobal(QPoint(0, widget->height())), tip, widget);
+  if (refuses) QTimer::singleShot(ClickTime, this, [this] { ShowReason(); });
+}
+
+void ControlFace::ShowReason() {
+  if (showsReason && widget->isVisible())
+    QToolTip::showText(widget->mapToGlobal(QPoint(0, widget->height())), widget->toolTip(), widget);
 }
 
 void ControlFace::PullPlace() {

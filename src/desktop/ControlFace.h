@@ -49,6 +49,7 @@ class ControlFace : public QObject {
   void PullPlace();
   void PushPlace();
   void PushToolTip();
+  void ShowReason();
   void PushColours();
 
   Control& control;

@@ -12,6 +12,7 @@ namespace qel {
 
 void Refuse(Control& control, const std::string& reason) {
   CurrentHost().Beep();
+  control.Refusal = "";  // the same reason is said anew
   control.Refusal = reason;
 }
 
