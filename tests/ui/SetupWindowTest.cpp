@@ -257,8 +257,12 @@ TEST_F(SetupWindowTest, ATabBringsItsPageItsHelpAndItsButton) {
 
 TEST_F(SetupWindowTest, TheIconsOpenTheSystemsSettingsWhereThereAreAny) {
   class : public ScriptedHost {
+   public:
+    std::string installed = "systemsettings kcm_regionandlang";
+
+   private:
     void StartProgram(const std::string& command) override {
-      if (command != "systemsettings kcm_regionandlang") Raise(FileNotFound);
+      if (command != installed) Raise(FileNotFound);
       ScriptedHost::StartProgram(command);
     }
   } oneProgram;
@@ -273,6 +277,11 @@ TEST_F(SetupWindowTest, TheIconsOpenTheSystemsSettingsWhereThereAreAny) {
   EXPECT_EQ(oneProgram.messages.back().Text, "No program for these settings was found on this system.");
   window.btnCancel.UserClick();
   EXPECT_EQ(oneProgram.messages.back().Title, "Windows Regional Settings");
+
+  oneProgram.installed = "";
+  Open(Format).Icon[0].UserClick();
+  SetupForm->btnCancel.UserClick();
+  EXPECT_EQ(oneProgram.messages.back().Title, "QEL Options") << "nothing was opened that could be changed";
   SetHost(host);
 }
 
