@@ -335,7 +335,9 @@ TEST_F(SetupWindowTest, TheHundredAndFirstHolidayIsRefused) {
   EXPECT_TRUE(host.Showed("beep"));
   EXPECT_EQ(window.lstHolidays.ListCount(), 100);
   EXPECT_EQ(window.lblUsedHolidays.ForeColor(), SystemColour::Warning);
+  EXPECT_NE(window.CalHolidays.Refusal(), "");
   window.lstHolidays.UserDblClick();
+  EXPECT_EQ(window.CalHolidays.Refusal(), "") << "there is room again";
   EXPECT_EQ(window.lblUsedHolidays.Caption(), "99 Holidays (Max 100)");
   EXPECT_EQ(window.lblUsedHolidays.ForeColor(), SystemColour::WindowText);
 }
