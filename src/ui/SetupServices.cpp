@@ -166,6 +166,7 @@ void frmSetup::CheckCopybtn() {
 }
 
 void frmSetup::btnScan_Click() {
+  if (ProgressBar1.Visible) return;  // a scan is under way
   SetTrace("frmSetup", "btnScan_Click");
   const std::string path = ModemLogDir + ModemLogFile;
   StepTrace = PathText(path);
@@ -188,7 +189,7 @@ void frmSetup::btnScan_Click() {
   if (!IsLoaded()) return;
   ProgressBar1.SetValue(100);
   ProgressBar1.Visible = false;
-  fralblServices.Visible = true;
+  fralblServices.Visible = Settings[2].Visible();  // the user may have gone to another tab
   if (done || found > 0) TellScanned(found);
   lstServices.SetFocus();
 }
