@@ -23,11 +23,6 @@ std::string FolderPart(const std::string& path) {
   return path.substr(0, path.size() - FileNamePart(path).size());
 }
 
-void EnableField(Control& field, bool enabled) {
-  field.Enabled = enabled;
-  field.BackColor = enabled ? SystemColour::WindowBackground : SystemColour::MenuBackground;
-}
-
 // A text in the making is not held against its field any longer.
 void ForgetRefusalOnChange(TextBox& field) {
   field.Change = [&field] { field.Refusal = ""; };
@@ -36,6 +31,11 @@ void ForgetRefusalOnChange(TextBox& field) {
 void TraceLeaving(const Control& field) { SetTrace("frmSetup", (field.Name() + "_LostFocus").c_str()); }
 
 }  // namespace
+
+void frmSetup::EnableField(Control& field, bool enabled) {
+  field.Enabled = enabled;
+  field.BackColor = enabled ? SystemColour::WindowBackground : SystemColour::MenuBackground;
+}
 
 // General
 
