@@ -140,6 +140,15 @@ TEST_F(SetupWindowTest, TheLogIsTypedOrBrowsedFor) {
   EXPECT_EQ(ModemLogDir + ModemLogFile, folder.Path("far/" + unspeakable));
 }
 
+TEST_F(SetupWindowTest, TheDurationIsDividedAsTimesAreInTheRegion) {
+  TimeSeparator = ".";
+  frmSetup& window = Open(Errors);
+  EXPECT_EQ(window.Label8.Caption(), "hh.mm.ss");
+  EXPECT_EQ(window.mskNoDisconDuration.Text(), "00.15.00");
+  TypeAndLeave("mskNoDisconDuration", "01.30.05");
+  EXPECT_EQ(NoDisconDuration, 1865);
+}
+
 TEST_F(SetupWindowTest, CostsAndErrorsCanBeSetWhileTheyCount) {
   NoDisconDuration = 1860;
   NoDisconData = 2500;
@@ -364,14 +373,17 @@ TEST_F(SetupWindowTest, TheMainWindowFollowsTheOptions) {
             "Some changed options will NOT take\neffect until the program is re-started.");
   EXPECT_FALSE(OptionsChanged);
 
-  MainForm->OpenArchive(folder.Path("ModemLog.txt"));
+  folder.Put("archive.qel", usable);
+  MainForm->OpenArchive(folder.Path("archive.qel"));
   host.actions = {[this] {
     TypeAndLeave("txtLogName", folder.Path("ModemLog.txt"));
     SetupForm->btnSave.UserClick();
   }};
   MainForm->mnuSetup.UserClick();
-  EXPECT_TRUE(ArchiveOpen);
+  EXPECT_EQ(CurrentLogPath, folder.Path("archive.qel"));
   EXPECT_EQ(MainForm->mnuOptimize.Caption(), "&Optimize Archive");
+  MainForm->mnuOpenLog.UserClick();
+  EXPECT_EQ(CurrentLogPath, folder.Path("ModemLog.txt"));
 }
 
 }  // namespace
