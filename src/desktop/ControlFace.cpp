@@ -1,10 +1,12 @@
 #include "desktop/ControlFace.h"
 
 #include <QAbstractScrollArea>
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QTableView>
 #include <QTimer>
 #include <QToolTip>
 #include <algorithm>
@@ -18,9 +20,17 @@ namespace qel {
 
 namespace {
 
-// What a widget paints its ground with. A list that drops down does not name it as its role.
-QPalette::ColorRole GroundOf(const QWidget& widget) {
-  return qobject_cast<const QComboBox*>(&widget) ? QPalette::Base : widget.backgroundRole();
+// The part of a widget that is coloured: of what scrolls, all within its frame; of a calendar, its days.
+QWidget* SurfaceOf(QWidget* widget) {
+  if (auto* const area = qobject_cast<QAbstractScrollArea*>(widget)) return area->viewport();
+  return qobject_cast<QCalendarWidget*>(widget) ? widget->findChild<QTableView*>() : widget;
+}
+
+// What a surface paints its ground with. Neither a list that drops down nor a calendar names it as its role.
+QPalette::ColorRole GroundOf(const QWidget& surface) {
+  const bool fillsWithBase =
+      qobject_cast<const QComboBox*>(&surface) || qobject_cast<const QTableView*>(&surface);
+  return fillsWithBase ? QPalette::Base : surface.backgroundRole();
 }
 
 constexpr int ClickTime = 250;  // milliseconds
@@ -113,15 +123,15 @@ void ControlFace::PushColours() {
   if (shownFore == control.ForeColor() && shownBack == back) return;
   shownFore = control.ForeColor;
   shownBack = back;
-  auto* const area = qobject_cast<QAbstractScrollArea*>(widget);
-  QWidget* const surface = area ? area->viewport() : widget;
+  QWidget* const surface = SurfaceOf(widget);
   QPalette palette;
   const QPalette::ColorRole ground = GroundOf(*surface);
   const QPalette::ColorRole text = ground == QPalette::Base ? QPalette::Text : surface->foregroundRole();
   if (shownFore != SystemColour::Default) palette.setColor(text, ColourOf(shownFore));
   if (shownBack != SystemColour::Default) palette.setColor(ground, ColourOf(shownBack));
   surface->setPalette(palette);
-  surface->setAutoFillBackground(shownBack != SystemColour::Default || area);
+  surface->setAutoFillBackground(shownBack != SystemColour::Default ||
+                                 qobject_cast<QAbstractScrollArea*>(widget));
 }
 
 bool ClickableFace::Filter(QWidget& watched, QEvent& event) {

@@ -38,7 +38,7 @@ void AddScannedService(const std::string& number) {
 
 }  // namespace
 
-// The marker is in capitals; what is accepted of a number has none.
+// Markers are kept in capitals, the log has both cases. A number that is taken has no letters to change.
 std::optional<std::string> UnknownNumber(std::string_view logLine) {
   const std::string line = UpperCase(logLine);
   if (line.find(ModemDial) == std::string::npos) return std::nullopt;

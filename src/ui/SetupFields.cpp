@@ -17,14 +17,10 @@ namespace {
 
 constexpr char LogFilter[] = "Modem Log Files (*.txt;*.log)|*.txt;*.log";
 constexpr char AskForNumber[] = "Enter a number.";
+constexpr char OutOfRange[] = "This number is out of range.";
 
 std::string FolderPart(const std::string& path) {
   return path.substr(0, path.size() - FileNamePart(path).size());
-}
-
-void EnableField(Control& field, bool enabled) {
-  field.Enabled = enabled;
-  field.BackColor = enabled ? SystemColour::WindowBackground : SystemColour::MenuBackground;
 }
 
 // A text in the making is not held against its field any longer.
@@ -35,6 +31,11 @@ void ForgetRefusalOnChange(TextBox& field) {
 void TraceLeaving(const Control& field) { SetTrace("frmSetup", (field.Name() + "_LostFocus").c_str()); }
 
 }  // namespace
+
+void frmSetup::EnableField(Control& field, bool enabled) {
+  field.Enabled = enabled;
+  field.BackColor = enabled ? SystemColour::WindowBackground : SystemColour::MenuBackground;
+}
 
 // General
 
@@ -77,7 +78,7 @@ void frmSetup::txtLogName_LostFocus() {
   bool exists = false;
   Attempt([&] { exists = FileExists(path); });
   ShowLogPath(exists ? path : logPathAtLoad);
-  txtLogName.Refusal = exists ? "" : "There is no file of the name that was typed.";
+  txtLogName.Refusal = exists ? "" : "There is no file \"" + PathText(path) + "\".";
   if (!exists) return;
   ModemLogFile = FileNamePart(path);
   ModemLogDir = FolderPart(path);
@@ -119,7 +120,7 @@ void frmSetup::LimitField_LostFocus(const LimitField& limit) {
   }
   const bool fits =
       Attempt([&] { std::visit([&text](auto* setting) { *setting = Val(text); }, limit.Limit); });
-  limit.Field.Refusal = fits ? "" : "This number is too large.";
+  limit.Field.Refusal = fits ? "" : OutOfRange;
 }
 
 void frmSetup::txtMaxServices_LostFocus() {
@@ -138,7 +139,7 @@ void frmSetup::txtMaxServices_LostFocus() {
     return;
   }
   const bool fits = Attempt([&text] { MaxServices = Val(text); });
-  txtMaxServices.Refusal = fits ? "" : "This number is too large.";
+  txtMaxServices.Refusal = fits ? "" : OutOfRange;
   ShowServiceCount();
 }
 

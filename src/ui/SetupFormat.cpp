@@ -16,21 +16,24 @@ namespace {
 constexpr double SampleAmount = 1234567.89;
 
 // The settings programs of the desktops, in the order of trying.
-const char* const RegionalSettings[] = {"gnome-control-center region", "systemsettings kcm_regionandlang",
-                                        "xfce4-settings-manager", "lxqt-config-locale"};
+const char* const RegionalSettingsPrograms[] = {"gnome-control-center region",
+                                                "systemsettings kcm_regionandlang", "xfce4-settings-manager",
+                                                "lxqt-config-locale"};
 const char* const ModemSettingsPrograms[] = {"nm-connection-editor", "gnome-control-center network",
                                              "systemsettings kcm_networkmanagement"};
 
-void StartFirstOf(std::span<const char* const> programs) {
+// Tells the user where there is none of them.
+bool StartFirstOf(std::span<const char* const> programs) {
   bool started = false;
   for (const char* program : programs) {
     IgnoreErrors([&] {
       CurrentHost().StartProgram(program);
       started = true;
     });
-    if (started) return;
+    if (started) return true;
   }
   MsgBox({"No program for these settings was found on this system.", "QEL Options", Icon::Information});
+  return false;
 }
 
 }  // namespace
@@ -50,9 +53,10 @@ void frmSetup::ShowFormats() {
 
 void frmSetup::Icon_Click(int index) {
   SetTrace("frmSetup", "Icon_Click");
-  if (index == 2) return StartFirstOf(ModemSettingsPrograms);
-  regionalSettingsOpened = true;
-  StartFirstOf(RegionalSettings);
+  if (index == 2)
+    StartFirstOf(ModemSettingsPrograms);
+  else if (StartFirstOf(RegionalSettingsPrograms))
+    regionalSettingsOpened = true;
 }
 
 }  // namespace qel

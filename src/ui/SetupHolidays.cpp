@@ -44,10 +44,10 @@ void frmSetup::ShowHolidayCount() {
 void frmSetup::AddHoliday() {
   SetTrace("frmSetup", "AddHoliday");
   const Date day = CalHolidays.Value;
-  if (day < Today()) return Refuse(CalHolidays, "This day has gone by.");
+  if (day < Today()) return Refuse(CalHolidays, FormatDate(day, "Short Date") + " has gone by.");
   if (const auto same = std::find(holidays.begin(), holidays.end(), day); same != holidays.end()) {
     lstHolidays.SetListIndex(static_cast<int>(same - holidays.begin()));
-    return Refuse(CalHolidays, "This day is in the list already.");
+    return Refuse(CalHolidays, FormatDate(day, "Short Date") + " is in the list already.");
   }
   if (holidays.size() == MaxHolidays) {
     lblUsedHolidays.ForeColor = SystemColour::Warning;
@@ -58,7 +58,6 @@ void frmSetup::AddHoliday() {
       isLast ? holidays.end()
              : std::find_if(holidays.begin(), holidays.end(), [day](Date listed) { return listed >= day; });
   const auto added = holidays.insert(place, day);
-  CalHolidays.Refusal = "";
   Attempt([&] { ShowHolidays(static_cast<int>(added - holidays.begin())); });
 }
 
@@ -77,6 +76,7 @@ void frmSetup::btnRemove_Click() {
 
 void frmSetup::lstHolidays_Click() {
   CalHolidays.Value = holidays[static_cast<std::size_t>(lstHolidays.ListIndex())];
+  CalHolidays.Refusal = "";
 }
 
 void frmSetup::StoreHolidays() const {

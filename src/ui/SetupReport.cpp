@@ -47,8 +47,8 @@ void frmSetup::ShowReportSettings() {
 void frmSetup::EnableStartFields() {
   for (const StartField& start : startFields) {
     const bool needed = lstStartDate.Text() == start.Preference;
-    start.Field.Enabled = start.Caption.Enabled = needed;
-    start.Field.BackColor = needed ? SystemColour::WindowBackground : SystemColour::MenuBackground;
+    EnableField(start.Field, needed);
+    start.Caption.Enabled = needed;
     start.Caption.ForeColor = needed ? SystemColour::WindowText : SystemColour::GreyText;
   }
 }

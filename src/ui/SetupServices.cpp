@@ -15,11 +15,16 @@ namespace qel {
 namespace {
 
 constexpr int TelephoneIcon = 3;
-constexpr char NoService[] = "There is no service yet.";
+constexpr char NoService[] = "No service is selected.";
 constexpr char NoRoom[] = "There is room for no more services.";
 
 ListRow RowOf(const ServiceRecord& service) {
   return {service.ServiceName + "  ", {service.ServiceNumber}, TelephoneIcon};
+}
+
+// A new service needs a record of its own before it can be edited.
+bool HasRecord(int service) {
+  return Attempt([service] { static_cast<void>(Services[service]); });
 }
 
 void TellScanned(int found) {
@@ -37,6 +42,7 @@ void TellScanned(int found) {
 void frmSetup::WireServices() {
   lstServices.SetColumns({{"Service Description", 2800}, {"Number", 1800}});
   lstServices.FullRowSelect = true;
+  lstServices.HideSelection = false;  // the buttons beside it, which take the focus, work on that row
   lstServices.ItemClick = [this] { lstServices_ItemClick(); };
   lstServices.DblClick = btnEdit.Click = [this] { lstServices_DblClick(); };
   btnNew.Click = [this] { btnNew_Click(); };
@@ -85,8 +91,7 @@ void frmSetup::btnNew_Click() {
   SetTrace("frmSetup", "btnNew_Click");
   if (UsedServices >= MaxServices) {
     Refuse(lstServices, NoRoom);
-  } else if (Attempt([] { static_cast<void>(Services[UsedServices]); }) &&
-             EditService(true)) {  // the record must be there
+  } else if (HasRecord(UsedServices) && EditService(true)) {
     ++UsedServices;
     AddServiceRow(UsedServices - 1);
   }
@@ -166,6 +171,7 @@ void frmSetup::CheckCopybtn() {
 }
 
 void frmSetup::btnScan_Click() {
+  if (ProgressBar1.Visible) return;  // a scan is under way
   SetTrace("frmSetup", "btnScan_Click");
   const std::string path = ModemLogDir + ModemLogFile;
   StepTrace = PathText(path);
@@ -188,7 +194,7 @@ void frmSetup::btnScan_Click() {
   if (!IsLoaded()) return;
   ProgressBar1.SetValue(100);
   ProgressBar1.Visible = false;
-  fralblServices.Visible = true;
+  fralblServices.Visible = Settings[2].Visible();  // the user may have gone to another tab
   if (done || found > 0) TellScanned(found);
   lstServices.SetFocus();
 }

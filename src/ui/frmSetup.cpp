@@ -85,7 +85,7 @@ void frmSetup::TabStrip1_Click() {
   const int tab = TabStrip1.SelectedTab();
   ShowSelectedPage(TabStrip1, Settings);
   btnDefaults.Enabled = btnDefaults.Visible = tab == ModemTab;
-  fralblServices.Visible = tab == ServicesTab;
+  fralblServices.Visible = tab == ServicesTab && !ProgressBar1.Visible;
   HelpContextID = Pages[tab - 1].HelpContext;
   if (tab != ServicesTab)
     TabStrip1.SetFocus();

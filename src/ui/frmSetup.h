@@ -158,6 +158,7 @@ class frmSetup : public Form {
   void TabStrip1_Click();
   void btnSave_Click();
   void restoreOldValues();
+  static void EnableField(Control& field, bool enabled);
 
   void WireGeneral();
   void ShowGeneral();

@@ -201,10 +201,13 @@ TEST_F(Binding, ADoubleClickOnADayComesAfterItsClick) {
 }
 
 TEST_F(Binding, AFieldThatRefusesIsMarkedAndSaysWhyUntilItTakesItsText) {
-  Control* const fields[] = {&form.txtName, &form.inputStarting, &form.lstUnit, &form.lstFree};
+  Control* const fields[] = {&form.txtName, &form.inputStarting, &form.lstUnit, &form.lstFree,
+                             &form.Calendar1};
   for (Control* field : fields) {
     auto& widget = Get<QWidget>(field->Name().c_str());
-    const auto ground = [&widget] { return widget.grab().toImage().pixelColor(8, 5); };
+    // Between the frame and the text, and in the last day's corner.
+    const QPoint bare = field == &form.Calendar1 ? widget.rect().bottomRight() - QPoint(2, 2) : QPoint(8, 5);
+    const auto ground = [&] { return widget.grab().toImage().pixelColor(bare); };
     field->ToolTipText = "Tip";
     const QColor usual = ground();
     field->Refusal = "This takes a number.";

@@ -179,6 +179,24 @@ TEST_F(SetupServicesTest, AWindowClosedDuringTheScanEndsIt) {
   SetHost(host);
 }
 
+TEST_F(SetupServicesTest, AScanIsNotBegunTwiceAndLeavesTheTabThatTheUserWentTo) {
+  class : public ScriptedHost {
+    void Yield() override {
+      SetupForm->btnScan.UserClick();
+      SetupForm->TabStrip1.UserSelectTab(1);
+      SetupForm->TabStrip1.UserSelectTab(3);
+      EXPECT_FALSE(SetupForm->fralblServices.Visible) << "the bar is in its place";
+      SetupForm->TabStrip1.UserSelectTab(1);
+    }
+  } restless;
+  Open();
+  Scan(Dial("T1") + Dial("T2"));
+  EXPECT_EQ(restless.messages.size(), 1u);
+  EXPECT_EQ(UsedServices, 2);
+  EXPECT_FALSE(SetupForm->fralblServices.Visible);
+  SetHost(host);
+}
+
 TEST_F(SetupServicesTest, AScanWithoutALogIsAnError) {
   frmSetup& window = Open();
   window.btnScan.UserClick();

@@ -140,6 +140,15 @@ TEST_F(SetupWindowTest, TheLogIsTypedOrBrowsedFor) {
   EXPECT_EQ(ModemLogDir + ModemLogFile, folder.Path("far/" + unspeakable));
 }
 
+TEST_F(SetupWindowTest, TheDurationIsDividedAsTimesAreInTheRegion) {
+  TimeSeparator = ".";
+  frmSetup& window = Open(Errors);
+  EXPECT_EQ(window.Label8.Caption(), "hh.mm.ss");
+  EXPECT_EQ(window.mskNoDisconDuration.Text(), "00.15.00");
+  TypeAndLeave("mskNoDisconDuration", "01.30.05");
+  EXPECT_EQ(NoDisconDuration, 1865);
+}
+
 TEST_F(SetupWindowTest, CostsAndErrorsCanBeSetWhileTheyCount) {
   NoDisconDuration = 1860;
   NoDisconData = 2500;
@@ -257,8 +266,12 @@ TEST_F(SetupWindowTest, ATabBringsItsPageItsHelpAndItsButton) {
 
 TEST_F(SetupWindowTest, TheIconsOpenTheSystemsSettingsWhereThereAreAny) {
   class : public ScriptedHost {
+   public:
+    std::string installed = "systemsettings kcm_regionandlang";
+
+   private:
     void StartProgram(const std::string& command) override {
-      if (command != "systemsettings kcm_regionandlang") Raise(FileNotFound);
+      if (command != installed) Raise(FileNotFound);
       ScriptedHost::StartProgram(command);
     }
   } oneProgram;
@@ -273,6 +286,11 @@ TEST_F(SetupWindowTest, TheIconsOpenTheSystemsSettingsWhereThereAreAny) {
   EXPECT_EQ(oneProgram.messages.back().Text, "No program for these settings was found on this system.");
   window.btnCancel.UserClick();
   EXPECT_EQ(oneProgram.messages.back().Title, "Windows Regional Settings");
+
+  oneProgram.installed = "";
+  Open(Format).Icon[0].UserClick();
+  SetupForm->btnCancel.UserClick();
+  EXPECT_EQ(oneProgram.messages.back().Title, "QEL Options") << "nothing was opened that could be changed";
   SetHost(host);
 }
 
@@ -326,7 +344,9 @@ TEST_F(SetupWindowTest, TheHundredAndFirstHolidayIsRefused) {
   EXPECT_TRUE(host.Showed("beep"));
   EXPECT_EQ(window.lstHolidays.ListCount(), 100);
   EXPECT_EQ(window.lblUsedHolidays.ForeColor(), SystemColour::Warning);
+  EXPECT_NE(window.CalHolidays.Refusal(), "");
   window.lstHolidays.UserDblClick();
+  EXPECT_EQ(window.CalHolidays.Refusal(), "") << "there is room again";
   EXPECT_EQ(window.lblUsedHolidays.Caption(), "99 Holidays (Max 100)");
   EXPECT_EQ(window.lblUsedHolidays.ForeColor(), SystemColour::WindowText);
 }
@@ -353,14 +373,17 @@ TEST_F(SetupWindowTest, TheMainWindowFollowsTheOptions) {
             "Some changed options will NOT take\neffect until the program is re-started.");
   EXPECT_FALSE(OptionsChanged);
 
-  MainForm->OpenArchive(folder.Path("ModemLog.txt"));
+  folder.Put("archive.qel", usable);
+  MainForm->OpenArchive(folder.Path("archive.qel"));
   host.actions = {[this] {
     TypeAndLeave("txtLogName", folder.Path("ModemLog.txt"));
     SetupForm->btnSave.UserClick();
   }};
   MainForm->mnuSetup.UserClick();
-  EXPECT_TRUE(ArchiveOpen);
+  EXPECT_EQ(CurrentLogPath, folder.Path("archive.qel"));
   EXPECT_EQ(MainForm->mnuOptimize.Caption(), "&Optimize Archive");
+  MainForm->mnuOpenLog.UserClick();
+  EXPECT_EQ(CurrentLogPath, folder.Path("ModemLog.txt"));
 }
 
 }  // namespace
