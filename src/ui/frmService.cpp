@@ -85,7 +85,10 @@ void frmService::Form_Activate() {
 void frmService::FillComboBoxes() {
   lstServiceFlexPeriod.AddItems({"Day", "Week", "Month"});
   lstMegPeriod.AddItems({"Day", "Week", "Month", "Session"});
-  for (ComboBox* list : {&lstFreePeriodStart, &lstFreePeriodEnd}) list->AddItems(QuarterHours());
+  for (ComboBox* list : {&lstFreePeriodStart, &lstFreePeriodEnd}) {
+    list->AddItems(QuarterHours());
+    list->SetListIndex(0);
+  }
 }
 
 void frmService::TabStrip1_Click() {
