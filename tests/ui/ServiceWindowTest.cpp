@@ -286,6 +286,9 @@ TEST_F(ServiceWindowTest, TheSoundIsOneForAllServicesAndOutlivesCancel) {
   EXPECT_EQ(window.txtWarningSound.Text(), folder.Path("?.wav"));
   EXPECT_NE(window.txtWarningSound.Refusal(), "");
   EXPECT_TRUE(host.Showed("beep") && host.Showed("sound: " + sound));
+  window.txtWarningSound.UserClick();
+  window.TabStrip1.SetFocus();
+  EXPECT_EQ(window.txtWarningSound.Refusal(), "") << "the former file was good";
   window.btnCancel.UserClick();
   EXPECT_EQ(WarningSoundFile, sound);
 }
