@@ -32,6 +32,15 @@ void ShowFreeTime(ComboBox& list, Date time) {
   if (time != 0) Attempt([&] { list.SetText(QuarterHourText(time)); });
 }
 
+// Raises 9 behind the last tariff that there can be; those before it are copied then.
+void CopyTariffs(const ServiceRecord& service) {
+  for (TariffCopyCount = 0; TariffCopyCount < service.UsedTariffs; ++TariffCopyCount) {
+    TariffRecord& copy = TariffCopy[TariffCopyCount];
+    copy = service.Tariffs[TariffCopyCount];
+    if (copy.Unit.empty()) copy.Unit = "Per Minute";
+  }
+}
+
 }  // namespace
 
 void frmService::LoadNewService() {
@@ -61,11 +70,7 @@ void frmService::LoadService() {
 }
 
 void frmService::ShowService(const ServiceRecord& service) {
-  TariffCopyCount = service.UsedTariffs;
-  for (int i = 0; i < TariffCopyCount; ++i) {
-    TariffCopy[i] = service.Tariffs[i];
-    if (TariffCopy[i].Unit.empty()) TariffCopy[i].Unit = "Per Minute";
-  }
+  Attempt([&] { CopyTariffs(service); });
   SelectedTariff = 1;
   DisplayTariffs();
   txtDescription.Text = service.ServiceName;

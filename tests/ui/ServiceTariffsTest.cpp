@@ -54,12 +54,15 @@ class ServiceTariffsTest : public WindowTest {
     service.DialOption = 2;
     service.UsedTariffs = Int16(tariffs.size());
     for (std::size_t i = 0; i < tariffs.size(); ++i) service.Tariffs[static_cast<int>(i)] = tariffs[i];
+    Existing().TabStrip1.UserSelectTab(2);
+    host.transcript.clear();
+    return *ServiceForm;
+  }
+  static frmService& Existing() {
     NewService = false;
     SetupForm->lstServices.SetRows({{"Provider", {}}});
     SetupForm->lstServices.SelectRow(1);
     ServiceForm->Show();
-    ServiceForm->TabStrip1.UserSelectTab(2);
-    host.transcript.clear();
     return *ServiceForm;
   }
   static std::string Selected() {
@@ -122,6 +125,13 @@ TEST_F(ServiceTariffsTest, TheLastTariffGoesAndTheServiceWaitsForAnother) {
   }
   EXPECT_FALSE(window.btnOK.Enabled || window.btnDialTimeTariffDelete.Enabled);
   EXPECT_EQ(window.lstDialTimeTariff.ToolTipText(), "User Defined Tariffs");
+}
+
+TEST_F(ServiceTariffsTest, ACountBeyondTheTariffsIsToldAndTheRestIsShown) {
+  AddService("Provider", "555", "").UsedTariffs = 11;
+  EXPECT_EQ(Existing().lblDialTimeTariff9.Caption(), "10 Tariffs (Max 10)");
+  EXPECT_NE(host.messages.at(0).Text.find("Error code: 9"), std::string::npos);
+  EXPECT_EQ(ServiceForm->txtNumber.Text(), "555");
 }
 
 TEST_F(ServiceTariffsTest, TheTenthTariffIsTheLastAndCanStillBeEdited) {
