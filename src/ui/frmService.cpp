@@ -124,6 +124,7 @@ void frmService::optDialCost_Click(int index) {
   }
   if (index == 1) {
     EnableControlGroup("DialTimeTariff");
+    ColourTariffCount();
     DialOption = 2;
     if (lstDialTimeTariff.RowCount() > 0) {
       lstDialTimeTariff.SetFocus();

@@ -163,6 +163,7 @@ class frmService : public Form {
   void SortTariffs();
   void DisplayTariffs();
   void ShowTariffCount();
+  void ColourTariffCount();
   void ShowTariffSummary();
   void SetTariffButtons();
   void btnDialTimeTariffNew_Click();

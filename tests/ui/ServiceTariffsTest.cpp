@@ -142,6 +142,7 @@ TEST_F(ServiceTariffsTest, TheTenthTariffIsTheLastAndCanStillBeEdited) {
                   },
                   [] { TariffForm->btnCancel.UserClick(); }};
   window.btnDialTimeTariffNew.UserClick();
+  window.TabStrip1.Click();
   EXPECT_EQ(window.lblDialTimeTariff9.ForeColor, SystemColour::Warning);
   EXPECT_TRUE(host.Showed("beep") && !window.btnDialTimeTariffNew.Enabled);
   window.lstDialTimeTariff.UserDblClick();
