@@ -79,7 +79,9 @@ TEST_F(ServiceTariffsTest, RowsAndTipTellWhatATariffCosts) {
   TariffRecord units = minutes;
   units.Unit = "Per Unit";
   units.UnitMins = 15;
-  frmService& window = With({minutes, units});
+  TariffRecord seconds = minutes;
+  seconds.Unit = "Per Second";
+  frmService& window = With({minutes, units, seconds});
   EXPECT_EQ(
       window.lstDialTimeTariff.Row(1).SubItems,
       (std::vector<std::string>{"Mon - Fri", "6:00PM - 12:00AM", "$0.10", "$0.0375", "61 Mins 40 Secs"}));
@@ -89,6 +91,9 @@ TEST_F(ServiceTariffsTest, RowsAndTipTellWhatATariffCosts) {
   window.lstDialTimeTariff.UserSelect(2);
   EXPECT_EQ(window.lstDialTimeTariff.ToolTipText(),
             "Mon - Fri 18 - Mon - Fri 6:00PM - 12:00AM - $0.10 /Call + $0.0375 /Unit (Unit=15Mins 0Secs)");
+  window.lstDialTimeTariff.UserSelect(3);
+  EXPECT_NE(window.lstDialTimeTariff.ToolTipText().find("$0.0375 /Sec after 61 Mins 40 Secs."),
+            std::string::npos);
 }
 
 TEST_F(ServiceTariffsTest, ATariffThatIsConfirmedTakesItsPlace) {
