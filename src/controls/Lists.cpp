@@ -12,6 +12,10 @@ void ListBox::AddItem(const std::string& text, int before) {
   ShowChange();
 }
 
+void ListBox::AddItems(const std::vector<std::string>& texts) {
+  for (const auto& text : texts) AddItem(text);
+}
+
 void ListBox::RemoveItem(int index) {
   if (index < 0 || index >= ListCount()) Raise(InvalidCall);
   items.erase(items.begin() + index);

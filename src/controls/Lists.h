@@ -17,6 +17,7 @@ class ListBox : public Control {
   int ListCount() const { return static_cast<int>(items.size()); }
   // Adds at the end, or before an entry. Raises 5 for a place that is none.
   void AddItem(const std::string& text, int before = -1);
+  void AddItems(const std::vector<std::string>& texts);
   // Raises 5 for an entry that is none. What was chosen stays chosen unless it goes.
   void RemoveItem(int index);
   virtual void Clear();

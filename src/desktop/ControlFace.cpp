@@ -127,7 +127,10 @@ void ControlFace::PushColours() {
   QPalette palette;
   const QPalette::ColorRole ground = GroundOf(*surface);
   const QPalette::ColorRole text = ground == QPalette::Base ? QPalette::Text : surface->foregroundRole();
-  if (shownFore != SystemColour::Default) palette.setColor(text, ColourOf(shownFore));
+  // What is disabled stays grey, whatever colour its text has when it is not.
+  if (shownFore != SystemColour::Default)
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+      palette.setColor(group, text, ColourOf(shownFore));
   if (shownBack != SystemColour::Default) palette.setColor(ground, ColourOf(shownBack));
   surface->setPalette(palette);
   surface->setAutoFillBackground(shownBack != SystemColour::Default ||

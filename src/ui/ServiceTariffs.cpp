@@ -60,9 +60,13 @@ void frmService::DisplayTariffs() {
 void frmService::ShowTariffCount() {
   lblDialTimeTariff9.Caption =
       std::to_string(TariffCopyCount) + " Tariffs (Max " + std::to_string(MaxTariffs) + ")";
-  const bool full = TariffCopyCount >= MaxTariffs;
-  if (full) CurrentHost().Beep();
-  lblDialTimeTariff9.ForeColor = full ? SystemColour::Warning : SystemColour::WindowText;
+  if (TariffCopyCount >= MaxTariffs) CurrentHost().Beep();
+  ColourTariffCount();
+}
+
+void frmService::ColourTariffCount() {
+  lblDialTimeTariff9.ForeColor =
+      TariffCopyCount < MaxTariffs ? SystemColour::WindowText : SystemColour::Warning;
 }
 
 void frmService::ShowTariffSummary() {

@@ -3,7 +3,6 @@
 
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
-#include "platform/DateConversion.h"
 #include "platform/FormatMask.h"
 #include "platform/TextConversion.h"
 #include "settings/Settings.h"
@@ -30,8 +29,16 @@ void ShowIn(ComboBox& list, const std::string& text) {
 }
 
 void ShowFreeTime(ComboBox& list, Date time) {
-  list.SetListIndex(0);
   if (time != 0) Attempt([&] { list.SetText(QuarterHourText(time)); });
+}
+
+// Raises 9 behind the last tariff that there can be; those before it are copied then.
+void CopyTariffs(const ServiceRecord& service) {
+  for (TariffCopyCount = 0; TariffCopyCount < service.UsedTariffs; ++TariffCopyCount) {
+    TariffRecord& copy = TariffCopy[TariffCopyCount];
+    copy = service.Tariffs[TariffCopyCount];
+    if (copy.Unit.empty()) copy.Unit = "Per Minute";
+  }
 }
 
 }  // namespace
@@ -53,8 +60,6 @@ void frmService::LoadNewService() {
     field->Text = "0";
   lstServiceFlexPeriod.SetText("Month");
   lstMegPeriod.SetText("Month");
-  lstFreePeriodStart.SetListIndex(0);
-  lstFreePeriodEnd.SetListIndex(0);
   Choose(optWarning, 0);
   txtDescription.Select(0, static_cast<int>(txtDescription.Text().size()));
 }
@@ -65,11 +70,7 @@ void frmService::LoadService() {
 }
 
 void frmService::ShowService(const ServiceRecord& service) {
-  TariffCopyCount = service.UsedTariffs;
-  for (int i = 0; i < TariffCopyCount; ++i) {
-    TariffCopy[i] = service.Tariffs[i];
-    if (TariffCopy[i].Unit.empty()) TariffCopy[i].Unit = "Per Minute";
-  }
+  Attempt([&] { CopyTariffs(service); });
   SelectedTariff = 1;
   DisplayTariffs();
   txtDescription.Text = service.ServiceName;
@@ -126,13 +127,14 @@ void frmService::WriteService(ServiceRecord& service) const {
   WriteWarning(service);
 }
 
-// Both ends of the free time are kept while it is switched off.
+// Both ends of the free time are kept while it is switched off. They are taken by their entries, not by their
+// texts: no regional separator can come between.
 void frmService::WriteServiceCost(ServiceRecord& service) const {
   Attempt([&] { service.Block = Int16(Val(txtServiceBlock.Text())); });
   service.MaxCharge = XVal(txtMaxCharge.Text);
   service.FreePeriod = chkFreePeriod.Value;
-  Attempt([&] { service.FreeStart = TextToDate(lstFreePeriodStart.Text()); });
-  Attempt([&] { service.FreeEnd = TextToDate(lstFreePeriodEnd.Text()); });
+  service.FreeStart = QuarterHour(lstFreePeriodStart.ListIndex());
+  service.FreeEnd = QuarterHour(lstFreePeriodEnd.ListIndex());
   service.PerMeg = XVal(txtPerMeg.Text);
   service.AfterMeg = Val(txtAfterMeg.Text());
   service.MegPeriod = lstMegPeriod.Text();

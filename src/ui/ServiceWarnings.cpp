@@ -97,9 +97,10 @@ void frmService::btnWarnPlay_Click() {
 void frmService::txtWarningSound_LostFocus() {
   if (SoundExists(txtWarningSound.Text)) {
     WarningSoundFile = SoundPath(txtWarningSound.Text);
+    txtWarningSound.Refusal = "";
   } else {
     txtWarningSound.Text = soundTextAtFocus;
-    Refuse(txtWarningSound, "There is no such file.");
+    Refuse(txtWarningSound, "There is no such file, so the former one is back.");
   }
   RefreshOKButton();
 }

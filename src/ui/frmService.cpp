@@ -32,10 +32,6 @@ bool Named(const Control& control, const std::string& word) {
   return UpperCase(control.Name()).find(UpperCase(word)) != std::string::npos;
 }
 
-void AddItems(ComboBox& list, const std::vector<std::string>& items) {
-  for (const auto& item : items) list.AddItem(item);
-}
-
 }  // namespace
 
 frmService::frmService() : Form("frmService") {
@@ -87,9 +83,12 @@ void frmService::Form_Activate() {
 }
 
 void frmService::FillComboBoxes() {
-  AddItems(lstServiceFlexPeriod, {"Day", "Week", "Month"});
-  AddItems(lstMegPeriod, {"Day", "Week", "Month", "Session"});
-  for (ComboBox* list : {&lstFreePeriodStart, &lstFreePeriodEnd}) AddItems(*list, QuarterHours());
+  lstServiceFlexPeriod.AddItems({"Day", "Week", "Month"});
+  lstMegPeriod.AddItems({"Day", "Week", "Month", "Session"});
+  for (ComboBox* list : {&lstFreePeriodStart, &lstFreePeriodEnd}) {
+    list->AddItems(QuarterHours());
+    list->SetListIndex(0);
+  }
 }
 
 void frmService::TabStrip1_Click() {
@@ -125,6 +124,7 @@ void frmService::optDialCost_Click(int index) {
   }
   if (index == 1) {
     EnableControlGroup("DialTimeTariff");
+    ColourTariffCount();
     DialOption = 2;
     if (lstDialTimeTariff.RowCount() > 0) {
       lstDialTimeTariff.SetFocus();

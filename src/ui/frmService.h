@@ -78,13 +78,13 @@ class frmService : public Form {
   TextBox txtPerMeg{fraPerMeg, "txtPerMeg"};
   TextBox txtAfterMeg{fraPerMeg, "txtAfterMeg"};
   ComboBox lstMegPeriod{fraPerMeg, "lstMegPeriod", ComboBox::Kind::PickOnly};
-  Frame fraBlock{fraService[2], "fraBlock"};
-  TextBox txtServiceBlock{fraBlock, "txtServiceBlock"};
   Frame fraFreePeriod{fraService[2], "fraFreePeriod"};
   CheckBox chkFreePeriod{fraFreePeriod, "chkFreePeriod"};
   ComboBox lstFreePeriodStart{fraFreePeriod, "lstFreePeriodStart", ComboBox::Kind::PickOnly};
   Label lblFreePeriod2{fraFreePeriod, "lblFreePeriod2"};
   ComboBox lstFreePeriodEnd{fraFreePeriod, "lstFreePeriodEnd", ComboBox::Kind::PickOnly};
+  Frame fraBlock{fraService[2], "fraBlock"};
+  TextBox txtServiceBlock{fraBlock, "txtServiceBlock"};
   Frame fraMaxCharge{fraService[2], "fraMaxCharge"};
   TextBox txtMaxCharge{fraMaxCharge, "txtMaxCharge"};
 
@@ -163,6 +163,7 @@ class frmService : public Form {
   void SortTariffs();
   void DisplayTariffs();
   void ShowTariffCount();
+  void ColourTariffCount();
   void ShowTariffSummary();
   void SetTariffButtons();
   void btnDialTimeTariffNew_Click();

@@ -1,7 +1,6 @@
 #include "ui/frmTariff.h"
 
 #include <initializer_list>
-#include <vector>
 
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
@@ -21,10 +20,6 @@ namespace {
 const char PerMinute[] = "Per Minute";
 const char PerSecond[] = "Per Second";
 const char PerUnit[] = "Per Unit";
-
-void AddItems(ComboBox& list, const std::vector<std::string>& texts) {
-  for (const auto& text : texts) list.AddItem(text);
-}
 
 // A text that the list does not hold is an error, and the list stays as it is.
 void ShowStored(ComboBox& list, const std::string& text) {
@@ -91,19 +86,19 @@ void frmTariff::Form_Load() {
 }
 
 void frmTariff::FillComboBoxes() {
-  AddItems(lstDialTimeTariffDescrip, {"Standard Tariff", "Economy Tariff", "Peak Period Tariff",
-                                      "Holiday Tariff", "Weekday Tariff", "Weekend Tariff"});
-  AddItems(lstDialTimeTariffDialDays, {"Everyday", "Holidays"});
+  lstDialTimeTariffDescrip.AddItems({"Standard Tariff", "Economy Tariff", "Peak Period Tariff",
+                                     "Holiday Tariff", "Weekday Tariff", "Weekend Tariff"});
+  lstDialTimeTariffDialDays.AddItems({"Everyday", "Holidays"});
   enum { Mon, Tue, Wed, Thu, Fri, Sat, Sun };
   const struct {
     std::size_t first, last;
   } ranges[] = {{Sat, Sun}, {Mon, Fri}, {Mon, Thu}, {Fri, Sat}, {Fri, Sun}};
   for (const auto& [first, last] : ranges)
     lstDialTimeTariffDialDays.AddItem(ShortDayNames[first] + " - " + ShortDayNames[last]);
-  AddItems(lstDialTimeTariffDialDays, {LongDayNames.begin(), LongDayNames.end()});
-  AddItems(lstDialTimeTariffDialStart, QuarterHours());
-  AddItems(lstDialTimeTariffDialEnd, QuarterHours(LastMinuteOfQuarter));
-  AddItems(lstDialTimeTariffUnit, {PerMinute, PerSecond, PerUnit});
+  lstDialTimeTariffDialDays.AddItems({LongDayNames.begin(), LongDayNames.end()});
+  lstDialTimeTariffDialStart.AddItems(QuarterHours());
+  lstDialTimeTariffDialEnd.AddItems(QuarterHours(LastMinuteOfQuarter));
+  lstDialTimeTariffUnit.AddItems({PerMinute, PerSecond, PerUnit});
 }
 
 // The start brings its end along.

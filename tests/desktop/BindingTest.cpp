@@ -61,6 +61,8 @@ TEST_F(Binding, TheWidgetsShowTheModel) {
   EXPECT_EQ(FaceOf(form)->Window().windowTitle(), QString::fromUtf8("Costs in \u20ac"));
   EXPECT_EQ(Get<QLabel>("lblTitle").text(), "A & B");
   EXPECT_EQ(Get<QLabel>("lblTitle").palette().color(QPalette::WindowText), QColor(Qt::red));
+  EXPECT_EQ(Get<QLabel>("lblTitle").palette().color(QPalette::Disabled, QPalette::WindowText),
+            ColourOf(SystemColour::GreyText));
   EXPECT_EQ(Get<QLabel>("lblPlaced").x(), 20);
   EXPECT_EQ(Get<QLabel>("lblPlaced").text(), "Na&me");
   EXPECT_EQ(Get<QPushButton>("btnRun").text(), "G&o on");

@@ -54,12 +54,15 @@ class ServiceTariffsTest : public WindowTest {
     service.DialOption = 2;
     service.UsedTariffs = Int16(tariffs.size());
     for (std::size_t i = 0; i < tariffs.size(); ++i) service.Tariffs[static_cast<int>(i)] = tariffs[i];
+    Existing().TabStrip1.UserSelectTab(2);
+    host.transcript.clear();
+    return *ServiceForm;
+  }
+  static frmService& Existing() {
     NewService = false;
     SetupForm->lstServices.SetRows({{"Provider", {}}});
     SetupForm->lstServices.SelectRow(1);
     ServiceForm->Show();
-    ServiceForm->TabStrip1.UserSelectTab(2);
-    host.transcript.clear();
     return *ServiceForm;
   }
   static std::string Selected() {
@@ -76,7 +79,9 @@ TEST_F(ServiceTariffsTest, RowsAndTipTellWhatATariffCosts) {
   TariffRecord units = minutes;
   units.Unit = "Per Unit";
   units.UnitMins = 15;
-  frmService& window = With({minutes, units});
+  TariffRecord seconds = minutes;
+  seconds.Unit = "Per Second";
+  frmService& window = With({minutes, units, seconds});
   EXPECT_EQ(
       window.lstDialTimeTariff.Row(1).SubItems,
       (std::vector<std::string>{"Mon - Fri", "6:00PM - 12:00AM", "$0.10", "$0.0375", "61 Mins 40 Secs"}));
@@ -86,6 +91,9 @@ TEST_F(ServiceTariffsTest, RowsAndTipTellWhatATariffCosts) {
   window.lstDialTimeTariff.UserSelect(2);
   EXPECT_EQ(window.lstDialTimeTariff.ToolTipText(),
             "Mon - Fri 18 - Mon - Fri 6:00PM - 12:00AM - $0.10 /Call + $0.0375 /Unit (Unit=15Mins 0Secs)");
+  window.lstDialTimeTariff.UserSelect(3);
+  EXPECT_NE(window.lstDialTimeTariff.ToolTipText().find("$0.0375 /Sec after 61 Mins 40 Secs."),
+            std::string::npos);
 }
 
 TEST_F(ServiceTariffsTest, ATariffThatIsConfirmedTakesItsPlace) {
@@ -124,6 +132,13 @@ TEST_F(ServiceTariffsTest, TheLastTariffGoesAndTheServiceWaitsForAnother) {
   EXPECT_EQ(window.lstDialTimeTariff.ToolTipText(), "User Defined Tariffs");
 }
 
+TEST_F(ServiceTariffsTest, ACountBeyondTheTariffsIsToldAndTheRestIsShown) {
+  AddService("Provider", "555", "").UsedTariffs = 11;
+  EXPECT_EQ(Existing().lblDialTimeTariff9.Caption(), "10 Tariffs (Max 10)");
+  EXPECT_NE(host.messages.at(0).Text.find("Error code: 9"), std::string::npos);
+  EXPECT_EQ(ServiceForm->txtNumber.Text(), "555");
+}
+
 TEST_F(ServiceTariffsTest, TheTenthTariffIsTheLastAndCanStillBeEdited) {
   frmService& window = With(std::vector<TariffRecord>(9, Tariff("Everyday")));
   host.actions = {[] {
@@ -132,6 +147,7 @@ TEST_F(ServiceTariffsTest, TheTenthTariffIsTheLastAndCanStillBeEdited) {
                   },
                   [] { TariffForm->btnCancel.UserClick(); }};
   window.btnDialTimeTariffNew.UserClick();
+  window.TabStrip1.Click();
   EXPECT_EQ(window.lblDialTimeTariff9.ForeColor, SystemColour::Warning);
   EXPECT_TRUE(host.Showed("beep") && !window.btnDialTimeTariffNew.Enabled);
   window.lstDialTimeTariff.UserDblClick();

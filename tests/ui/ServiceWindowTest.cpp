@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "platform/Regional.h"
 #include "support/WindowTest.h"
 
 namespace qel {
@@ -194,6 +195,7 @@ TEST_F(ServiceWindowTest, AServiceThatIsNotCompleteIsNotConfirmed) {
 }
 
 TEST_F(ServiceWindowTest, OKWritesTheRecordAndCancelDoesNot) {
+  Region.TimeSeparator = " h ";  // no text with it is a time
   ServiceRecord& service = AddService("Provider", "555", "");
   service.DialOption = 2;
   service.UsedTariffs = 1;
@@ -218,6 +220,7 @@ TEST_F(ServiceWindowTest, OKWritesTheRecordAndCancelDoesNot) {
   EXPECT_EQ(service.PenaltyPeriod + " " + service.MegPeriod, "Week Month");
   EXPECT_EQ(service.FreeStart, TimeSerial(22, 15, 0));
   EXPECT_EQ(service.WarningData, 1234567);
+  EXPECT_TRUE(host.messages.empty());
 }
 
 TEST_F(ServiceWindowTest, ANumberBeyondItsFieldIsToldAndTheRestIsWritten) {
@@ -283,6 +286,9 @@ TEST_F(ServiceWindowTest, TheSoundIsOneForAllServicesAndOutlivesCancel) {
   EXPECT_EQ(window.txtWarningSound.Text(), folder.Path("?.wav"));
   EXPECT_NE(window.txtWarningSound.Refusal(), "");
   EXPECT_TRUE(host.Showed("beep") && host.Showed("sound: " + sound));
+  window.txtWarningSound.UserClick();
+  window.TabStrip1.SetFocus();
+  EXPECT_EQ(window.txtWarningSound.Refusal(), "") << "the former file was good";
   window.btnCancel.UserClick();
   EXPECT_EQ(WarningSoundFile, sound);
 }
