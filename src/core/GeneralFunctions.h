@@ -29,8 +29,8 @@ std::string format_date(Date date);
 // for lengths known to be short.
 std::string FormatTime(float seconds, bool noHours);
 
-// A number's text with the currency's decimals always and up to `places` where there are any; empty for a text
-// that is no number.
+// A number's text with the currency's decimals always and up to `places` where there are any; empty for a
+// text that is no number.
 std::string Format_Dplaces(const std::string& text, Int16 places);
 
 // The value of a text in regional form; what follows the number is ignored, an empty text is 0. Thousand

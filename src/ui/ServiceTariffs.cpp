@@ -31,12 +31,13 @@ void frmService::WireTariffs() {
 
 void frmService::SetTariffColumns() {
   lstDialTimeTariff.FullRowSelect = true;
-  lstDialTimeTariff.SetColumns({{"Description", 1900},
-                                {"Days", 1100},
+  lstDialTimeTariff.HideSelection = false;  // the buttons below it work on that row
+  lstDialTimeTariff.SetColumns({{"Description", 1600},
+                                {"Days", 1080},
                                 {"Hours", 1900},
-                                {CurrencySymbol + "/Call", 900},
+                                {CurrencySymbol + "/Call", 860},
                                 {CurrencySymbol + "/M/S/U", 900},
-                                {"After (Unit Size)", 1700}});
+                                {"After (Unit Size)", 1550}});
 }
 
 void frmService::SortTariffs() {

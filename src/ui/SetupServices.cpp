@@ -40,7 +40,7 @@ void TellScanned(int found) {
 }  // namespace
 
 void frmSetup::WireServices() {
-  lstServices.SetColumns({{"Service Description", 2800}, {"Number", 1800}});
+  lstServices.SetColumns({{"Service Description", 4000}, {"Number", 1900}});
   lstServices.FullRowSelect = true;
   lstServices.HideSelection = false;  // the buttons beside it, which take the focus, work on that row
   lstServices.ItemClick = [this] { lstServices_ItemClick(); };
