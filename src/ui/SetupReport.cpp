@@ -10,14 +10,11 @@
 namespace qel {
 
 void frmSetup::WireReport() {
-  for (const char* preference :
-       {"First Log Entry", "Last Log Entry", "Start of Week", "Start of Month", "User Defined"})
-    lstStartDate.AddItem(preference);
+  lstStartDate.AddItems(
+      {"First Log Entry", "Last Log Entry", "Start of Week", "Start of Month", "User Defined"});
   lstMonthStart.AddItem("First Day");
-  for (const std::string& day : LongDayNames) {
-    lstWeekStart.AddItem(day);
-    lstMonthStart.AddItem(day);
-  }
+  for (ListBox* list : {&lstWeekStart, &lstMonthStart})
+    list->AddItems({LongDayNames.begin(), LongDayNames.end()});
   for (OptionButton& format : optFormat) format.Click = [&format] { UserReportPref = Int16(format.Index()); };
   chkAMPM.Click = [this] { ForceAMPM = chkAMPM.Value; };
   lstStartDate.Click = [this] {
