@@ -48,8 +48,10 @@ Value Choose(const Choice<Value> (&choices)[N], const char* option, const std::s
 }
 
 const Choice<ReportKind> Reports[] = {{"summary", ReportKind::Summary}, {"details", ReportKind::Details}};
-const Choice<OutputFormat> Formats[] = {
-    {"text", OutputFormat::Text}, {"csv", OutputFormat::Csv}, {"json", OutputFormat::Json}};
+const Choice<OutputFormat> Formats[] = {{"text", OutputFormat::Text},
+                                        {"csv", OutputFormat::Csv},
+                                        {"json", OutputFormat::Json},
+                                        {"html", OutputFormat::Html}};
 
 const OptionRow Rows[] = {
     {"--log", "FILE", "the modem log to read (default: that of the settings)",
@@ -62,7 +64,7 @@ const OptionRow Rows[] = {
      [](Arguments& a, const std::string& value) { a.to = IsoDateOf(value); }},
     {"--report", "summary|details", "each service (default), or each connection",
      [](Arguments& a, const std::string& value) { a.report = Choose(Reports, "--report", value); }},
-    {"--format", "text|csv|json", "how it is written, in UTF-8 (default: text)",
+    {"--format", "text|csv|json|html", "how it is written, in UTF-8 (default: text)",
      [](Arguments& a, const std::string& value) { a.format = Choose(Formats, "--format", value); }},
     {"--output", "FILE", "where it is written (default: standard output)",
      [](Arguments& a, const std::string& value) { a.output = value; }},

@@ -12,7 +12,7 @@
 namespace qel {
 
 enum class ReportKind { Summary, Details };
-enum class OutputFormat { Text, Csv, Json };
+enum class OutputFormat { Text, Csv, Json, Html };
 
 struct Arguments {
   std::optional<std::string> log;  // file paths are the bytes that were given
