@@ -22,6 +22,7 @@ struct Arguments {
   ReportKind report = ReportKind::Summary;
   OutputFormat format = OutputFormat::Text;
   std::optional<std::string> output;
+  std::optional<std::string> import;
   bool stats = false;
   bool help = false;
   bool version = false;

@@ -68,6 +68,9 @@ TEST_F(Qelreport, SaysInOneLineWhyThereIsNoReport) {
       {2, "--stats=1", "--stats takes no value"},
       {2, "--format xml", "--format is one of text, csv, json, html, not 'xml'"},
       {2, "--from 1999-02-30", "'1999-02-30' is no date; write it as YYYY-MM-DD"},
+      {2, "--import week.reg --format html", "--import makes no report and takes no --format"},
+      {2, "--log log --import week.reg", "--import makes no report and takes no --log"},
+      {1, "--import none", "cannot import none: No such file or directory"},
       {1, "", "home/ModemLog.txt: there is no modem log here; name one with --log FILE"},
       {1, "--settings corrupt.reg",
        "./corrupt: the log is corrupt: it holds a byte that no text log can hold"},
@@ -123,6 +126,15 @@ TEST_F(Qelreport, WritesAPageOfEitherReport) {
     EXPECT_NE(run.out.find("Caf\xC3\xA9 &quot;A&quot;, Ltd"), std::string::npos) << run.out;
     EXPECT_EQ(run.out.find("<caption>Connections") != std::string::npos, report == std::string("details"));
   }
+}
+
+TEST_F(Qelreport, ReportsByTheSettingsThatWereImported) {
+  const Result import = Run("--import week.reg");
+  EXPECT_EQ(import.status, 0);
+  EXPECT_EQ(import.out, "");
+  const Result own = Run("--log log"), named = Run("--log log --settings week.reg");
+  EXPECT_EQ(own.out, named.out);
+  EXPECT_NE(own.out.find("Lighthouse"), std::string::npos) << own.out;
 }
 
 TEST_F(Qelreport, TellsOfLimitsThatWereReached) {
