@@ -7,9 +7,11 @@
 #include "desktop/forms/ui_frmFileRepair.h"
 #include "desktop/forms/ui_frmFind.h"
 #include "desktop/forms/ui_frmMain.h"
+#include "desktop/forms/ui_frmPreConfigure.h"
 #include "desktop/forms/ui_frmPurge.h"
 #include "desktop/forms/ui_frmReport.h"
 #include "desktop/forms/ui_frmSplash.h"
+#include "desktop/forms/ui_frmTip.h"
 #include "desktop/forms/ui_frmViewLog.h"
 
 // The macro wants to stand outside of any namespace.
@@ -24,9 +26,11 @@ std::vector<WindowDesign> ProgramWindows() {
       {"frmFileRepair", MakeWindow<QDialog, Ui::frmFileRepair>},
       {"frmFind", MakeWindow<QDialog, Ui::frmFind>},
       {"frmMain", MakeWindow<QMainWindow, Ui::frmMain>},
+      {"frmPreConfigure", MakeWindow<QDialog, Ui::frmPreConfigure>},
       {"frmPurge", MakeWindow<QDialog, Ui::frmPurge>},
       {"frmReport", MakeWindow<QMainWindow, Ui::frmReport>},
       {"frmSplash", MakeWindow<QWidget, Ui::frmSplash, Qt::SplashScreen>},
+      {"frmTip", MakeWindow<QDialog, Ui::frmTip>},
       {"frmViewLog", MakeWindow<QMainWindow, Ui::frmViewLog>},
   };
 }

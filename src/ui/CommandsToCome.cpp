@@ -6,9 +6,9 @@ namespace qel {
 
 CommandsToCome CommandsToComeOf(frmMain& window) {
   Toolbar& bar = window.ToolbarMain;
-  return {{&window.mnuSetup, &window.mnuModemWizard, &window.mnuTopics, &window.mnuReadme,
-           &window.mnsSearchHelp, &window.mnuHowToHelp},
-          {&bar.Button("Setup"), &bar.Button("Help"), &bar.Button("Search Help")}};
+  return {
+      {&window.mnuSetup, &window.mnuTopics, &window.mnuReadme, &window.mnsSearchHelp, &window.mnuHowToHelp},
+      {&bar.Button("Setup"), &bar.Button("Help"), &bar.Button("Search Help")}};
 }
 
 void WithholdCommandsToCome(frmMain& window) {
