@@ -16,6 +16,7 @@ std::string ActiveLogFile, ActiveLogDir;
 std::string CurrentLogFile, CurrentLogDir, CurrentLogPath;
 bool ArchiveOpen = false;
 bool LogExists = false, LogCorrupt = false, LogTooBig = false, LogEmpty = false, LogInvalid = false;
+bool TipShown = false;
 
 namespace {
 
@@ -71,7 +72,7 @@ void ResetProgramState() {
                             &ActiveLogDir, &CurrentLogFile, &CurrentLogDir, &CurrentLogPath})
     text->clear();
   for (bool* flag :
-       {&SettingsDirty, &ArchiveOpen, &LogExists, &LogCorrupt, &LogTooBig, &LogEmpty, &LogInvalid})
+       {&SettingsDirty, &ArchiveOpen, &LogExists, &LogCorrupt, &LogTooBig, &LogEmpty, &LogInvalid, &TipShown})
     *flag = false;
 }
 

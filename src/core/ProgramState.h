@@ -53,6 +53,8 @@ extern bool LogTooBig;
 extern bool LogEmpty;
 extern bool LogInvalid;  // the first or the last entry has no date
 
+extern bool TipShown;  // the tip of the day has been offered in this run
+
 // Puts all of the above as a fresh process has it.
 void ResetProgramState();
 

@@ -83,6 +83,7 @@ class FormFace : public QObject {
   // The user's side; each answers whether the event goes no further.
   bool eventFilter(QObject* watched, QEvent* event) override;
   bool FilterWindow(QEvent& event);
+  bool IsBehindAModalWindow() const;
   bool FilterWidget(QWidget& widget, QEvent& event);
   bool TakePress(QWidget& widget);
   void TakeFocus(QWidget& widget, Qt::FocusReason reason);

@@ -1,6 +1,7 @@
 // The user's side of a window: focus, keys, mouse, closing.
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QEvent>
@@ -46,7 +47,7 @@ bool FormFace::FilterWindow(QEvent& event) {
       event.ignore();  // unloading hides the window; a form that refuses keeps it
       return true;
     case QEvent::WindowActivate:
-      Tell([this] { form->Activate(); });
+      if (!IsBehindAModalWindow()) Tell([this] { form->Activate(); });
       return false;
     case QEvent::Resize:
     case QEvent::Move:
@@ -59,6 +60,12 @@ bool FormFace::FilterWindow(QEvent& event) {
     default:
       return false;
   }
+}
+
+// The news that it was activated may reach a window late, when it has already opened a modal one.
+bool FormFace::IsBehindAModalWindow() const {
+  const QWidget* modal = QApplication::activeModalWidget();
+  return modal && modal != window.get();
 }
 
 bool FormFace::FilterWidget(QWidget& widget, QEvent& event) {

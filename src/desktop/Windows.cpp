@@ -7,12 +7,14 @@
 #include "desktop/forms/ui_frmFileRepair.h"
 #include "desktop/forms/ui_frmFind.h"
 #include "desktop/forms/ui_frmMain.h"
+#include "desktop/forms/ui_frmPreConfigure.h"
 #include "desktop/forms/ui_frmPurge.h"
 #include "desktop/forms/ui_frmReport.h"
 #include "desktop/forms/ui_frmService.h"
 #include "desktop/forms/ui_frmSetup.h"
 #include "desktop/forms/ui_frmSplash.h"
 #include "desktop/forms/ui_frmTariff.h"
+#include "desktop/forms/ui_frmTip.h"
 #include "desktop/forms/ui_frmViewLog.h"
 
 // The macro wants to stand outside of any namespace.
@@ -27,12 +29,14 @@ std::vector<WindowDesign> ProgramWindows() {
       {"frmFileRepair", MakeWindow<QDialog, Ui::frmFileRepair>},
       {"frmFind", MakeWindow<QDialog, Ui::frmFind>},
       {"frmMain", MakeWindow<QMainWindow, Ui::frmMain>},
+      {"frmPreConfigure", MakeWindow<QDialog, Ui::frmPreConfigure>},
       {"frmPurge", MakeWindow<QDialog, Ui::frmPurge>},
       {"frmReport", MakeWindow<QMainWindow, Ui::frmReport>},
       {"frmService", MakeWindow<QDialog, Ui::frmService>},
       {"frmSetup", MakeWindow<QDialog, Ui::frmSetup>},
       {"frmSplash", MakeWindow<QWidget, Ui::frmSplash, Qt::SplashScreen>},
       {"frmTariff", MakeWindow<QDialog, Ui::frmTariff>},
+      {"frmTip", MakeWindow<QDialog, Ui::frmTip>},
       {"frmViewLog", MakeWindow<QMainWindow, Ui::frmViewLog>},
   };
 }

@@ -231,6 +231,13 @@ void WriteSaveSettings(const char* below, Option& saveSettings) {
   SaveRegistry();
 }
 
+void StoreGeneralValue(const std::string& valueName, const SettingValue& value, RegistryType type) {
+  const std::string key = std::string(SettingsKey) + "\\General";
+  CreatNewKey(key, SettingsRoot);
+  SetKeyValue(SettingsRoot, key, valueName, value, type);
+  SaveRegistry();
+}
+
 void RestoreModemDefaults() { SetDefaults(ModemSettings()); }
 void RestoreViewLogDefaults() { SetDefaults(ViewLogTable()); }
 

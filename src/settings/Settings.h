@@ -121,6 +121,9 @@ void WriteUserParameters();
 // switching it off is itself remembered.
 void WriteSaveSettings(const char* below, Option& saveSettings);
 
+// Stores one value of "\\General" apart from the others, and brings it to the disk.
+void StoreGeneralValue(const std::string& valueName, const SettingValue& value, RegistryType type);
+
 // The seven marker texts of the modem, and the viewer's settings, by default.
 void RestoreModemDefaults();
 void RestoreViewLogDefaults();

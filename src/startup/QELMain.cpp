@@ -17,7 +17,9 @@
 #include "platform/RegistryStore.h"
 #include "settings/Settings.h"
 #include "ui/frmFind.h"
+#include "ui/frmPreConfigure.h"
 #include "ui/frmSplash.h"
+#include "wizard/QELPreConfigure.h"
 
 namespace qel {
 
@@ -40,6 +42,10 @@ void LoadSettings() {
   SettingsDirty = false;
   ReadUserParameters();
   FillMissingSettings();
+}
+
+void CheckModems() {
+  if (ModemCheck && PreConfigure(false)) PreConfigureForm->ShowModal();
 }
 
 bool UserWantsTheActiveLog() {
@@ -117,6 +123,7 @@ void ExamineLog() {
 
 void StartProgram() {
   ResetProgram();
+  ResetModems();
   ResetFind();
   Attempt([] { Registry.Open(SettingsStorePath(), RegistryStore::Access::Shared); });
   SplashForm->Main = Main;
@@ -131,6 +138,7 @@ void Main() {
   IgnoreErrors([] { MakeFolders(AppPath); });
   ReadRegion();
   LoadSettings();
+  CheckModems();
   SettleLogPath();
   if (SettingsDirty) WriteUserParameters();
   SettingsDirty = false;

@@ -6,8 +6,7 @@ namespace qel {
 
 CommandsToCome CommandsToComeOf(frmMain& window) {
   Toolbar& bar = window.ToolbarMain;
-  return {{&window.mnuModemWizard, &window.mnuTopics, &window.mnuReadme, &window.mnsSearchHelp,
-           &window.mnuHowToHelp},
+  return {{&window.mnuTopics, &window.mnuReadme, &window.mnsSearchHelp, &window.mnuHowToHelp},
           {&bar.Button("Help"), &bar.Button("Search Help")}};
 }
 

@@ -1,6 +1,5 @@
-// The one place that knows which windows and documents are still to come: the modem wizard and the help.
-// Their commands are disabled here. The tip of the day and the modem check at the start have no command; the
-// start passes them over.
+// The one place that knows which documents are still to come: the help and the readme. Their commands are
+// disabled here; frmTip disables its own help button.
 #pragma once
 
 #include <vector>

@@ -1,4 +1,4 @@
-// The main window's side of the viewer and of the tools that rewrite the log.
+// The main window's side of the viewer, of the tools that rewrite the log, and of the modem wizard.
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
@@ -12,8 +12,10 @@
 #include "settings/Settings.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmMain.h"
+#include "ui/frmPreConfigure.h"
 #include "ui/frmPurge.h"
 #include "ui/frmViewLog.h"
+#include "wizard/QELPreConfigure.h"
 
 namespace qel {
 
@@ -25,6 +27,7 @@ void frmMain::WireTools() {
   mnuPurgeLog.Click = [this] { mnuPurgeLog_Click(); };
   mnuOptimize.Click = [this] { mnuOptimize_Click(); };
   mnuRepairLog.Click = [this] { mnuRepairLog_Click(); };
+  mnuModemWizard.Click = [this] { mnuModemWizard_Click(); };
 }
 
 void frmMain::btnViewLog_Click() {
@@ -95,6 +98,14 @@ void frmMain::Optimize() {
 void frmMain::mnuRepairLog_Click() {
   FileRepairForm->ShowModal();
   ReadLogAgain();
+}
+
+void frmMain::mnuModemWizard_Click() {
+  if (OSName.find("NT") != std::string::npos)
+    MsgBox({"Sorry .... This option is not yet available for Windows NT.", "Modem Configuration Wizard",
+            Icon::Information});
+  else if (PreConfigure(true))
+    PreConfigureForm->ShowModal();
 }
 
 // What could touch the log while it is rewritten. What is on by the state of the log is Form_Load's to say.

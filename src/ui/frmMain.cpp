@@ -12,6 +12,7 @@
 #include "settings/Settings.h"
 #include "ui/CommandsToCome.h"
 #include "ui/frmReport.h"
+#include "ui/frmTip.h"
 #include "ui/frmViewLog.h"
 
 namespace qel {
@@ -113,23 +114,38 @@ void frmMain::Form_Activate() {
   ToolbarMain.Visible = ShowToolbars;
   Form_Resize();
   CurrentHost().SetMousePointer(MousePointer::Default);
-  if (LogInvalid && !ArchiveOpen) {
-    ShowLogInvalid();
-    StatusIndex = 7;
-  }
-  if (!LogExists && !ArchiveOpen) {
-    ShowLogMissing();
-    StatusIndex = 7;
-  }
+  const bool sound = TellStateOfLog();
+  ShowStatus();
+  if (sound) OfferTip();
+  CurrentHost().Yield();
+  if (!AutoOptimizeDone && mnuOptimize.Enabled && mnuTools.Enabled && AutoOptimize) mnuOptimize_Click();
+  if (inputStarting.Enabled) inputStarting.SetFocus();
+}
+
+// True where there was nothing to complain of.
+bool frmMain::TellStateOfLog() {
+  const bool invalid = LogInvalid && !ArchiveOpen;
+  const bool missing = !LogExists && !ArchiveOpen;
+  const bool tooBig = LogTooBig && !ArchiveOpen;
+  if (invalid) ShowLogInvalid();
+  if (missing) ShowLogMissing();
+  if (invalid || missing) StatusIndex = 7;
   if (LogCorrupt) {
     TellCorrupt();
     StatusIndex = 8;
   }
-  if (LogTooBig && !ArchiveOpen) ShowLogTooBig();
-  ShowStatus();
-  CurrentHost().Yield();
-  if (!AutoOptimizeDone && mnuOptimize.Enabled && mnuTools.Enabled && AutoOptimize) mnuOptimize_Click();
-  if (inputStarting.Enabled) inputStarting.SetFocus();
+  if (tooBig) {
+    ShowLogTooBig();
+    TipShown = true;  // not in this run any more, even when the log has been made smaller
+  }
+  return !invalid && !missing && !LogCorrupt && !tooBig;
+}
+
+// Once a run, at the first time that the window comes to the front and all is well.
+void frmMain::OfferTip() {
+  if (TipShown || !Tips) return;
+  TipShown = true;  // before it shows: this window may come to the front meanwhile
+  TipForm->ShowModal();
 }
 
 bool frmMain::Form_Unload() {

@@ -1,7 +1,7 @@
 // The main window: the period, the commands, what is known of the log. It stays open from start to end.
 //
 // Its handlers are told apart by what they are for: frmMain.cpp (life of the window, what is enabled when),
-// MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), MainTools.cpp (viewer and log tools),
+// MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), MainTools.cpp (viewer, log tools, wizard),
 // MainStatistics.cpp (panel, status line, animation).
 #pragma once
 
@@ -125,7 +125,9 @@ class frmMain : public Form, public Display, public PeriodFields {
   void EnableByLog();
   static bool NoUsableLog();
   bool DefaultLogIsThere() const;
+  bool TellStateOfLog();
   void TellCorrupt();
+  void OfferTip();
   void EnableRepair();
 
   // Display
@@ -171,6 +173,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   void mnuPurgeLog_Click();
   void mnuOptimize_Click();
   void mnuRepairLog_Click();
+  void mnuModemWizard_Click();
   void Optimize();
   void DisableControls() { EnableControls(false); }
   void EnableControls(bool enabled);

@@ -1,16 +1,24 @@
 #include "ProgramTest.h"
 
+#include <QLabel>
+
+#include "support/ModemStore.h"
+
 namespace qel {
 namespace {
 
 TEST_F(ProgramTest, EveryWindowBindsCompletely) {
   DefaultLog(LogOf("01-05-1999", "01-06-1999"));
+  Store({"\\Modem\\0000"});
   ReportForm->Load();
   AboutForm->Load();
   MainForm->Load();
   SplashForm->Load();
   FileRepairForm->Load();
   PurgeForm->Load();
+  TipForm->Load();
+  PreConfigure(true);
+  PreConfigureForm->Load();
   ViewLogForm->Load();
   FindForm->Load();
   NewService = NewTariff = true;
@@ -19,7 +27,7 @@ TEST_F(ProgramTest, EveryWindowBindsCompletely) {
   TariffForm->Load();
   for (const Form* form : LoadedForms)
     for (const auto& fault : MissingBindings(*form)) ADD_FAILURE() << form->Name() << ": " << fault;
-  EXPECT_EQ(LoadedForms.size(), 11u);
+  EXPECT_EQ(LoadedForms.size(), 13u);
 }
 
 TEST_F(ProgramTest, ItComesUpInEveryStateOfTheLog) {
@@ -100,6 +108,33 @@ TEST_F(ProgramTest, FromAFreshHomeToASavedReportAndBackByMouseAndKeyboard) {
   Choose("frmMain", "mnuRecent_0");
   EXPECT_EQ(WindowOf("frmReport").windowTitle(), "QEL Report - (November.txt)");
   EXPECT_EQ(SummaryViewSettings.WinWidth, 700 * 15);
+}
+
+TEST_F(ProgramTest, AFreshHomeIsGreetedByTheWizardAndATip) {
+  PutSample("ModemLog.txt");
+  folder.Put("registry.reg",
+             "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\Class\\Modem\\0000]\n"
+             "\"DriverDesc\"=\"Internal 33600 V.34\"\n\"AttachedTo\"=\"COM2\"\n\"UserInit\"=\"E1\"\n");
+  folder.Put("QelTips.txt", "The first tip.\nA double click on the animation hides it.\n");
+  const auto closeTip = [] {
+    Click(Get<QPushButton>("frmTip", "cmdNextTip"));
+    Keep("frmTip", "second tip");
+    EXPECT_EQ(Get<QLabel>("frmTip", "lblTipText").text(), "A double click on the animation hides it.");
+    QTest::keyClick(WindowOf("frmTip").focusWidget(), Qt::Key_Escape);
+    return true;
+  };
+  act = [this, closeTip] {
+    for (const char* step : {"greeting", "choice", "comparison", "end"}) {
+      Keep("frmPreConfigure", step);
+      Click(Get<QPushButton>("frmPreConfigure", "btnNext"));
+    }
+    act = closeTip;
+    return true;
+  };
+  Start();
+  QTest::qWait(200);
+  EXPECT_EQ(LoadedForms, std::vector<Form*>{&*MainForm});
+  EXPECT_TRUE(ModemConfigOK);
 }
 
 TEST_F(ProgramTest, AboutIsModalAndItsCloseButtonComesBack) {

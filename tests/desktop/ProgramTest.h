@@ -127,7 +127,9 @@ class ProgramTest : public WindowTest {
   }
   void PutSample(const std::string& name) {
     folder.Put(name, ReadWholeFile(QEL_SOURCE_DIR "/share/samples/ModemLog.txt"));
-    folder.Put("registry.reg", ReadWholeFile(QEL_SOURCE_DIR "/share/samples/QEL.reg"));
+    std::string settings = ReadWholeFile(QEL_SOURCE_DIR "/share/samples/QEL.reg");
+    const std::string tips = "\"Tips\"=\"True\"";
+    folder.Put("registry.reg", settings.replace(settings.find(tips), tips.size(), "\"Tips\"=\"False\""));
   }
 
   DesktopHost desktop;

@@ -2,6 +2,7 @@
 
 #include "core/EndProgram.h"
 #include "startup/QELMain.h"
+#include "support/ModemStore.h"
 #include "support/WindowTest.h"
 
 namespace qel {
@@ -10,8 +11,10 @@ namespace {
 // The whole program from its entry, its settings and its default log in a folder of their own.
 class StartTest : public WindowTest {
  protected:
+  // Tips are closed as they come up.
   void Start() {
     ResetWindows();
+    host.actions = {[] { TipForm->cmdOK.UserClick(); }};
     StartProgram();
   }
   std::string Stored(const std::string& key, const std::string& name) const {
@@ -45,19 +48,38 @@ TEST_F(StartTest, AFirstRunWithoutALogStoresTheDefaultsAndWaitsForAClick) {
 
 TEST_F(StartTest, AnotherActiveLogIsTakenOnlyWhenTheUserSaysYes) {
   folder.Put("ModemLog.txt", usable);
+  Start();
+  Store({"\\Modem\\0000", "Internal 33600", folder.Path("Active.txt"), true, "E1"});
+  SaveRegistry();
   for (const Answer answer : {Answer::No, Answer::Yes}) {
     host.messages.clear();
-    Start();
     host.answers = {answer};
-    ActiveLogFile = "Active.txt";  // as the modem check tells
-    Main();
+    Start();
     ASSERT_FALSE(host.messages.empty());
     EXPECT_EQ(host.messages[0].Text.substr(0, 24), "Modem Log Path Conflict!");
     EXPECT_EQ(folder.Has("Active.txt"), answer == Answer::Yes);
     EXPECT_EQ(Stored("\\General", "ModemLogFile"), answer == Answer::Yes ? "Active.txt" : "ModemLog.txt");
-    ActiveLogFile.clear();
   }
   EXPECT_EQ(host.messages.at(1).Title, "Modem Log");
+}
+
+TEST_F(StartTest, AModemThatIsNotSetUpBringsUpTheWizardUnlessTheCheckIsOff) {
+  folder.Put("ModemLog.txt", usable);
+  Start();
+  Store({"\\Modem\\0000"});
+  for (const bool check : {true, false}) {
+    StoreGeneralValue("ModemCheck", check, REG_SZ);
+    ResetWindows();
+    std::string seen;
+    const auto look = [&seen] {
+      seen += ActiveForm->Name() + " ";
+      ActiveForm->Unload();
+    };
+    host.actions = {look, look};
+    StartProgram();
+    EXPECT_EQ(seen, check ? "frmPreConfigure frmTip " : "frmTip ");
+    EXPECT_TRUE(MainForm->Visible());
+  }
 }
 
 TEST_F(StartTest, AnInterruptedRewriteIsUndoneAndTold) {

@@ -7,13 +7,16 @@
 #include "ui/frmFileRepair.h"
 #include "ui/frmFind.h"
 #include "ui/frmMain.h"
+#include "ui/frmPreConfigure.h"
 #include "ui/frmPurge.h"
 #include "ui/frmReport.h"
 #include "ui/frmService.h"
 #include "ui/frmSetup.h"
 #include "ui/frmSplash.h"
 #include "ui/frmTariff.h"
+#include "ui/frmTip.h"
 #include "ui/frmViewLog.h"
+#include "wizard/QELPreConfigure.h"
 
 namespace qel {
 
@@ -21,6 +24,8 @@ class WindowTest : public FreshProgram {
  protected:
   WindowTest() {
     AppPath = folder.Path();
+    ResetModems();
+    TipShown = true;  // no test but its own has to close it
     setenv("QEL_HOME", folder.Path().c_str(), 1);
     setenv("WinDir", folder.Path().c_str(), 1);
   }
@@ -31,6 +36,8 @@ class WindowTest : public FreshProgram {
   }
 
   static void ResetWindows() {
+    TipForm.Reset();
+    PreConfigureForm.Reset();
     TariffForm.Reset();
     ServiceForm.Reset();
     SetupForm.Reset();

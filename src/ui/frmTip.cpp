@@ -1,0 +1,91 @@
+#include "ui/frmTip.h"
+
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "platform/Files.h"
+#include "platform/Host.h"
+#include "settings/Registry_Functions.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+TheForm<frmTip> TipForm;
+
+namespace {
+
+constexpr char TipFile[] = "QelTips.txt";
+
+std::string NoTips() {
+  return std::string("That the ") + TipFile + " file was not found? " + NewLine + NewLine +
+         "Create a text file named " + TipFile + " using NotePad with 1 tip per line. " +
+         "Then place it in the same directory as the application. ";
+}
+
+}  // namespace
+
+frmTip::frmTip() : Form("frmTip") {
+  cmdOK.Click = [this] { Unload(); };
+  cmdNextTip.Click = [this] { ShowNextTip(); };
+  btnPrevious.Click = [this] { ShowPreviousTip(); };
+  btnReadme.Click = [this] { btnReadme_Click(); };
+}
+
+void frmTip::Form_Load() {
+  SetTrace("frmTip", "Form_Load");
+  Command1.Enabled = false;  // the help is still to come
+  chkLoadTipsAtStartup.Value = true;
+  // Only now: the tick that it begins with is nobody's click.
+  chkLoadTipsAtStartup.Click = [this] { chkLoadTipsAtStartup_Click(); };
+  Attempt([this] {
+    currentTip = WholeOf(QueryValue(SettingsRoot, std::string(SettingsKey) + "\\General", "LastTip"));
+  });
+  bool loaded = false;
+  Attempt([this, &loaded] { loaded = LoadTips(AppPath + PathSeparator + TipFile); });
+  if (!loaded) lblTipText.Caption = NoTips();
+}
+
+bool frmTip::LoadTips(const std::string& fileName) {
+  SetTrace("frmTip", "LoadTips");
+  if (!FileExists(fileName)) return false;
+  tips.clear();
+  LineReader file(fileName);
+  for (std::string_view line; file.Next(line);) tips.emplace_back(line);
+  file.Close();
+  ShowNextTip();
+  return true;
+}
+
+void frmTip::DisplayCurrentTip() {
+  if (tips.empty()) return;
+  if (currentTip < 1) currentTip = 1;  // a run without a file counts back as far as the user clicks
+  lblTipText.Caption = tips.at(static_cast<std::size_t>(currentTip - 1));
+}
+
+void frmTip::ShowNextTip() {
+  currentTip = currentTip >= TipCount() ? Int32(1) : currentTip + 1;
+  DisplayCurrentTip();
+}
+
+void frmTip::ShowPreviousTip() {
+  currentTip = currentTip == 1 ? TipCount() : currentTip - 1;
+  DisplayCurrentTip();
+}
+
+void frmTip::chkLoadTipsAtStartup_Click() {
+  Tips = bool{chkLoadTipsAtStartup.Value};
+  StoreGeneralValue("Tips", bool{Tips}, REG_SZ);
+}
+
+void frmTip::btnReadme_Click() {
+  Attempt([] { CurrentHost().OpenDocument(AppPath + PathSeparator + "readme.htm"); });
+}
+
+bool frmTip::Form_Unload() {
+  SetTrace("frmTip", "Form_Unload");
+  TipShown = true;
+  StoreGeneralValue("LastTip", currentTip, REG_DWORD);
+  return true;
+}
+
+}  // namespace qel

@@ -1,0 +1,46 @@
+// The tip of the day: one line of a file of tips, which go round from one run to the next.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "controls/Buttons.h"
+#include "controls/Form.h"
+#include "controls/TextControls.h"
+#include "platform/CheckedInteger.h"
+
+namespace qel {
+
+class frmTip : public Form {
+ public:
+  frmTip();
+
+  Picture Picture1{*this, "Picture1"};
+  Label Label1{*this, "Label1"};
+  Label lblTipText{*this, "lblTipText"};
+  Button cmdOK{*this, "cmdOK"};
+  Button cmdNextTip{*this, "cmdNextTip"};
+  Button btnPrevious{*this, "btnPrevious"};
+  Button btnReadme{*this, "btnReadme"};
+  Button Command1{*this, "Command1"};
+  CheckBox chkLoadTipsAtStartup{*this, "chkLoadTipsAtStartup"};
+
+ private:
+  void Form_Load() override;
+  bool Form_Unload() override;
+  // False where there is no such file. Raises the disk's errors.
+  bool LoadTips(const std::string& fileName);
+  void DisplayCurrentTip();
+  void ShowNextTip();
+  void ShowPreviousTip();
+  void chkLoadTipsAtStartup_Click();
+  void btnReadme_Click();
+  Int32 TipCount() const { return Int32(tips.size()); }
+
+  std::vector<std::string> tips;
+  Int32 currentTip;  // counted from 1
+};
+
+extern TheForm<frmTip> TipForm;
+
+}  // namespace qel

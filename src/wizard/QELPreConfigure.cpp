@@ -1,0 +1,155 @@
+#include "wizard/QELPreConfigure.h"
+
+#include "core/Display.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogLine.h"
+#include "platform/CodePage.h"
+#include "platform/Host.h"
+#include "settings/Registry_Functions.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+BoundedArray<ModemRecord> Modems;
+Int16 ModemCount;
+bool ModemConfigOK = false;
+bool NewLogStarted = false;
+
+namespace {
+
+constexpr char ClassKey[] = "System\\CurrentControlSet\\Services\\Class";
+constexpr char EchoOn[] = "E1";
+
+SettingValue ModemValue(const std::string& modemKey, const char* name) {
+  return QueryValue(RegistryRoot::LocalMachine, ClassKey + modemKey, name);
+}
+
+std::string ModemText(const std::string& modemKey, const char* name) {
+  return TextOf(ModemValue(modemKey, name));
+}
+
+void SetModemValue(const ModemRecord& modem, const char* name, const SettingValue& value, RegistryType type) {
+  SetKeyValue(RegistryRoot::LocalMachine, ClassKey + modem.ModemKey, name, value, type);
+}
+
+bool Contains(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
+
+// A store that was exported on the old system holds paths with "\".
+std::size_t FileNameBegin(const std::string& path) { return path.find_last_of("/\\") + 1; }
+std::string FilePart(const std::string& path) { return path.substr(FileNameBegin(path)); }
+std::string FolderPart(const std::string& path) { return path.substr(0, FileNameBegin(path)); }
+
+// The entries of a kind are numbered without a gap; the first missing one ends them.
+template <typename Taker>
+void TakeEntries(const char* kind, const Taker& take) {
+  for (int i = 0; ModemCount < MostModems; ++i) {
+    ModemRecord modem;
+    modem.ModemKey = kind + PadLeft(std::to_string(i), '0', 4);
+    modem.DriverDesc = ModemText(modem.ModemKey, "DriverDesc");
+    if (modem.DriverDesc.empty()) return;
+    if (!take(modem)) continue;
+    Modems[ModemCount] = modem;
+    ++ModemCount;
+  }
+}
+
+void DetectModems() {
+  TakeEntries("\\Modem\\", [](ModemRecord& modem) {
+    if (Contains(modem.DriverDesc, "2 PCs")) return false;  // a cable between two computers
+    modem.AttachedTo = ModemText(modem.ModemKey, "AttachedTo");
+    return true;
+  });
+  TakeEntries("\\Ports\\", [](const ModemRecord& port) {
+    return Contains(UpperCase(ModemText(port.ModemKey, "ConfigDialog")), "MODEM");
+  });
+}
+
+void LookAtModems() {
+  const auto look = [](Int16 number) { Attempt([number] { ReadModemSettings(number); }); };
+  ModemConfigOK = true;
+  if (PreferredModem != 0) return look(PreferredModem);
+  for (Int16 number = 1; number <= ModemCount; ++number) look(number);
+}
+
+// The folder is the first modem's, whichever is preferred. Of a preferred one that is not the first it is
+// empty, since the first was not looked at; the start then takes the default folder.
+void TakeActiveLog() {
+  const Int16 number = PreferredModem == 0 ? Int16(1) : PreferredModem;
+  Attempt([number] { ActiveLogFile = FilePart(Modems[number - 1].LoggingPath); });
+  ActiveLogDir = FolderPart(Modems[0].LoggingPath);
+}
+
+}  // namespace
+
+void ResetModems() {
+  Modems.Make(MostModems - 1);
+  ModemCount = 0;
+  ModemConfigOK = NewLogStarted = false;
+}
+
+bool PreConfigure(bool interactive) {
+  SetTrace("QELPreConfigure", "PreConfigure");
+  ResetModems();
+  if (!interactive) {
+    CurrentDisplay().SplashText("Checking Modem Configuration");
+    CurrentHost().Yield();
+  }
+  DetectModems();
+  if (ModemCount == 0) {
+    if (interactive)
+      MsgBox({"Sorry .... QEL was unable to detect your modem(s).", "Modem Configuration Wizard",
+              Icon::Information});
+    return false;
+  }
+  LookAtModems();
+  if (interactive || !ModemConfigOK) return true;
+  TakeActiveLog();
+  return false;
+}
+
+void ReadModemSettings(Int16 number) {
+  ModemRecord& modem = Modems[number - 1];
+  modem.LoggingPath = ModemText(modem.ModemKey, "LoggingPath");
+  if (modem.LoggingPath.empty()) ModemConfigOK = false;
+  modem.Logging = WholeOf(ModemValue(modem.ModemKey, "Logging")) != 0;
+  if (!modem.Logging) ModemConfigOK = false;
+  modem.UserInit = UpperCase(ModemText(modem.ModemKey, "UserInit"));
+  modem.Echo = Contains(modem.UserInit, EchoOn);
+  if (!modem.Echo) ModemConfigOK = false;
+}
+
+void DoChange(Int16 number) {
+  SetTrace("QELPreConfigure", "DoChange");
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  CheckLogFile(number);
+  const ModemRecord& modem = Modems[number - 1];
+  if (!modem.Logging) SetModemValue(modem, "Logging", Int32(1), REG_BINARY);
+  // Behind whatever stands there: the last command about the echo is the one that counts.
+  if (!modem.Echo) SetModemValue(modem, "UserInit", modem.UserInit + EchoOn, REG_SZ);
+  StoreGeneralValue("PreferredModem", Int32(number), REG_DWORD);
+  ModemConfigOK = true;
+  CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+void CheckLogFile(Int16 number) {
+  SetTrace("QELPreConfigure", "CheckLogFile");
+  const ModemRecord& modem = Modems[number - 1];
+  if (modem.LoggingPath.empty()) {
+    if (Contains(OSName, "98")) DefaultLogFile = modem.DriverDesc + ".log";  // one log a modem
+    SetModemValue(modem, "LoggingPath", DefaultLogDir + DefaultLogFile, REG_SZ);
+  } else {
+    // The first modem's log is the default one, whichever modem is set up.
+    DefaultLogFile = FilePart(Modems[0].LoggingPath);
+    DefaultLogDir = FolderPart(Modems[0].LoggingPath);
+  }
+  Attempt([] {
+    const std::string path = DefaultLogDir + DefaultLogFile;
+    if (FileExists(path)) return;
+    NewModemLog(path);
+    NewLogStarted = true;
+  });
+}
+
+}  // namespace qel
