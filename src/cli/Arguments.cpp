@@ -13,6 +13,7 @@ struct OptionRow {
   const char* value;  // what the usage calls it; nullptr for an option without one
   const char* explanation;
   Take take;
+  bool ofReport = true;  // and so nothing beside --import
 };
 
 bool AllDigits(const std::string& text) {
@@ -48,8 +49,10 @@ Value Choose(const Choice<Value> (&choices)[N], const char* option, const std::s
 }
 
 const Choice<ReportKind> Reports[] = {{"summary", ReportKind::Summary}, {"details", ReportKind::Details}};
-const Choice<OutputFormat> Formats[] = {
-    {"text", OutputFormat::Text}, {"csv", OutputFormat::Csv}, {"json", OutputFormat::Json}};
+const Choice<OutputFormat> Formats[] = {{"text", OutputFormat::Text},
+                                        {"csv", OutputFormat::Csv},
+                                        {"json", OutputFormat::Json},
+                                        {"html", OutputFormat::Html}};
 
 const OptionRow Rows[] = {
     {"--log", "FILE", "the modem log to read (default: that of the settings)",
@@ -62,14 +65,17 @@ const OptionRow Rows[] = {
      [](Arguments& a, const std::string& value) { a.to = IsoDateOf(value); }},
     {"--report", "summary|details", "each service (default), or each connection",
      [](Arguments& a, const std::string& value) { a.report = Choose(Reports, "--report", value); }},
-    {"--format", "text|csv|json", "how it is written, in UTF-8 (default: text)",
+    {"--format", "text|csv|json|html", "how it is written, in UTF-8 (default: text)",
      [](Arguments& a, const std::string& value) { a.format = Choose(Formats, "--format", value); }},
     {"--output", "FILE", "where it is written (default: standard output)",
      [](Arguments& a, const std::string& value) { a.output = value; }},
     {"--stats", nullptr, "print the log's statistics in place of a report",
      [](Arguments& a, const std::string&) { a.stats = true; }},
-    {"--help", nullptr, "print this help", [](Arguments& a, const std::string&) { a.help = true; }},
-    {"--version", nullptr, "print the version", [](Arguments& a, const std::string&) { a.version = true; }},
+    {"--import", "FILE.reg", "take exported settings into your own, and nothing else",
+     [](Arguments& a, const std::string& value) { a.import = value; }, false},
+    {"--help", nullptr, "print this help", [](Arguments& a, const std::string&) { a.help = true; }, false},
+    {"--version", nullptr, "print the version", [](Arguments& a, const std::string&) { a.version = true; },
+     false},
 };
 
 const OptionRow& RowOf(const std::string& name) {
@@ -87,6 +93,7 @@ std::string Shown(const OptionRow& row) {
 
 Arguments ParseArguments(const std::vector<std::string>& words) {
   Arguments arguments;
+  const char* ofReport = nullptr;  // an option that was given for a report
   for (std::size_t i = 0; i < words.size(); ++i) {
     const auto equals = words[i].starts_with("--") ? words[i].find('=') : std::string::npos;
     const OptionRow& row = RowOf(words[i].substr(0, equals));
@@ -100,7 +107,10 @@ Arguments ParseArguments(const std::vector<std::string>& words) {
     }
     if (row.value && value.empty()) throw ArgumentError(Shown(row) + ": the value is empty");
     row.take(arguments, value);
+    if (row.ofReport) ofReport = row.name;
   }
+  if (arguments.import && ofReport)
+    throw ArgumentError(std::string("--import makes no report and takes no ") + ofReport);
   return arguments;
 }
 
@@ -131,7 +141,8 @@ std::string HelpText() {
   }
   return text +
          "\nExit status: 0 a whole report, 1 no report, 2 wrong arguments, 3 a report that\n"
-         "is incomplete because the connection limit was reached.\n";
+         "is incomplete because the connection limit was reached. Of an import: 0 taken,\n"
+         "1 not taken.\n";
 }
 
 }  // namespace qel

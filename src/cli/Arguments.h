@@ -12,7 +12,7 @@
 namespace qel {
 
 enum class ReportKind { Summary, Details };
-enum class OutputFormat { Text, Csv, Json };
+enum class OutputFormat { Text, Csv, Json, Html };
 
 struct Arguments {
   std::optional<std::string> log;  // file paths are the bytes that were given
@@ -22,6 +22,7 @@ struct Arguments {
   ReportKind report = ReportKind::Summary;
   OutputFormat format = OutputFormat::Text;
   std::optional<std::string> output;
+  std::optional<std::string> import;
   bool stats = false;
   bool help = false;
   bool version = false;

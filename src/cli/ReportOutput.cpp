@@ -7,12 +7,11 @@
 #include "cli/CommandLineHost.h"
 #include "cli/LogSelection.h"
 #include "core/ProgramState.h"
-#include "modemlog/LogStatistics.h"
 #include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/FormatMask.h"
-#include "platform/TextConversion.h"
 #include "reports/DetailReport.h"
+#include "reports/HtmlReport.h"
+#include "reports/LogFigures.h"
 #include "reports/ReportExport.h"
 #include "reports/SummaryReport.h"
 
@@ -37,19 +36,16 @@ ExportFormat ExportFormatOf(OutputFormat format) {
 }
 
 std::string StatisticsText() {
-  const auto length = FileLength(CurrentLogPath);
-  return "Path: " + PathText(CurrentLogDir) + NewLine + "Name: " + PathText(CurrentLogFile) + NewLine +
-         "Length: " + std::to_string(length) + " Bytes (" + std::to_string(length / 1024) + "KB)" + NewLine +
-         "Entries: " + NumberText(LogEntries) + NewLine +
-         "First Entry: " + FormatDate(FirstEntryDate, "Short Date") + NewLine +
-         "Last Entry: " + FormatDate(LastEntryDate, "Short Date") + NewLine +
-         "Span: " + std::to_string(DaysBetween(FirstEntryDate, LastEntryDate)) + " Days" + NewLine;
+  std::string text;
+  for (const auto& figure : LogFigures()) text += figure.Name + ": " + figure.Value + NewLine;
+  return text;
 }
 
 }  // namespace
 
 std::string ReportOutput(ReportKind report, OutputFormat format) {
   const bool summary = report == ReportKind::Summary;
+  if (format == OutputFormat::Html) return summary ? SummaryPage() : DetailsPage();
   if (format != OutputFormat::Text) {
     const ExportFormat as = ExportFormatOf(format);
     return summary ? ExportSummary(as) : ExportDetails(as);
@@ -60,7 +56,7 @@ std::string ReportOutput(ReportKind report, OutputFormat format) {
 
 std::string StatisticsOutput(OutputFormat format) {
   if (format == OutputFormat::Text) return StatisticsText();
-  return ExportStatistics(ExportFormatOf(format));
+  return format == OutputFormat::Html ? StatisticsPage() : ExportStatistics(ExportFormatOf(format));
 }
 
 bool MayWriteTo(const std::string& path, const std::optional<std::string>& settings) {

@@ -9,14 +9,15 @@
 #include "cli/CommandLineHost.h"
 #include "cli/ReportOutput.h"
 #include "cli/ReportRun.h"
+#include "cli/SettingsImport.h"
 #include "core/EndProgram.h"
 #include "core/Version.h"
 
 namespace {
 
-qel::ExitStatus Print(const std::string& text) {
-  return qel::WriteOut(text, std::nullopt) ? qel::WholeReport : qel::NoReport;
-}
+qel::ExitStatus StatusOf(bool success) { return success ? qel::WholeReport : qel::NoReport; }
+
+qel::ExitStatus Print(const std::string& text) { return StatusOf(qel::WriteOut(text, std::nullopt)); }
 
 }  // namespace
 
@@ -26,6 +27,7 @@ int main(int count, char** words) {
     const qel::Arguments arguments = qel::ParseArguments({words + 1, words + count});
     if (arguments.help) return Print(qel::HelpText());
     if (arguments.version) return Print("qelreport " + qel::VersionText() + "\n");
+    if (arguments.import) return StatusOf(qel::ImportSettings(*arguments.import));
     return qel::RunReport(arguments, host);
   } catch (const qel::ArgumentError& error) {
     qel::Complain(error.what());

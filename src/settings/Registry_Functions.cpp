@@ -87,22 +87,27 @@ long SetValueEx(const std::string& key, const std::string& valueName, std::uint3
   return Registry.Set(key, valueName, {valueType, bytes}) ? Success : NotFound;
 }
 
+std::optional<SettingValue> Decoded(const RegistryValue& stored) {
+  switch (stored.Type) {
+    case REG_SZ:
+      // All but the last character, which is the closing zero.
+      return stored.Data.substr(0, stored.Data.empty() ? 0 : stored.Data.size() - 1);
+    case REG_BINARY:
+    case REG_DWORD:
+      return Int32(static_cast<std::int32_t>(DwordOf(stored.Data)));
+    default:
+      return std::nullopt;
+  }
+}
+
 long QueryValueEx(const std::string& key, const std::string& valueName, SettingValue& value) {
   StepTrace = "QueryValueEx";
   const RegistryValue* stored = Registry.Query(key, valueName);
   if (!stored) return NotFound;
-  switch (stored->Type) {
-    case REG_SZ:
-      // All but the last character, which is the closing zero.
-      value = stored->Data.substr(0, stored->Data.empty() ? 0 : stored->Data.size() - 1);
-      return Success;
-    case REG_BINARY:
-    case REG_DWORD:
-      value = Int32(static_cast<std::int32_t>(DwordOf(stored->Data)));
-      return Success;
-    default:
-      return UnknownType;
-  }
+  const auto decoded = Decoded(*stored);
+  if (!decoded) return UnknownType;
+  value = *decoded;
+  return Success;
 }
 
 }  // namespace qel

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -46,6 +47,9 @@ SettingValue QueryValue(RegistryRoot root, const std::string& keyName, const std
 long SetValueEx(const std::string& key, const std::string& valueName, std::uint32_t valueType,
                 const SettingValue& value);
 long QueryValueEx(const std::string& key, const std::string& valueName, SettingValue& value);
+
+// A stored value as the program has it; nothing for a type that the program does not use.
+std::optional<SettingValue> Decoded(const RegistryValue& stored);
 
 // The text that REG_SZ holds for a value: "True", a regional date, a number.
 std::string TextOf(const SettingValue& value);

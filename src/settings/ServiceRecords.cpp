@@ -2,8 +2,8 @@
 
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "platform/CodePage.h"
 #include "platform/TextConversion.h"
-#include "settings/SettingField.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -119,6 +119,25 @@ void ForEachUsed(BoundedArray<Record>& array, Int16& used, Visit visit) {
   }
 }
 
+// A record of its own for the places, which nobody reads from or writes to.
+template <class Record, std::size_t N>
+std::optional<SettingForm> FormIn(const RecordField<Record> (&fields)[N], std::string_view name,
+                                  bool (*matches)(std::string_view name, std::string_view field)) {
+  static Record record;
+  for (const auto& field : fields)
+    if (matches(name, field.Name)) return SettingForm{field.As, PlaceOf(record, field)};
+  return std::nullopt;
+}
+
+// "Tariff1-2After" for the field "After".
+bool IsOfTariff(std::string_view name, std::string_view field) {
+  if (name.size() <= field.size()) return false;
+  const std::size_t length = name.size() - field.size();
+  const std::string_view prefix = name.substr(0, length), numbers = prefix.substr(0, prefix.rfind('-'));
+  return EqualNoCase(name.substr(length), field) && IsNumbered(numbers, "Tariff") &&
+         IsNumbered(prefix.substr(numbers.size()), "-");
+}
+
 // The number comes from the loop over the services, which ends one past the last.
 std::string SoundFileName() { return "WarningSoundFile" + std::to_string(UsedServices + 1); }
 
@@ -172,6 +191,20 @@ void WriteHolidays() {
   ForEachUsed(Holidays, UsedHolidays, [](Date& holiday, int number) {
     Attempt([&] { StoreSetting(HolidaysKey, Str(number), StoredAs::Whole, &holiday); });
   });
+}
+
+std::optional<SettingForm> FormOfService(std::string_view name) {
+  if (IsNumbered(name, "WarningSoundFile")) return SettingForm{StoredAs::Text, &WarningSoundFile};
+  if (const auto form = FormIn(DialFields, name, IsNumbered)) return form;
+  if (const auto form = FormIn(CostFields, name, IsNumbered)) return form;
+  return FormIn(TariffFields, name, IsOfTariff);
+}
+
+std::optional<SettingForm> FormOfHoliday(std::string_view name) {
+  static Date holiday;
+  if (EqualNoCase(name, "UsedHolidays")) return SettingForm{StoredAs::Whole, &UsedHolidays};
+  if (IsNumbered(name, " ")) return SettingForm{StoredAs::Whole, &holiday};
+  return std::nullopt;
 }
 
 }  // namespace qel

@@ -2,11 +2,14 @@
 // Money is in the user's currency, times of day are fractions of a day.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/BoundedArray.h"
 #include "platform/Calendar.h"
 #include "platform/CheckedInteger.h"
+#include "settings/SettingField.h"
 
 namespace qel {
 
@@ -77,5 +80,10 @@ void ReadServices();
 void ReadHolidays();
 void WriteServices();
 void WriteHolidays();
+
+// How the value of a name is stored in the key of the services or of the holidays; nothing for a name that
+// stands for no value there.
+std::optional<SettingForm> FormOfService(std::string_view name);
+std::optional<SettingForm> FormOfHoliday(std::string_view name);
 
 }  // namespace qel

@@ -1,5 +1,7 @@
 #include "settings/SettingField.h"
 
+#include <algorithm>
+
 #include "platform/CodePage.h"
 #include "platform/DateConversion.h"
 #include "platform/TextConversion.h"
@@ -9,6 +11,10 @@ namespace qel {
 namespace {
 
 constexpr double MoneyScale = 10000;
+
+RegistryType StoredType(StoredAs as) {
+  return as == StoredAs::Whole || as == StoredAs::Money ? REG_DWORD : REG_SZ;
+}
 
 bool IsEmpty(const SettingValue& value) {
   const auto* text = std::get_if<std::string>(&value);
@@ -70,10 +76,26 @@ void LoadSetting(const std::string& keyName, const std::string& valueName, Store
   }
 }
 
+void CheckSetting(const RegistryValue& stored, const SettingForm& form) {
+  if (stored.Type != StoredType(form.As)) Raise(TypeMismatch);
+  const SettingValue value = Decoded(stored).value();
+  std::visit(
+      [&](const auto* place) {
+        auto trial = *place;
+        Loader{value, form.As}(&trial);
+      },
+      form.Place);
+}
+
 void StoreSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
                   const SettingPlace& place) {
-  const bool asNumber = as == StoredAs::Whole || as == StoredAs::Money;
-  SetKeyValue(SettingsRoot, keyName, valueName, std::visit(Storer{as}, place), asNumber ? REG_DWORD : REG_SZ);
+  SetKeyValue(SettingsRoot, keyName, valueName, std::visit(Storer{as}, place), StoredType(as));
+}
+
+bool IsNumbered(std::string_view name, std::string_view series) {
+  const std::string_view number = name.substr(std::min(series.size(), name.size()));
+  return EqualNoCase(name.substr(0, series.size()), series) && !number.empty() &&
+         std::all_of(number.begin(), number.end(), IsDigit);
 }
 
 }  // namespace qel

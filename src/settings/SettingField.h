@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "platform/Calendar.h"
@@ -34,13 +35,26 @@ enum class StoredAs {
 
 using SettingPlace = std::variant<std::string*, Int16*, Int32*, float*, double*, bool*, Option*>;
 
+// How a value is stored, and a place that it must fit.
+struct SettingForm {
+  StoredAs As;
+  SettingPlace Place;
+};
+
 // Reads one value into its place; a missing value makes the place empty (0, "", false, not given).
 // Raises 13 for a text that does not convert, 6 for a number that does not fit.
 void LoadSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
                  const SettingPlace& place);
 
+// Raises 13 for a value of another type than its form's or that does not convert, 6 for one that does not
+// fit. The place stays as it is.
+void CheckSetting(const RegistryValue& stored, const SettingForm& form);
+
 // Raises 6 for an amount or number beyond 32 bits.
 void StoreSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
                   const SettingPlace& place);
+
+// Whether a value's name is that of a series and a number behind it: "ServiceName12".
+bool IsNumbered(std::string_view name, std::string_view series);
 
 }  // namespace qel

@@ -1,5 +1,6 @@
 #include "settings/SettingsTables.h"
 
+#include "platform/CodePage.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -110,6 +111,31 @@ const Setting DetailReport[] = {
     {"Column6", StoredAs::Whole, &DetailViewSettings.Column[5], 2000.0},
 };
 
+// ForceAMPM goes to whichever key was stored last.
+const Setting AnyKey[] = {{"ForceAMPM", StoredAs::Whole, &ForceAMPM}};
+
+const char* const RecentFileSeries[] = {"RecentFileName", "RecentFilePath", "RecentFileType"};
+
+const struct {
+  const char* Key;
+  std::span<const Setting> Settings;
+} Keys[] = {
+    {"\\General", General},
+    {"\\General", Booleans},
+    {"\\Modem", Modem},
+    {"\\Costs", Costs},
+    {"\\ViewLog", ViewLog},
+    {"\\ViewReport", ViewReport},
+    {"\\ViewReport\\SummaryReport", SummaryReport},
+    {"\\ViewReport\\DetailReport", DetailReport},
+};
+
+std::optional<SettingForm> FormIn(std::span<const Setting> settings, std::string_view name) {
+  for (const auto& setting : settings)
+    if (EqualNoCase(setting.Name, name)) return SettingForm{setting.As, setting.Place};
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::span<const Setting> GeneralSettings() { return General; }
@@ -121,6 +147,18 @@ std::span<const Setting> ViewReportTable() { return ViewReport; }
 std::span<const Setting> SummaryReportTable() { return SummaryReport; }
 std::span<const Setting> DetailReportTable() { return DetailReport; }
 std::span<const char* const> GeneralStoreOrder() { return GeneralOrder; }
+
+std::optional<SettingForm> FormOf(std::string_view key, std::string_view name) {
+  if (EqualNoCase(key, "\\Services")) return FormOfService(name);
+  if (EqualNoCase(key, "\\Holidays")) return FormOfHoliday(name);
+  for (const auto& row : Keys)
+    if (EqualNoCase(key, row.Key))
+      if (const auto form = FormIn(row.Settings, name)) return form;
+  if (EqualNoCase(key, "\\RecentFiles"))
+    for (const char* series : RecentFileSeries)
+      if (IsNumbered(name, series)) return SettingForm{StoredAs::Text, &RecentFiles[0].RecentFileName};
+  return FormIn(AnyKey, name);
+}
 
 bool IsMissing(const Setting& setting) {
   return std::visit(

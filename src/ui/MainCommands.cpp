@@ -10,10 +10,8 @@
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
-#include "platform/RegistryFile.h"
-#include "platform/RegistryStore.h"
-#include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
+#include "settings/SettingsFile.h"
 #include "ui/frmAbout.h"
 #include "ui/frmMain.h"
 #include "ui/frmReport.h"
@@ -38,16 +36,6 @@ std::string RecentCaption(const std::string& fileName) {
   std::string caption;
   for (const char c : name) caption += c == '&' ? "&&" : std::string(1, c);
   return caption;
-}
-
-// The program's own keys as a file that restores them.
-std::string ExportedOptions() {
-  const std::string root = KeyPath(SettingsRoot, SettingsKey);
-  RegistryTree tree;
-  const auto copy = [&tree](const auto& key) { MakeKey(tree, key.first) = key.second; };
-  if (const auto own = Registry.Tree().find(root); own != Registry.Tree().end()) copy(*own);
-  for (const auto& key : KeysBelow(Registry.Tree(), root)) copy(key);
-  return WriteRegistryFile(tree);
 }
 
 void TellExported(const std::string& path) {

@@ -66,8 +66,11 @@ TEST_F(Qelreport, SaysInOneLineWhyThereIsNoReport) {
       {2, "--log", "--log FILE: the value is missing"},
       {2, "--output=", "--output FILE: the value is empty"},
       {2, "--stats=1", "--stats takes no value"},
-      {2, "--format xml", "--format is one of text, csv, json, not 'xml'"},
+      {2, "--format xml", "--format is one of text, csv, json, html, not 'xml'"},
       {2, "--from 1999-02-30", "'1999-02-30' is no date; write it as YYYY-MM-DD"},
+      {2, "--import week.reg --format html", "--import makes no report and takes no --format"},
+      {2, "--log log --import week.reg", "--import makes no report and takes no --log"},
+      {1, "--import none", "cannot import none: No such file or directory"},
       {1, "", "home/ModemLog.txt: there is no modem log here; name one with --log FILE"},
       {1, "--settings corrupt.reg",
        "./corrupt: the log is corrupt: it holds a byte that no text log can hold"},
@@ -115,6 +118,25 @@ TEST_F(Qelreport, WritesTheWholeReportInUtf8) {
   }
 }
 
+TEST_F(Qelreport, WritesAPageOfEitherReport) {
+  for (const char* report : {"summary", "details"}) {
+    const Result run = Run(std::string("--log log --settings week.reg --format html --report ") + report);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_TRUE(run.out.starts_with("<!DOCTYPE html>") && run.out.ends_with("</html>\n")) << run.out;
+    EXPECT_NE(run.out.find("Caf\xC3\xA9 &quot;A&quot;, Ltd"), std::string::npos) << run.out;
+    EXPECT_EQ(run.out.find("<caption>Connections") != std::string::npos, report == std::string("details"));
+  }
+}
+
+TEST_F(Qelreport, ReportsByTheSettingsThatWereImported) {
+  const Result import = Run("--import week.reg");
+  EXPECT_EQ(import.status, 0);
+  EXPECT_EQ(import.out, "");
+  const Result own = Run("--log log"), named = Run("--log log --settings week.reg");
+  EXPECT_EQ(own.out, named.out);
+  EXPECT_NE(own.out.find("Lighthouse"), std::string::npos) << own.out;
+}
+
 TEST_F(Qelreport, TellsOfLimitsThatWereReached) {
   PutSettings("connections.reg", "\"MaxConnections\"=dword:00000003");
   PutSettings("services.reg", "\"MaxServices\"=dword:00000002");
@@ -154,6 +176,8 @@ TEST_F(Qelreport, PrintsStatisticsHelpAndVersion) {
   EXPECT_EQ(Run("--log small --stats --format json").out,
             "{\"path\": \"small\", \"length\": 58, \"entries\": 2, \"first_entry\": \"1999-03-01\", "
             "\"last_entry\": \"1999-03-01\", \"span_days\": 0}\n");
+  EXPECT_NE(Run("--log small --stats --format html").out.find("<td class=\"t\">58 Bytes (0KB)</td>"),
+            std::string::npos);
   EXPECT_TRUE(Run("--help").out.starts_with(UsageText()));
   EXPECT_EQ(Run("--version").out, "qelreport 1.0.0\n");
 }

@@ -3,23 +3,11 @@
 #include "reports/DetailReport.h"
 #include "reports/ReportExport.h"
 #include "reports/SummaryReport.h"
-#include "support/FreshProgram.h"
+#include "reports/WeekLog.h"
 
 namespace qel {
 
 namespace {
-
-class ReportTest : public FreshProgram {
- protected:
-  ReportTest() {
-    std::filesystem::create_directory_symlink(QEL_SOURCE_DIR "/tests/reports", folder.Path("reports"));
-    Registry.Open(folder.Path("reports/inputs/week.reg"), RegistryStore::Access::ReadOnly);
-    ReadUserParameters();
-    FillMissingSettings();
-    OpenLog(folder.Content("reports/inputs/week.log"));
-    SetPeriod(DateSerial(1999, 3, 1), DateSerial(1999, 3, 3));
-  }
-};
 
 // All of the list view, a line for each row and "|" between its cells.
 std::string GridText(const ReportDocument& document) {
@@ -52,7 +40,9 @@ std::string Output(const std::string& name) {
   return name.ends_with(".grid") ? GridText(document) : document.ReportText;
 }
 
-class WholeReports : public ReportTest, public ::testing::WithParamInterface<const char*> {};
+using ReportTest = WeekLog;
+
+class WholeReports : public WeekLog, public ::testing::WithParamInterface<const char*> {};
 
 }  // namespace
 

@@ -1,0 +1,67 @@
+#include "cli/SettingsImport.h"
+
+#include <optional>
+
+#include "analysis/ResetProgram.h"
+#include "cli/CommandLineHost.h"
+#include "cli/LogSelection.h"
+#include "core/CurrencyFormat.h"
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/RegistryFile.h"
+#include "platform/RegistryStore.h"
+#include "settings/SettingsFile.h"
+
+namespace qel {
+
+namespace {
+
+std::string Counted(int count, const char* noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+std::optional<SettingsFile> ReadImport(const std::string& path) {
+  std::string why;
+  try {
+    return ReadSettingsFile(ReadWholeFile(path));
+  } catch (const RegistryFileError& error) {
+    why = error.what();
+  } catch (const SettingsFileError& error) {
+    why = ToUtf8(error.what());
+  } catch (const RunTimeError& error) {
+    why = ReasonOf(error);
+  }
+  Complain("cannot import " + ShownPath(path) + ": " + why);
+  return std::nullopt;
+}
+
+}  // namespace
+
+bool ImportSettings(const std::string& path) {
+  ResetProgram();
+  const std::string store = SettingsStorePath();
+  // Times in the file are judged by the regional values. Those of a store that cannot be read are the
+  // locale's; opening it to write decides about such a store, but only for a file that will be taken.
+  Registry.Reset();
+  IgnoreErrors([&] { Registry.Open(store, RegistryStore::Access::ReadOnly); });
+  GetCurrencySymbolInfo();
+  const auto file = ReadImport(path);
+  if (!file) return false;
+  try {
+    Registry.Open(store, RegistryStore::Access::Shared);
+    ImportOptions(*file);
+    Registry.Flush();
+  } catch (const RunTimeError& error) {
+    Complain("cannot write the settings to " + ShownPath(store) + ": " + ReasonOf(error));
+    return false;
+  }
+  Complain(ShownPath(path) + ": imported " + Counted(file->Values, "value") + " in " +
+           Counted(file->Keys, "key"));
+  if (file->PassedOver > 0)
+    Complain(ShownPath(path) + ": passed over " + Counted(file->PassedOver, "key") + " of other programs");
+  return true;
+}
+
+}  // namespace qel

@@ -1,0 +1,185 @@
+#include "reports/HtmlCharts.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string_view>
+
+#include "reports/HtmlPage.h"
+
+namespace qel {
+
+namespace {
+
+// All lengths are units of the picture, which is drawn about as wide as it is on a page of full width.
+constexpr double Width = 960;
+constexpr double LetterWidth = 7;
+constexpr double PanelHeight = 120, PanelTitle = 30, TickSpace = 26;
+constexpr double WidestBar = 36, BarShare = 0.78;  // of the room that a bar has
+constexpr double LegendHeight = 34, StackRow = 32, StackBar = 18;
+constexpr std::size_t LongestName = 24;  // characters of a stack's name
+
+std::string Number(double number) {
+  char text[400];
+  std::snprintf(text, sizeof text, "%.1f", number);
+  return text;
+}
+
+std::string Attribute(const char* name, double number) {
+  return std::string(" ") + name + "=\"" + Number(number) + "\"";
+}
+
+std::string Begin(const ChartTexts& texts, double height) {
+  return "<svg role=\"img\" viewBox=\"0 0 " + Number(Width) + " " + Number(height) + "\">\n<title>" +
+         HtmlText(texts.Title) + "</title>\n<desc>" + HtmlText(texts.Description) + "</desc>\n";
+}
+
+std::string Line(const char* style, double x1, double y1, double x2, double y2) {
+  return std::string("<line class=\"") + style + "\"" + Attribute("x1", x1) + Attribute("y1", y1) +
+         Attribute("x2", x2) + Attribute("y2", y2) + "/>\n";
+}
+
+std::string Words(const char* style, double x, double y, const std::string& text) {
+  return std::string("<text class=\"") + style + "\"" + Attribute("x", x) + Attribute("y", y) + ">" +
+         HtmlText(text) + "</text>\n";
+}
+
+struct Box {
+  double X, Y, Width, Height;
+};
+
+std::string BoxAttributes(const Box& box) {
+  return Attribute("x", box.X) + Attribute("y", box.Y) + Attribute("width", box.Width) +
+         Attribute("height", box.Height);
+}
+
+std::string BarOf(const char* style, const Box& box, const std::string& words) {
+  return std::string("<rect class=\"bar ") + style + "\"" + BoxAttributes(box) + "><title>" +
+         HtmlText(words) + "</title></rect>\n";
+}
+
+// The pattern of a part, drawn over its bar.
+std::string Pattern(std::string_view style, const Box& box) {
+  if (style != "service" && style != "data") return "";
+  return "<rect pointer-events=\"none\" fill=\"url(#over-" + std::string(style) + ")\"" + BoxAttributes(box) +
+         "/>\n";
+}
+
+constexpr char PatternDefinitions[] =
+    "<defs>\n<pattern id=\"over-service\" width=\"6\" height=\"6\" patternUnits=\"userSpaceOnUse\" "
+    "patternTransform=\"rotate(45)\"><line class=\"hatch\" x1=\"0\" y1=\"0\" x2=\"0\" y2=\"6\"/></pattern>\n"
+    "<pattern id=\"over-data\" width=\"6\" height=\"6\" patternUnits=\"userSpaceOnUse\">"
+    "<circle class=\"dot\" cx=\"3\" cy=\"3\" r=\"1\"/></pattern>\n</defs>\n";
+
+double WidthOf(const std::string& text) { return static_cast<double>(text.size()) * LetterWidth; }
+
+double WidestLabel(const ChartScale& scale) {
+  double widest = 0;
+  for (int i = 0; i <= scale.Steps; ++i) widest = std::max(widest, WidthOf(scale.Label(i * scale.Step)));
+  return widest;
+}
+
+// Where the bars stand.
+struct Slots {
+  Slots(double left, std::size_t count) : Left(left), Room((Width - left) / static_cast<double>(count)) {}
+  double Middle(std::size_t bar) const { return Left + (static_cast<double>(bar) + 0.5) * Room; }
+  double BarWidth() const { return std::min(WidestBar, Room * BarShare); }
+  double Left, Room;
+};
+
+std::string TickText(const std::string& label, double x, double y) {
+  const double textX = std::min(x, Width - WidthOf(label) / 2);
+  return Line("axis", x, y, x, y + 5) + Words("middle", textX, y + 19, label);
+}
+
+std::string PanelText(const ChartPanel& panel, const Slots& slots, double top) {
+  const double floor = top + PanelTitle + PanelHeight;
+  std::string text = Words("name", 0, top + 13, panel.Title);
+  for (int i = 0; i <= panel.Scale.Steps; ++i) {
+    const double y = floor - PanelHeight * i / panel.Scale.Steps;
+    text += Line(i == 0 ? "axis" : "grid", slots.Left, y, Width, y);
+    text += Words("end", slots.Left - 8, y + 4, panel.Scale.Label(i * panel.Scale.Step));
+  }
+  for (std::size_t i = 0; i < panel.Values.size(); ++i) {
+    const double height = PanelHeight * panel.Values[i] / panel.Scale.Top();
+    if (!(height > 0)) continue;
+    const double width = slots.BarWidth();
+    text += BarOf(panel.Style, {slots.Middle(i) - width / 2, floor - height, width, height}, panel.Words[i]);
+  }
+  return text;
+}
+
+std::string Legend(const std::vector<StackPart>& parts, double left) {
+  std::string text;
+  for (const auto& part : parts) {
+    const Box swatch{left, 2, 14, 14};
+    text += std::string("<rect class=\"") + part.Style + "\"" + BoxAttributes(swatch) + "/>\n" +
+            Pattern(part.Style, swatch) + Words("name", left + 21, 13.5, part.Name);
+    left += 21 + WidthOf(part.Name) + 28;
+  }
+  return text;
+}
+
+std::string ShownName(const Stack& stack) {
+  const bool isLong = stack.Name.size() > LongestName;
+  return isLong ? stack.Name.substr(0, LongestName - 3) + "..." : stack.Name;
+}
+
+std::string StackText(const Stack& stack, const std::vector<StackPart>& parts, const ChartScale& scale,
+                      const Box& room) {
+  std::string text = Words("name", 0, room.Y + room.Height - 4, ShownName(stack));
+  double x = room.X;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const double width = room.Width * stack.Values[i] / scale.Top();
+    if (!(width > 0)) continue;
+    // A seam of the paper's colour, where there is room for it.
+    const Box box{x, room.Y, std::max(width - 1, width / 2), room.Height};
+    text +=
+        BarOf(parts[i].Style, box, stack.Name + ", " + parts[i].Name + ": " + scale.Label(stack.Values[i]));
+    text += Pattern(parts[i].Style, box);
+    x += width;
+  }
+  return text + Words("name", x + 8, room.Y + room.Height - 4, stack.Total);
+}
+
+}  // namespace
+
+std::string BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
+                     const std::vector<ChartTick>& ticks) {
+  double left = 0;
+  for (const auto& panel : panels) left = std::max(left, WidestLabel(panel.Scale) + 12);
+  const Slots slots(left, panels.front().Values.size());
+  std::string text;
+  double top = 0;
+  for (const auto& panel : panels) {
+    text += PanelText(panel, slots, top);
+    top += PanelTitle + PanelHeight + 14;
+  }
+  const double floor = top - 14;
+  for (const auto& tick : ticks) text += TickText(tick.Label, slots.Middle(tick.Bar), floor);
+  return Begin(texts, floor + TickSpace) + text + "</svg>\n";
+}
+
+std::string StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
+                        const std::vector<Stack>& stacks, const ChartScale& scale) {
+  double left = 0, right = WidthOf(scale.Label(scale.Top())) / 2;
+  for (const auto& stack : stacks) {
+    left = std::max(left, WidthOf(ShownName(stack)) + 20);
+    right = std::max(right, WidthOf(stack.Total) + 16);  // behind a bar of full length
+  }
+  const double width = Width - left - right;
+  const double floor = LegendHeight + StackRow * static_cast<double>(stacks.size());
+  std::string text = PatternDefinitions + Legend(parts, left);
+  for (int i = 0; i <= scale.Steps; ++i) {
+    const double x = left + width * i / scale.Steps;
+    text += Line(i == 0 ? "axis" : "grid", x, LegendHeight - 4, x, floor);
+    text += Words("middle", x, floor + 18, scale.Label(i * scale.Step));
+  }
+  double y = LegendHeight + (StackRow - StackBar) / 2 - 2;
+  for (const auto& stack : stacks) {
+    text += StackText(stack, parts, scale, {left, y, width, StackBar});
+    y += StackRow;
+  }
+  return Begin(texts, floor + TickSpace) + text + "</svg>\n";
+}
+
+}  // namespace qel

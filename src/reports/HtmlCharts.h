@@ -1,0 +1,53 @@
+// Charts as pictures within a page: plain series in, SVG out. Every bar says in words what it stands for, and
+// the picture as a whole has a title and a description. Colours are those of the page's style.
+//
+// All texts are Windows-1252 and are escaped here. Bars of nothing, and of less, are left out.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "reports/ChartScale.h"
+
+namespace qel {
+
+struct ChartTexts {
+  std::string Title, Description;
+};
+
+// One row of upright bars; its bars are those of the other panels' of the same place.
+struct ChartPanel {
+  std::string Title;
+  const char* Style;  // class of its bars: "time", "cost"
+  ChartScale Scale;
+  std::vector<double> Values;
+  std::vector<std::string> Words;  // what each bar says
+};
+
+// A word below a bar.
+struct ChartTick {
+  std::size_t Bar;
+  std::string Label;
+};
+
+// Panels one below the other over one axis. They must have equally many bars, one at least.
+std::string BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
+                     const std::vector<ChartTick>& ticks);
+
+struct StackPart {
+  std::string Name;
+  const char* Style;  // class of its bars: "dialup", "service" (hatched), "data" (dotted)
+};
+
+struct Stack {
+  std::string Name;
+  std::vector<double> Values;  // by part
+  std::string Total;
+};
+
+// One lying bar for each stack, divided into its parts, and a legend of them.
+std::string StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
+                        const std::vector<Stack>& stacks, const ChartScale& scale);
+
+}  // namespace qel

@@ -1,0 +1,16 @@
+// What is known of the current log, as names and values to show.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace qel {
+
+struct LogFigure {
+  std::string Name, Value;
+};
+
+// Path, name, length, entries, first and last entry, span. Raises 53 where the log is gone.
+std::vector<LogFigure> LogFigures();
+
+}  // namespace qel

@@ -1,0 +1,191 @@
+#include "reports/UseFigures.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+#include "core/CurrencyFormat.h"
+#include "core/GeneralFunctions.h"
+#include "modemlog/DialledNumber.h"
+#include "platform/FormatMask.h"
+#include "reports/HtmlCharts.h"
+#include "reports/HtmlPage.h"
+#include "reports/SummaryReport.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+constexpr std::size_t MostTicks = 9;
+constexpr std::size_t MostStacks = 15;
+constexpr std::size_t HoursBetweenTicks = 2;
+
+std::string TimeText(double seconds) { return FormatTime(static_cast<float>(seconds), false); }
+
+// How the spans of a length are spoken of, and after how many of them a tick reads well.
+struct SpanWords {
+  const char* Title;
+  const char* Column;
+  const char* Mask;  // of a span's first day
+  std::array<std::size_t, 5> TickSteps;
+};
+
+const SpanWords& WordsFor(SpanLength length) {
+  static const SpanWords words[] = {{"By day", "Day", "Short Date", {1, 2, 7, 14, 14}},
+                                    {"By week", "Week from", "Short Date", {1, 2, 4, 8, 13}},
+                                    {"By month", "Month", "mmm yyyy", {1, 3, 6, 12, 12}},
+                                    {"By year", "Year", "yyyy", {1, 2, 5, 10, 20}}};
+  return words[static_cast<std::size_t>(length)];
+}
+
+std::vector<ChartTick> TicksOf(const UseByTime& use) {
+  const SpanWords& words = WordsFor(use.Length());
+  const std::size_t count = use.Spans().size();
+  const auto fits = [count](std::size_t step) { return count <= step * MostTicks; };
+  const auto step = std::find_if(words.TickSteps.begin(), words.TickSteps.end() - 1, fits);
+  std::vector<ChartTick> ticks;
+  for (std::size_t i = 0; i < count; i += *step)
+    ticks.push_back({i, FormatDate(use.Spans()[i].First, words.Mask)});
+  return ticks;
+}
+
+std::string Figure(const std::string& heading, const std::string& chart, const std::string& caption,
+                   const std::string& table) {
+  return "<figure>\n<h2>" + HtmlText(heading) + "</h2>\n<div class=\"wide\">" + chart +
+         "</div>\n<figcaption>" + HtmlText(caption) + "</figcaption>\n<details><summary>Figures</summary>\n" +
+         table + "</details>\n</figure>\n";
+}
+
+double Highest(const std::vector<double>& values) { return *std::max_element(values.begin(), values.end()); }
+double Sum(const std::vector<double>& values) { return std::accumulate(values.begin(), values.end(), 0.0); }
+
+ChartPanel PanelOf(const char* title, const char* style, std::vector<double> values,
+                   const std::vector<std::string>& names, ChartScale (*scale)(double),
+                   std::string (*shown)(double)) {
+  ChartPanel panel{title, style, scale(Highest(values)), std::move(values), {}};
+  for (std::size_t i = 0; i < names.size(); ++i)
+    panel.Words.push_back(names[i] + ": " + shown(panel.Values[i]));
+  return panel;
+}
+
+// "Most is 04:12:30 (10/6/1998)."
+std::string PeakWords(const ChartPanel& panel) {
+  const auto peak = std::max_element(panel.Values.begin(), panel.Values.end()) - panel.Values.begin();
+  return panel.Title + ", at most " + panel.Words[static_cast<std::size_t>(peak)] + ".";
+}
+
+struct ServiceCosts {
+  std::string Name;
+  std::vector<double> Parts;  // dial-up, service, data
+  double Total;
+};
+
+std::vector<ServiceCosts> CostsShown() {
+  std::vector<ServiceCosts> costs;
+  for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot) {
+    const ServiceTotal& total = ServiceTotals[slot];
+    if (total.Seconds <= 0) continue;  // the summary shows no cost there
+    const double charged = IsAnswered(total) ? 0 : 1;
+    const double data = total.TotalCost - total.DialCost - total.ServiceCost;
+    costs.push_back({GetServiceName(total.Number),
+                     {total.DialCost * charged, total.ServiceCost * charged, data * charged},
+                     ShownCost(total)});
+  }
+  return costs;
+}
+
+std::vector<std::string> CellsOf(const ServiceCosts& costs) {
+  std::vector<std::string> cells = {costs.Name};
+  for (const double part : costs.Parts) cells.push_back(MoneyText(part));
+  cells.push_back(MoneyText(costs.Total));
+  return cells;
+}
+
+std::string CostTable(const std::vector<ServiceCosts>& costs) {
+  HtmlTable table("Cost by service", {{"Service", true}, {"Dial-up"}, {"Service"}, {"Data"}, {"Total"}});
+  ServiceCosts totals{"TOTALS:", {0, 0, 0}, 0};
+  for (const auto& service : costs) {
+    table.AddRow(CellsOf(service));
+    for (std::size_t i = 0; i < totals.Parts.size(); ++i) totals.Parts[i] += service.Parts[i];
+    totals.Total += service.Total;
+  }
+  return table.Finish(CellsOf(totals));
+}
+
+// The dearest first, no more than a chart has room for.
+std::vector<ServiceCosts> Dearest(std::vector<ServiceCosts> costs) {
+  std::stable_sort(costs.begin(), costs.end(),
+                   [](const auto& a, const auto& b) { return a.Total > b.Total; });
+  if (costs.size() > MostStacks) costs.erase(costs.begin() + MostStacks, costs.end());
+  return costs;
+}
+
+}  // namespace
+
+std::string UseOverPeriod(const UseByTime& use) {
+  const SpanWords& words = WordsFor(use.Length());
+  std::vector<std::string> names;
+  std::vector<double> seconds, costs;
+  for (const auto& span : use.Spans()) {
+    names.push_back(FormatDate(span.First, words.Mask));
+    seconds.push_back(span.Seconds);
+    costs.push_back(span.Cost);
+  }
+  std::vector<ChartPanel> panels;
+  if (Highest(seconds) > 0)
+    panels.push_back(PanelOf("Connected time", "time", seconds, names, TimeScale, TimeText));
+  if (CalcCosts && Highest(costs) > 0)
+    panels.push_back(PanelOf("Cost", "cost", costs, names, MoneyScale, MoneyText));
+  if (panels.empty()) return "";
+  std::vector<HtmlColumn> columns = {{words.Column, true}, {"Connected time"}};
+  if (CalcCosts) columns.push_back({"Cost"});
+  HtmlTable table(words.Title, columns);
+  for (std::size_t i = 0; i < names.size(); ++i)
+    table.AddRow({names[i], TimeText(seconds[i]), MoneyText(costs[i])});
+  std::string caption = "Time counts on the days in which it passed.";
+  if (CalcCosts) caption += " Cost counts on the day on which the connection began.";
+  ChartTexts texts{words.Title, ""};
+  for (const auto& panel : panels) texts.Description += PeakWords(panel) + " ";
+  return Figure(words.Title, BarChart(texts, panels, TicksOf(use)), caption, table.Finish());
+}
+
+std::string UseByHour(const UseByTime& use) {
+  const std::vector<double> seconds(use.HourSeconds().begin(), use.HourSeconds().end());
+  if (!(Highest(seconds) > 0)) return "";
+  std::vector<std::string> names;
+  std::vector<ChartTick> ticks;
+  HtmlTable table("By hour of the day", {{"Hour from", true}, {"Connected time"}});
+  for (std::size_t hour = 0; hour < seconds.size(); ++hour) {
+    names.push_back(FormatDate(TimeSerial(static_cast<int>(hour), 0, 0), "Short Time"));
+    table.AddRow({names.back(), TimeText(seconds[hour])});
+    if (hour % HoursBetweenTicks == 0) ticks.push_back({hour, names.back()});
+  }
+  const ChartPanel panel = PanelOf("Connected time", "time", seconds, names, TimeScale, TimeText);
+  return Figure("By hour of the day", BarChart({"By hour of the day", PeakWords(panel)}, {panel}, ticks),
+                "Time counts in the hours in which it passed, over the whole period.", table.Finish());
+}
+
+std::string CostByService() {
+  if (!CalcCosts) return "";
+  const std::vector<ServiceCosts> costs = CostsShown();
+  const std::vector<ServiceCosts> drawn = Dearest(costs);
+  if (drawn.empty() || !(drawn.front().Total > 0)) return "";
+  const std::vector<StackPart> parts = {{"Dial-up", "dialup"}, {"Service", "service"}, {"Data", "data"}};
+  std::vector<Stack> stacks;
+  double widest = 0;
+  for (const auto& service : drawn) {
+    stacks.push_back({service.Name, service.Parts, MoneyText(service.Total)});
+    widest = std::max(widest, Sum(service.Parts));
+  }
+  const ChartTexts texts{"Cost by service",
+                         "The dearest is " + drawn.front().Name + " at " + stacks.front().Total + "."};
+  std::string caption = "Each bar is divided into dial-up, service and data, in this order.";
+  if (drawn.size() < costs.size())
+    caption += " Drawn are the " + std::to_string(drawn.size()) + " dearest of " +
+               std::to_string(costs.size()) + "; the figures tell of all.";
+  return Figure("Cost by service", StackedBars(texts, parts, stacks, MoneyScale(widest)), caption,
+                CostTable(costs));
+}
+
+}  // namespace qel

@@ -1,0 +1,19 @@
+// The drawn part of a page: charts of use and cost, each with its figures in a table that the reader can
+// open.
+#pragma once
+
+#include <string>
+
+#include "reports/UseByTime.h"
+
+namespace qel {
+
+// Markup; empty where there is nothing to draw. Costs are left out where the user does not want them
+// calculated.
+std::string UseOverPeriod(const UseByTime& use);
+std::string UseByHour(const UseByTime& use);
+
+// By the slots of the latest analysis that the Summary shows.
+std::string CostByService();
+
+}  // namespace qel

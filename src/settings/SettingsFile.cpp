@@ -1,0 +1,65 @@
+#include "settings/SettingsFile.h"
+
+#include "platform/RegistryFile.h"
+#include "platform/RegistryStore.h"
+#include "platform/RunTimeError.h"
+#include "settings/Registry_Functions.h"
+#include "settings/SettingsTables.h"
+
+namespace qel {
+
+namespace {
+
+const std::string OwnRoot = KeyPath(SettingsRoot, SettingsKey);
+
+RegistryTree OwnKeys(const RegistryTree& tree) {
+  RegistryTree own;
+  const auto copy = [&own](const auto& key) { MakeKey(own, key.first) = key.second; };
+  if (const auto root = tree.find(OwnRoot); root != tree.end()) copy(*root);
+  for (const auto& key : KeysBelow(tree, OwnRoot)) copy(key);
+  return own;
+}
+
+int KeysWithValues(const RegistryTree& tree) {
+  int count = 0;
+  for (const auto& [key, values] : tree) count += values.empty() ? 0 : 1;
+  return count;
+}
+
+// `key` is one of the program's or stands above them.
+void CheckValue(const std::string& key, const std::string& name, const RegistryValue& value) {
+  if (key.size() <= OwnRoot.size()) return;
+  const auto form = FormOf(std::string_view(key).substr(OwnRoot.size()), name);
+  if (!form) return;
+  try {
+    CheckSetting(value, *form);
+  } catch (const RunTimeError& error) {
+    throw SettingsFileError("\"" + name + "\" in " + key + ": " + error.Description());
+  }
+}
+
+}  // namespace
+
+std::string ExportedOptions() { return WriteRegistryFile(OwnKeys(Registry.Tree())); }
+
+SettingsFile ReadSettingsFile(const std::string& content) {
+  const RegistryTree all = ParseRegistryFile(content);
+  SettingsFile file{.Own = OwnKeys(all)};
+  file.Keys = KeysWithValues(file.Own);
+  if (file.Keys == 0) throw SettingsFileError("it holds no settings of QEL");
+  file.PassedOver = KeysWithValues(all) - file.Keys;
+  for (const auto& [key, values] : file.Own) {
+    file.Values += static_cast<int>(values.size());
+    for (const auto& [name, value] : values) CheckValue(key, name, value);
+  }
+  return file;
+}
+
+void ImportOptions(const SettingsFile& file) {
+  for (const auto& [key, values] : file.Own) {
+    Registry.CreateKey(key);
+    for (const auto& [name, value] : values) Registry.Set(key, name, value);
+  }
+}
+
+}  // namespace qel

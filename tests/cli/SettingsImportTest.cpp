@@ -1,0 +1,96 @@
+#include "cli/SettingsImport.h"
+#include "platform/Disk.h"
+#include "support/FailingDisk.h"
+#include "support/FreshProgram.h"
+
+namespace qel {
+
+namespace {
+
+class SettingsImport : public FreshProgram {
+ protected:
+  SettingsImport() {
+    setenv("QEL_HOME", folder.Path().c_str(), 1);
+    folder.Put("registry.reg", old);
+  }
+  ~SettingsImport() override { unsetenv("QEL_HOME"); }
+
+  static std::string File(const std::string& values) {
+    return "REGEDIT4\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\General]\r\n" + values;
+  }
+
+  // Whether the file is taken; what is told of it goes to `told`.
+  bool Import(const std::string& name) {
+    testing::internal::CaptureStderr();
+    const bool taken = ImportSettings(folder.Path(name));
+    told = testing::internal::GetCapturedStderr();
+    return taken;
+  }
+  bool StoreHolds(const std::string& text) const {
+    return folder.Content("registry.reg").find(text) != std::string::npos;
+  }
+
+  const std::string old = File("\"MaxServices\"=dword:00000063\r\n\"Mine\"=\"1\"\r\n");
+  std::string told;
+};
+
+}  // namespace
+
+TEST_F(SettingsImport, ReplacesValuesOfTheSameNameAndTellsHowMany) {
+  folder.Put("one.reg", File("\"MaxServices\"=dword:00000014\r\n"));
+  ASSERT_TRUE(Import("one.reg"));
+  EXPECT_EQ(told, "qelreport: " + folder.Path("one.reg") + ": imported 1 value in 1 key\n");
+  EXPECT_TRUE(StoreHolds("\"MaxServices\"=dword:00000014") && StoreHolds("\"Mine\"=\"1\""));
+  ASSERT_TRUE(ImportSettings(QEL_SOURCE_DIR "/share/samples/QEL.reg"));
+  EXPECT_TRUE(StoreHolds("\"ServiceName1\"=\"Harbour Net\"") && !StoreHolds("Control Panel"));
+}
+
+TEST_F(SettingsImport, AFileThatIsNotTakenLeavesTheStoreToTheByte) {
+  const std::pair<const char*, std::string> files[] = {
+      {"missing.reg", ""},
+      {".", ""},
+      {"empty.reg", ""},
+      {"binary.reg", std::string("\0\1\2", 3)},
+      {"cut.reg", File("\"MaxServices\"=dword:00000014\r\n\"ModemLogFile\"=\"a")},
+      {"foreign.reg", "REGEDIT4\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\r\n\"a\"=\"1\"\r\n"},
+      {"type.reg", File("\"MaxConnections\"=dword:00000014\r\n\"MaxServices\"=\"20\"\r\n")},
+  };
+  for (const auto& [name, content] : files) {
+    if (!content.empty() || name == std::string("empty.reg")) folder.Put(name, content);
+    for (const std::string& store : {old, std::string("damaged")}) {
+      folder.Put("registry.reg", store);
+      EXPECT_FALSE(Import(name)) << name;
+      EXPECT_TRUE(told.starts_with("qelreport: cannot import ")) << told;
+      EXPECT_EQ(folder.Content("registry.reg"), store) << name;
+    }
+  }
+  EXPECT_FALSE(folder.Has("registry.reg.bad"));
+}
+
+TEST_F(SettingsImport, ADamagedStoreIsSetAsideForAGoodFile) {
+  folder.Put("registry.reg", "damaged");
+  ASSERT_TRUE(ImportSettings(QEL_SOURCE_DIR "/share/samples/QEL.reg"));
+  EXPECT_EQ(folder.Content("registry.reg.bad"), "damaged");
+  EXPECT_TRUE(StoreHolds("\"ServiceName1\"=\"Harbour Net\""));
+}
+
+TEST_F(SettingsImport, EveryFailingStepLeavesTheOldOrTheNewStore) {
+  folder.Put("one.reg", File("\"MaxServices\"=dword:00000014\r\n"));
+  ASSERT_TRUE(Import("one.reg"));
+  const std::string imported = folder.Content("registry.reg");
+  FailingDisk disk;
+  const DiskInPlace inPlace(disk);
+  int failures = 0;
+  for (int n = 1; n == 1 || disk.Failed(); ++n) {
+    folder.Put("registry.reg", old);
+    disk.FailNth(n);
+    const bool taken = Import("one.reg");
+    const std::string content = folder.Content("registry.reg");
+    EXPECT_TRUE(content == imported || (content == old && !taken)) << "operation " << n;
+    EXPECT_NE(told, "") << "operation " << n;
+    if (!taken) ++failures;
+  }
+  EXPECT_GT(failures, 5);
+}
+
+}  // namespace qel
