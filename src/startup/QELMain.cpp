@@ -8,6 +8,7 @@
 #include "core/Display.h"
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
+#include "core/Installation.h"
 #include "core/ProgramState.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
@@ -136,6 +137,7 @@ void Main() {
   StartingChanged = EndingChanged = false;
   ReadEnvironment();
   IgnoreErrors([] { MakeFolders(AppPath); });
+  CopyMissingFiles(InstalledFolders(), AppPath);
   ReadRegion();
   LoadSettings();
   CheckModems();

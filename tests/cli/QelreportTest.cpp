@@ -1,51 +1,14 @@
 // qelreport as a process. The log, its settings and the whole reports are those of tests/reports.
 #include <gtest/gtest.h>
-#include <iterator>
-#include <sstream>
-#include <sys/wait.h>
 #include <utility>
-#include <vector>
 
 #include "cli/Arguments.h"
+#include "cli/Qelreport.h"
 #include "platform/CodePage.h"
-#include "support/TemporaryFolder.h"
 
 namespace qel {
 
 namespace {
-
-struct Result {
-  int status;
-  std::string out, err;
-};
-
-// Runs in a folder of its own, with a fresh home and no locale.
-class Qelreport : public ::testing::Test {
- protected:
-  Qelreport() {
-    std::filesystem::create_directory(folder.Path("home"));
-    std::filesystem::create_directory_symlink(QEL_SOURCE_DIR, folder.Path("source"));
-    folder.Put("log", folder.Content("source/tests/reports/inputs/week.log"));
-    folder.Put("week.reg", folder.Content("source/tests/reports/inputs/week.reg"));
-  }
-
-  Result Run(const std::string& arguments) const {
-    const std::string command = "cd " + folder.Path() + " && env -i HOME=home '" QELREPORT "' " + arguments;
-    const int result = std::system((command + " >out 2>err").c_str());
-    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, folder.Content("out"), folder.Content("err")};
-  }
-
-  void PutSettings(const std::string& name, const std::string& values) const {
-    folder.Put(name, "REGEDIT4\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\General]\r\n" + values + "\r\n");
-  }
-
-  TemporaryFolder folder;
-};
-
-std::vector<std::string> Words(const std::string& text) {
-  std::istringstream words(text);
-  return {std::istream_iterator<std::string>(words), {}};
-}
 
 std::string Entry(const std::string& text) { return "03-01-1999 10:00:00.00 - " + text + "\r\n"; }
 
@@ -180,21 +143,6 @@ TEST_F(Qelreport, PrintsStatisticsHelpAndVersion) {
             std::string::npos);
   EXPECT_TRUE(Run("--help").out.starts_with(UsageText()));
   EXPECT_EQ(Run("--version").out, "qelreport 1.0.0\n");
-}
-
-TEST_F(Qelreport, IsAsTheReadmeSays) {
-  std::filesystem::create_directory_symlink("source/share", folder.Path("share"));
-  std::istringstream readme(folder.Content("source/README.md"));
-  std::string usage = "usage:";
-  int examples = 0;
-  for (std::string line; std::getline(readme, line);) {
-    if (line.starts_with("    qelreport [") || line.starts_with("        ")) usage += " " + line;
-    if (!line.starts_with("    ./run --")) continue;
-    ++examples;
-    EXPECT_EQ(Run(line.substr(9)).status, 0) << line;
-  }
-  EXPECT_GT(examples, 0);
-  EXPECT_EQ(Words(usage), Words(UsageText()));
 }
 
 }  // namespace qel

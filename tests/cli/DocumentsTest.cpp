@@ -1,0 +1,128 @@
+// Readme, manual page and completions tell of the options that the program takes, and their examples run.
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <regex>
+#include <sstream>
+#include <vector>
+
+#include "cli/Arguments.h"
+#include "cli/Qelreport.h"
+
+namespace qel {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+Texts Lines(const std::string& text) {
+  std::istringstream stream(text);
+  Texts lines;
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+Texts Words(const std::string& text) {
+  std::istringstream words(text);
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
+// All that the first group of `pattern` finds.
+Texts Found(const std::string& text, const char* pattern) {
+  const std::regex expression(pattern);
+  return {std::sregex_token_iterator(text.begin(), text.end(), expression, 1), {}};
+}
+
+Texts Options() { return Found(UsageText(), "\\[(.*?)\\]"); }  // "--log FILE"
+Texts Names() { return Found(UsageText(), "\\[(--\\w+)"); }
+
+// "--log FILE" of "Fl -log Ar FILE", the manual page's way to write it.
+std::string OptionOfManual(const std::string& markup) {
+  std::string option;
+  for (const auto& word : Words(markup))
+    if (word != "Fl" && word != "Ar" && word != "Cm") option += option.empty() ? "-" + word : " " + word;
+  return option;
+}
+
+class Documents : public Qelreport {
+ protected:
+  Documents() { std::filesystem::create_directory_symlink("source/share", folder.Path("share")); }
+
+  // What bash proposes for the last of the words.
+  Texts Completed(const std::string& words) const {
+    folder.Put("complete", "source share/completions/qelreport.bash\nCOMP_WORDS=(qelreport " + words +
+                               ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_qelreport\n"
+                               "((${#COMPREPLY[@]} == 0)) || printf '%s\\n' \"${COMPREPLY[@]}\"\n");
+    const Result run = RunProgram("bash complete");
+    EXPECT_EQ(run.err, "") << words;
+    return Lines(run.out);
+  }
+};
+
+}  // namespace
+
+TEST_F(Documents, TheReadmeHasAllOptionsAndItsExamplesRun) {
+  std::string usage;
+  int examples = 0;
+  for (const auto& line : Lines(folder.Content("source/README.md"))) {
+    if (line.starts_with("    qelreport [") || line.starts_with("        ")) usage += line;
+    if (!line.starts_with("    ./run --")) continue;
+    ++examples;
+    EXPECT_EQ(Run(line.substr(9)).status, 0) << line;
+  }
+  EXPECT_GT(examples, 0);
+  EXPECT_EQ(Found(usage, "\\[(.*?)\\]"), Options());
+}
+
+TEST_F(Documents, TheManualPageHasAllOptionsAndItsExamplesRun) {
+  folder.Put("ModemLog.txt", folder.Content("share/samples/ModemLog.txt"));
+  folder.Put("QEL.reg", folder.Content("share/samples/QEL.reg"));
+  const std::string program = ".Dl qelreport ";
+  Texts synopsis, explained;
+  int examples = 0;
+  for (const auto& line : Lines(folder.Content("share/man/qelreport.1"))) {
+    if (line.starts_with(".Op ")) synopsis.push_back(OptionOfManual(line.substr(4)));
+    if (line.starts_with(".It Fl ")) explained.push_back(OptionOfManual(line.substr(4)));
+    if (!line.starts_with(program)) continue;
+    ++examples;
+    const Result run = Run(line.substr(program.size()));
+    EXPECT_EQ(run.status, 0) << line << run.err;
+  }
+  EXPECT_GT(examples, 0);
+  EXPECT_EQ(synopsis, Options());
+  EXPECT_EQ(explained, Options());
+}
+
+TEST_F(Documents, BashCompletesOptionsAndTheirValues) {
+  EXPECT_EQ(Completed("--"), Names());
+  EXPECT_EQ(Completed("--report details --f"), (Texts{"--from", "--format"}));
+  EXPECT_EQ(Completed("--log = l"), Texts{"log"});
+  for (const auto& option : Options()) {
+    const Texts words = Words(option);
+    const std::string value = words.size() > 1 ? words[1] : "";
+    Texts expected;
+    if (value.empty()) expected = Names();
+    if (value == "FILE") expected = {"complete", "err", "home", "log", "out", "share", "source", "week.reg"};
+    if (value == "FILE.reg") expected = {"home", "share", "source", "week.reg"};
+    if (value.find('|') != std::string::npos) expected = Found(value, "([^|]+)");
+    Texts proposed = Completed(words[0] + " ''");
+    if (value.starts_with("FILE")) std::sort(proposed.begin(), proposed.end());
+    EXPECT_EQ(proposed, expected) << option;
+  }
+}
+
+TEST_F(Documents, OtherShellsKnowTheSameOptionsAndValues) {
+  const std::string zsh = folder.Content("share/completions/qelreport.zsh"),
+                    fish = folder.Content("share/completions/qelreport.fish");
+  EXPECT_EQ(Found(zsh, "'(--\\w+)"), Names());
+  Texts names;
+  for (const auto& name : Found(fish, "-l (\\w+)")) names.push_back("--" + name);
+  EXPECT_EQ(names, Names());
+  for (const auto& values : Found(UsageText(), " (\\w+\\|[\\w|]+)")) {
+    const std::string listed = std::regex_replace(values, std::regex("\\|"), " ");
+    EXPECT_NE(zsh.find("(" + listed + ")"), std::string::npos) << values;
+    EXPECT_NE(fish.find("'" + listed + "'"), std::string::npos) << values;
+  }
+}
+
+}  // namespace qel
