@@ -87,6 +87,7 @@ class OptionsJourney : public ProgramTest {
 
 TEST_F(OptionsJourney, AServiceIsFoundDescribedPricedAndKept) {
   folder.Put("ModemLog.txt", ReadWholeFile(QEL_SOURCE_DIR "/share/samples/ModemLog.txt"));
+  folder.Put("registry.reg", "REGEDIT4\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\General]\n\"Tips\"=\"False\"\n");
   Start();
   InTheOptions([this] {
     SelectTab("frmSetup", 2);
