@@ -11,12 +11,23 @@ std::vector<Form*> LoadedForms;
 Form* ActiveForm = nullptr;
 std::function<void(Form&)> AttachFace;
 
+namespace {
+
+Form* lastAtWork = nullptr;  // the last form in front that does not stand aside
+
+}  // namespace
+
 Form::Form(std::string name) : name(std::move(name)) {}
 
 Form::~Form() {
   Face.reset();
   std::erase(LoadedForms, this);
-  if (ActiveForm == this) ActiveForm = nullptr;
+  LeaveFront();
+}
+
+void Form::LeaveFront() {
+  if (lastAtWork == this) lastAtWork = nullptr;
+  if (ActiveForm == this) ActiveForm = StandsAside ? lastAtWork : nullptr;
 }
 
 void Form::Load() {
@@ -46,7 +57,7 @@ void Form::ShowModal() {
 }
 
 void Form::Hide() {
-  if (ActiveForm == this) ActiveForm = nullptr;
+  LeaveFront();
   if (std::exchange(visible, false)) ShowChange();
 }
 
@@ -64,9 +75,11 @@ bool Form::Unload() {
 
 void Form::Activate() {
   if (!visible || ActiveForm == this) return;
+  const bool comesBack = ActiveForm && ActiveForm->StandsAside && lastAtWork == this;
   ActiveForm = this;
+  if (!StandsAside) lastAtWork = this;
   ShowChange();
-  Form_Activate();
+  if (!comesBack) Form_Activate();
 }
 
 Control* Form::Find(std::string_view controlName, int index) const {

@@ -30,6 +30,9 @@ class Form {
   Property<int> Width{Resized()}, Height{Resized()};  // twips
   Property<qel::WindowState> WindowState{Resized()};
   int HelpContextID = 0;
+  // Stands beside the program's work, as its help does: coming back from it to the window that was left for
+  // it is no coming to the front.
+  bool StandsAside = false;
 
   bool IsLoaded() const { return loaded; }
   bool WasUnloaded() const { return unloaded; }
@@ -78,6 +81,7 @@ class Form {
   friend class Control;
   void Join(Control& control) { controls.push_back(&control); }
   void Leave(Control& control);
+  void LeaveFront();
   void ShowChange() const {
     if (ViewChanged) ViewChanged();
   }

@@ -54,4 +54,8 @@ bool MaskedEdit::Fits(const std::string& text) const {
   return true;
 }
 
+void Document::UserLink(const std::string& target) {
+  if (Usable()) LinkClick(target);
+}
+
 }  // namespace qel

@@ -80,4 +80,17 @@ class RichTextBox : public TextBox {
   Property<Emphasis> Emphasised{Shown()};
 };
 
+// A page to read, with links.
+class Document : public Control {
+ public:
+  using Control::Control;
+
+  // Paragraphs, headings, lists, tables and <a href="..."> links. Another page is shown from its top.
+  Property<std::string> Html{Shown()};
+
+  Event<const std::string&> LinkClick;  // what the link names
+  // The user follows a link.
+  void UserLink(const std::string& target);
+};
+
 }  // namespace qel

@@ -15,6 +15,7 @@
 #include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
 #include "desktop/QtValues.h"
+#include "ui/frmHelp.h"
 
 namespace qel {
 
@@ -69,6 +70,16 @@ void KeepLines(QMessageBox& box) {
   label->setMinimumWidth(std::min(wanted, box.screen()->availableSize().width() * 3 / 4));
 }
 
+// The box stays while the help is read.
+void AddHelpButton(QMessageBox& box, int context) {
+  if (context == 0) return;
+  QPushButton* const help = box.addButton("Help", QMessageBox::HelpRole);
+  help->setShortcut(Qt::Key_F1);
+  help->disconnect();  // from what would close the box
+  QObject::connect(help, &QPushButton::clicked, &box,
+                   [context] { Dispatch([context] { ShowHelp(context); }); });
+}
+
 std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialogue) {
   if (!wanted.Folder.empty()) dialogue.setDirectory(QFile::decodeName(wanted.Folder.c_str()));
   if (!wanted.FileName.empty()) dialogue.selectFile(QFile::decodeName(wanted.FileName.c_str()));
@@ -81,8 +92,9 @@ std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialog
 }  // namespace
 
 void GiveOwner(QWidget& window) {
+  const QWidget* owner = QApplication::activeModalWidget();
   // The user may be in another program just now.
-  const QWidget* owner = QApplication::activeWindow();
+  if (!owner) owner = QApplication::activeWindow();
   for (const Form* form : LoadedForms)
     if (const FormFace* face = FaceOf(*form); !owner && face && face->Window().isVisible())
       owner = &face->Window();
@@ -93,6 +105,12 @@ void GiveOwner(QWidget& window) {
 void MakeModal(QWidget& window) {
   window.setWindowModality(Qt::ApplicationModal);
   GiveOwner(window);
+}
+
+bool IsKeptFrom(const QWidget& window) {
+  const QWidget* modal = QApplication::activeModalWidget();
+  return modal && modal != &window && window.windowHandle() &&
+         !modal->windowHandle()->isAncestorOf(window.windowHandle(), QWindow::IncludeTransients);
 }
 
 int RunDialogue(QDialog& dialogue) {
@@ -112,6 +130,7 @@ Answer ShowMessageBox(const Message& message) {
     answers.emplace_back(button, row.answer);
     if (static_cast<int>(answers.size()) == message.DefaultButton) box.setDefaultButton(button);
   }
+  AddHelpButton(box, message.HelpContext);
   RunDialogue(box);
   for (const auto& [button, answer] : answers)
     if (button == box.clickedButton()) return answer;

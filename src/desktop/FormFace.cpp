@@ -1,6 +1,7 @@
 #include "desktop/FormFace.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QLabel>
 #include <QLayout>
@@ -191,7 +192,7 @@ void FormFace::PushVisible() {
   if (window->isHidden()) {
     if (form->IsModal())
       MakeModal(*window);
-    else if (qobject_cast<QDialog*>(window.get()))
+    else if (qobject_cast<QDialog*>(window.get()) || QApplication::activeModalWidget())
       GiveOwner(*window);
     FollowFocus();
     window->show();
@@ -205,6 +206,11 @@ void FormFace::ComeToTheFront() {
   if (ActiveForm != form || std::exchange(isInFront, true)) return;
   for (Form* other : LoadedForms)
     if (FormFace* face = FaceOf(*other); face && face != this) face->isInFront = false;
+  if (IsKeptFrom(*window)) {
+    window->hide();
+    GiveOwner(*window);
+    window->show();
+  }
   if (window->isActiveWindow()) return;
   window->raise();
   window->activateWindow();

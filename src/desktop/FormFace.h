@@ -88,6 +88,7 @@ class FormFace : public QObject {
   bool TakePress(QWidget& widget);
   void TakeFocus(QWidget& widget, Qt::FocusReason reason);
   bool TakeKey(QWidget& widget, const QKeyEvent& event);
+  bool TakeHelpKey(const KeyPress& press);
   bool TakeEnterOrEscape(const KeyPress& press);
   void TakeMouseMove(QWidget& widget, const QPoint& at);
   // Brings the focuses together once the present event is over.

@@ -9,12 +9,14 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
+#include <QTextBrowser>
 #include <QTimer>
 #include <QVariant>
 
 #include "desktop/ControlFace.h"
 #include "desktop/FormFace.h"
 #include "desktop/QtValues.h"
+#include "ui/frmHelp.h"
 
 namespace qel {
 
@@ -29,6 +31,11 @@ bool MovesInsideTheWindow(Qt::FocusReason reason) {
 // A wheel that only passes over a list or a strip of tabs must not choose there.
 bool ChoosesByWheel(const QWidget& widget) {
   return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QTabBar*>(&widget);
+}
+
+// Text areas break the line, and pages follow the link that was reached by the tab key.
+bool TakesEnter(const QWidget* widget) {
+  return qobject_cast<const QPlainTextEdit*>(widget) || qobject_cast<const QTextBrowser*>(widget);
 }
 
 }  // namespace
@@ -160,7 +167,13 @@ bool FormFace::TakeKey(QWidget& widget, const QKeyEvent& event) {
     Control* const active = model.ActiveControl();
     if (!press.Handled && active) active->UserKey(press);
   });
-  return !form || press.Handled || TakeEnterOrEscape(press);
+  return !form || press.Handled || TakeHelpKey(press) || TakeEnterOrEscape(press);
+}
+
+bool FormFace::TakeHelpKey(const KeyPress& press) {
+  if (press.key != Key::F1) return false;
+  Tell([&model = *form] { ShowHelpOn(model); });
+  return true;
 }
 
 // Enter clicks the button that has the focus, or the window's default button, in every kind of window; Escape
@@ -172,7 +185,7 @@ bool FormFace::TakeEnterOrEscape(const KeyPress& press) {
     return !form || qobject_cast<QDialog*>(window.get());
   }
   QWidget* const focused = window->focusWidget();
-  if (press.key != Key::Enter || qobject_cast<QPlainTextEdit*>(focused)) return false;
+  if (press.key != Key::Enter || TakesEnter(focused)) return false;
   auto* button = qobject_cast<QPushButton*>(focused);
   if (!button)
     for (auto* other : window->findChildren<QPushButton*>())

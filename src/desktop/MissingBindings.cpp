@@ -17,6 +17,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTextBrowser>
 #include <QToolBar>
 #include <algorithm>
 #include <set>
@@ -54,7 +55,8 @@ bool IsOneOf(const QWidget& widget) {
 bool NeedsControl(const QWidget& widget) {
   if (IsOneOf<QMenu, QMenuBar>(widget)) return false;
   if (IsOneOf<QAbstractButton, QLineEdit, QPlainTextEdit, QComboBox, QAbstractItemView, QCalendarWidget,
-              QProgressBar, QStatusBar, QTabBar, QTabWidget, QToolBar, PictureWidget, UpDownButton>(widget))
+              QProgressBar, QStatusBar, QTabBar, QTabWidget, QTextBrowser, QToolBar, PictureWidget,
+              UpDownButton>(widget))
     return true;
   return widget.inherits("QFrame") && !IsDecoration(widget);  // QLabel is a QFrame
 }

@@ -1,4 +1,4 @@
-// Labels and fields of one line, masked ones among them.
+// Labels and fields of one line, masked ones among them; the faces of all controls that show or take text.
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -11,6 +11,7 @@
 
 #include "controls/TextControls.h"
 #include "desktop/ControlFace.h"
+#include "desktop/DocumentFace.h"
 #include "desktop/QtValues.h"
 #include "desktop/TextAreaFace.h"
 
@@ -212,6 +213,7 @@ class MaskedFace : public LineFace {
 std::unique_ptr<ControlFace> FaceOfText(FormFace& form, Control& control) {
   if (dynamic_cast<Label*>(&control)) return FaceOf<LabelFace, Label, QLabel>(form, control);
   if (dynamic_cast<MaskedEdit*>(&control)) return FaceOf<MaskedFace, MaskedEdit, QLineEdit>(form, control);
+  if (dynamic_cast<Document*>(&control)) return FaceOf<DocumentFace, Document, QTextBrowser>(form, control);
   if (auto area = FaceOf<TextAreaFace, TextBox, QPlainTextEdit>(form, control)) return area;
   return FaceOf<LineFace, TextBox, QLineEdit>(form, control);
 }

@@ -6,6 +6,7 @@
 #include "desktop/forms/ui_frmAbout.h"
 #include "desktop/forms/ui_frmFileRepair.h"
 #include "desktop/forms/ui_frmFind.h"
+#include "desktop/forms/ui_frmHelp.h"
 #include "desktop/forms/ui_frmMain.h"
 #include "desktop/forms/ui_frmPreConfigure.h"
 #include "desktop/forms/ui_frmPurge.h"
@@ -28,6 +29,7 @@ std::vector<WindowDesign> ProgramWindows() {
       {"frmAbout", MakeWindow<QDialog, Ui::frmAbout>},
       {"frmFileRepair", MakeWindow<QDialog, Ui::frmFileRepair>},
       {"frmFind", MakeWindow<QDialog, Ui::frmFind>},
+      {"frmHelp", MakeWindow<QWidget, Ui::frmHelp>},
       {"frmMain", MakeWindow<QMainWindow, Ui::frmMain>},
       {"frmPreConfigure", MakeWindow<QDialog, Ui::frmPreConfigure>},
       {"frmPurge", MakeWindow<QDialog, Ui::frmPurge>},

@@ -13,6 +13,7 @@
 #include "settings/Settings.h"
 #include "settings/SettingsFile.h"
 #include "ui/frmAbout.h"
+#include "ui/frmHelp.h"
 #include "ui/frmMain.h"
 #include "ui/frmReport.h"
 #include "ui/frmSetup.h"
@@ -83,6 +84,10 @@ void frmMain::WireCommands() {
   for (std::size_t i = 0; i < mnuRecent.size(); ++i) mnuRecent[i].Click = [this, i] { mnuRecent_Click(i); };
   mnuClrLst.Click = [this] { mnuClrLst_Click(); };
   mnuExit.Click = [] { LeaveProgram(); };
+  mnuTopics.Click = ShowHelpContents;
+  mnuReadme.Click = [this] { mnuReadme_Click(); };
+  mnsSearchHelp.Click = ShowHelpSearch;
+  mnuHowToHelp.Click = ShowHelpOnHelp;
   mnuAbout.Click = [this] { mnuAbout_Click(); };
   btnExit.Click = [] { LeaveProgram(); };
   btnExit.GotFocus = [this] { SetStatus(3); };
@@ -204,6 +209,11 @@ void frmMain::mnuExport_Click() {
   SetTrace("frmMain", "ExportOptions");
   const auto path = CurrentHost().AskSaveFile({RegistryFilter, AppPath, "QEL.reg"});
   if (path && Attempt([&path] { ReplaceFile(*path, ExportedOptions()); })) TellExported(*path);
+}
+
+void frmMain::mnuReadme_Click() {
+  SetTrace("frmMain", "mnuReadme_Click");
+  Attempt([] { CurrentHost().OpenDocument(AppPath + PathSeparator + "readme.htm"); });
 }
 
 void frmMain::mnuAbout_Click() { AboutForm->ShowModal(); }

@@ -9,6 +9,7 @@
 #include "platform/Host.h"
 #include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
+#include "ui/HelpContexts.h"
 
 namespace qel {
 
@@ -39,6 +40,7 @@ std::string InformationTool() {
 }  // namespace
 
 frmAbout::frmAbout() : Form("frmAbout") {
+  HelpContextID = HelpAbout;
   cmdOK.Click = [this] { Unload(); };
   cmdSysInfo.Click = [this] { StartSysInfo(); };
   lblWWW.Click = [] { Attempt([] { CurrentHost().OpenDocument(WebAddress); }); };

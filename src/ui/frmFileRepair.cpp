@@ -6,12 +6,14 @@
 #include "core/ProgramState.h"
 #include "maintenance/Repair.h"
 #include "platform/Host.h"
+#include "ui/HelpContexts.h"
 
 namespace qel {
 
 TheForm<frmFileRepair> FileRepairForm;
 
 frmFileRepair::frmFileRepair() : Form("frmFileRepair") {
+  HelpContextID = HelpRepair;
   btnOK.Click = [this] { Unload(); };
 }
 

@@ -6,6 +6,7 @@
 #include "core/Version.h"
 #include "platform/CodePage.h"
 #include "platform/Host.h"
+#include "ui/HelpContexts.h"
 #include "ui/frmViewLog.h"
 
 namespace qel {
@@ -41,6 +42,7 @@ void ResetFind() {
 }
 
 frmFind::frmFind() : Form("frmFind") {
+  HelpContextID = HelpFind;
   Text1.Change = [this] {
     FindFirstTime = true;
     cmdFind.Enabled = !Text1.Text().empty();

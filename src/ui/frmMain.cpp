@@ -10,7 +10,7 @@
 #include "platform/Clock.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
-#include "ui/CommandsToCome.h"
+#include "ui/HelpContexts.h"
 #include "ui/frmReport.h"
 #include "ui/frmTip.h"
 #include "ui/frmViewLog.h"
@@ -20,6 +20,7 @@ namespace qel {
 TheForm<frmMain> MainForm;
 
 frmMain::frmMain() : Form("frmMain") {
+  HelpContextID = HelpMainWindow;
   Calendar1.Value = Today();
   imgEndArrow.Visible = false;
   ProgressBar1.Visible = false;
@@ -77,7 +78,6 @@ void frmMain::EnableByLog() {
   // Only the default log is ever cleared.
   mnuClearLog.Enabled = !ArchiveOpen;
   if (ArchiveOpen) ToolbarMain.Button(7).Enabled = false;
-  WithholdCommandsToCome(*this);
 }
 
 // A folder that cannot be searched by now is no failure of whoever loads the window.
@@ -90,7 +90,6 @@ bool frmMain::DefaultLogIsThere() const {
 void frmMain::EnableRepair() {
   mnuRepairLog.Enabled = true;
   ToolbarMain.Button(9).Enabled = true;
-  WithholdCommandsToCome(*this);
 }
 
 void frmMain::TellCorrupt() {
@@ -149,7 +148,7 @@ void frmMain::OfferTip() {
 }
 
 bool frmMain::Form_Unload() {
-  for (const char* name : {"frmSplash", "frmReport", "frmAbout", "frmViewLog"})
+  for (const char* name : {"frmSplash", "frmReport", "frmAbout", "frmHelp", "frmViewLog"})
     if (Form* form = LoadedForm(name); form && !form->Unload()) return false;
   SaveMainWinSettings();
   return true;

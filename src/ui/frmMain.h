@@ -163,6 +163,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   void mnuExport_Click();
   void mnuRecent_Click(std::size_t index);
   void mnuClrLst_Click();
+  void mnuReadme_Click();
   void mnuAbout_Click();
   void AddRecentFile(const std::string& name, const std::string& path, const std::string& type);
   void SaveRecentFiles();

@@ -6,6 +6,7 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/DateConversion.h"
 #include "platform/Host.h"
+#include "ui/HelpContexts.h"
 
 namespace qel {
 
@@ -13,6 +14,7 @@ bool LogChanged = false;
 TheForm<frmPurge> PurgeForm;
 
 frmPurge::frmPurge() : Form("frmPurge") {
+  HelpContextID = HelpPurge;
   for (std::size_t i = 0; i < optPurge.size(); ++i)
     optPurge[i].Click = [this, i] { optPurge_Click(static_cast<int>(i) + 1); };
   for (Field& field : fields) field.Input.Change = [this, &field] { Field_Change(field); };

@@ -13,6 +13,7 @@
 #include "platform/FormatMask.h"
 #include "platform/Host.h"
 #include "settings/SettingField.h"
+#include "ui/HelpContexts.h"
 
 namespace qel {
 
@@ -28,6 +29,7 @@ std::string CaptionOf(const std::string& file) { return "QEL Report - (" + PathT
 }  // namespace
 
 frmReport::frmReport() : Form("frmReport") {
+  HelpContextID = HelpReportWindow;
   ListView1.Font = {"Arial", 9};
   ReportTextBox.Font = {"Courier New", 10};
   ReportTextBox.Locked = true;

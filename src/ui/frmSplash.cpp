@@ -4,6 +4,7 @@
 
 #include "core/Version.h"
 #include "platform/Host.h"
+#include "ui/HelpContexts.h"
 #include "ui/frmMain.h"
 
 namespace qel {
@@ -11,6 +12,7 @@ namespace qel {
 TheForm<frmSplash> SplashForm;
 
 frmSplash::frmSplash() : Form("frmSplash") {
+  HelpContextID = HelpAbout;
   SplashTimer1.Enabled = false;
   SplashTimer1.Elapsed = [this] { SplashLabel1.Visible = !SplashLabel1.Visible; };
   KeyDown = [this](KeyPress&) { EndPause(); };

@@ -12,6 +12,7 @@
 #include "platform/Host.h"
 #include "platform/TextConversion.h"
 #include "settings/Settings.h"
+#include "ui/HelpContexts.h"
 #include "ui/frmFind.h"
 #include "ui/frmMain.h"
 
@@ -34,6 +35,7 @@ constexpr char ArchiveFilter[] = "Qelmark Modem Log Archive (*.qel)|*.qel";
 }  // namespace
 
 frmViewLog::frmViewLog() : Form("frmViewLog") {
+  HelpContextID = HelpLogViewer;
   StatusBar1.SetPanelCount(4);
   mnuSave.Click = [this] { mnuSave_Click(); };
   mnuSaveArchive.Click = [this] { mnuSaveArchive_Click(); };

@@ -21,13 +21,14 @@ TEST_F(ProgramTest, EveryWindowBindsCompletely) {
   PreConfigureForm->Load();
   ViewLogForm->Load();
   FindForm->Load();
+  HelpForm->Load();
   NewService = NewTariff = true;
   SetupForm->Load();
   ServiceForm->Load();
   TariffForm->Load();
   for (const Form* form : LoadedForms)
     for (const auto& fault : MissingBindings(*form)) ADD_FAILURE() << form->Name() << ": " << fault;
-  EXPECT_EQ(LoadedForms.size(), 13u);
+  EXPECT_EQ(LoadedForms.size(), 14u);
 }
 
 TEST_F(ProgramTest, ItComesUpInEveryStateOfTheLog) {

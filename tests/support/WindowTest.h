@@ -6,6 +6,7 @@
 #include "ui/frmAbout.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmFind.h"
+#include "ui/frmHelp.h"
 #include "ui/frmMain.h"
 #include "ui/frmPreConfigure.h"
 #include "ui/frmPurge.h"
@@ -24,6 +25,7 @@ class WindowTest : public FreshProgram {
  protected:
   WindowTest() {
     AppPath = folder.Path();
+    HelpFile = folder.Path("QEL.HLP");
     ResetModems();
     TipShown = true;  // no test but its own has to close it
     setenv("QEL_HOME", folder.Path().c_str(), 1);
@@ -45,6 +47,7 @@ class WindowTest : public FreshProgram {
     FileRepairForm.Reset();
     PurgeForm.Reset();
     FindForm.Reset();
+    HelpForm.Reset();
     ViewLogForm.Reset();
     ViewerOpen = false;
     ReportForm.Reset();
