@@ -1,14 +1,17 @@
-// The topics of the help that the program itself asks for, by their numbers in the help file. The tabs of the
-// options window, which have numbers of their own, are told in its file.
+// The topics of the help that the windows ask for, by their numbers in the help file. Those of the options
+// window's tabs stand with the tabs.
 #pragma once
 
 namespace qel {
 
 enum HelpContext {
-  HelpModemLog = 6,  // how to have the system write a log
+  HelpModemWizard = 7,
+  HelpTips = 8,
   HelpAbout = 9,
   HelpMainWindow = 10,
   HelpReportWindow = 20,
+  HelpService = 60,  // the first tab; the others follow
+  HelpTariff = 64,
   HelpLogViewer = 80,
   HelpFind = 81,
   HelpRepair = 82,

@@ -2,6 +2,7 @@
 
 #include "core/ProgramState.h"
 #include "settings/Settings.h"
+#include "ui/HelpContexts.h"
 #include "wizard/QELPreConfigure.h"
 
 namespace qel {
@@ -18,6 +19,7 @@ void ShowState(bool on, Label& word, Picture& picture) {
 }  // namespace
 
 frmPreConfigure::frmPreConfigure() : Form("frmPreConfigure") {
+  HelpContextID = HelpModemWizard;
   Timer1.Enabled = false;
   Timer1.Elapsed = [this] { Timer1_Timer(); };
   btnNext.Click = [this] { btnNext_Click(); };

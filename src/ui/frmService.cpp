@@ -9,6 +9,7 @@
 #include "platform/Files.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
+#include "ui/HelpContexts.h"
 #include "ui/QuarterHours.h"
 #include "ui/TabPages.h"
 
@@ -94,6 +95,7 @@ void frmService::FillComboBoxes() {
 void frmService::TabStrip1_Click() {
   SetTrace("frmService", "TabStrip1_Click");
   ShowSelectedPage(TabStrip1, fraService);
+  HelpContextID = HelpService + TabStrip1.SelectedTab() - 1;
   switch (TabStrip1.SelectedTab()) {
     case 1:
       txtDescription.SetFocus();

@@ -8,6 +8,7 @@
 #include "platform/FormatMask.h"
 #include "platform/Host.h"
 #include "platform/TextConversion.h"
+#include "ui/HelpContexts.h"
 #include "ui/QuarterHours.h"
 #include "ui/frmService.h"
 
@@ -37,6 +38,7 @@ void EnableGroup(bool enabled, std::initializer_list<TextBox*> fields, std::init
 }  // namespace
 
 frmTariff::frmTariff() : Form("frmTariff") {
+  HelpContextID = HelpTariff;
   ConnectFields();
   ConnectLists();
   btnOK.Click = [this] { btnOK_Click(); };

@@ -7,6 +7,8 @@
 #include "platform/Host.h"
 #include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
+#include "ui/HelpContexts.h"
+#include "ui/frmHelp.h"
 
 namespace qel {
 
@@ -25,15 +27,16 @@ std::string NoTips() {
 }  // namespace
 
 frmTip::frmTip() : Form("frmTip") {
+  HelpContextID = HelpTips;
   cmdOK.Click = [this] { Unload(); };
   cmdNextTip.Click = [this] { ShowNextTip(); };
   btnPrevious.Click = [this] { ShowPreviousTip(); };
+  Command1.Click = ShowHelpContents;
   btnReadme.Click = [this] { btnReadme_Click(); };
 }
 
 void frmTip::Form_Load() {
   SetTrace("frmTip", "Form_Load");
-  Command1.Enabled = false;  // the help is still to come
   chkLoadTipsAtStartup.Value = true;
   // Only now: the tick that it begins with is nobody's click.
   chkLoadTipsAtStartup.Click = [this] { chkLoadTipsAtStartup_Click(); };

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-#include "platform/CodePage.h"
+#include "modemlog/LogMessages.h"
 #include "support/WindowTest.h"
 #include "ui/HelpContexts.h"
 #include "ui/HelpTopics.h"
@@ -47,6 +47,8 @@ TEST_F(HelpTest, TopicsAreReachedByTheContentsByLinksAndBackAgain) {
   HelpForm->btnBack.UserClick();
   EXPECT_EQ(Shown(), "<h2>Blocks");
   EXPECT_FALSE(HelpForm->btnBack.Enabled);
+  MainForm->mnuReadme.UserClick();
+  EXPECT_TRUE(host.Showed("document: " + folder.Path("readme.htm")));
 }
 
 TEST_F(HelpTest, ASearchListsTheTopicsThatHoldAllWordsTheBestTitlesFirst) {
@@ -109,11 +111,6 @@ TEST_F(HelpTest, TheActiveControlsTopicComesBeforeTheWindows) {
   EXPECT_EQ(Shown(), "<h2>Costs<");
 }
 
-TEST_F(HelpTest, TheReadmeIsOpenedWithTheSystemsViewer) {
-  MainForm->mnuReadme.Click();
-  EXPECT_TRUE(host.Showed("document: " + folder.Path("readme.htm")));
-}
-
 // The help, the tips and the page that come with the program.
 
 TEST(SharedHelp, EveryTopicHasItsOwnNumberAndEveryLinkLeadsSomewhere) {
@@ -133,17 +130,25 @@ TEST(SharedHelp, EveryTopicHasItsOwnNumberAndEveryLinkLeadsSomewhere) {
 
 TEST_F(HelpTest, WhateverTheProgramAsksForIsThere) {
   const auto topics = ReadHelpTopics(Share + "QEL.HLP");
-  std::vector<int> asked = {HelpModemLog, HelpUsingHelp};
-  for (const Form* form :
-       std::initializer_list<const Form*>{&*AboutForm, &*FileRepairForm, &*FindForm, &*HelpForm, &*MainForm,
-                                          &*PurgeForm, &*ReportForm, &*SplashForm, &*ViewLogForm})
-    asked.push_back(form->HelpContextID);
-  SetupForm->Show();
-  for (int tab = 1; tab <= 8; ++tab) {
-    SetupForm->TabStrip1.UserSelectTab(tab);
-    asked.push_back(SetupForm->HelpContextID);
-  }
-  EXPECT_EQ(std::set<int>(asked.begin(), asked.end()).size(), 17u);
+  Show("");
+  LogExists = false;
+  ShowLogMissing();
+  std::set<int> asked = {host.messages.back().HelpContext};
+  for (const Form* form : std::initializer_list<const Form*>{
+           &*AboutForm, &*FileRepairForm, &*FindForm, &*HelpForm, &*MainForm, &*PreConfigureForm, &*PurgeForm,
+           &*ReportForm, &*SplashForm, &*TariffForm, &*TipForm, &*ViewLogForm})
+    asked.insert(form->HelpContextID);
+  const auto visit = [&asked](Form& form, TabStrip& tabs, int count) {
+    form.Show();
+    for (int tab = 1; tab <= count; ++tab) {
+      tabs.UserSelectTab(tab);
+      asked.insert(form.HelpContextID);
+    }
+  };
+  visit(*SetupForm, SetupForm->TabStrip1, 8);
+  NewService = true;
+  visit(*ServiceForm, ServiceForm->TabStrip1, 4);
+  EXPECT_EQ(asked.size(), 24u) << "windows with a topic of their own; the splash has that of About";
   for (const int number : asked) EXPECT_NE(FindHelpTopic(topics, number), nullptr) << number;
 }
 
