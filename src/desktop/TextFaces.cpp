@@ -28,12 +28,14 @@ void FitToDigits(QLineEdit& line) {
     line.setFixedWidth(line.fontMetrics().horizontalAdvance(QString(digits + FrameAndCursor, u'0')));
 }
 
-// A label that has a buddy may have an access key, which leads there.
+// A label that has a buddy may have an access key, which leads there. One with the property "room" has place
+// for so many digits side by side and so many lines, in every font, and grows with a text of more lines.
 class LabelFace : public ClickableFace {
  public:
   LabelFace(FormFace& form, Label& model, QLabel& label)
       : ClickableFace(form, model, &label), model(model), label(label) {
     label.setTextFormat(Qt::PlainText);
+    MakeRoom();
   }
 
  private:
@@ -45,7 +47,16 @@ class LabelFace : public ClickableFace {
     ControlFace::Push();
     QString text = LinesToQt(model.Caption());
     if (label.buddy()) text = WithAccessKey(text, label.property("accessKey").toString());
-    if (label.text() != text) label.setText(text);
+    if (label.text() == text) return;
+    label.setText(text);
+    MakeRoom();
+  }
+  void MakeRoom() {
+    const QSize room = label.property("room").toSize();
+    if (room.isEmpty()) return;
+    const QFontMetrics font = label.fontMetrics();
+    const int width = room.width() * font.horizontalAdvance(u'0');
+    label.setMinimumSize(width, std::max(room.height() * font.lineSpacing(), label.heightForWidth(width)));
   }
   Label& model;
   QLabel& label;

@@ -24,6 +24,9 @@ frmPreConfigure::frmPreConfigure() : Form("frmPreConfigure") {
   Timer1.Elapsed = [this] { Timer1_Timer(); };
   btnNext.Click = [this] { btnNext_Click(); };
   btnCancel.Click = [this] { btnCancel_Click(); };
+  Image1.Frame = 1;
+  Image2.Frame = 2;
+  Image3.Frame = 3;
 }
 
 void frmPreConfigure::Form_Load() {
@@ -35,8 +38,7 @@ void frmPreConfigure::Form_Load() {
       "Configuration Wizard.\n"
       "\n"
       "It will automatically detect the modems installed on your system and optionally configure them for "
-      "use "
-      "with QEL.\n"
+      "use with QEL.\n"
       "\n"
       "Click the 'Next' button and the wizard will take you through a step by step process to configure your "
       "dial-up networking system for QEL.";
@@ -78,8 +80,7 @@ void frmPreConfigure::CompareModem() {
 void frmPreConfigure::AskForChanges() {
   RichTextBox2.Caption =
       "The wizard needs to make some changes to your modem and dial-up networking settings in order for QEL "
-      "to "
-      "work as intended.\n"
+      "to work as intended.\n"
       "\n"
       "Click the 'Finish' button to have the wizard make these changes for you.\n"
       "\n";

@@ -116,17 +116,23 @@ TEST_F(ProgramTest, AFreshHomeIsGreetedByTheWizardAndATip) {
   folder.Put("registry.reg",
              "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\Class\\Modem\\0000]\n"
              "\"DriverDesc\"=\"Internal 33600 V.34\"\n\"AttachedTo\"=\"COM2\"\n\"UserInit\"=\"E1\"\n");
-  folder.Put("QelTips.txt", "The first tip.\nA double click on the animation hides it.\n");
-  const auto closeTip = [] {
+  std::string tip = "A double click on the animation";
+  for (int i = 0; i < 60; ++i) tip += " hides it, and";
+  folder.Put("QelTips.txt", "The first tip.\n" + tip + "\n");
+  const auto closeTip = [tip] {
     Click(Get<QPushButton>("frmTip", "cmdNextTip"));
     Keep("frmTip", "second tip");
-    EXPECT_EQ(Get<QLabel>("frmTip", "lblTipText").text(), "A double click on the animation hides it.");
+    const auto& shown = Get<QLabel>("frmTip", "lblTipText");
+    EXPECT_EQ(shown.text().toStdString(), tip);
+    EXPECT_GE(shown.height(), shown.heightForWidth(shown.width())) << "nothing is cut off";
     QTest::keyClick(WindowOf("frmTip").focusWidget(), Qt::Key_Escape);
     return true;
   };
   act = [this, closeTip] {
+    const QSize size = WindowOf("frmPreConfigure").size();
     for (const char* step : {"greeting", "choice", "comparison", "end"}) {
       Keep("frmPreConfigure", step);
+      EXPECT_EQ(WindowOf("frmPreConfigure").size(), size) << step;
       Click(Get<QPushButton>("frmPreConfigure", "btnNext"));
     }
     act = closeTip;
