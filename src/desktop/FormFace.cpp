@@ -1,7 +1,6 @@
 #include "desktop/FormFace.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QCoreApplication>
 #include <QLabel>
 #include <QLayout>
@@ -192,7 +191,7 @@ void FormFace::PushVisible() {
   if (window->isHidden()) {
     if (form->IsModal())
       MakeModal(*window);
-    else if (qobject_cast<QDialog*>(window.get()) || QApplication::activeModalWidget())
+    else if (qobject_cast<QDialog*>(window.get()))
       GiveOwner(*window);
     FollowFocus();
     window->show();
