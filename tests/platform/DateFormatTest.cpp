@@ -1,4 +1,6 @@
+#include "platform/DateConversion.h"
 #include "platform/FormatMask.h"
+#include "support/Cases.h"
 #include "support/Regions.h"
 
 namespace qel {
@@ -8,29 +10,8 @@ const Date Morning = DateSerial(1999, 2, 3) + TimeSerial(9, 5, 7);  // a Wednesd
 const Date Evening = DateSerial(2001, 11, 25) + TimeSerial(22, 45, 0);
 
 TEST_F(RegionTest, DatesFillTheirMask) {
-  const struct {
-    Date date;
-    const char *mask, *text;
-  } cases[] = {
-      {Morning, "mm-dd-yyyy", "02-03-1999"},
-      {Morning, "DDMMMYY", "03Feb99"},
-      {Evening, "ddd dddd", "Sun Sunday"},
-      {Morning, "am/pm h.mm.ss", "AM 9.05.07"},
-      {Morning, "h:mm d/m", "9:05 3/2"},
-      {Morning, "h d m", "9 3 2"},
-      {Morning, "mm:ss", "02:07"},
-      {Morning, "n s h", "5 7 9"},
-      {0, "hh AMPM", "12 AM"},
-      {0.5, "h AMPM", "12 PM"},
-      {Morning, "\\d\\\\d", "d\\3"},
-      {Evening, "h \\ampm", "22 a45p11"},
-      {Morning, "yyy", "99y"},
-      {Morning, "x\\", "x\\"},
-      {Morning, "", ""},
-      {Morning, "ddddd", "2/3/1999"},
-      {Morning, "ttttt", "9:05:07 AM"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(FormatDate(c.date, c.mask), c.text) << c.mask;
+  for (const auto& [date, mask, text] : Cases<3>("platform/DateMasks"))
+    EXPECT_EQ(FormatDate(TextToDate(date), mask), text) << mask;
 }
 
 TEST_F(RegionTest, NamedFormsFollowTheRegion) {

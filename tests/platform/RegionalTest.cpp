@@ -8,6 +8,7 @@
 #include "platform/Regional.h"
 #include "platform/RegistryStore.h"
 #include "platform/SystemLocale.h"
+#include "support/Cases.h"
 
 namespace qel {
 namespace {
@@ -127,16 +128,8 @@ TEST(PatternSeparator, StandsBetweenTwoPlacesOfADateOrATime) {
 }
 
 TEST(SystemLocale, FormatsOfStrftimeBecomePatterns) {
-  const struct {
-    const char *format, *pattern;
-  } cases[] = {
-      {"%m/%d/%Y", "MM/dd/yyyy"}, {"%d.%m.%y", "dd.MM.yy"},      {"%-d. %-m. %Y", "d. M. yyyy"},
-      {"%e %b %Y", "d MMM yyyy"}, {"%A %B", "dddd MMMM"},        {"%T", "HH:mm:ss"},
-      {"%r", "hh:mm:ss tt"},      {"%l:%M:%S %P", "h:mm:ss tt"}, {"%H:%M:%S %Z", "HH:mm:ss"},
-      {"%Hh%M", "HH'h'mm"},       {"%d de %B", "dd 'de' MMMM"},  {"%H o'clock", "HH 'o''clock'"},
-      {"%Ey-%Om", "yy-MM"},       {"%F%%", "yyyy-MM-dd%"},       {"'%d", "''''dd"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(PatternOfStrftime(c.format), c.pattern) << c.format;
+  for (const auto& [format, pattern] : Cases<2>("platform/TimeFormats"))
+    EXPECT_EQ(PatternOfStrftime(format), pattern) << format;
   EXPECT_EQ(PatternOfStrftime("%r", "%I.%M %p"), "hh.mm tt");
   for (const char* format : {"%j", "%", "%-", "%G"}) EXPECT_FALSE(PatternOfStrftime(format)) << format;
   EXPECT_FALSE(PatternOfStrftime("%r", "%r"));
