@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "core/Version.h"
 #include "settings/Registry_Functions.h"
 #include "support/WindowTest.h"

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "core/EndProgram.h"
 #include "core/Version.h"
 #include "platform/Disk.h"

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "platform/RegistryFile.h"
 #include "support/WindowTest.h"
 

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "support/WindowTest.h"
 #include "ui/TariffList.h"
 

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "platform/TextConversion.h"
+#include "settings/SettingsTables.h"
+#include "support/Cases.h"
 #include "support/WindowTest.h"
 
 namespace qel {
@@ -8,14 +8,17 @@ namespace {
 
 enum SetupTab { General = 1, Modem, ServicesTab, Costs, Format, Errors, HolidaysTab, Report };
 
-std::string TextOf(const SettingPlace& setting) {
-  if (const auto* text = std::get_if<std::string*>(&setting)) return **text;
-  return std::visit(
-      [](const auto* number) {
-        if constexpr (std::is_convertible_v<decltype(*number), double>) return NumberText(*number);
-        return std::string();
-      },
-      setting);
+// The live setting of this name as text.
+std::string ValueOf(const std::string& name) {
+  for (const auto settings : {GeneralSettings(), ModemSettings(), CostSettings()})
+    for (const Setting& setting : settings) {
+      if (setting.Name != name) continue;
+      if (const auto* text = std::get_if<std::string*>(&setting.Place)) return **text;
+      if (const auto* whole = std::get_if<Int16*>(&setting.Place)) return NumberText(**whole);
+      if (const auto* whole = std::get_if<Int32*>(&setting.Place)) return NumberText(**whole);
+      return NumberText(*std::get<double*>(setting.Place));
+    }
+  throw std::out_of_range(name);
 }
 
 class SetupWindowTest : public WindowTest {
@@ -35,51 +38,24 @@ class SetupWindowTest : public WindowTest {
     return *SetupForm;
   }
 
-  static TextBox& Field(const char* name) { return dynamic_cast<TextBox&>(*SetupForm->Find(name)); }
-  static void TypeAndLeave(const char* name, const std::string& text) {
+  static TextBox& Field(const std::string& name) { return dynamic_cast<TextBox&>(*SetupForm->Find(name)); }
+  static void TypeAndLeave(const std::string& name, const std::string& text) {
     Field(name).UserText(text);
     SetupForm->TabStrip1.SetFocus();
   }
 };
 
 TEST_F(SetupWindowTest, AFieldTakesItsTextOrSaysWhyNot) {
-  enum Outcome { Takes, PutsBack, Stays };
-  const struct {
-    int tab;
-    const char *field, *typed, *shown;
-    SettingPlace setting;
-    const char* value;
-    Outcome outcome;
-  } cases[] = {
-      {General, "txtMaxConnections", "1,500", "1,500", &MaxConnections, "1", Takes},
-      {General, "txtMaxConnections", "-3", "-3", &MaxConnections, "-3", Takes},
-      {General, "txtMaxConnectDays", "two", "2", &MaxConnectDays, "2", PutsBack},
-      {General, "txtMaxLogSize", "40000", "40000", &MaxLogSize, "40000", Takes},
-      {General, "txtMaxServices", "", "10", &MaxServices, "10", PutsBack},
-      {Modem, "TextOptDial", "send: atd", "SEND: ATD", &ModemDial, "SEND: ATD", Takes},
-      {Modem, "TextOptWrites", "", "", &ModemWrites, "", Takes},
-      {Costs, "txtDialCost", "0.12345", "0.1235", &DialCost, "0.12345", Takes},
-      {Costs, "txtCostPerHour", "($2)", "-2.00", &CostPerHour, "-2", Takes},
-      {Costs, "txtCostPerMeg", "free", "free", &CostPerMeg, "0", Stays},
-      {Costs, "txtCostPerMeg", "", "", &CostPerMeg, "0", Stays},
-      {Errors, "mskNoDisconDuration", "01:30:00", "01:30:00", &NoDisconDuration, "1860", Takes},
-      {Errors, "mskNoDisconDuration", "99:59:59", "99:59:59", &NoDisconDuration, "9539", Takes},
-      {Errors, "mskNoDisconDuration", "01:3_:00", "01:3_:00", &NoDisconDuration, "900", Stays},
-      {Errors, "mskNoDisconData", "1500", "1,500", &NoDisconData, "1500", Takes},
-      {Errors, "mskNoDisconData", "much", "0", &NoDisconData, "0", PutsBack},
-      {Report, "mskUserDate", "01/30/1999", "01/30/1999", &UserStartDate, "36190", Takes},
-      {Report, "mskUserDate", "01/3_/1999", "01/3_/1999", &UserStartDate, "36175", Stays},
-  };
   UserStartPref = "User Defined";
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.field) + " " + c.typed);
-    Open(c.tab);
-    TypeAndLeave(c.field, c.typed);
-    EXPECT_EQ(Field(c.field).Text(), c.shown);
-    EXPECT_EQ(TextOf(c.setting), c.value);
-    EXPECT_EQ(host.Showed("beep"), c.outcome != Takes);
-    EXPECT_EQ(Field(c.field).Refusal().empty(), c.outcome == Takes);
-    EXPECT_EQ(Field(c.field).HasFocus(), c.outcome == Stays);
+  for (const auto& [tab, field, typed, shown, setting, value, outcome] : Cases<7>("ui/SetupFields")) {
+    SCOPED_TRACE(field + " " + typed);
+    Open(std::stoi(tab));
+    TypeAndLeave(field, typed);
+    EXPECT_EQ(Field(field).Text(), shown);
+    EXPECT_EQ(ValueOf(setting), value);
+    EXPECT_EQ(host.Showed("beep"), outcome != "taken");
+    EXPECT_EQ(Field(field).Refusal().empty(), outcome == "taken");
+    EXPECT_EQ(Field(field).HasFocus(), outcome == "kept");
     SetupForm->btnCancel.UserClick();
     EXPECT_FALSE(SetupForm.IsLoaded()) << "whatever the field holds";
     NoDisconData = CostPerMeg = 0;

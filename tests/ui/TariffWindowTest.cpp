@@ -1,6 +1,6 @@
 #include <algorithm>
-#include <gtest/gtest.h>
 
+#include "support/Cases.h"
 #include "support/Regions.h"
 #include "support/WindowTest.h"
 
@@ -70,41 +70,17 @@ TEST_F(TariffWindowTest, ANewTariffWaitsForACharge) {
 }
 
 TEST_F(TariffWindowTest, FieldsTakeTheirNumbersAndRefuseOthers) {
-  const struct {
-    const char *field, *unit, *typed;
-    bool refused, ok;
-    const char* left;
-    bool okThen;
-  } cases[] = {
-      {"DialRate", "Per Minute", "12.34567", false, true, "12.3457", true},
-      {"DialRate", "Per Minute", "x", true, false, "0.00", true},
-      {"DialRate", "Per Minute", ".", false, true, "0.00", true},
-      {"MinuteRate", "Per Minute", "0.03755", false, true, "0.0376", true},
-      {"MinuteRate", "Per Minute", "x", true, false, "0.00", false},
-      {"MinuteRate", "Per Minute", ".", false, false, "0.00", false},
-      {"AfterMins", "Per Minute", "999", false, true, "999", true},
-      {"AfterMins", "Per Minute", "1000", true, false, "1000", false},
-      {"AfterMins", "Per Minute", "1.5", false, true, "2", true},
-      {"AfterMins", "Per Second", "x", true, true, "x", true},
-      {"AfterSecs", "Per Minute", "60", false, true, "60", true},
-      {"AfterSecs", "Per Minute", "61", true, false, "61", false},
-      {"UnitMins", "Per Unit", "1", false, true, "1", true},
-      {"UnitMins", "Per Unit", "0", true, false, "0", false},
-      {"UnitMins", "Per Unit", "", false, false, "15", true},
-      {"UnitSecs", "Per Unit", "60", false, true, "60", true},
-      {"UnitSecs", "Per Unit", "61", true, false, "61", false},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.field) + " " + c.typed);
-    frmTariff& window = NewOne(c.unit);
+  for (const auto& [field, unit, typed, seen, left, then] : Cases<6>("ui/TariffFields")) {
+    SCOPED_TRACE(field + " " + typed);
+    frmTariff& window = NewOne("Per " + unit);
     host.transcript.clear();
-    Field(c.field).UserText(c.typed);
-    EXPECT_EQ(host.Showed("beep"), c.refused);
-    EXPECT_EQ(!Field(c.field).Refusal().empty(), c.refused);
-    EXPECT_EQ(window.btnOK.Enabled(), c.ok) << window.lblOKNotice.Caption();
+    Field(field).UserText(typed);
+    EXPECT_EQ(host.Showed("beep"), seen.starts_with("refused"));
+    EXPECT_EQ(!Field(field).Refusal().empty(), seen.starts_with("refused"));
+    EXPECT_EQ(window.btnOK.Enabled(), seen.ends_with("OK")) << window.lblOKNotice.Caption();
     LeaveField();
-    EXPECT_EQ(Field(c.field).Text(), c.left);
-    EXPECT_EQ(window.btnOK.Enabled(), c.okThen) << window.lblOKNotice.Caption();
+    EXPECT_EQ(Field(field).Text(), left);
+    EXPECT_EQ(window.btnOK.Enabled(), then == "OK") << window.lblOKNotice.Caption();
   }
 }
 
