@@ -20,14 +20,6 @@ class ServiceWindowTest : public WindowTest {
     host.transcript.clear();
     return *ServiceForm;
   }
-  frmService& Existing() {
-    ServiceForm.Reset();
-    NewService = false;
-    SetupForm->lstServices.SetRows({{"Provider", {}}});
-    SetupForm->lstServices.SelectRow(1);
-    ServiceForm->Show();
-    return *ServiceForm;
-  }
   static TextBox& Field(const std::string& name) {
     return dynamic_cast<TextBox&>(*ServiceForm->Find("txt" + name));
   }
@@ -49,13 +41,10 @@ TEST_F(ServiceWindowTest, ANewServiceWaitsForItsNumber) {
   EXPECT_EQ(window.txtDescription.SelText(), "New Service") << "typing replaces it";
   window.txtDescription.UserType("Provider");
   EXPECT_EQ(window.Caption(), "Q E L - Edit Service (Provider)");
-  EXPECT_FALSE(window.btnOK.Enabled);
   EXPECT_EQ(Missing(), "Enter the dialled number.");
   window.txtNumber.UserText("5");
-  EXPECT_TRUE(window.btnOK.Enabled);
-  EXPECT_EQ(Missing(), "");
-  EXPECT_EQ(window.txtDialFixedTariff.Text(), "0.1235");
-  EXPECT_EQ(window.txtServiceFixedRate.Text(), "2.00");
+  EXPECT_TRUE(window.btnOK.Enabled && Missing().empty());
+  EXPECT_EQ(window.txtDialFixedTariff.Text() + " " + window.txtServiceFixedRate.Text(), "0.1235 2.00");
   EXPECT_EQ(TariffCopy[0].DialRate, 0.1235);
 }
 
@@ -79,7 +68,7 @@ TEST_F(ServiceWindowTest, NumbersHoldWhatCanBeDialled) {
 
 TEST_F(ServiceWindowTest, OfTwoBadNumbersTheFirstKeepsTheFocus) {
   AddService("Provider", "+1", "+2");
-  frmService& window = Existing();
+  frmService& window = EditService();
   window.txtNumber.UserClick();
   window.txtAltNumber.UserClick();
   EXPECT_TRUE(window.txtNumber.HasFocus());
@@ -154,7 +143,7 @@ TEST_F(ServiceWindowTest, OKWritesTheRecordAndCancelDoesNot) {
   service.FreeStart = TimeSerial(22, 15, 0);
   service.WarningData = 1234567;
   for (const bool ok : {false, true}) {
-    frmService& window = Existing();
+    frmService& window = EditService();
     window.txtDescription.UserText("Other");
     window.TabStrip1.UserSelectTab(Cost);
     window.txtPerMeg.UserText(".25");
@@ -163,10 +152,8 @@ TEST_F(ServiceWindowTest, OKWritesTheRecordAndCancelDoesNot) {
     EXPECT_EQ(service.ServiceName, ok ? "Other" : "Provider");
     EXPECT_EQ(service.PerMeg, ok ? 0.25 : 0);
   }
-  EXPECT_EQ(service.DialOption, 2);
-  EXPECT_EQ(service.Tariffs[0].Unit, "Per Minute");
-  EXPECT_EQ(service.Tariffs[5].Description, "Beyond the count");
-  EXPECT_EQ(service.ServiceOption, 1);
+  EXPECT_EQ(std::tuple(service.DialOption, service.ServiceOption), std::tuple(2, 1));
+  EXPECT_EQ(service.Tariffs[0].Unit + service.Tariffs[5].Description, "Per MinuteBeyond the count");
   EXPECT_EQ(service.PenaltyPeriod + " " + service.MegPeriod, "Week Month");
   EXPECT_EQ(service.FreeStart, TimeSerial(22, 15, 0));
   EXPECT_EQ(service.WarningData, 1234567);
@@ -180,8 +167,7 @@ TEST_F(ServiceWindowTest, ANumberBeyondItsFieldIsToldAndTheRestIsWritten) {
   window.btnOK.UserClick();
   EXPECT_NE(host.messages.at(0).Text.find("Error code: 6"), std::string::npos);
   EXPECT_NE(host.messages.at(0).Text.find("Sub: btnOK_Click"), std::string::npos);
-  EXPECT_TRUE(Services[0].WarningDisplay);
-  EXPECT_EQ(Services[0].ServiceNumber, "555");
+  EXPECT_TRUE(Services[0].WarningDisplay && Services[0].ServiceNumber == "555");
 }
 
 TEST_F(ServiceWindowTest, ATabEnablesWhatItsOptionUses) {

@@ -10,15 +10,7 @@ class SetupServicesTest : public WindowTest {
     ModemLogFile = "ModemLog.txt";
   }
 
-  frmSetup& Open() {
-    SetupForm.Reset();
-    SetupForm->Show();
-    SetupForm->TabStrip1.UserSelectTab(3);
-    host.transcript.clear();
-    host.messages.clear();
-    return *SetupForm;
-  }
-
+  frmSetup& Open() { return OpenOptions(3); }
   void Scan(const std::string& log) {
     folder.Put(ModemLogFile, log);
     SetupForm->btnScan.UserClick();

@@ -29,15 +29,6 @@ class SetupWindowTest : public WindowTest {
     folder.Put(ModemLogFile, usable);
   }
 
-  frmSetup& Open(int tab) {
-    SetupForm.Reset();
-    SetupForm->Show();
-    if (tab != General) SetupForm->TabStrip1.UserSelectTab(tab);
-    host.transcript.clear();
-    host.messages.clear();
-    return *SetupForm;
-  }
-
   static TextBox& Field(const std::string& name) { return dynamic_cast<TextBox&>(*SetupForm->Find(name)); }
   static void TypeAndLeave(const std::string& name, const std::string& text) {
     Field(name).UserText(text);
@@ -49,7 +40,7 @@ TEST_F(SetupWindowTest, AFieldTakesItsTextOrSaysWhyNot) {
   UserStartPref = "User Defined";
   for (const auto& [tab, field, typed, shown, setting, value, outcome] : Cases<7>("ui/SetupFields")) {
     SCOPED_TRACE(field + " " + typed);
-    Open(std::stoi(tab));
+    OpenOptions(std::stoi(tab));
     TypeAndLeave(field, typed);
     EXPECT_EQ(Field(field).Text(), shown);
     EXPECT_EQ(ValueOf(setting), value);
@@ -63,7 +54,7 @@ TEST_F(SetupWindowTest, AFieldTakesItsTextOrSaysWhyNot) {
 }
 
 TEST_F(SetupWindowTest, ALimitBeyondItsWidthIsToldAndNotTaken) {
-  Open(General);
+  OpenOptions(General);
   TypeAndLeave("txtMaxConnections", "40000");
   EXPECT_NE(host.messages.at(0).Text.find("Error code: 6"), std::string::npos);
   EXPECT_EQ(MaxConnections, 200);
@@ -73,7 +64,7 @@ TEST_F(SetupWindowTest, ALimitBeyondItsWidthIsToldAndNotTaken) {
 TEST_F(SetupWindowTest, TheMostServicesAreNoFewerThanThereAre) {
   AddService("A", "1", "");
   AddService("B", "2", "");
-  frmSetup& window = Open(General);
+  frmSetup& window = OpenOptions(General);
   TypeAndLeave("txtMaxServices", "1");
   EXPECT_EQ(host.messages.at(0).Text,
             "You are currently using more services than this.\n"
@@ -86,7 +77,7 @@ TEST_F(SetupWindowTest, TheMostServicesAreNoFewerThanThereAre) {
 }
 
 TEST_F(SetupWindowTest, TheLogIsTypedOrBrowsedFor) {
-  frmSetup& window = Open(General);
+  frmSetup& window = OpenOptions(General);
   EXPECT_EQ(window.txtLogName.Text(), folder.Path("ModemLog.txt"));
   TypeAndLeave("txtLogName", folder.Path("none.txt"));
   EXPECT_EQ(window.txtLogName.Text(), folder.Path("ModemLog.txt"));
@@ -115,7 +106,7 @@ TEST_F(SetupWindowTest, TheLogIsTypedOrBrowsedFor) {
 
 TEST_F(SetupWindowTest, TheDurationIsDividedAsTimesAreInTheRegion) {
   TimeSeparator = ".";
-  frmSetup& window = Open(Errors);
+  frmSetup& window = OpenOptions(Errors);
   EXPECT_EQ(window.Label8.Caption(), "hh.mm.ss");
   EXPECT_EQ(window.mskNoDisconDuration.Text(), "00.15.00");
   TypeAndLeave("mskNoDisconDuration", "01.30.05");
@@ -126,7 +117,7 @@ TEST_F(SetupWindowTest, CostsAndErrorsCanBeSetWhileTheyCount) {
   NoDisconDuration = 1860;
   NoDisconData = 2500;
   CalcCosts = false;
-  frmSetup& window = Open(Errors);
+  frmSetup& window = OpenOptions(Errors);
   const auto shown = [&] { return window.mskNoDisconDuration.Text() + " " + window.mskNoDisconData.Text(); };
   EXPECT_EQ(shown(), "00:31:00 2,500");
   window.optShowErrors.UserClick();
@@ -144,7 +135,7 @@ TEST_F(SetupWindowTest, CostsAndErrorsCanBeSetWhileTheyCount) {
 
 TEST_F(SetupWindowTest, AStartingDatePreferenceOpensItsOwnField) {
   UserStartPref = "";
-  frmSetup& window = Open(Report);
+  frmSetup& window = OpenOptions(Report);
   EXPECT_EQ(window.lstStartDate.Text() + window.mskUserDate.Text(), "Last Log Entry01/15/1999");
   const Control* const fields[] = {&window.lstWeekStart, &window.lstMonthStart, &window.mskUserDate};
   for (int choice = 0; choice < 5; ++choice) {
@@ -164,7 +155,7 @@ TEST_F(SetupWindowTest, AStartingDatePreferenceOpensItsOwnField) {
 TEST_F(SetupWindowTest, CancelPutsBackAllButTwoSettings) {
   AddService("A", "1", "2").Tariffs[0].DialRate = 0.5;
   UserStartDate = Today();
-  frmSetup& window = Open(Report);
+  frmSetup& window = OpenOptions(Report);
   ModemLogFile = "other.txt";
   ModemReads = "R";
   NoDisconDuration = DialCost = NoDisconData = CostPerMeg = 7;
@@ -189,7 +180,7 @@ TEST_F(SetupWindowTest, CancelPutsBackAllButTwoSettings) {
 TEST_F(SetupWindowTest, SavingStoresAndTellsTheMainWindowWhatChanged) {
   UserStartDate = Today();
   LogCorrupt = LogTooBig = true;
-  Open(Modem);
+  OpenOptions(Modem);
   TypeAndLeave("TextOptReads", "got");
   SetupForm->btnDefaults.UserClick();
   EXPECT_EQ(SetupForm->TextOptReads.Text(), "READS");
@@ -200,7 +191,7 @@ TEST_F(SetupWindowTest, SavingStoresAndTellsTheMainWindowWhatChanged) {
   EXPECT_TRUE(LogCorrupt && LogTooBig);
   EXPECT_EQ(TimeFormat, "h:mm:ss AMPM");
   folder.Put("other.txt", usable);
-  Open(General);
+  OpenOptions(General);
   TypeAndLeave("txtLogName", folder.Path("other.txt"));
   SetupForm->optFlatToolBars.UserClick();
   SetupForm->btnSave.UserClick();
@@ -212,7 +203,7 @@ TEST_F(SetupWindowTest, SavingStoresAndTellsTheMainWindowWhatChanged) {
 }
 
 TEST_F(SetupWindowTest, ATabBringsItsPageAndItsButton) {
-  frmSetup& window = Open(General);
+  frmSetup& window = OpenOptions(General);
   EXPECT_TRUE(window.txtLogName.HasFocus());
   for (int tab = General; tab <= Report; ++tab) {
     EXPECT_TRUE(window.Settings[static_cast<std::size_t>(tab - 1)].Visible);
@@ -235,7 +226,7 @@ TEST_F(SetupWindowTest, TheIconsOpenTheSystemsSettingsWhereThereAreAny) {
       ScriptedHost::StartProgram(command);
     }
   } oneProgram;
-  frmSetup& window = Open(Format);
+  frmSetup& window = OpenOptions(Format);
   EXPECT_EQ(window.lblPreview.Caption() + window.lblLongDate.Caption(),
             "$1,234,567.89Friday, January 15, 1999");
   SetHost(oneProgram);
@@ -248,7 +239,7 @@ TEST_F(SetupWindowTest, TheIconsOpenTheSystemsSettingsWhereThereAreAny) {
   EXPECT_EQ(oneProgram.messages.back().Title, "Windows Regional Settings");
 
   oneProgram.installed = "";
-  Open(Format).Icon[0].UserClick();
+  OpenOptions(Format).Icon[0].UserClick();
   SetupForm->btnCancel.UserClick();
   EXPECT_EQ(oneProgram.messages.back().Title, "QEL Options") << "nothing was opened that could be changed";
   SetHost(host);
@@ -260,7 +251,7 @@ TEST_F(SetupWindowTest, HolidaysStandInOrderOnceEachFromTodayOn) {
   Holidays[0] = today - 1;
   Holidays[1] = today + 10;
   Holidays[2] = today + 20;
-  frmSetup& window = Open(HolidaysTab);
+  frmSetup& window = OpenOptions(HolidaysTab);
   EXPECT_EQ(window.CalHolidays.Value(), today + 10);
   EXPECT_EQ(window.lblUsedHolidays.Caption(), "2 Holidays (Max 100)");
   const struct {
@@ -293,7 +284,7 @@ TEST_F(SetupWindowTest, HolidaysStandInOrderOnceEachFromTodayOn) {
 }
 
 TEST_F(SetupWindowTest, TheHundredAndFirstHolidayIsRefused) {
-  frmSetup& window = Open(HolidaysTab);
+  frmSetup& window = OpenOptions(HolidaysTab);
   for (int i = 0; i < 100; ++i) window.btnAdd.UserClick();  // each moves the calendar on
   EXPECT_FALSE(host.Showed("beep"));
   window.btnAdd.UserClick();
