@@ -98,22 +98,13 @@ TEST_F(Qelreport, TellsOfLimitsThatWereReached) {
 }
 
 TEST_F(Qelreport, MovesThePeriodIntoTheLog) {
-  const struct {
-    const char *arguments, *from, *to, *line;
-  } cases[] = {
-      {"", "1999-02-28", "1999-03-06", ""},
-      {"--from 1980-01-01", "1999-02-28", "1999-03-06", "start date cannot be less than the first entry"},
-      {"--to 1980-01-01", "1999-02-28", "1999-02-28", "end date cannot be less than the start date"},
-      {"--from 1999-03-04 --to 1999-03-02", "1999-03-02", "1999-03-02",
-       "the report is of 1999-03-02 to 1999-03-02"},
-  };
-  for (const auto& c : cases) {
-    const Result run = Run(std::string("--log log --format json ") + c.arguments);
-    const std::string period = std::string("\"from\": \"") + c.from + "\",\n  \"to\": \"" + c.to + "\"";
+  for (const auto& [arguments, from, to, line] : Cases("cli/Periods")) {
+    const Result run = Run("--log log --format json " + arguments);
+    const std::string period = "\"from\": \"" + from + "\",\n  \"to\": \"" + to + "\"";
     EXPECT_EQ(run.status, 0);
-    EXPECT_NE(run.out.find(period), std::string::npos) << c.arguments << run.out;
-    EXPECT_NE(run.err.find(c.line), std::string::npos) << c.arguments << run.err;
-    EXPECT_EQ(run.err.empty(), *c.line == '\0') << c.arguments << run.err;
+    EXPECT_NE(run.out.find(period), std::string::npos) << arguments << run.out;
+    EXPECT_NE(run.err.find(line), std::string::npos) << arguments << run.err;
+    EXPECT_EQ(run.err.empty(), line.empty()) << arguments << run.err;
   }
 }
 

@@ -3,6 +3,7 @@
 #include "maintenance/Repair.h"
 #include "platform/CodePage.h"
 #include "platform/Disk.h"
+#include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/FreshProgram.h"
 
@@ -52,19 +53,10 @@ TEST_F(RewriteTest, APurgeTakesWholeDaysAndWhatHasNoDate) {
 
 TEST_F(RewriteTest, OptimizingKeepsInCapitalsWhatTheAnalysisReads) {
   const std::string time = "01-05-1999 10:00:00.00 - ";
-  const struct {
-    const char* text;
-    bool kept;
-  } cases[] = {
-      {"Recv: atdt5550142<cr>", true},     {"Recv: ATD<cr>", false},        {"Answering the call.", true},
-      {"Connection established", true},    {"Hanging up the modem.", true}, {"Remote modem hung up.", true},
-      {"Reads : Total: 10", true},         {"Writes: Total: 10", true},     {"Modem type: Sample", false},
-      {"Interpreted response: OK", false},
-  };
   std::string log, expected;
-  for (const auto& c : cases) {
-    log += time + c.text + "\r\n";
-    if (c.kept) expected += UpperCase(time + c.text) + "\r\n";
+  for (const auto& [text, kept] : Cases<2>("maintenance/Kept")) {
+    log += time + text + "\r\n";
+    if (kept == "yes") expected += UpperCase(time + text) + "\r\n";
   }
   Open(log + "Recv: ATDT5550142\r\n\r\n");
   DoOptimize();

@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -87,43 +88,22 @@ TEST_F(RegionalValuesTest, TheCurrencyNumberTellsSideAndBlank) {
 }
 
 TEST_F(RegionalValuesTest, PatternAndSeparatorNeverDisagree) {
-  const struct {
-    Texts texts;
-    const char *date, *dateSeparator, *time, *timeSeparator;
-  } cases[] = {
-      {{{"sDate", "-"}}, "M-d-yyyy", "-", "h:mm:ss tt", ":"},
-      {{{"sDate", "-"}, {"sShortDate", "yyyy/MM/dd"}}, "yyyy/MM/dd", "/", "h:mm:ss tt", ":"},
-      {{{"sDate", "-"}, {"sShortDate", "ddMMyy"}}, "ddMMyy", "-", "h:mm:ss tt", ":"},
-      {{{"sTimeFormat", "HH'h'mm"}}, "M/d/yyyy", "/", "HH'h'mm", "h"},
-      {{{"sTime", "."}}, "M/d/yyyy", "/", "h.mm.ss tt", "."},
-      {{{"sTime", "h"}}, "M/d/yyyy", "/", "h'h'mm'h'ss tt", "h"},
-  };
-  for (const auto& c : cases) {
+  for (const auto& [stored, date, time] : Cases<3>("platform/StoredPatterns")) {
     store.DeleteKey(Key);
     store.CreateKey(Key);
-    const RegionalValues values = ReadWith(c.texts);
-    EXPECT_EQ(values.ShortDatePattern, c.date);
-    EXPECT_EQ(values.DateSeparator, c.dateSeparator) << c.date;
-    EXPECT_EQ(values.TimePattern, c.time);
-    EXPECT_EQ(values.TimeSeparator, c.timeSeparator) << c.time;
+    std::istringstream words(stored);
+    for (std::string name, text; std::getline(words >> std::ws, name, '=') && words >> text;)
+      store.Set(Key, name, {REG_SZ, text + '\0'});
+    const RegionalValues values = ReadRegionalValues(store);
+    EXPECT_EQ(values.ShortDatePattern + " " + values.DateSeparator, date) << stored;
+    EXPECT_EQ(values.TimePattern + " " + values.TimeSeparator, time) << stored;
   }
 }
 
 TEST(PatternSeparator, StandsBetweenTwoPlacesOfADateOrATime) {
-  const struct {
-    const char *pattern, *separator, *withStroke;
-  } cases[] = {
-      {"d. M. yyyy", ".", "d/M/yyyy"},
-      {"d MMM yyyy", " ", "d/MMM/yyyy"},
-      {"d' o''clock 'M", "o'clock", "d/M"},
-      {"yyyy. MM. dd.", ".", "yyyy/MM/dd."},
-      {"tt h:mm", ":", "tt h/mm"},
-      {"ddMMyy", "", "ddMMyy"},
-      {"", "", ""},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(SeparatorIn(c.pattern), c.separator) << c.pattern;
-    EXPECT_EQ(WithSeparator(c.pattern, "/"), c.withStroke) << c.pattern;
+  for (const auto& [pattern, separator, withStroke] : Cases<3>("platform/Separators")) {
+    EXPECT_EQ(SeparatorIn(pattern), separator) << pattern;
+    EXPECT_EQ(WithSeparator(pattern, "/"), withStroke) << pattern;
   }
 }
 

@@ -105,20 +105,10 @@ TEST(MakeLog, CallsTakeEveryCourse) {
   EXPECT_EQ(rest, "");
 }
 
-TEST(MakeLog, ChatterChangesNothingThatCounts) {
-  for (const char* chatter : {"0", "1", "100"}) {
-    const std::string events = Events(Log(std::string("--days 5 --calls-per-day 1 --chatter ") + chatter));
-    EXPECT_EQ(std::ranges::count(events, 'd') + std::ranges::count(events, 'a'), 5);
-  }
-}
-
 TEST(MakeLog, DialsTheNumbersByTheirShare) {
-  int dials = 0, rare = 0;
-  for (const std::string& line : Lines(Log("--days 500 --numbers 5550101,5550101,5550101,#31"))) {
-    if (line.find("Recv: ATDT") != std::string::npos) ++dials;
-    if (line.find("Recv: ATDT#31<cr>\r") != std::string::npos) ++rare;
-  }
-  EXPECT_NEAR(dials, 980, 80);
+  int rare = 0;
+  for (const std::string& line : Lines(Log("--days 500 --numbers 5550101,5550101,5550101,#31")))
+    rare += line.find("Recv: ATDT#31<cr>\r") != std::string::npos;
   EXPECT_NEAR(rare, 245, 60);
 }
 

@@ -100,49 +100,33 @@ TEST_F(TariffWindowTest, OnlyTheCostPerCallIsBegunWithTheRegionsDecimalSymbol) {
 
 TEST_F(TariffWindowTest, StartAndEndMoveEachOther) {
   frmTariff& window = NewOne();
-  const struct {
-    ComboBox& list;
-    const char *chosen, *segment, *assist;
-  } cases[] = {
-      {window.lstDialTimeTariffDialEnd, "07:59", "00:00-07:59", "07:59 AM"},
-      {window.lstDialTimeTariffDialStart, "08:00", "08:00-08:14", "08:00 AM"},
-      {window.lstDialTimeTariffDialEnd, "07:59", "07:45-07:59", "07:59 AM"},
-      {window.lstDialTimeTariffDialStart, "23:45", "23:45-23:59", "11:45 PM"},
-      {window.lstDialTimeTariffDialEnd, "00:14", "00:00-00:14", "12:14 AM"},
-  };
-  for (const auto& c : cases) {
-    const auto found = std::find(c.list.Items().begin(), c.list.Items().end(), c.chosen);
-    c.list.UserChoose(static_cast<int>(found - c.list.Items().begin()));
-    EXPECT_EQ(Segment(), c.segment);
-    EXPECT_TRUE(c.list.HasFocus() && window.lblAssist.Visible);
-    EXPECT_EQ(window.lblAssist.Caption(), c.assist);
+  for (const auto& [name, chosen, segment, help] : Cases("ui/Segments")) {
+    ComboBox& list = name == "End" ? window.lstDialTimeTariffDialEnd : window.lstDialTimeTariffDialStart;
+    const auto found = std::find(list.Items().begin(), list.Items().end(), chosen);
+    list.UserChoose(static_cast<int>(found - list.Items().begin()));
+    EXPECT_EQ(Segment(), segment);
+    EXPECT_TRUE(list.HasFocus() && window.lblAssist.Visible);
+    EXPECT_EQ(window.lblAssist.Caption(), help);
   }
   LeaveField();
   EXPECT_FALSE(window.lblAssist.Visible);
 }
 
 TEST_F(TariffWindowTest, OnlyWhatQualifiesTheRateCanBeEdited) {
-  const struct {
-    const char *rate, *unit;
-    bool threshold, unitLength;
-  } cases[] = {
-      {"0", "Per Minute", false, false},  {"0", "Per Unit", false, false},
-      {"0.1", "Per Minute", true, false}, {"0.1", "Per Second", true, false},
-      {"0.1", "Per Unit", false, true},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.rate) + c.unit);
+  for (const auto& [rate, unit, qualifier] : Cases<3>("ui/Qualifiers")) {
+    SCOPED_TRACE(rate + unit);
+    const bool threshold = qualifier == "threshold", length = qualifier == "length";
     frmTariff& window = NewOne();
     Field("AfterMins").UserText("7");
     Field("AfterSecs").UserText("1000");
-    Field("MinuteRate").UserText(c.rate);
-    window.lstDialTimeTariffUnit.SetText(c.unit);
-    EXPECT_EQ(Field("AfterMins").Enabled(), c.threshold);
-    EXPECT_EQ(Field("AfterMins").Text(), c.threshold ? "7" : "0");
-    EXPECT_EQ(Field("AfterSecs").Refusal().empty(), !c.threshold);
-    EXPECT_EQ(Field("UnitSecs").Enabled(), c.unitLength);
-    EXPECT_EQ(Field("UnitSecs").BackColor() == SystemColour::WindowBackground, c.unitLength);
-    EXPECT_EQ(window.lblDialTimeTariff5.ForeColor() == SystemColour::WindowText, c.threshold);
+    Field("MinuteRate").UserText(rate);
+    window.lstDialTimeTariffUnit.SetText("Per " + unit);
+    EXPECT_EQ(Field("AfterMins").Enabled(), threshold);
+    EXPECT_EQ(Field("AfterMins").Text(), threshold ? "7" : "0");
+    EXPECT_EQ(Field("AfterSecs").Refusal().empty(), !threshold);
+    EXPECT_EQ(Field("UnitSecs").Enabled(), length);
+    EXPECT_EQ(Field("UnitSecs").BackColor() == SystemColour::WindowBackground, length);
+    EXPECT_EQ(window.lblDialTimeTariff5.ForeColor() == SystemColour::WindowText, threshold);
   }
 }
 
@@ -191,16 +175,6 @@ TEST_F(TariffWindowTest, ANewTariffNeedsANameOfItsOwn) {
   window.btnOK.UserClick();
   EXPECT_TRUE(NewTariff && TariffCopyCount == 2) << "one was added";
   EXPECT_EQ(TariffCopy[1].Description, "Night");
-}
-
-TEST_F(TariffWindowTest, LeavingWithoutOKWritesNothing) {
-  for (const bool byButton : {true, false}) {
-    frmTariff& window = NewOne();
-    Field("AfterMins").UserText("1000");
-    byButton ? window.btnCancel.UserClick() : static_cast<void>(window.Unload());
-    EXPECT_FALSE(TariffForm.IsLoaded() || NewTariff);
-    EXPECT_EQ(TariffCopyCount, 0);
-  }
 }
 
 TEST_F(TariffWindowTest, OKDoesNothingWhenTheFieldBeingLeftTurnsItOff) {
