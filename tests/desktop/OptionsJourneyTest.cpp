@@ -8,7 +8,6 @@
 #include "platform/Files.h"
 
 namespace qel {
-namespace {
 
 class OptionsJourney : public ProgramTest {
  protected:
@@ -115,5 +114,4 @@ TEST_F(OptionsJourney, AServiceIsFoundDescribedPricedAndKept) {
   EXPECT_EQ(Services[0].WarningDialup, 2);
 }
 
-}  // namespace
 }  // namespace qel

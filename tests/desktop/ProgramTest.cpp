@@ -3,7 +3,6 @@
 #include <QHeaderView>
 
 namespace qel {
-namespace {
 
 TEST_F(ProgramTest, EveryWindowBindsCompletely) {
   DefaultLog(LogOf("01-05-1999", "01-06-1999"));
@@ -110,5 +109,4 @@ TEST_F(ProgramTest, AboutIsModalAndItsCloseButtonComesBack) {
   EXPECT_TRUE(LoadedForms.empty());
 }
 
-}  // namespace
 }  // namespace qel

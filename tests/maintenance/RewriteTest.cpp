@@ -8,7 +8,6 @@
 #include "support/FreshProgram.h"
 
 namespace qel {
-namespace {
 
 class RewriteTest : public FreshProgram {
  protected:
@@ -179,5 +178,4 @@ TEST_F(RewriteTest, LinkAndModeOfTheLogStay) {
   EXPECT_EQ(std::filesystem::status(folder.Path("test.log")).permissions(), std::filesystem::perms{0664});
 }
 
-}  // namespace
 }  // namespace qel

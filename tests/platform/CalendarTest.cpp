@@ -6,7 +6,6 @@
 #include "support/Cases.h"
 
 namespace qel {
-namespace {
 
 TEST(DateSerial, CarriesMonthsAndDaysOver) {
   for (const auto& [given, wanted] : Cases<2>("platform/CarriedDays")) {
@@ -41,5 +40,4 @@ TEST(Calendar, AMonthLaterStaysInsideTheMonth) {
   EXPECT_EQ(AddMonths(DateSerial(1999, 11, 15), 2), DateSerial(2000, 1, 15));
 }
 
-}  // namespace
 }  // namespace qel

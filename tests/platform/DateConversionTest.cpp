@@ -8,7 +8,6 @@
 #include "support/Regions.h"
 
 namespace qel {
-namespace {
 
 class TextToDateTest : public RegionTest {
  protected:
@@ -108,14 +107,10 @@ TEST_F(RegionTest, DateTextIsReadBackToTheSecond) {
 }
 
 TEST_F(RegionTest, EveryShortDateWithItsYearIsReadBack) {
-  const char* const patterns[] = {
-      "M/d/yyyy",    "M/d/yy",      "dd.MM.yyyy",    "d. M. yyyy",          "yyyy-MM-dd",
-      "yy/MM/dd",    "yyyy.dd.MM.", "yyyy. MM. dd.", "dd-MMM-yy",           "ddMMMyy",
-      "d MMMM yyyy", "ddd d/M/yy",  "MMMM d, yyyy",  "dddd, MMMM dd, yyyy", "d|M|yyyy"};
   Region.ShortMonths[0] = "janv.";
-  for (const char* pattern : patterns) {
+  for (const auto& [pattern] : Cases<1>("platform/ShortDates")) {
     Region.ShortDatePattern = pattern;
-    Region.DateSeparator = std::string(pattern).find('|') != std::string::npos ? '|' : '/';
+    Region.DateSeparator = pattern.find('|') != std::string::npos ? '|' : '/';
     for (Date date = DateSerial(1996, 1, 1); date < DateSerial(2004, 12, 31); ++date) {
       const Date moment = date + (static_cast<int>(date) % 2 == 0 ? TimeSerial(13, 5, 59) : 0);
       ASSERT_EQ(TextToDate(DateText(moment)), moment) << pattern << ": " << DateText(moment);
@@ -123,5 +118,4 @@ TEST_F(RegionTest, EveryShortDateWithItsYearIsReadBack) {
   }
 }
 
-}  // namespace
 }  // namespace qel

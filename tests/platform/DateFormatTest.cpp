@@ -4,7 +4,6 @@
 #include "support/Regions.h"
 
 namespace qel {
-namespace {
 
 const Date Morning = DateSerial(1999, 2, 3) + TimeSerial(9, 5, 7);  // a Wednesday
 
@@ -39,5 +38,4 @@ TEST_F(RegionTest, OnlyTheYears100To9999HaveText) {
     EXPECT_THROW(FormatDate(date, "yyyy"), RunTimeError) << date;
 }
 
-}  // namespace
 }  // namespace qel

@@ -3,7 +3,6 @@
 #include "support/Regions.h"
 
 namespace qel {
-namespace {
 
 TEST_F(RegionTest, NumbersFillTheirMaskAndRoundHalfAwayFromZero) {
   for (const auto& [number, mask, text] : Cases<3>("platform/NumberMasks"))
@@ -20,5 +19,4 @@ TEST_F(RegionTest, NumbersAreDrawnWithTheSeparatorsOfTheRegion) {
   EXPECT_EQ(FormatNumber(1234567.891, "#,##0.00"), "1234567,89");
 }
 
-}  // namespace
 }  // namespace qel

@@ -9,7 +9,6 @@
 #include "support/Regions.h"
 
 namespace qel {
-namespace {
 
 constexpr double Largest = std::numeric_limits<double>::max();
 
@@ -70,5 +69,4 @@ TEST_F(RegionTest, NumbersAreReadByTheRegion) {
   EXPECT_FALSE(IsNumber("1.234"));
 }
 
-}  // namespace
 }  // namespace qel

@@ -3,7 +3,6 @@
 #include "support/WindowTest.h"
 
 namespace qel {
-namespace {
 
 // The whole program from its entry, its settings and its default log in a folder of their own.
 class StartTest : public WindowTest {
@@ -67,5 +66,4 @@ TEST_F(StartTest, AnInterruptedRewriteIsUndoneAndTold) {
   EXPECT_TRUE(MainForm->btnProcess.Enabled);
 }
 
-}  // namespace
 }  // namespace qel

@@ -3,7 +3,6 @@
 #include "support/WindowTest.h"
 
 namespace qel {
-namespace {
 
 class AboutTest : public WindowTest {};
 
@@ -37,5 +36,4 @@ TEST_F(AboutTest, TheSystemInformationToolIsTheStoredOneOrAMessage) {
   EXPECT_EQ(host.transcript.back(), "program: " + folder.Path("info"));
 }
 
-}  // namespace
 }  // namespace qel

@@ -4,7 +4,6 @@
 #include "support/WindowTest.h"
 
 namespace qel {
-namespace {
 
 class LogToolsTest : public WindowTest {
  protected:
@@ -120,5 +119,4 @@ TEST_F(LogToolsTest, ARepairThatFailsEndsTheProgramAndLeavesTheLog) {
   EXPECT_FALSE(MainForm.IsLoaded());
 }
 
-}  // namespace
 }  // namespace qel

@@ -93,28 +93,17 @@ TEST_F(MainWindowTest, ThePanelShowsTheStatisticsOfTheFile) {
   EXPECT_EQ(values(), "ModemLog.txt|N/A|N/A|N/A|N/A|N/A|");
 }
 
-TEST_F(MainWindowTest, AnArchiveIsOpenedAndLeftAgain) {
-  Show(usable);
-  host.paths = {std::nullopt, PathOf("old.qel", LogOf("03-01-1998", "03-31-1998"))};
+TEST_F(MainWindowTest, WhatWasFoundInOneFileIsNotHeldAgainstTheNext) {
+  Show("");
+  host.paths = {std::nullopt, PathOf("invalid.qel", "no date\r\n")};
   MainForm->mnuOpenArchive.UserClick();
   EXPECT_FALSE(ArchiveOpen) << "cancelled";
   MainForm->ToolbarMain.UserButtonClick("Open Archive");
-  EXPECT_TRUE(ArchiveOpen);
-  EXPECT_FALSE(MainForm->StatusHold) << "nobody has typed a date outside the log";
-  EXPECT_EQ(MainForm->inputEnding.Text(), "03/31/1998");
-  MainForm->mnuOpenLog.UserClick();
-  EXPECT_FALSE(ArchiveOpen);
-  EXPECT_EQ(CurrentLogPath, folder.Path("ModemLog.txt"));
-  EXPECT_EQ(MainForm->inputEnding.Text(), "01/20/1999");
-  EXPECT_EQ(MainForm->btnViewLog.Caption(), "&View Modem Log");
-}
-
-TEST_F(MainWindowTest, WhatWasFoundInOneFileIsNotHeldAgainstTheNext) {
-  Show("");
-  MainForm->OpenArchive(PathOf("invalid.qel", "no date\r\n"));
+  EXPECT_TRUE(ArchiveOpen && LogInvalid);
   MainForm->mnuOpenLog.UserClick();
   EXPECT_TRUE(MainForm->inputStarting.Enabled && !LogInvalid);
   MainForm->OpenArchive(PathOf("old.qel", usable));
+  EXPECT_FALSE(MainForm->StatusHold) << "nobody has typed a date outside the log";
   folder.Put("ModemLog.txt", "01-05-1999 \x01\r\n");
   MainForm->mnuOpenLog.UserClick();
   EXPECT_EQ(host.messages.at(0).Text.substr(0, 22), "Corruption Detected in") << "it has gone bad";
@@ -173,17 +162,6 @@ TEST_F(MainWindowTest, TheOptionsAreExportedToAFileThatRestoresThem) {
   host.messages.clear();
   MainForm->mnuExport.UserClick();
   EXPECT_EQ(host.messages.at(0).Text, "That path doesn't exist.");
-}
-
-TEST_F(MainWindowTest, AComplaintStandsUntilItsTimeIsOver) {
-  Show(usable);
-  MainForm->inputStarting.UserText("01/01/1998");
-  MainForm->btnExit.GotFocus();
-  EXPECT_EQ(Status(), "The start date cannot be less than the first entry in modem log!");
-  EXPECT_TRUE(MainForm->Timer1.Enabled);
-  MainForm->Timer1.Tick();
-  EXPECT_EQ(Status(), "Exit Qelmark.");
-  EXPECT_FALSE(MainForm->Timer1.Enabled || MainForm->StatusBarMain.Font().Bold);
 }
 
 TEST_F(MainWindowTest, AnEntryWithoutADateEndsTheAnalysisWithAWord) {

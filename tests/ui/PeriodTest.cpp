@@ -24,7 +24,11 @@ TEST_F(PeriodTest, ADateOutsideTheLogIsPutBackWithAComplaint) {
   EXPECT_EQ(Period(), "01/05/1999 - 01/20/1999");
   EXPECT_EQ(MainForm->btnProcess.Caption(), "QELMARK - Report for 16 days");
   EXPECT_TRUE(host.Showed("beep") && MainForm->StatusHold && MainForm->btnProcess.Enabled);
+  MainForm->btnExit.GotFocus();
   EXPECT_EQ(Status(), "The start date cannot be less than the first entry in modem log!");
+  MainForm->Timer1.Tick();
+  EXPECT_EQ(Status(), "Exit Qelmark.") << "its time is over";
+  EXPECT_FALSE(MainForm->Timer1.Enabled || MainForm->StatusBarMain.Font().Bold);
 }
 
 TEST_F(PeriodTest, AnUnfinishedDateHoldsTheFocusAndStopsTheReport) {

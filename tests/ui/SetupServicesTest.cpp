@@ -1,7 +1,6 @@
 #include "support/WindowTest.h"
 
 namespace qel {
-namespace {
 
 class SetupServicesTest : public WindowTest {
  protected:
@@ -190,5 +189,4 @@ TEST_F(SetupServicesTest, AScanWithoutALogIsAnError) {
   EXPECT_FALSE(window.ProgressBar1.Visible);
 }
 
-}  // namespace
 }  // namespace qel

@@ -5,7 +5,6 @@
 #include "support/WindowTest.h"
 
 namespace qel {
-namespace {
 
 class TariffWindowTest : public WindowTest {
  protected:
@@ -190,5 +189,4 @@ TEST_F(TariffWindowTest, OKDoesNothingWhenTheFieldBeingLeftTurnsItOff) {
   EXPECT_TRUE(window.btnOK.Enabled);
 }
 
-}  // namespace
 }  // namespace qel

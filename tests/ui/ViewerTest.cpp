@@ -3,7 +3,6 @@
 #include "ui/frmViewLog.h"
 
 namespace qel {
-namespace {
 
 class ViewerTest : public WindowTest {
  protected:
@@ -176,5 +175,4 @@ TEST_F(ViewerTest, TheSearchGoesOnFromHitToHitBothWays) {
   EXPECT_EQ(Text().SelStart(), 38) << "downward anew, and by case";
 }
 
-}  // namespace
 }  // namespace qel
