@@ -230,9 +230,7 @@ TEST_F(Binding, APictureShowsItsFrame) {
 
 TEST_F(Binding, ATimerTicksWhileItIsEnabled) {
   int ticks = 0;
-  form.Timer1.Elapsed = [&] {
-    if (++ticks == 2) form.Timer1.Enabled = false;
-  };
+  form.Timer1.Elapsed = [&] { form.Timer1.Enabled = ++ticks < 2; };
   form.Timer1.Enabled = true;
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks == 2; }, 2000));
   QTest::qWait(40);

@@ -13,10 +13,7 @@ class OptionsJourney : public ProgramTest {
  protected:
   // What the user does in the window that the next click brings up.
   void InTheNextWindow(std::function<void()> work) {
-    act = [work = std::move(work)] {
-      work();
-      return true;
-    };
+    act = [work = std::move(work)] { return work(), true; };
   }
   void InTheOptions(std::function<void()> work) {
     InTheNextWindow(std::move(work));

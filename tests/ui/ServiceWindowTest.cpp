@@ -49,20 +49,18 @@ TEST_F(ServiceWindowTest, ANewServiceWaitsForItsNumber) {
 }
 
 TEST_F(ServiceWindowTest, NumbersHoldWhatCanBeDialled) {
-  const struct {
-    const char* number;
-    bool dialled;
-  } cases[] = {{"pltw", true}, {"0,!^()#*-9", true}, {"+49", false}, {"5 5", false}};
-  for (const auto& c : cases)
+  using Case = std::pair<const char*, bool>;
+  for (const auto& [number, dialled] :
+       {Case{"pltw", true}, {"0,!^()#*-9", true}, {"+49", false}, {"5 5", false}})
     for (const char* name : {"Number", "AltNumber"}) {
       frmService& window = NewOne();
-      Field(name).UserText(c.number);
-      EXPECT_EQ(window.btnOK.Enabled, c.dialled) << name << " " << c.number;
+      Field(name).UserText(number);
+      EXPECT_EQ(window.btnOK.Enabled, dialled) << name << " " << number;
       EXPECT_FALSE(host.Showed("beep")) << "a number in the making";
       window.txtDescription.UserClick();
-      EXPECT_EQ(Field(name).HasFocus(), !c.dialled);
-      EXPECT_EQ(Field(name).Refusal().empty(), c.dialled);
-      EXPECT_EQ(host.Showed("beep"), !c.dialled);
+      EXPECT_EQ(Field(name).HasFocus(), !dialled);
+      EXPECT_EQ(Field(name).Refusal().empty(), dialled);
+      EXPECT_EQ(host.Showed("beep"), !dialled);
     }
 }
 

@@ -81,7 +81,7 @@ TEST_F(SetupWindowTest, TheLogIsTypedOrBrowsedFor) {
   EXPECT_EQ(window.txtLogName.Text(), folder.Path("ModemLog.txt"));
   TypeAndLeave("txtLogName", folder.Path("none.txt"));
   EXPECT_EQ(window.txtLogName.Text(), folder.Path("ModemLog.txt"));
-  EXPECT_NE(window.txtLogName.Refusal(), "");
+  EXPECT_FALSE(window.txtLogName.Refusal().empty());
   folder.Put("M\xC3\xA4rz.log", usable);
   TypeAndLeave("txtLogName", folder.Path("M\xE4rz.log"));
   EXPECT_EQ(ModemLogFile, "M\xC3\xA4rz.log");

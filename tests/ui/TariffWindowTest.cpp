@@ -85,15 +85,12 @@ TEST_F(TariffWindowTest, FieldsTakeTheirNumbersAndRefuseOthers) {
 TEST_F(TariffWindowTest, OnlyTheCostPerCallIsBegunWithTheRegionsDecimalSymbol) {
   Region = Germany();
   NumberDecimal = ",";
-  const struct {
-    const char *field, *begun, *refused;
-  } cases[] = {{"DialRate", ",", "."}, {"MinuteRate", ".", ","}};
-  for (const auto& c : cases) {
+  for (const std::string field : {"DialRate", "MinuteRate"}) {
     NewOne();
-    Field(c.field).UserText(c.begun);
-    EXPECT_EQ(Field(c.field).Refusal(), "") << c.field;
-    Field(c.field).UserText(c.refused);
-    EXPECT_EQ(Field(c.field).Refusal(), "Enter an amount.") << c.field;
+    Field(field).UserText(field == "DialRate" ? "," : ".");
+    EXPECT_EQ(Field(field).Refusal(), "");
+    Field(field).UserText(field == "DialRate" ? "." : ",");
+    EXPECT_EQ(Field(field).Refusal(), "Enter an amount.") << field;
   }
 }
 
