@@ -5,6 +5,7 @@
 #include "cli/Arguments.h"
 #include "cli/Qelreport.h"
 #include "platform/CodePage.h"
+#include "support/Cases.h"
 
 namespace qel {
 
@@ -20,45 +21,11 @@ TEST_F(Qelreport, SaysInOneLineWhyThereIsNoReport) {
   folder.Put("time", Entry("a") + "03-01-1999 1x:00:00.00 - Connection established\r\n");
   folder.Put("corrupt", Entry("a\xE9") + Entry("b"));
   PutSettings("corrupt.reg", "\"ModemLogDir\"=\"./\"\r\n\"ModemLogFile\"=\"corrupt\"");
-  const struct {
-    int status;
-    const char *arguments, *line;
-  } cases[] = {
-      {2, "--foo", "unknown option '--foo'"},
-      {2, "log", "unexpected argument 'log'; a log is named with --log"},
-      {2, "--log", "--log FILE: the value is missing"},
-      {2, "--output=", "--output FILE: the value is empty"},
-      {2, "--stats=1", "--stats takes no value"},
-      {2, "--format xml", "--format is one of text, csv, json, html, not 'xml'"},
-      {2, "--from 1999-02-30", "'1999-02-30' is no date; write it as YYYY-MM-DD"},
-      {2, "--import week.reg --format html", "--import makes no report and takes no --format"},
-      {2, "--log log --import week.reg", "--import makes no report and takes no --log"},
-      {1, "--import none", "cannot import none: No such file or directory"},
-      {1, "", "home/ModemLog.txt: there is no modem log here; name one with --log FILE"},
-      {1, "--settings corrupt.reg",
-       "./corrupt: the log is corrupt: it holds a byte that no text log can hold"},
-      {1, "--log none", "none: cannot read the log: No such file or directory"},
-      {1, "--log home", "home: cannot read the log: Is a directory"},
-      {1, "--log /dev/null", "/dev/null: cannot read the log: it must be a file, no pipe or device"},
-      {1, "--log empty", "empty: the log is empty"},
-      {1, "--log week.reg", "week.reg: this is no modem log: its first or last entry has no date"},
-      {1, "--log undated", "undated: entry 2 has no date; the log is damaged and must be repaired first"},
-      {1, "--log time", "error 13, Type mismatch (in QELAnalyse, Process, Log Entry: 2)"},
-      {1, "--settings none", "cannot read the settings in none: No such file or directory"},
-      {1, "--settings log",
-       "cannot read the settings in log: line 1: neither \"REGEDIT4\" nor \"Windows Registry Editor Version "
-       "5.00\""},
-      {1, "--log log --output ./log", "--output ./log would overwrite what the report is made from"},
-      {1, "--log log --settings week.reg --output week.reg",
-       "--output week.reg would overwrite what the report is made from"},
-      {1, "--log log --output none/report", "cannot write to none/report: No such file or directory"},
-      {1, "--log log --output /dev/full", "cannot write to /dev/full: No space left on device"},
-  };
-  for (const auto& c : cases) {
-    const Result run = Run(c.arguments);
-    EXPECT_EQ(run.status, c.status) << c.arguments;
-    EXPECT_EQ(run.err, std::string("qelreport: ") + c.line + "\n" + (c.status == 2 ? UsageText() : ""));
-    EXPECT_EQ(run.out, "") << c.arguments;
+  for (const auto& [status, arguments, line] : Cases<3>("cli/Refusals")) {
+    const Result run = Run(arguments);
+    EXPECT_EQ(run.status, std::stoi(status)) << arguments;
+    EXPECT_EQ(run.err, "qelreport: " + line + "\n" + (run.status == 2 ? UsageText() : ""));
+    EXPECT_EQ(run.out, "") << arguments;
   }
   EXPECT_NE(folder.Content("log"), "") << "the log was overwritten";
 }
@@ -113,24 +80,13 @@ TEST_F(Qelreport, TellsOfLimitsThatWereReached) {
 }
 
 TEST_F(Qelreport, MovesThePeriodIntoTheLog) {
-  const struct {
-    const char *arguments, *from, *to, *line;
-  } cases[] = {
-      {"", "1999-02-28", "1999-03-06", ""},
-      {"--from 1980-01-01", "1999-02-28", "1999-03-06", "start date cannot be less than the first entry"},
-      {"--to 2020-01-01", "1999-02-28", "1999-03-06", "end date cannot be greater than the last entry"},
-      {"--from 2020-01-01", "1999-03-06", "1999-03-06", "start date cannot be greater than the end date"},
-      {"--to 1980-01-01", "1999-02-28", "1999-02-28", "end date cannot be less than the start date"},
-      {"--from 1999-03-04 --to 1999-03-02", "1999-03-02", "1999-03-02",
-       "the report is of 1999-03-02 to 1999-03-02"},
-  };
-  for (const auto& c : cases) {
-    const Result run = Run(std::string("--log log --format json ") + c.arguments);
-    const std::string period = std::string("\"from\": \"") + c.from + "\",\n  \"to\": \"" + c.to + "\"";
+  for (const auto& [arguments, from, to, line] : Cases("cli/Periods")) {
+    const Result run = Run("--log log --format json " + arguments);
+    const std::string period = "\"from\": \"" + from + "\",\n  \"to\": \"" + to + "\"";
     EXPECT_EQ(run.status, 0);
-    EXPECT_NE(run.out.find(period), std::string::npos) << c.arguments << run.out;
-    EXPECT_NE(run.err.find(c.line), std::string::npos) << c.arguments << run.err;
-    EXPECT_EQ(run.err.empty(), *c.line == '\0') << c.arguments << run.err;
+    EXPECT_NE(run.out.find(period), std::string::npos) << arguments << run.out;
+    EXPECT_NE(run.err.find(line), std::string::npos) << arguments << run.err;
+    EXPECT_EQ(run.err.empty(), line.empty()) << arguments << run.err;
   }
 }
 

@@ -10,7 +10,6 @@
 #include "platform/RunTimeError.h"
 
 namespace qel {
-namespace {
 
 class ControlsTest : public ::testing::Test {
  protected:
@@ -140,5 +139,4 @@ TEST_F(ControlsTest, ACalendarStaysInsideTheMonth) {
   EXPECT_EQ(events, "update click update ");
 }
 
-}  // namespace
 }  // namespace qel

@@ -4,7 +4,6 @@
 #include "ProgramTest.h"
 
 namespace qel {
-namespace {
 
 class LogJourney : public ProgramTest {
  protected:
@@ -71,5 +70,4 @@ TEST_F(LogJourney, ADamagedLogIsRepairedPurgedOptimizedArchivedAndCleared) {
   EXPECT_EQ(MainForm->LabelLogEntries2.Caption(), "1");
 }
 
-}  // namespace
 }  // namespace qel

@@ -2,14 +2,11 @@
 // as pictures in the build folder.
 #pragma once
 
-#include <QCalendarWidget>
 #include <QFileDialog>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
@@ -103,20 +100,6 @@ class ProgramTest : public WindowTest {
     input.selectAll();
     QTest::keyClicks(&input, date);
     Settle();
-  }
-  // The middle of the cell of a day of the month shown.
-  static void ClickDay(int day) {
-    auto& calendar = Get<QCalendarWidget>("frmMain", "Calendar1");
-    auto* const days = calendar.findChild<QTableView*>("qt_calendar_calendarview");
-    const auto* model = days->model();
-    bool inMonth = false;
-    for (int row = 1; row < model->rowCount(); ++row)
-      for (int column = 0; column < model->columnCount(); ++column) {
-        const int shown = model->index(row, column).data().toInt();
-        inMonth = inMonth || shown == 1;
-        if (inMonth && shown == day)
-          return Click(*days->viewport(), days->visualRect(model->index(row, column)).center());
-      }
   }
   static QString Picture(const std::string& name) {
     return QString::fromStdString(std::string(QEL_SCREENSHOTS) + "/" + name + ".png");

@@ -1,15 +1,13 @@
-#include <gtest/gtest.h>
-
 #include "maintenance/LogRewrite.h"
 #include "maintenance/LogSwap.h"
 #include "maintenance/Repair.h"
 #include "platform/CodePage.h"
 #include "platform/Disk.h"
+#include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/FreshProgram.h"
 
 namespace qel {
-namespace {
 
 class RewriteTest : public FreshProgram {
  protected:
@@ -20,6 +18,7 @@ class RewriteTest : public FreshProgram {
     ArchiveOpen = false;
   }
   std::string Log() const { return folder.Content("test.log"); }
+  static void Purge(int from, int to) { DoPurge(DateSerial(1999, 1, from), DateSerial(1999, 1, to)); }
   void Repair() {
     LogRepair repair([this](const std::string& text, Int16) { said.push_back(text); });
     repair.FixCorruption();
@@ -42,7 +41,7 @@ TEST_F(RewriteTest, APurgeTakesWholeDaysAndWhatHasNoDate) {
   };
   for (const auto& c : cases) {
     Open(log);
-    DoPurge(DateSerial(1999, 1, c.from), DateSerial(1999, 1, c.to));
+    Purge(c.from, c.to);
     EXPECT_EQ(Log(), c.left) << c.from << " to " << c.to;
     EXPECT_EQ(folder.Content("ModemLog.old"), log);
     EXPECT_FALSE(folder.Has("ModemLog.pge"));
@@ -53,19 +52,10 @@ TEST_F(RewriteTest, APurgeTakesWholeDaysAndWhatHasNoDate) {
 
 TEST_F(RewriteTest, OptimizingKeepsInCapitalsWhatTheAnalysisReads) {
   const std::string time = "01-05-1999 10:00:00.00 - ";
-  const struct {
-    const char* text;
-    bool kept;
-  } cases[] = {
-      {"Recv: atdt5550142<cr>", true},     {"Recv: ATD<cr>", false},        {"Answering the call.", true},
-      {"Connection established", true},    {"Hanging up the modem.", true}, {"Remote modem hung up.", true},
-      {"Reads : Total: 10", true},         {"Writes: Total: 10", true},     {"Modem type: Sample", false},
-      {"Interpreted response: OK", false},
-  };
   std::string log, expected;
-  for (const auto& c : cases) {
-    log += time + c.text + "\r\n";
-    if (c.kept) expected += UpperCase(time + c.text) + "\r\n";
+  for (const auto& [text, kept] : Cases<2>("maintenance/Kept")) {
+    log += time + text + "\r\n";
+    if (kept == "yes") expected += UpperCase(time + text) + "\r\n";
   }
   Open(log + "Recv: ATDT5550142\r\n\r\n");
   DoOptimize();
@@ -105,15 +95,14 @@ TEST_F(RewriteTest, LimitsAreFailuresThatLeaveTheLogAlone) {
   std::string many;
   for (int i = 0; i < 32768; ++i) many += line;
   Open(many);
-  DoPurge(DateSerial(1999, 1, 6), DateSerial(1999, 1, 6));
+  Purge(6, 6);
   DoOptimize();
-  ASSERT_EQ(host.messages.size(), 2u);
-  EXPECT_EQ(host.messages[0].Title, "Purge Failed");
-  EXPECT_EQ(host.messages[1].Title, "Optimization Failed");
+  EXPECT_EQ(host.messages.at(0).Title, "Purge Failed");
+  EXPECT_EQ(host.messages.at(1).Title, "Optimization Failed");
   EXPECT_EQ(ErrorOf([this] { Repair(); }), Overflow);
   EXPECT_EQ(Log(), many);
   Open(many.substr(line.size()));
-  DoPurge(DateSerial(1999, 1, 6), DateSerial(1999, 1, 6));
+  Purge(6, 6);
   EXPECT_EQ(host.messages.size(), 2u) << "32767 lines";
   Open(std::string(3276750, 'x'));
   EXPECT_EQ(ErrorOf([this] { Repair(); }), Overflow);
@@ -135,8 +124,8 @@ class GrowingLog : public Disk {
 
 TEST_F(RewriteTest, ALogThatGrowsMeanwhileStaysAsItIs) {
   const std::string log = "01-05-1999 a\r\n01-06-1999 b\r\n";
-  const auto purge = [] { DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5)); };
-  const std::function<void()> tools[] = {purge, DoOptimize, [this] { ErrorOf([this] { Repair(); }); }};
+  const std::function<void()> tools[] = {[] { Purge(5, 5); }, DoOptimize,
+                                         [this] { ErrorOf([this] { Repair(); }); }};
   for (const auto& tool : tools) {
     Open(log);
     GrowingLog disk(CurrentLogPath);
@@ -149,7 +138,7 @@ TEST_F(RewriteTest, ALogThatGrowsMeanwhileStaysAsItIs) {
 
 TEST_F(RewriteTest, AFileOfTheToolsOwnIsNotRewritten) {
   const std::string log = "01-05-1999 a\r\n";
-  const auto purge = [] { DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5)); };
+  const auto purge = [] { Purge(5, 5); };
   const auto repair = [this] { EXPECT_EQ(ErrorOf([this] { Repair(); }), PermissionDenied); };
   const struct {
     const char* name;
@@ -183,11 +172,10 @@ TEST_F(RewriteTest, LinkAndModeOfTheLogStay) {
   std::filesystem::permissions(CurrentLogPath, std::filesystem::perms{0664});
   std::filesystem::create_symlink(CurrentLogPath, folder.Path("link"));
   CurrentLogPath = folder.Path("link");
-  DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5));
+  Purge(5, 5);
   EXPECT_EQ(Log(), "");
   EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link")));
   EXPECT_EQ(std::filesystem::status(folder.Path("test.log")).permissions(), std::filesystem::perms{0664});
 }
 
-}  // namespace
 }  // namespace qel

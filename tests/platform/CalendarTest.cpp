@@ -1,24 +1,17 @@
 #include <gtest/gtest.h>
-#include <tuple>
+#include <sstream>
 
 #include "platform/Calendar.h"
+#include "platform/FormatMask.h"
+#include "support/Cases.h"
 
 namespace qel {
-namespace {
 
 TEST(DateSerial, CarriesMonthsAndDaysOver) {
-  const struct {
+  for (const auto& [given, wanted] : Cases<2>("platform/CarriedDays")) {
     int year, month, day;
-    CalendarDay result;
-  } cases[] = {
-      {1999, 12, 31, {1999, 12, 31}}, {1999, 13, 1, {2000, 1, 1}}, {1999, 1, 32, {1999, 2, 1}},
-      {1999, 1, 0, {1998, 12, 31}},   {1999, 0, 1, {1998, 12, 1}}, {1999, -12, 1, {1997, 12, 1}},
-      {98, 1, 2, {1998, 1, 2}},       {29, 1, 2, {2029, 1, 2}},    {30, 1, 2, {1930, 1, 2}},
-      {2000, 2, 30, {2000, 3, 1}},    {1900, 2, 29, {1900, 3, 1}}, {1850, 6, 7, {1850, 6, 7}},
-  };
-  for (const auto& c : cases) {
-    const auto [year, month, day] = DayOf(DateSerial(c.year, c.month, c.day));
-    EXPECT_EQ(std::tie(year, month, day), std::tie(c.result.year, c.result.month, c.result.day));
+    std::istringstream(given) >> year >> month >> day;
+    EXPECT_EQ(FormatByPattern(DateSerial(year, month, day), "yyyy'-'M'-'d"), wanted) << given;
   }
   EXPECT_EQ(DateSerial(1899, 12, 30), 0);
   EXPECT_EQ(DateSerial(1900, 1, 1), 2);
@@ -47,5 +40,4 @@ TEST(Calendar, AMonthLaterStaysInsideTheMonth) {
   EXPECT_EQ(AddMonths(DateSerial(1999, 11, 15), 2), DateSerial(2000, 1, 15));
 }
 
-}  // namespace
 }  // namespace qel

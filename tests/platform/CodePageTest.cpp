@@ -3,7 +3,6 @@
 #include "platform/CodePage.h"
 
 namespace qel {
-namespace {
 
 TEST(CodePage, EveryCharacterGoesToUtf8AndBack) {
   std::string all;
@@ -47,5 +46,4 @@ TEST(CodePage, TrimTakesBlanksAndNothingElse) {
   for (const auto& c : cases) EXPECT_EQ(Trim(c.text), c.trimmed);
 }
 
-}  // namespace
 }  // namespace qel

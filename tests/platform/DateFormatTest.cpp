@@ -1,55 +1,16 @@
+#include "platform/DateConversion.h"
 #include "platform/FormatMask.h"
+#include "support/Cases.h"
 #include "support/Regions.h"
 
 namespace qel {
-namespace {
 
 const Date Morning = DateSerial(1999, 2, 3) + TimeSerial(9, 5, 7);  // a Wednesday
-const Date Evening = DateSerial(2001, 11, 25) + TimeSerial(22, 45, 0);
 
-TEST_F(RegionTest, DatesFillTheirMask) {
-  const struct {
-    Date date;
-    const char *mask, *text;
-  } cases[] = {
-      {Morning, "mm-dd-yyyy", "02-03-1999"},
-      {Morning, "DDMMMYY", "03Feb99"},
-      {Evening, "ddd dddd", "Sun Sunday"},
-      {Morning, "am/pm h.mm.ss", "AM 9.05.07"},
-      {Morning, "h:mm d/m", "9:05 3/2"},
-      {Morning, "h d m", "9 3 2"},
-      {Morning, "mm:ss", "02:07"},
-      {Morning, "n s h", "5 7 9"},
-      {0, "hh AMPM", "12 AM"},
-      {0.5, "h AMPM", "12 PM"},
-      {Morning, "\\d\\\\d", "d\\3"},
-      {Evening, "h \\ampm", "22 a45p11"},
-      {Morning, "yyy", "99y"},
-      {Morning, "x\\", "x\\"},
-      {Morning, "", ""},
-      {Morning, "ddddd", "2/3/1999"},
-      {Morning, "ttttt", "9:05:07 AM"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(FormatDate(c.date, c.mask), c.text) << c.mask;
-}
-
-TEST_F(RegionTest, NamedFormsFollowTheRegion) {
-  const struct {
-    const char *name, *american, *german;
-  } cases[] = {
-      {"short date", "11/25/2001", "25.11.2001"},
-      {"Long Date", "Sunday, November 25, 2001", "Sonntag, 25. November 2001"},
-      {"Medium Date", "25-Nov-01", "25-Nov-01"},
-      {"Long Time", "10:45:00 PM", "22:45:00"},
-      {"Medium Time", "10:45 PM", "10:45 PM"},
-      {"Short Time", "22:45", "22:45"},
-      {"General Date", "11/25/2001 10:45:00 PM", "25.11.2001 22:45:00"},
-  };
-  for (const auto& c : cases) {
-    Region = UnitedStates();
-    EXPECT_EQ(FormatDate(Evening, c.name), c.american);
-    Region = Germany();
-    EXPECT_EQ(FormatDate(Evening, c.name), c.german);
+TEST_F(RegionTest, DatesFillTheirMaskOrTakeANamedFormOfTheRegion) {
+  for (const auto& [region, date, mask, text] : Cases("platform/DateMasks")) {
+    Region = region == "US" ? UnitedStates() : Germany();
+    EXPECT_EQ(FormatDate(TextToDate(date), mask), text) << region << " " << mask;
   }
 }
 
@@ -63,16 +24,8 @@ TEST_F(RegionTest, MasksDrawTheRegionsSeparatorsNamesAndMarks) {
 }
 
 TEST_F(RegionTest, PatternsTellCapitalFromSmallLetters) {
-  const Date NewYear = DateSerial(2005, 1, 1);
-  const struct {
-    Date date;
-    const char *pattern, *text;
-  } cases[] = {
-      {Morning, "M/d/yyyy h:m:s", "2/3/1999 9:5:7"}, {Evening, "HH:mm hh tt t", "22:45 10 PM P"},
-      {NewYear, "y yy yyyy", "5 05 2005"},           {0, "h H", "12 0"},
-      {Morning, "h 'o''clock' ''''", "9 o'clock '"}, {Morning, "''d' D n", "3 D n"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(FormatByPattern(c.date, c.pattern), c.text) << c.pattern;
+  for (const auto& [date, pattern, text] : Cases<3>("platform/DatePatterns"))
+    EXPECT_EQ(FormatByPattern(TextToDate(date), pattern), text) << pattern;
   Region.DateSeparator = 'x';
   EXPECT_EQ(FormatByPattern(Morning, "d/M"), "3/2");
 }
@@ -85,5 +38,4 @@ TEST_F(RegionTest, OnlyTheYears100To9999HaveText) {
     EXPECT_THROW(FormatDate(date, "yyyy"), RunTimeError) << date;
 }
 
-}  // namespace
 }  // namespace qel

@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "platform/Regional.h"
 #include "platform/RegistryStore.h"
 #include "platform/SystemLocale.h"
+#include "support/Cases.h"
 
 namespace qel {
 namespace {
@@ -86,57 +88,28 @@ TEST_F(RegionalValuesTest, TheCurrencyNumberTellsSideAndBlank) {
 }
 
 TEST_F(RegionalValuesTest, PatternAndSeparatorNeverDisagree) {
-  const struct {
-    Texts texts;
-    const char *date, *dateSeparator, *time, *timeSeparator;
-  } cases[] = {
-      {{{"sDate", "-"}}, "M-d-yyyy", "-", "h:mm:ss tt", ":"},
-      {{{"sDate", "-"}, {"sShortDate", "yyyy/MM/dd"}}, "yyyy/MM/dd", "/", "h:mm:ss tt", ":"},
-      {{{"sDate", "-"}, {"sShortDate", "ddMMyy"}}, "ddMMyy", "-", "h:mm:ss tt", ":"},
-      {{{"sTimeFormat", "HH'h'mm"}}, "M/d/yyyy", "/", "HH'h'mm", "h"},
-      {{{"sTime", "."}}, "M/d/yyyy", "/", "h.mm.ss tt", "."},
-      {{{"sTime", "h"}}, "M/d/yyyy", "/", "h'h'mm'h'ss tt", "h"},
-  };
-  for (const auto& c : cases) {
+  for (const auto& [stored, date, time] : Cases<3>("platform/StoredPatterns")) {
     store.DeleteKey(Key);
     store.CreateKey(Key);
-    const RegionalValues values = ReadWith(c.texts);
-    EXPECT_EQ(values.ShortDatePattern, c.date);
-    EXPECT_EQ(values.DateSeparator, c.dateSeparator) << c.date;
-    EXPECT_EQ(values.TimePattern, c.time);
-    EXPECT_EQ(values.TimeSeparator, c.timeSeparator) << c.time;
+    std::istringstream words(stored);
+    for (std::string name, text; std::getline(words >> std::ws, name, '=') && words >> text;)
+      store.Set(Key, name, {REG_SZ, text + '\0'});
+    const RegionalValues values = ReadRegionalValues(store);
+    EXPECT_EQ(values.ShortDatePattern + " " + values.DateSeparator, date) << stored;
+    EXPECT_EQ(values.TimePattern + " " + values.TimeSeparator, time) << stored;
   }
 }
 
 TEST(PatternSeparator, StandsBetweenTwoPlacesOfADateOrATime) {
-  const struct {
-    const char *pattern, *separator, *withStroke;
-  } cases[] = {
-      {"d. M. yyyy", ".", "d/M/yyyy"},
-      {"d MMM yyyy", " ", "d/MMM/yyyy"},
-      {"d' o''clock 'M", "o'clock", "d/M"},
-      {"yyyy. MM. dd.", ".", "yyyy/MM/dd."},
-      {"tt h:mm", ":", "tt h/mm"},
-      {"ddMMyy", "", "ddMMyy"},
-      {"", "", ""},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(SeparatorIn(c.pattern), c.separator) << c.pattern;
-    EXPECT_EQ(WithSeparator(c.pattern, "/"), c.withStroke) << c.pattern;
+  for (const auto& [pattern, separator, withStroke] : Cases<3>("platform/Separators")) {
+    EXPECT_EQ(SeparatorIn(pattern), separator) << pattern;
+    EXPECT_EQ(WithSeparator(pattern, "/"), withStroke) << pattern;
   }
 }
 
 TEST(SystemLocale, FormatsOfStrftimeBecomePatterns) {
-  const struct {
-    const char *format, *pattern;
-  } cases[] = {
-      {"%m/%d/%Y", "MM/dd/yyyy"}, {"%d.%m.%y", "dd.MM.yy"},      {"%-d. %-m. %Y", "d. M. yyyy"},
-      {"%e %b %Y", "d MMM yyyy"}, {"%A %B", "dddd MMMM"},        {"%T", "HH:mm:ss"},
-      {"%r", "hh:mm:ss tt"},      {"%l:%M:%S %P", "h:mm:ss tt"}, {"%H:%M:%S %Z", "HH:mm:ss"},
-      {"%Hh%M", "HH'h'mm"},       {"%d de %B", "dd 'de' MMMM"},  {"%H o'clock", "HH 'o''clock'"},
-      {"%Ey-%Om", "yy-MM"},       {"%F%%", "yyyy-MM-dd%"},       {"'%d", "''''dd"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(PatternOfStrftime(c.format), c.pattern) << c.format;
+  for (const auto& [format, pattern] : Cases<2>("platform/TimeFormats"))
+    EXPECT_EQ(PatternOfStrftime(format), pattern) << format;
   EXPECT_EQ(PatternOfStrftime("%r", "%I.%M %p"), "hh.mm tt");
   for (const char* format : {"%j", "%", "%-", "%G"}) EXPECT_FALSE(PatternOfStrftime(format)) << format;
   EXPECT_FALSE(PatternOfStrftime("%r", "%r"));

@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "platform/CodePage.h"
 #include "platform/RegistryFile.h"
+#include "support/Cases.h"
 
 namespace qel {
 namespace {
@@ -81,31 +83,13 @@ TEST(RegistryFile, DeletesAndMergesInOrder) {
 TEST(RegistryFile, GarbageIsRefusedWithItsLine) {
   std::string deep = "HKEY_X";
   for (int level = 0; level < 512; ++level) deep += "\\a";
-  const std::string begin = "REGEDIT4\n[HKEY_X\\A]\n";
-  const std::pair<std::string, int> cases[] = {
-      {"REGEDIT", 1},
-      {"REGEDIT4 x", 1},
-      {"REGEDIT4\n\"a\"=\"b\"", 2},
-      {"REGEDIT4\n[HKEY_X\\A", 2},
-      {"REGEDIT4\n[SOFTWARE]", 2},
-      {"REGEDIT4\n[HKEY_X\\]", 2},
-      {"REGEDIT4\n[HKEY_X\\A\0]"s, 2},
-      {"REGEDIT4\n[" + deep + "]", 2},
-      {"REGEDIT4\n[-HKEY_X]\n@=\"\"", 3},
-      {begin + "\"a\"=\"b\nc\"\n\"d\"", 5},
-      {begin + "\"a\"=\"b\" c", 3},
-      {begin + "\"a\"=\"C:\\n\"", 3},
-      {begin + "\"a\"=\"b\0\""s, 3},
-      {begin + "a=b", 3},
-      {begin + "@=dword:123456789", 3},
-      {begin + "@=dword:-1", 3},
-      {begin + "@=hex:01,\\\n", 4},
-      {begin + "@=hex:01,\\ 02", 3},
-      {begin + "@=hex:123", 3},
-      {begin + "@=hex(123456789):00", 3},
-      {"Windows Registry Editor Version 5.00\n[HKEY_X]\n@=hex(1):61,00,00", 3},
-  };
-  for (const auto& [content, line] : cases) EXPECT_EQ(LineOfError(content), line) << content;
+  EXPECT_EQ(LineOfError("REGEDIT4\n[" + deep + "]"), 2);
+  EXPECT_EQ(LineOfError("REGEDIT4\n[HKEY_X\\A\0]"s), 2);
+  EXPECT_EQ(LineOfError("REGEDIT4\n[HKEY_X\\A]\n\"a\"=\"b\0\""s), 3);
+  for (auto& [content, line] : Cases<2>("platform/DamagedFiles")) {
+    std::ranges::replace(content, '|', '\n');
+    EXPECT_EQ(LineOfError(content), std::stoi(line)) << content;
+  }
 }
 
 TEST(RegistryFile, WritesWhatTheOldEditorReads) {

@@ -1,6 +1,7 @@
 // The tests' host: scripted answers, and a transcript of all that was shown, in order.
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <optional>
 #include <string>
@@ -64,9 +65,7 @@ class ScriptedHost : public Host, public Display {
   void ShowReport() override { transcript.push_back("report"); }
 
   bool Showed(const std::string& entry) const {
-    for (const auto& line : transcript)
-      if (line == entry) return true;
-    return false;
+    return std::ranges::find(transcript, entry) != transcript.end();
   }
 
   std::deque<Answer> answers;                    // to the next message boxes; then Ignore or OK

@@ -1,11 +1,8 @@
-#include <gtest/gtest.h>
-
 #include "core/Version.h"
 #include "settings/Registry_Functions.h"
 #include "support/WindowTest.h"
 
 namespace qel {
-namespace {
 
 class AboutTest : public WindowTest {};
 
@@ -39,5 +36,4 @@ TEST_F(AboutTest, TheSystemInformationToolIsTheStoredOneOrAMessage) {
   EXPECT_EQ(host.transcript.back(), "program: " + folder.Path("info"));
 }
 
-}  // namespace
 }  // namespace qel

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "platform/RegistryFile.h"
 #include "support/WindowTest.h"
 
@@ -61,10 +59,8 @@ TEST_F(MainWindowTest, ItsFirstAppearanceTellsTheStateOfTheLogAndEnablesWhatItAl
     host.messages.clear();
     Show(c.log);
     EXPECT_EQ(EnabledCommands(), c.enabled);
-    ASSERT_EQ(host.messages.empty(), c.message.empty());
-    if (!c.message.empty()) {
-      EXPECT_EQ(host.messages[0].Text.substr(0, c.message.size()), c.message);
-    }
+    EXPECT_EQ(host.messages.size(), c.message.empty() ? 0u : 1u);
+    EXPECT_TRUE(host.messages.empty() || host.messages[0].Text.starts_with(c.message));
     EXPECT_EQ(Status(), c.status);
   }
   MainForm.Reset();
@@ -97,35 +93,20 @@ TEST_F(MainWindowTest, ThePanelShowsTheStatisticsOfTheFile) {
   EXPECT_EQ(values(), "ModemLog.txt|N/A|N/A|N/A|N/A|N/A|");
 }
 
-TEST_F(MainWindowTest, AnArchiveIsOpenedAndLeftAgain) {
-  Show(usable);
-  host.paths = {std::nullopt, PathOf("old.qel", LogOf("03-01-1998", "03-31-1998"))};
+TEST_F(MainWindowTest, WhatWasFoundInOneFileIsNotHeldAgainstTheNext) {
+  Show("");
+  host.paths = {std::nullopt, PathOf("invalid.qel", "no date\r\n")};
   MainForm->mnuOpenArchive.UserClick();
   EXPECT_FALSE(ArchiveOpen) << "cancelled";
   MainForm->ToolbarMain.UserButtonClick("Open Archive");
-  EXPECT_TRUE(ArchiveOpen);
-  EXPECT_FALSE(MainForm->StatusHold) << "nobody has typed a date outside the log";
-  EXPECT_EQ(MainForm->inputEnding.Text(), "03/31/1998");
-  EXPECT_EQ(MainForm->mnuOptimize.Caption(), "&Optimize Archive");
-  EXPECT_EQ(MainForm->mnuRecent[0].Caption(), "old.qel");
+  EXPECT_TRUE(ArchiveOpen && LogInvalid);
   MainForm->mnuOpenLog.UserClick();
-  EXPECT_FALSE(ArchiveOpen);
-  EXPECT_EQ(CurrentLogPath, folder.Path("ModemLog.txt"));
-  EXPECT_EQ(MainForm->inputEnding.Text(), "01/20/1999");
-  EXPECT_EQ(MainForm->btnViewLog.Caption(), "&View Modem Log");
-}
-
-TEST_F(MainWindowTest, WhatWasFoundInOneFileIsNotHeldAgainstTheNext) {
-  Show("");
-  MainForm->OpenArchive(PathOf("invalid.qel", "no date\r\n"));
-  MainForm->mnuOpenLog.UserClick();
-  EXPECT_FALSE(LogInvalid);
-  EXPECT_TRUE(MainForm->inputStarting.Enabled);
+  EXPECT_TRUE(MainForm->inputStarting.Enabled && !LogInvalid);
   MainForm->OpenArchive(PathOf("old.qel", usable));
+  EXPECT_FALSE(MainForm->StatusHold) << "nobody has typed a date outside the log";
   folder.Put("ModemLog.txt", "01-05-1999 \x01\r\n");
   MainForm->mnuOpenLog.UserClick();
-  ASSERT_FALSE(host.messages.empty()) << "the default log has gone bad";
-  EXPECT_EQ(host.messages.back().Text.substr(0, 22), "Corruption Detected in");
+  EXPECT_EQ(host.messages.at(0).Text.substr(0, 22), "Corruption Detected in") << "it has gone bad";
   EXPECT_EQ(Status(), "Corruption Detected in Modem Log File!");
   EXPECT_EQ(host.pointer, MousePointer::Default);
   EXPECT_EQ(LastEntryDate, 0);
@@ -143,7 +124,6 @@ TEST_F(MainWindowTest, AFileThatCannotBeOpenedLeavesEverythingAsItWas) {
     EXPECT_EQ(host.messages.size(), 2u) << "the report of an error stands twice";
     EXPECT_NE(host.messages.at(0).Text.find("Error code: 53"), std::string::npos);
     EXPECT_NE(host.messages[0].Text.find("/M\xE4rz."), std::string::npos);
-    EXPECT_FALSE(ArchiveOpen);
     EXPECT_EQ(CurrentLogPath, folder.Path("ModemLog.txt"));
     EXPECT_EQ(Recent(), "M\xC3\xA4rz.qel;M\xC3\xA4rz.txt;;;;");
   }
@@ -181,30 +161,16 @@ TEST_F(MainWindowTest, TheOptionsAreExportedToAFileThatRestoresThem) {
   host.paths = {folder.Path("no/such/folder.reg")};
   host.messages.clear();
   MainForm->mnuExport.UserClick();
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].Text, "That path doesn't exist.");
-}
-
-TEST_F(MainWindowTest, AComplaintStandsUntilItsTimeIsOver) {
-  Show(usable);
-  MainForm->inputStarting.UserText("01/01/1998");
-  MainForm->btnExit.GotFocus();
-  EXPECT_EQ(Status(), "The start date cannot be less than the first entry in modem log!");
-  EXPECT_TRUE(MainForm->Timer1.Enabled);
-  MainForm->Timer1.Tick();
-  EXPECT_EQ(Status(), "Exit Qelmark.");
-  EXPECT_FALSE(MainForm->Timer1.Enabled || MainForm->StatusBarMain.Font().Bold);
+  EXPECT_EQ(host.messages.at(0).Text, "That path doesn't exist.");
 }
 
 TEST_F(MainWindowTest, AnEntryWithoutADateEndsTheAnalysisWithAWord) {
   Show("01-05-1999 10:00:00.00 - a\r\nno date\r\n" + usable);
   host.messages.clear();
   MainForm->btnProcess.UserClick();
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].Text.substr(0, 22), "Corruption Detected in");
+  EXPECT_EQ(host.messages.at(0).Text.substr(0, 22), "Corruption Detected in");
   EXPECT_EQ(Status(), "Corruption Detected in Modem Log File!");
-  EXPECT_FALSE(ReportForm.IsLoaded());
-  EXPECT_TRUE(MainForm->btnProcess.Enabled);
+  EXPECT_TRUE(MainForm->btnProcess.Enabled && !ReportForm.IsLoaded());
 }
 
 TEST_F(MainWindowTest, TheReportIsOfTheLogThatWasAnalysedAndOfAllOfIt) {
@@ -228,14 +194,11 @@ TEST_F(MainWindowTest, TheReportIsOfTheLogThatWasAnalysedAndOfAllOfIt) {
 
 TEST_F(MainWindowTest, TheAnimationRunsBothWays) {
   Show(usable);
-  std::vector<int> frames;
-  for (int tick = 0; tick <= 40; ++tick) {
-    MainForm->TimerAnim.Tick();
-    frames.push_back(MainForm->PicAnimQel.Frame);
+  int ticks = 0;
+  for (const auto& [tick, frame] : {std::pair{19, 19}, {20, 1}, {41, 18}}) {
+    while (ticks < tick) ++ticks, MainForm->TimerAnim.Tick();
+    EXPECT_EQ(MainForm->PicAnimQel.Frame, frame) << tick;
   }
-  EXPECT_EQ(frames[18], 19);
-  EXPECT_EQ(frames[19], 1);
-  EXPECT_EQ(frames[40], 18) << "backward by now";
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
-#include <gtest/gtest.h>
+#include <sstream>
 
+#include "support/Cases.h"
 #include "support/WindowTest.h"
 #include "ui/TariffList.h"
 
@@ -14,35 +15,19 @@ TariffRecord Tariff(const std::string& days, int hour = 0) {
 }
 
 TEST(TariffOrder, GoesFromHolidaysToEveryDay) {
-  const struct {
-    std::vector<TariffRecord> given;
-    std::string ordered;
-    int selected, then;
-  } cases[] = {
-      {{Tariff("Mon - Fri"), Tariff("Everyday"), Tariff("Holidays"), Tariff("Monday")},
-       "Holidays 0, Monday 0, Mon - Fri 0, Everyday 0, ",
-       1,
-       2},
-      {{Tariff("Monday", 8), Tariff("Monday")}, "Monday 0, Monday 8, ", 2, 1},
-      {{Tariff("Sat - Sun"), Tariff("Mon - Fri")}, "Sat - Sun 0, Mon - Fri 0, ", 2, 2},
-      {{Tariff("Monday", 8), Tariff("Friday"), Tariff("Monday")}, "Monday 8, Friday 0, Monday 0, ", 3, 3},
-      // The selection joins an exchange that it had no part in.
-      {{Tariff("Everyday"), Tariff("Monday"), Tariff("Mon - Fri", 9)},
-       "Monday 0, Mon - Fri 9, Everyday 0, ",
-       3,
-       2},
-  };
-  for (const auto& c : cases) {
+  for (const auto& [given, wanted, selection] : Cases<3>("ui/TariffOrder")) {
     BoundedArray<TariffRecord> tariffs;
     tariffs.Make(MaxTariffs - 1);
-    const int count = static_cast<int>(c.given.size());
-    for (int i = 0; i < count; ++i) tariffs[i] = c.given[static_cast<std::size_t>(i)];
-    Int16 selected(c.selected);
+    int count = 0;
+    std::istringstream names(given);
+    for (std::string name; std::getline(names >> std::ws, name, ';');)
+      tariffs[count++] = Tariff(name.substr(0, name.rfind(' ')), name.back() - '0');
+    Int16 selected = selection[0] - '0';
     OrderTariffs(tariffs, count, selected);
     std::string ordered;
-    for (int i = 0; i < count; ++i) ordered += tariffs[i].Description + ", ";
-    EXPECT_EQ(ordered, c.ordered);
-    EXPECT_EQ(selected, c.then) << c.ordered;
+    for (int i = 0; i < count; ++i) ordered += (i > 0 ? "; " : "") + tariffs[i].Description;
+    EXPECT_EQ(ordered, wanted);
+    EXPECT_EQ(selected, selection[2] - '0') << wanted;
   }
 }
 
@@ -54,15 +39,8 @@ class ServiceTariffsTest : public WindowTest {
     service.DialOption = 2;
     service.UsedTariffs = Int16(tariffs.size());
     for (std::size_t i = 0; i < tariffs.size(); ++i) service.Tariffs[static_cast<int>(i)] = tariffs[i];
-    Existing().TabStrip1.UserSelectTab(2);
+    EditService().TabStrip1.UserSelectTab(2);
     host.transcript.clear();
-    return *ServiceForm;
-  }
-  static frmService& Existing() {
-    NewService = false;
-    SetupForm->lstServices.SetRows({{"Provider", {}}});
-    SetupForm->lstServices.SelectRow(1);
-    ServiceForm->Show();
     return *ServiceForm;
   }
   static std::string Selected() {
@@ -76,10 +54,9 @@ TEST_F(ServiceTariffsTest, RowsAndTipTellWhatATariffCosts) {
   minutes.DialRate = 0.1;
   minutes.PerMinuteRate = 0.0375;
   minutes.After = 3700;
-  TariffRecord units = minutes;
+  minutes.UnitMins = 15;
+  TariffRecord units = minutes, seconds = minutes;
   units.Unit = "Per Unit";
-  units.UnitMins = 15;
-  TariffRecord seconds = minutes;
   seconds.Unit = "Per Second";
   frmService& window = With({minutes, units, seconds});
   EXPECT_EQ(
@@ -110,8 +87,8 @@ TEST_F(ServiceTariffsTest, ATariffThatIsConfirmedTakesItsPlace) {
                     TariffForm->btnOK.UserClick();
                   }};
   window.btnDialTimeTariffNew.UserClick();
+  EXPECT_TRUE(TariffCopyCount == 1 && !NewTariff) << "cancelled";
   window.btnDialTimeTariffNew.UserClick();
-  EXPECT_EQ(TariffCopyCount, 2);
   EXPECT_EQ(TariffCopy[0].AppliesDays, "Holidays");
   EXPECT_EQ(Selected(), "New Tariff");
   EXPECT_EQ(window.lblDialTimeTariff9.Caption(), "2 Tariffs (Max 10)");
@@ -134,7 +111,7 @@ TEST_F(ServiceTariffsTest, TheLastTariffGoesAndTheServiceWaitsForAnother) {
 
 TEST_F(ServiceTariffsTest, ACountBeyondTheTariffsIsToldAndTheRestIsShown) {
   AddService("Provider", "555", "").UsedTariffs = 11;
-  EXPECT_EQ(Existing().lblDialTimeTariff9.Caption(), "10 Tariffs (Max 10)");
+  EXPECT_EQ(EditService().lblDialTimeTariff9.Caption(), "10 Tariffs (Max 10)");
   EXPECT_NE(host.messages.at(0).Text.find("Error code: 9"), std::string::npos);
   EXPECT_EQ(ServiceForm->txtNumber.Text(), "555");
 }

@@ -1,12 +1,11 @@
-#include <gtest/gtest.h>
-
 #include "platform/Regional.h"
+#include "support/Cases.h"
 #include "support/WindowTest.h"
 
 namespace qel {
 namespace {
 
-enum Tab { Details = 1, DialUp, Cost, Warning };
+enum Tab { Cost = 3, Warning };
 
 class ServiceWindowTest : public WindowTest {
  protected:
@@ -19,14 +18,6 @@ class ServiceWindowTest : public WindowTest {
     ServiceForm->Show();
     ServiceForm->txtNumber.UserText("555");
     host.transcript.clear();
-    return *ServiceForm;
-  }
-  frmService& Existing() {
-    ServiceForm.Reset();
-    NewService = false;
-    SetupForm->lstServices.SetRows({{"Provider", {}}});
-    SetupForm->lstServices.SelectRow(1);
-    ServiceForm->Show();
     return *ServiceForm;
   }
   static TextBox& Field(const std::string& name) {
@@ -50,93 +41,57 @@ TEST_F(ServiceWindowTest, ANewServiceWaitsForItsNumber) {
   EXPECT_EQ(window.txtDescription.SelText(), "New Service") << "typing replaces it";
   window.txtDescription.UserType("Provider");
   EXPECT_EQ(window.Caption(), "Q E L - Edit Service (Provider)");
-  EXPECT_FALSE(window.btnOK.Enabled);
   EXPECT_EQ(Missing(), "Enter the dialled number.");
   window.txtNumber.UserText("5");
-  EXPECT_TRUE(window.btnOK.Enabled);
-  EXPECT_EQ(Missing(), "");
-  EXPECT_EQ(window.txtDialFixedTariff.Text(), "0.1235");
-  EXPECT_EQ(window.txtServiceFixedRate.Text(), "2.00");
+  EXPECT_TRUE(window.btnOK.Enabled && Missing().empty());
+  EXPECT_EQ(window.txtDialFixedTariff.Text() + " " + window.txtServiceFixedRate.Text(), "0.1235 2.00");
   EXPECT_EQ(TariffCopy[0].DialRate, 0.1235);
 }
 
 TEST_F(ServiceWindowTest, NumbersHoldWhatCanBeDialled) {
-  const struct {
-    const char* number;
-    bool dialled;
-  } cases[] = {{"pltw", true}, {"0,!^()#*-9", true}, {"+49", false}, {"5 5", false}};
-  for (const auto& c : cases)
+  using Case = std::pair<const char*, bool>;
+  for (const auto& [number, dialled] :
+       {Case{"pltw", true}, {"0,!^()#*-9", true}, {"+49", false}, {"5 5", false}})
     for (const char* name : {"Number", "AltNumber"}) {
       frmService& window = NewOne();
-      Field(name).UserText(c.number);
-      EXPECT_EQ(window.btnOK.Enabled, c.dialled) << name << " " << c.number;
+      Field(name).UserText(number);
+      EXPECT_EQ(window.btnOK.Enabled, dialled) << name << " " << number;
       EXPECT_FALSE(host.Showed("beep")) << "a number in the making";
       window.txtDescription.UserClick();
-      EXPECT_EQ(Field(name).HasFocus(), !c.dialled);
-      EXPECT_EQ(Field(name).Refusal().empty(), c.dialled);
-      EXPECT_EQ(host.Showed("beep"), !c.dialled);
+      EXPECT_EQ(Field(name).HasFocus(), !dialled);
+      EXPECT_EQ(Field(name).Refusal().empty(), dialled);
+      EXPECT_EQ(host.Showed("beep"), !dialled);
     }
 }
 
 TEST_F(ServiceWindowTest, OfTwoBadNumbersTheFirstKeepsTheFocus) {
   AddService("Provider", "+1", "+2");
-  frmService& window = Existing();
+  frmService& window = EditService();
   window.txtNumber.UserClick();
   window.txtAltNumber.UserClick();
   EXPECT_TRUE(window.txtNumber.HasFocus());
 }
 
 TEST_F(ServiceWindowTest, FieldsTakeTheirNumbersAndRefuseOthers) {
-  const struct {
-    Tab tab;
-    int option;  // of the tab
-    const char *field, *typed;
-    bool refused;
-    const char* shown;  // at once
-    bool ok;            // as far as it is looked at while typing
-    const char* left;
-    bool stays = false;
-  } cases[] = {
-      {DialUp, 0, "DialFixedTariff", "x", false, "x", true, "x", true},
-      {DialUp, 0, "DialFixedTariff", "0.12345", false, "0.12345", true, "0.1235"},
-      {Cost, 0, "ServiceFixedRate", "", false, "", false, "", true},
-      {Cost, 0, "ServiceFixedRate", "1,234", false, "1,234", true, "1,234.00"},
-      {Cost, 1, "ServiceFlexRate", "x", true, "x", false, "0.00"},
-      {Cost, 1, "ServiceFlexRate", "1.", false, "1.", true, "1.00"},
-      {Cost, 1, "ServiceFlexRate2", ".", false, ".", false, "0.00"},
-      {Cost, 1, "ServiceFlexHours", "10a", true, "", false, "0"},
-      {Cost, 1, "ServiceFlexHours", "1000", true, "999", true, "999"},
-      {Cost, 0, "AfterMeg", "1000", true, "1000", true, "1000", true},
-      {Cost, 0, "AfterMeg", "", true, "", false, "0"},
-      {Cost, 0, "ServiceBlock", "100", true, "10", true, "10"},
-      {Cost, 0, "ServiceBlock", "1.5", false, "1.5", false, "1"},
-      {Cost, 0, "ServiceBlock", "x", false, "x", false, "x", true},
-      {Warning, 0, "WarningHours", "1000", false, "1000", true, "1000"},
-      {Warning, 0, "WarningHours", "", true, "", false, "0"},
-      {Warning, 0, "WarningMinutes", "59", false, "59", true, "59"},
-      {Warning, 0, "WarningMinutes", "60", true, "60", false, "60"},
-      {Warning, 1, "WarndialupCost", "x", true, "x", false, "0.00"},
-      {Warning, 2, "WarnServiceCost", "2", false, "2", true, "2.00"},
-      {Warning, 3, "WarnData", "x", true, "x", false, "x", true},
-      {Warning, 3, "WarnData", "1234", false, "1234", true, "1,234"},
-  };
-  for (const auto& c : cases) {
+  for (const auto& [place, field, typed, shown, left, seen] : Cases<6>("ui/ServiceFields")) {
+    SCOPED_TRACE(field + " " + typed);
+    const auto sees = [&words = seen](const char* word) { return words.find(word) != std::string::npos; };
+    const int tab = place[0] - '0', option = place[2] - '0';
     frmService& window = NewOne();
-    window.TabStrip1.UserSelectTab(c.tab);
-    if (c.tab == Cost) window.optServiceCost[static_cast<std::size_t>(c.option)].UserClick();
-    if (c.tab == Cost && c.option == 1) window.txtServiceFlexRate2.UserText("1");
-    if (c.tab == Warning) Warn(c.option);
-    Field(c.field).UserText(c.typed);
-    const std::string which = std::string(c.field) + " " + c.typed;
-    EXPECT_EQ(host.Showed("beep"), c.refused) << which;
-    EXPECT_NE(Field(c.field).Refusal().empty(), c.refused) << which;
-    EXPECT_EQ(Field(c.field).Text(), c.shown) << which;
-    EXPECT_EQ(window.btnOK.Enabled, c.ok) << which << ": " << Missing();
+    window.TabStrip1.UserSelectTab(tab);
+    if (tab == Cost) window.optServiceCost[static_cast<std::size_t>(option)].UserClick();
+    if (tab == Cost && option == 1) window.txtServiceFlexRate2.UserText("1");
+    if (tab == Warning) Warn(option);
+    Field(field).UserText(typed);
+    EXPECT_EQ(host.Showed("beep"), sees("refused"));
+    EXPECT_NE(Field(field).Refusal().empty(), sees("refused"));
+    EXPECT_EQ(Field(field).Text(), shown);
+    EXPECT_EQ(window.btnOK.Enabled, sees("OK")) << Missing();
     host.transcript.clear();
     window.TabStrip1.SetFocus();
-    EXPECT_EQ(Field(c.field).Text(), c.left) << which;
-    EXPECT_EQ(Field(c.field).HasFocus(), c.stays) << which;
-    EXPECT_EQ(host.Showed("beep"), c.stays) << which;
+    EXPECT_EQ(Field(field).Text(), left);
+    EXPECT_EQ(Field(field).HasFocus(), sees("kept"));
+    EXPECT_EQ(host.Showed("beep"), sees("kept"));
   }
 }
 
@@ -153,32 +108,14 @@ TEST_F(ServiceWindowTest, TheNoticeNamesTheFirstThingThatIsMissing) {
   window.chkWarnSound.Value = true;
   window.txtWarningSound.Text = "gone.wav";
   window.chkWarnings.Value = true;
-  const struct {
-    const char *missing, *field;
-    std::string given;
-  } cases[] = {
-      {"Enter a description.", "Description", "Provider"},
-      {"Enter the dialled number.", "Number", "+"},
-      {"The dialled number holds a character that cannot be dialled.", "Number", "5"},
-      {"The alternate number holds a character that cannot be dialled.", "AltNumber", "5"},
-      {"Define a tariff.", "", ""},
-      {"Enter the hours at the first rate.", "ServiceFlexHours", "1"},
-      {"Choose the period of the flexible rate.", "", ""},
-      {"One of the two hourly rates must be above 0.", "ServiceFlexRate2", "1"},
-      {"Enter the cost of a megabyte.", "PerMeg", "1"},
-      {"Enter the megabytes that are free.", "AfterMeg", "1"},
-      {"The block size must be whole minutes.", "ServiceBlock", "1.004"},
-      {"Enter the maximum charge of a session.", "MaxCharge", "0"},
-      {"Enter the hours and minutes to warn of.", "WarningMinutes", "1"},
-      {"The sound file does not exist.", "WarningSound", folder.Path("exceeded.wav")},
-  };
-  for (const auto& c : cases) {
+  for (const auto& [missing, field, given] : Cases<3>("ui/MissingParts")) {
     window.TabStrip1.Click();
-    EXPECT_EQ(Missing(), c.missing);
-    EXPECT_FALSE(window.btnOK.Enabled) << c.missing;
-    if (*c.field) Field(c.field).Text = c.given;
-    if (std::string(c.missing) == "Define a tariff.") TariffCopyCount = 1;
-    if (std::string(c.missing).starts_with("Choose")) window.lstServiceFlexPeriod.SetText("Day");
+    EXPECT_EQ(Missing(), missing);
+    EXPECT_FALSE(window.btnOK.Enabled) << missing;
+    if (!field.empty()) Field(field).Text = given;
+    if (missing == "Define a tariff.") TariffCopyCount = 1;
+    if (missing.starts_with("Choose")) window.lstServiceFlexPeriod.SetText("Day");
+    if (missing.starts_with("The sound")) window.txtWarningSound.Text = folder.Path("exceeded.wav");
   }
   window.TabStrip1.Click();
   EXPECT_TRUE(window.btnOK.Enabled) << Missing();
@@ -204,7 +141,7 @@ TEST_F(ServiceWindowTest, OKWritesTheRecordAndCancelDoesNot) {
   service.FreeStart = TimeSerial(22, 15, 0);
   service.WarningData = 1234567;
   for (const bool ok : {false, true}) {
-    frmService& window = Existing();
+    frmService& window = EditService();
     window.txtDescription.UserText("Other");
     window.TabStrip1.UserSelectTab(Cost);
     window.txtPerMeg.UserText(".25");
@@ -213,10 +150,8 @@ TEST_F(ServiceWindowTest, OKWritesTheRecordAndCancelDoesNot) {
     EXPECT_EQ(service.ServiceName, ok ? "Other" : "Provider");
     EXPECT_EQ(service.PerMeg, ok ? 0.25 : 0);
   }
-  EXPECT_EQ(service.DialOption, 2);
-  EXPECT_EQ(service.Tariffs[0].Unit, "Per Minute");
-  EXPECT_EQ(service.Tariffs[5].Description, "Beyond the count");
-  EXPECT_EQ(service.ServiceOption, 1);
+  EXPECT_EQ(std::tuple(service.DialOption, service.ServiceOption), std::tuple(2, 1));
+  EXPECT_EQ(service.Tariffs[0].Unit + service.Tariffs[5].Description, "Per MinuteBeyond the count");
   EXPECT_EQ(service.PenaltyPeriod + " " + service.MegPeriod, "Week Month");
   EXPECT_EQ(service.FreeStart, TimeSerial(22, 15, 0));
   EXPECT_EQ(service.WarningData, 1234567);
@@ -230,8 +165,7 @@ TEST_F(ServiceWindowTest, ANumberBeyondItsFieldIsToldAndTheRestIsWritten) {
   window.btnOK.UserClick();
   EXPECT_NE(host.messages.at(0).Text.find("Error code: 6"), std::string::npos);
   EXPECT_NE(host.messages.at(0).Text.find("Sub: btnOK_Click"), std::string::npos);
-  EXPECT_TRUE(Services[0].WarningDisplay);
-  EXPECT_EQ(Services[0].ServiceNumber, "555");
+  EXPECT_TRUE(Services[0].WarningDisplay && Services[0].ServiceNumber == "555");
 }
 
 TEST_F(ServiceWindowTest, ATabEnablesWhatItsOptionUses) {

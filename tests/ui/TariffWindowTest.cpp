@@ -1,11 +1,10 @@
 #include <algorithm>
-#include <gtest/gtest.h>
 
+#include "support/Cases.h"
 #include "support/Regions.h"
 #include "support/WindowTest.h"
 
 namespace qel {
-namespace {
 
 class TariffWindowTest : public WindowTest {
  protected:
@@ -54,8 +53,7 @@ class TariffWindowTest : public WindowTest {
 
 TEST_F(TariffWindowTest, ANewTariffWaitsForACharge) {
   frmTariff& window = NewOne("Per Minute", "0");
-  EXPECT_EQ(window.lstDialTimeTariffDescrip.Text(), "New Tariff");
-  EXPECT_EQ(Segment(), "00:00-00:14");
+  EXPECT_EQ(window.lstDialTimeTariffDescrip.Text() + Segment(), "New Tariff00:00-00:14");
   EXPECT_FALSE(window.btnOK.Enabled);
   EXPECT_EQ(window.lblOKNotice.Caption(), "Give the tariff a cost per call or a rate.");
   Field("DialRate").SetFocus();
@@ -70,126 +68,76 @@ TEST_F(TariffWindowTest, ANewTariffWaitsForACharge) {
 }
 
 TEST_F(TariffWindowTest, FieldsTakeTheirNumbersAndRefuseOthers) {
-  const struct {
-    const char *field, *unit, *typed;
-    bool refused, ok;
-    const char* left;
-    bool okThen;
-  } cases[] = {
-      {"DialRate", "Per Minute", "12.34567", false, true, "12.3457", true},
-      {"DialRate", "Per Minute", "x", true, false, "0.00", true},
-      {"DialRate", "Per Minute", ".", false, true, "0.00", true},
-      {"MinuteRate", "Per Minute", "0.03755", false, true, "0.0376", true},
-      {"MinuteRate", "Per Minute", "x", true, false, "0.00", false},
-      {"MinuteRate", "Per Minute", ".", false, false, "0.00", false},
-      {"AfterMins", "Per Minute", "999", false, true, "999", true},
-      {"AfterMins", "Per Minute", "1000", true, false, "1000", false},
-      {"AfterMins", "Per Minute", "1.5", false, true, "2", true},
-      {"AfterMins", "Per Second", "x", true, true, "x", true},
-      {"AfterSecs", "Per Minute", "60", false, true, "60", true},
-      {"AfterSecs", "Per Minute", "61", true, false, "61", false},
-      {"UnitMins", "Per Unit", "1", false, true, "1", true},
-      {"UnitMins", "Per Unit", "0", true, false, "0", false},
-      {"UnitMins", "Per Unit", "", false, false, "15", true},
-      {"UnitSecs", "Per Unit", "60", false, true, "60", true},
-      {"UnitSecs", "Per Unit", "61", true, false, "61", false},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.field) + " " + c.typed);
-    frmTariff& window = NewOne(c.unit);
+  for (const auto& [field, unit, typed, seen, left, then] : Cases<6>("ui/TariffFields")) {
+    SCOPED_TRACE(field + " " + typed);
+    frmTariff& window = NewOne("Per " + unit);
     host.transcript.clear();
-    Field(c.field).UserText(c.typed);
-    EXPECT_EQ(host.Showed("beep"), c.refused);
-    EXPECT_EQ(!Field(c.field).Refusal().empty(), c.refused);
-    EXPECT_EQ(window.btnOK.Enabled(), c.ok) << window.lblOKNotice.Caption();
+    Field(field).UserText(typed);
+    EXPECT_EQ(host.Showed("beep"), seen.starts_with("refused"));
+    EXPECT_EQ(!Field(field).Refusal().empty(), seen.starts_with("refused"));
+    EXPECT_EQ(window.btnOK.Enabled(), seen.ends_with("OK")) << window.lblOKNotice.Caption();
     LeaveField();
-    EXPECT_EQ(Field(c.field).Text(), c.left);
-    EXPECT_EQ(window.btnOK.Enabled(), c.okThen) << window.lblOKNotice.Caption();
+    EXPECT_EQ(Field(field).Text(), left);
+    EXPECT_EQ(window.btnOK.Enabled(), then == "OK") << window.lblOKNotice.Caption();
   }
 }
 
 TEST_F(TariffWindowTest, OnlyTheCostPerCallIsBegunWithTheRegionsDecimalSymbol) {
   Region = Germany();
   NumberDecimal = ",";
-  const struct {
-    const char *field, *begun, *refused;
-  } cases[] = {{"DialRate", ",", "."}, {"MinuteRate", ".", ","}};
-  for (const auto& c : cases) {
+  for (const std::string field : {"DialRate", "MinuteRate"}) {
     NewOne();
-    Field(c.field).UserText(c.begun);
-    EXPECT_EQ(Field(c.field).Refusal(), "") << c.field;
-    Field(c.field).UserText(c.refused);
-    EXPECT_EQ(Field(c.field).Refusal(), "Enter an amount.") << c.field;
+    Field(field).UserText(field == "DialRate" ? "," : ".");
+    EXPECT_EQ(Field(field).Refusal(), "");
+    Field(field).UserText(field == "DialRate" ? "." : ",");
+    EXPECT_EQ(Field(field).Refusal(), "Enter an amount.") << field;
   }
 }
 
 TEST_F(TariffWindowTest, StartAndEndMoveEachOther) {
   frmTariff& window = NewOne();
-  const struct {
-    ComboBox& list;
-    const char *chosen, *segment, *assist;
-  } cases[] = {
-      {window.lstDialTimeTariffDialEnd, "07:59", "00:00-07:59", "07:59 AM"},
-      {window.lstDialTimeTariffDialStart, "08:00", "08:00-08:14", "08:00 AM"},
-      {window.lstDialTimeTariffDialEnd, "07:59", "07:45-07:59", "07:59 AM"},
-      {window.lstDialTimeTariffDialStart, "23:45", "23:45-23:59", "11:45 PM"},
-      {window.lstDialTimeTariffDialEnd, "00:14", "00:00-00:14", "12:14 AM"},
-  };
-  for (const auto& c : cases) {
-    const auto found = std::find(c.list.Items().begin(), c.list.Items().end(), c.chosen);
-    c.list.UserChoose(static_cast<int>(found - c.list.Items().begin()));
-    EXPECT_EQ(Segment(), c.segment);
-    EXPECT_TRUE(c.list.HasFocus() && window.lblAssist.Visible);
-    EXPECT_EQ(window.lblAssist.Caption(), c.assist);
+  for (const auto& [name, chosen, segment, help] : Cases("ui/Segments")) {
+    ComboBox& list = name == "End" ? window.lstDialTimeTariffDialEnd : window.lstDialTimeTariffDialStart;
+    const auto found = std::find(list.Items().begin(), list.Items().end(), chosen);
+    list.UserChoose(static_cast<int>(found - list.Items().begin()));
+    EXPECT_EQ(Segment(), segment);
+    EXPECT_TRUE(list.HasFocus() && window.lblAssist.Visible);
+    EXPECT_EQ(window.lblAssist.Caption(), help);
   }
   LeaveField();
   EXPECT_FALSE(window.lblAssist.Visible);
 }
 
 TEST_F(TariffWindowTest, OnlyWhatQualifiesTheRateCanBeEdited) {
-  const struct {
-    const char *rate, *unit;
-    bool threshold, unitLength;
-  } cases[] = {
-      {"0", "Per Minute", false, false},  {"0", "Per Unit", false, false},
-      {"0.1", "Per Minute", true, false}, {"0.1", "Per Second", true, false},
-      {"0.1", "Per Unit", false, true},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.rate) + c.unit);
+  for (const auto& [rate, unit, qualifier] : Cases<3>("ui/Qualifiers")) {
+    SCOPED_TRACE(rate + unit);
+    const bool threshold = qualifier == "threshold", length = qualifier == "length";
     frmTariff& window = NewOne();
     Field("AfterMins").UserText("7");
     Field("AfterSecs").UserText("1000");
-    Field("MinuteRate").UserText(c.rate);
-    window.lstDialTimeTariffUnit.SetText(c.unit);
-    EXPECT_EQ(Field("AfterMins").Enabled(), c.threshold);
-    EXPECT_EQ(Field("AfterMins").Text(), c.threshold ? "7" : "0");
-    EXPECT_EQ(Field("AfterSecs").Refusal().empty(), !c.threshold);
-    EXPECT_EQ(Field("UnitSecs").Enabled(), c.unitLength);
-    EXPECT_EQ(Field("UnitSecs").BackColor(),
-              c.unitLength ? SystemColour::WindowBackground : SystemColour::MenuBackground);
-    EXPECT_EQ(window.lblDialTimeTariff5.ForeColor(),
-              c.threshold ? SystemColour::WindowText : SystemColour::GreyText);
+    Field("MinuteRate").UserText(rate);
+    window.lstDialTimeTariffUnit.SetText("Per " + unit);
+    EXPECT_EQ(Field("AfterMins").Enabled(), threshold);
+    EXPECT_EQ(Field("AfterMins").Text(), threshold ? "7" : "0");
+    EXPECT_EQ(Field("AfterSecs").Refusal().empty(), !threshold);
+    EXPECT_EQ(Field("UnitSecs").Enabled(), length);
+    EXPECT_EQ(Field("UnitSecs").BackColor() == SystemColour::WindowBackground, length);
+    EXPECT_EQ(window.lblDialTimeTariff5.ForeColor() == SystemColour::WindowText, threshold);
   }
 }
 
 TEST_F(TariffWindowTest, ATariffIsShownAndWrittenBack) {
   frmTariff& window = Existing(evening);
-  EXPECT_EQ(Segment(), "18:00-23:59");
-  EXPECT_EQ(Field("DialRate").Text(), "0.10");
-  EXPECT_EQ(Field("MinuteRate").Text(), "0.0375");
-  EXPECT_EQ(Field("AfterMins").Text() + ":" + Field("AfterSecs").Text(), "61:40");
-  EXPECT_EQ(Field("UnitMins").Text() + ":" + Field("UnitSecs").Text(), "15:0");
+  std::string shown = Segment();
+  for (const char* field : {"DialRate", "MinuteRate", "AfterMins", "AfterSecs", "UnitMins", "UnitSecs"})
+    shown += " " + Field(field).Text();
+  EXPECT_EQ(shown, "18:00-23:59 0.10 0.0375 61 40 15 0");
   window.btnOK.UserClick();
-  EXPECT_FALSE(TariffForm.IsLoaded());
   const TariffRecord& written = TariffCopy[0];
   EXPECT_EQ(written.Description + written.AppliesDays + written.Unit, "EveningMon - FriPer Second");
-  EXPECT_EQ(written.AppliesTimeStart, evening.AppliesTimeStart);
-  EXPECT_EQ(written.AppliesTimeEnd, evening.AppliesTimeEnd);
-  EXPECT_EQ(written.PerMinuteRate, 0.0375);
-  EXPECT_EQ(written.After, 3700);
-  EXPECT_EQ(written.UnitMins, 15);
-
+  EXPECT_EQ(std::tuple(written.AppliesTimeStart, written.AppliesTimeEnd),
+            std::tuple(evening.AppliesTimeStart, evening.AppliesTimeEnd));
+  EXPECT_EQ(std::tuple(written.PerMinuteRate, written.After, written.UnitMins), std::tuple(0.0375, 3700, 15));
   Existing(written);
   Field("AfterMins").UserText("1");
   Field("AfterSecs").UserText("59.5");
@@ -221,19 +169,8 @@ TEST_F(TariffWindowTest, ANewTariffNeedsANameOfItsOwn) {
   EXPECT_EQ(TariffCopyCount, 1);
   window.lstDialTimeTariffDescrip.UserText("Night");
   window.btnOK.UserClick();
-  EXPECT_TRUE(NewTariff) << "one was added";
-  EXPECT_EQ(TariffCopyCount, 2);
+  EXPECT_TRUE(NewTariff && TariffCopyCount == 2) << "one was added";
   EXPECT_EQ(TariffCopy[1].Description, "Night");
-}
-
-TEST_F(TariffWindowTest, LeavingWithoutOKWritesNothing) {
-  for (const bool byButton : {true, false}) {
-    frmTariff& window = NewOne();
-    Field("AfterMins").UserText("1000");
-    byButton ? window.btnCancel.UserClick() : static_cast<void>(window.Unload());
-    EXPECT_FALSE(TariffForm.IsLoaded() || NewTariff);
-    EXPECT_EQ(TariffCopyCount, 0);
-  }
 }
 
 TEST_F(TariffWindowTest, OKDoesNothingWhenTheFieldBeingLeftTurnsItOff) {
@@ -249,5 +186,4 @@ TEST_F(TariffWindowTest, OKDoesNothingWhenTheFieldBeingLeftTurnsItOff) {
   EXPECT_TRUE(window.btnOK.Enabled);
 }
 
-}  // namespace
 }  // namespace qel
