@@ -120,6 +120,8 @@ Int16 DayIndex(const std::string& longName) {
 
 std::string FileNamePart(const std::string& path) { return path.substr(path.rfind(PathSeparator) + 1); }
 
+std::string FolderPart(const std::string& path) { return path.substr(0, path.rfind(PathSeparator) + 1); }
+
 std::string TextBefore(const std::string& text, const std::string& mark) {
   return text.substr(0, text.find(mark));
 }

@@ -47,9 +47,10 @@ std::string PadLeft(const std::string& text, char pad, Int16 width);
 // 1 to 7, the position of a full day name; 0 when it is none.
 Int16 DayIndex(const std::string& longName);
 
-// The part of a path behind the last separator, and the part of a text before the first `mark` (all of it if
-// there is none).
+// The part of a path behind the last separator, the part up to and with it, and the part of a text before the
+// first `mark` (all of it if there is none).
 std::string FileNamePart(const std::string& path);
+std::string FolderPart(const std::string& path);
 std::string TextBefore(const std::string& text, const std::string& mark);
 
 }  // namespace qel

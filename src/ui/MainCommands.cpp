@@ -200,8 +200,7 @@ void frmMain::DoOpenReport(const std::string& path) {
     ReportForm->OpenReport(path);
   });
   if (!opened) return;
-  const std::string name = FileNamePart(path);
-  AddRecentFile(name, path.substr(0, path.size() - name.size()), "R");
+  AddRecentFile(FileNamePart(path), FolderPart(path), "R");
   ShowRecentFiles();
 }
 

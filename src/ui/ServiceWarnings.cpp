@@ -77,8 +77,7 @@ void frmService::chkWarnSound_Click() {
 
 void frmService::btnWarnBrowse_Click() {
   const std::string name = FileNamePart(WarningSoundFile);
-  const std::string folder = WarningSoundFile.substr(0, WarningSoundFile.size() - name.size());
-  if (const auto path = CurrentHost().AskOpenFile({SoundFilter, folder, name})) {
+  if (const auto path = CurrentHost().AskOpenFile({SoundFilter, FolderPart(WarningSoundFile), name})) {
     WarningSoundFile = *path;
     txtWarningSound.Text = PathText(*path);
     RefreshOKButton();

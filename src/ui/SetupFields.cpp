@@ -19,10 +19,6 @@ constexpr char LogFilter[] = "Modem Log Files (*.txt;*.log)|*.txt;*.log";
 constexpr char AskForNumber[] = "Enter a number.";
 constexpr char OutOfRange[] = "This number is out of range.";
 
-std::string FolderPart(const std::string& path) {
-  return path.substr(0, path.size() - FileNamePart(path).size());
-}
-
 // A text in the making is not held against its field any longer.
 void ForgetRefusalOnChange(TextBox& field) {
   field.Change = [&field] { field.Refusal = ""; };

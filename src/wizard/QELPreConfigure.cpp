@@ -38,8 +38,8 @@ bool Contains(const std::string& text, const char* part) { return text.find(part
 
 // A store that was exported on the old system holds paths with "\".
 std::size_t FileNameBegin(const std::string& path) { return path.find_last_of("/\\") + 1; }
-std::string FilePart(const std::string& path) { return path.substr(FileNameBegin(path)); }
-std::string FolderPart(const std::string& path) { return path.substr(0, FileNameBegin(path)); }
+std::string LogFile(const std::string& path) { return path.substr(FileNameBegin(path)); }
+std::string LogFolder(const std::string& path) { return path.substr(0, FileNameBegin(path)); }
 
 // The entries of a kind are numbered without a gap; the first missing one ends them.
 template <typename Taker>
@@ -77,8 +77,8 @@ void LookAtModems() {
 // empty, since the first was not looked at; the start then takes the default folder.
 void TakeActiveLog() {
   const Int16 number = PreferredModem == 0 ? Int16(1) : PreferredModem;
-  Attempt([number] { ActiveLogFile = FilePart(Modems[number - 1].LoggingPath); });
-  ActiveLogDir = FolderPart(Modems[0].LoggingPath);
+  Attempt([number] { ActiveLogFile = LogFile(Modems[number - 1].LoggingPath); });
+  ActiveLogDir = LogFolder(Modems[0].LoggingPath);
 }
 
 }  // namespace
@@ -141,8 +141,8 @@ void CheckLogFile(Int16 number) {
     SetModemValue(modem, "LoggingPath", DefaultLogDir + DefaultLogFile, REG_SZ);
   } else {
     // The first modem's log is the default one, whichever modem is set up.
-    DefaultLogFile = FilePart(Modems[0].LoggingPath);
-    DefaultLogDir = FolderPart(Modems[0].LoggingPath);
+    DefaultLogFile = LogFile(Modems[0].LoggingPath);
+    DefaultLogDir = LogFolder(Modems[0].LoggingPath);
   }
   Attempt([] {
     const std::string path = DefaultLogDir + DefaultLogFile;
