@@ -1,15 +1,12 @@
 #include "cli/LogSelection.h"
 
 #include <cerrno>
-#include <cstring>
-#include <exception>
 
 #include "cli/CommandLineHost.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogMessages.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
-#include "platform/RegistryFile.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -35,16 +32,6 @@ bool CanBeRead() {
 }
 
 }  // namespace
-
-std::string ReasonOf(const RunTimeError& error) {
-  try {
-    std::rethrow_if_nested(error);
-  } catch (const RegistryFileError& nested) {
-    return nested.what();
-  } catch (...) {
-  }
-  return error.SystemError() != 0 ? std::strerror(error.SystemError()) : error.Description();
-}
 
 bool SelectLog(const std::optional<std::string>& named) {
   if (named)

@@ -4,15 +4,10 @@
 #include <optional>
 #include <string>
 
-#include "platform/RunTimeError.h"
-
 namespace qel {
 
 // Takes the named file as an opened archive, or else the default log of the settings after the test for
 // corruption, and gathers its statistics. False with a complaint where there is nothing to report on.
 bool SelectLog(const std::optional<std::string>& named);
-
-// Why a file could not be used, in the words of the system where it said something.
-std::string ReasonOf(const RunTimeError& error);
 
 }  // namespace qel

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "cli/CommandLineHost.h"
-#include "cli/LogSelection.h"
 #include "core/ProgramState.h"
 #include "platform/CodePage.h"
 #include "platform/Files.h"

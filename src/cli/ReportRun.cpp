@@ -23,7 +23,8 @@ namespace qel {
 
 namespace {
 
-// Reads the store, or the file named in its place. False with a complaint where it makes no sense.
+// Reads the store, or the file named in its place. What cannot be read is complained of: a store leaves the
+// built-in settings, a named file is no answer to what was asked, and False.
 bool OpenSettings(const std::optional<std::string>& named) {
   const std::string path = named.value_or(SettingsStorePath());
   try {
@@ -31,8 +32,9 @@ bool OpenSettings(const std::optional<std::string>& named) {
     Registry.Open(path, RegistryStore::Access::ReadOnly);
     return true;
   } catch (const RunTimeError& error) {
-    Complain("cannot read the settings in " + ShownPath(path) + ": " + ReasonOf(error));
-    return false;
+    Complain("cannot read the settings in " + ShownPath(path) + ": " + ReasonOf(error) +
+             (named ? "" : "; the built-in ones hold"));
+    return !named;
   }
 }
 

@@ -4,7 +4,6 @@
 
 #include "analysis/ResetProgram.h"
 #include "cli/CommandLineHost.h"
-#include "cli/LogSelection.h"
 #include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
@@ -37,6 +36,12 @@ std::optional<SettingsFile> ReadImport(const std::string& path) {
   return std::nullopt;
 }
 
+void TellSetAsideStores() {
+  for (const auto& file : Registry.TakeSetAside())
+    Complain(ShownPath(file.Path) + " could not be read (" + file.Why + "); it is kept as " +
+             ShownPath(file.KeptAs));
+}
+
 }  // namespace
 
 bool ImportSettings(const std::string& path) {
@@ -53,6 +58,7 @@ bool ImportSettings(const std::string& path) {
     Registry.Open(store, RegistryStore::Access::Shared);
     ImportOptions(*file);
     Registry.Flush();
+    TellSetAsideStores();
   } catch (const RunTimeError& error) {
     Complain("cannot write the settings to " + ShownPath(store) + ": " + ReasonOf(error));
     return false;

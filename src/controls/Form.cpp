@@ -64,13 +64,23 @@ void Form::Hide() {
 bool Form::Unload() {
   if (!loaded) return true;
   if (!Form_Unload()) return false;
+  Vanish();
+  return true;
+}
+
+void Form::UnloadAtTheEnd() {
+  if (!loaded || std::exchange(endIsCertain, true)) return;
+  Form_Unload();
+  Vanish();
+}
+
+void Form::Vanish() {
   std::erase(LoadedForms, this);
   loaded = false;
   unloaded = true;
   active = entered = nullptr;
   Hide();
   Face.reset();
-  return true;
 }
 
 void Form::Activate() {

@@ -46,6 +46,9 @@ class Form {
   void Hide();
   // Asks Form_Unload. A form that refuses stays as it is; answers whether it is gone.
   bool Unload();
+  // Unloads the form because the program ends, which Form_Unload can see by EndIsCertain; what it answers does
+  // not matter. It is asked once, even if the end comes up anew while it works.
+  void UnloadAtTheEnd();
   // The form came to the front. Coming back to it from a message box or from another program is no coming
   // to the front.
   void Activate();
@@ -74,14 +77,16 @@ class Form {
   virtual void Form_Load() {}
   virtual void Form_Resize() {}
   virtual void Form_Activate() {}
-  // False refuses.
+  // False refuses, but for the end of the program.
   virtual bool Form_Unload() { return true; }
+  bool EndIsCertain() const { return endIsCertain; }
 
  private:
   friend class Control;
   void Join(Control& control) { controls.push_back(&control); }
   void Leave(Control& control);
   void LeaveFront();
+  void Vanish();
   void ShowChange() const {
     if (ViewChanged) ViewChanged();
   }
@@ -103,6 +108,7 @@ class Form {
   bool unloaded = false;
   bool visible = false;
   bool modal = false;
+  bool endIsCertain = false;
 };
 
 // All loaded forms, in the order of their loading, and the one in front; nullptr where none is.

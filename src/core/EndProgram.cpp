@@ -3,33 +3,39 @@
 #include <iostream>
 
 #include "controls/Form.h"
+#include "core/ErrorHandler.h"
+#include "platform/CodePage.h"
 #include "platform/Files.h"
+#include "platform/Host.h"
 #include "platform/RegistryStore.h"
 #include "platform/RunTimeError.h"
 
 namespace qel {
 
-namespace {
-
-bool failureTold = false;  // since the last time that the settings could be written
-
-}  // namespace
-
 void SaveRegistry() {
+  const bool told = Registry.FlushFailed();
   try {
     Registry.Flush();
-    failureTold = false;
   } catch (const RunTimeError& error) {
-    if (!failureTold) std::cerr << "qel: the settings could not be written: " << error.Description() << '\n';
-    failureTold = true;
+    if (!told) std::cerr << "qel: the settings could not be written: " << error.Description() << '\n';
   }
+}
+
+void TellSetAside() {
+  for (const auto& file : Registry.TakeSetAside())
+    MsgBox(
+        {"QEL could not read your settings file\r\n" + PathText(file.Path) + "\r\n(" + FromUtf8Lossy(file.Why) +
+             ").\r\n\r\nThe file is kept as\r\n" + PathText(file.KeptAs) +
+             "\r\nand a new one takes its place.",
+         "QEL Settings", Icon::Exclamation});
 }
 
 void EndProgram() {
   CloseAllFiles();
   for (const char* name : {"frmAbout", "frmSplash", "frmViewLog", "frmReport", "frmMain"})
-    if (Form* form = LoadedForm(name)) form->Unload();
+    if (Form* form = LoadedForm(name)) IgnoreErrors([form] { form->UnloadAtTheEnd(); });
   SaveRegistry();
+  TellSetAside();
   throw ProgramEnd();
 }
 

@@ -11,7 +11,11 @@ struct ProgramEnd {};
 // on with the settings in memory; standard error has a word of it.
 void SaveRegistry();
 
-// Closes all files, unloads the windows, brings the settings' changes to the disk and throws ProgramEnd.
+// Tells the user of settings files that made no sense and were set aside since this was last called.
+void TellSetAside();
+
+// Closes all files, unloads the windows, which cannot prevent it, brings the settings' changes to the disk and
+// throws ProgramEnd.
 [[noreturn]] void EndProgram();
 
 }  // namespace qel

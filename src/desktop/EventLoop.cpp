@@ -93,11 +93,15 @@ void Dispatch(const std::function<void()>& event) noexcept {
   ++depth;
   try {
     RunToItsEnd(event);
+    if (depth == 1) {
+      SaveRegistry();
+      TellSetAside();
+    }
   } catch (const ProgramEnd&) {
     ended = true;
     CloseDialogues();
   }
-  if (--depth == 0) SaveRegistry();
+  if (--depth == 0 && ended) SaveRegistry();
 }
 
 bool ProgramEnded() { return ended; }

@@ -30,6 +30,6 @@ int main(int count, char** words) {
   qel::Dispatch(qel::StartProgram);
   qel::RunProgram();
   qel::ReleaseFaces();
-  qel::SaveRegistry();
+  qel::Dispatch(qel::SaveRegistry);  // what an earlier attempt could not write
   return 0;
 }

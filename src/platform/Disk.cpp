@@ -1,6 +1,7 @@
 #include "platform/Disk.h"
 
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -32,6 +33,12 @@ int Disk::Rename(const std::string& from, const std::string& to) {
 }
 int Disk::Remove(const std::string& path) { return ::unlink(path.c_str()); }
 int Disk::MakeFolder(const std::string& path, mode_t mode) { return ::mkdir(path.c_str(), mode); }
+int Disk::List(const std::string& folder, std::vector<std::string>& names) {
+  DIR* const entries = ::opendir(folder.c_str());
+  if (entries == nullptr) return -1;
+  while (const dirent* entry = ::readdir(entries)) names.emplace_back(entry->d_name);
+  return ::closedir(entries);
+}
 
 Disk& CurrentDisk() { return *current; }
 

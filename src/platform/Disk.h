@@ -10,6 +10,7 @@
 #include <string>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <vector>
 
 namespace qel {
 
@@ -28,6 +29,7 @@ class Disk {
   virtual int Rename(const std::string& from, const std::string& to);
   virtual int Remove(const std::string& path);
   virtual int MakeFolder(const std::string& path, mode_t mode);
+  virtual int List(const std::string& folder, std::vector<std::string>& names);  // in no order
 };
 
 Disk& CurrentDisk();

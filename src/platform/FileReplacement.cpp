@@ -1,6 +1,9 @@
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
+#include <vector>
 
 #include "platform/Disk.h"
 #include "platform/Files.h"
@@ -17,6 +20,25 @@ void SyncFolder(const std::string& path) {
   folder.Open(path, O_RDONLY | O_DIRECTORY);
   folder.Sync();
   folder.Close();
+}
+
+// Of the temporary files beside a target: "registry.reg.1234-1.tmp", with the number of the process.
+constexpr std::string_view TemporaryEnd = ".tmp";
+
+std::string TemporaryBegin(const std::string& target) { return target + "."; }
+
+// Whether the name is that of a temporary file whose process has ended.
+bool IsStray(std::string_view name, std::string_view begin) {
+  if (!name.starts_with(begin) || !name.ends_with(TemporaryEnd)) return false;
+  const std::string_view numbers = name.substr(begin.size(), name.size() - begin.size() - TemporaryEnd.size());
+  pid_t process = 0;
+  int number = 0;
+  const char* const end = numbers.data() + numbers.size();
+  const auto first = std::from_chars(numbers.data(), end, process);
+  if (first.ec != std::errc() || first.ptr == end || *first.ptr != '-') return false;
+  const auto second = std::from_chars(first.ptr + 1, end, number);
+  if (second.ec != std::errc() || second.ptr != end || process <= 0 || number <= 0) return false;
+  return ::kill(process, 0) < 0 && errno == ESRCH;
 }
 
 // A file that grows beside its target and takes its place at the end. What is not finished leaves no trace.
@@ -46,7 +68,8 @@ class Replacement {
   void OpenBeside(mode_t mode) {
     constexpr int MostLeftBehind = 100;
     for (int number = 1;; ++number) {
-      temporary = target + "." + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp";
+      temporary = TemporaryBegin(target) + std::to_string(getpid()) + "-" + std::to_string(number);
+      temporary += TemporaryEnd;
       try {
         return file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
       } catch (const RunTimeError& error) {
@@ -89,6 +112,18 @@ void ReplaceFile(const std::string& path, std::string_view content, int newMode)
   if (exists) replacement.SetMode(status.st_mode);
   replacement.Write(content);
   replacement.Finish();
+}
+
+void RemoveStrayTemporaries(const std::string& path) {
+  try {
+    const std::string target = BehindLinks(path), folder = FolderOf(target);
+    const std::string begin = TemporaryBegin(target.substr(target.rfind(PathSeparator) + 1));
+    std::vector<std::string> names;
+    if (CurrentDisk().List(folder, names) < 0) return;
+    for (const std::string& name : names)
+      if (IsStray(name, begin)) CurrentDisk().Remove(folder + PathSeparator + name);
+  } catch (const RunTimeError&) {
+  }
 }
 
 void CopyMode(const std::string& from, const std::string& to) {

@@ -141,6 +141,10 @@ std::string ReadWholeFile(const std::string& path);
 // as a pipe, is written to.
 void ReplaceFile(const std::string& path, std::string_view content, int newMode = 0644);
 
+// Removes what programs that crashed while they replaced this file have left beside it; temporary files of
+// programs that still run stay. A failure is passed over: nothing waits for it.
+void RemoveStrayTemporaries(const std::string& path);
+
 // Renames a file; an existing file at `to` is replaced. Symbolic links at either end stay where they are: it
 // is the file behind the link that moves, and the file behind the other link that is replaced or made. Across
 // volumes it is copied beside `to`, flushed, renamed there and removed here, in that order, so that one whole

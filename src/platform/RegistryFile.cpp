@@ -80,12 +80,23 @@ class Parser {
     EndLine();
   }
 
-  // A name may hold brackets, so the key ends at the last one of the line.
+  // Whether nothing but a comment stands behind the bracket.
+  static bool IsKeyEnd(std::string_view bracket) {
+    const std::size_t behind = bracket.find_first_not_of(Blanks, 1);
+    return behind == std::string_view::npos || bracket[behind] == ';' || bracket.substr(behind) == "\r";
+  }
+
+  // Where the key ends in its line: names may hold brackets.
+  static std::size_t KeyEnd(std::string_view wholeLine) {
+    std::size_t end = wholeLine.find(']');
+    while (end != std::string_view::npos && !IsKeyEnd(wholeLine.substr(end))) end = wholeLine.find(']', end + 1);
+    return end;
+  }
+
   void ReadKey() {
-    const std::string_view wholeLine = rest.substr(0, rest.find('\n'));
-    const std::size_t end = wholeLine.rfind(']');
+    const std::size_t end = KeyEnd(rest.substr(0, rest.find('\n')));
     if (end == std::string_view::npos) Fail("a key without its closing bracket");
-    std::string_view path = wholeLine.substr(1, end - 1);
+    std::string_view path = rest.substr(1, end - 1);
     const bool isDeletion = path.starts_with('-');
     if (isDeletion) path.remove_prefix(1);
     if (!IsKeyPath(path)) Fail("not the path of a key");

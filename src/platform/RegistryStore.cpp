@@ -1,6 +1,5 @@
 #include "platform/RegistryStore.h"
 
-#include <cstdio>
 #include <exception>
 #include <utility>
 
@@ -20,19 +19,27 @@ RegistryTree ReadTree(const std::string& path) {
   return ParseRegistryFile(ReadWholeFile(path));
 }
 
+// Whoever opens it would wait for its other end.
+bool IsPipe(const std::string& path) {
+  struct stat status {};
+  return FindStatus(path, status) && S_ISFIFO(status.st_mode);
+}
+
 std::string LockPath(const std::string& path) { return path + ".lock"; }
 
-// With the lock held: another process may have set the file aside and written a good one in the meantime.
-RegistryTree ReadOrSetAside(const std::string& path, const RegistryTree& instead) {
-  try {
-    return ReadTree(path);
-  } catch (const RegistryFileError& error) {
-    const std::string aside = path + ".bad";
-    RenameFile(path, aside);
-    std::fprintf(stderr, "qel: %s makes no sense (%s); it is kept as %s\n", path.c_str(), error.what(),
-                 aside.c_str());
-    return instead;
-  }
+// A name that no file bears yet, for one that makes no sense.
+std::string FreeNameBeside(const std::string& path) {
+  const std::string first = path + ".bad";
+  std::string name = first;
+  for (int number = 2; PathExists(name); ++number) name = first + "-" + std::to_string(number);
+  return name;
+}
+
+const RegistryValue* FindValue(const RegistryTree& tree, std::string_view key, std::string_view name) {
+  const auto values = tree.find(key);
+  if (values == tree.end()) return nullptr;
+  const auto value = values->second.find(name);
+  return value == values->second.end() ? nullptr : &value->second;
 }
 
 // A path may be given with a separator at its end.
@@ -47,15 +54,53 @@ RegistryStore Registry;
 
 void RegistryStore::Open(const std::string& path, Access access) {
   Reset();
+  if (access == Access::Shared && IsPipe(path)) throw RunTimeError(DeviceError, "QEL", 0, path);
   try {
     tree = ReadTree(path);
   } catch (const RegistryFileError&) {
-    if (access == Access::ReadOnly) std::throw_with_nested(RunTimeError(DeviceError, "QEL", 0, path));
-    const FileLock lock(LockPath(path));
-    tree = ReadOrSetAside(path, {});
+    this->path = path;
+    if (access == Access::ReadOnly || !SetAsideNow()) {
+      Reset();
+      std::throw_with_nested(RunTimeError(DeviceError, "QEL", 0, path));
+    }
   }
+  known = tree;
   this->path = path;
   this->access = access;
+}
+
+// False where the file has to stay in its place.
+bool RegistryStore::SetAsideNow() {
+  try {
+    const FileLock lock(LockPath(path));
+    tree = ReadOrSetAside({});
+    return true;
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+// With the lock held: another process may have set the file aside and written a good one in the meantime.
+RegistryTree RegistryStore::ReadOrSetAside(const RegistryTree& instead) {
+  try {
+    return ReadTree(path);
+  } catch (const RegistryFileError& error) {
+    const std::string aside = FreeNameBeside(path);
+    RenameFile(path, aside);
+    setAside.push_back({path, aside, error.what()});
+    return instead;
+  }
+}
+
+void RegistryStore::Refresh() {
+  if (access == Access::ReadOnly) return;
+  try {
+    RegistryTree fresh = ReadTree(path);
+    for (const Change& change : changes) Apply(fresh, change);
+    tree = std::move(fresh);
+  } catch (const RegistryFileError&) {  // the next flush sees to it
+  } catch (const RunTimeError&) {
+  }
 }
 
 void RegistryStore::Reset() { *this = RegistryStore(); }
@@ -69,24 +114,27 @@ void RegistryStore::CreateKey(std::string_view key) {
 }
 
 const RegistryValue* RegistryStore::Query(std::string_view key, std::string_view name) const {
-  const auto values = tree.find(KeyPath(key));
-  if (values == tree.end()) return nullptr;
-  const auto value = values->second.find(name);
-  return value == values->second.end() ? nullptr : &value->second;
+  const RegistryValue* value = FindValue(tree, KeyPath(key), name);
+  const auto values = known.find(KeyPath(key));
+  if (value)
+    MakeKey(known, KeyPath(key)).insert_or_assign(std::string(name), *value);
+  else if (values != known.end())
+    values->second.erase(std::string(name));
+  return value;
 }
 
 bool RegistryStore::Set(std::string_view key, std::string_view name, RegistryValue value) {
   if (name.find('\0') != std::string_view::npos) Raise(InvalidCall);
   if (!KeyExists(key)) return false;
   // What is not changed is not written back, since another process may have changed it.
-  const RegistryValue* before = Query(key, name);
+  const RegistryValue* before = FindValue(known, KeyPath(key), name);
   if (before != nullptr && *before == value) return true;
   Record({Change::Kind::SetValue, std::string(KeyPath(key)), std::string(name), std::move(value)});
   return true;
 }
 
 void RegistryStore::DeleteValue(std::string_view key, std::string_view name) {
-  if (Query(key, name) == nullptr) return;
+  if (FindValue(tree, KeyPath(key), name) == nullptr) return;
   Record({Change::Kind::DeleteValue, std::string(KeyPath(key)), std::string(name), {}});
 }
 
@@ -112,17 +160,28 @@ std::vector<std::string> RegistryStore::ValueNames(std::string_view key) const {
 
 void RegistryStore::Flush() {
   if (access == Access::ReadOnly || changes.empty()) return;
+  flushFailed = true;  // until all is done
   MakeFolders(FolderOf(path), OwnerOnlyFolder);
   const FileLock lock(LockPath(path));
-  RegistryTree merged = ReadOrSetAside(path, tree);
+  RemoveStrayTemporaries(path);
+  RegistryTree merged = ReadOrSetAside(tree);
   for (const Change& change : changes) Apply(merged, change);
   ReplaceFile(path, WriteRegistryFile(merged), OwnerOnlyFile);
   tree = std::move(merged);
   changes.clear();
+  flushFailed = false;
+}
+
+bool RegistryStore::ChangedElsewhere(std::string_view key) const {
+  const auto now = tree.find(KeyPath(key));
+  const auto before = known.find(KeyPath(key));
+  if (now == tree.end() || before == known.end()) return (now == tree.end()) != (before == known.end());
+  return now->second != before->second;
 }
 
 void RegistryStore::Record(Change change) {
   Apply(tree, change);
+  Apply(known, change);
   if (access == Access::Shared) changes.push_back(std::move(change));
 }
 

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/RegistryTree.h"
@@ -16,11 +17,20 @@ class RegistryStore {
  public:
   enum class Access { ReadOnly, Shared };
 
+  // A file that could not be parsed and was kept under another name. `Why` names the line at fault.
+  struct SetAsideFile {
+    std::string Path, KeptAs, Why;
+  };
+
   // Reads the file; a file that does not exist is an empty store. With Shared access a file that cannot be
-  // parsed is set aside as PATH.bad (with a word on standard error) and the store begins empty; with ReadOnly
-  // it raises 57, with the RegistryFileError that names the line at fault nested within. An unreadable file
-  // raises its disk error either way. Where Open raises, the store is as after Reset.
+  // parsed is set aside as PATH.bad, or PATH.bad-2 and so on where that name is taken, and the store begins
+  // empty; with ReadOnly, or where it cannot be set aside, it raises 57, with the RegistryFileError that names
+  // the line at fault nested within. An unreadable file raises its disk error either way, a pipe in the
+  // place of a shared one 57. Where Open raises, the store is as after Reset.
   void Open(const std::string& path, Access access);
+
+  // Reads the file anew, for what other programs wrote to it since. What cannot be read changes nothing.
+  void Refresh();
 
   // Forgets everything, file included: an empty store in memory that Flush leaves there.
   void Reset();
@@ -33,7 +43,9 @@ class RegistryStore {
   // The value, or nothing where key or value is missing. The pointer holds until the next change.
   const RegistryValue* Query(std::string_view key, std::string_view name) const;
 
-  // False where the key does not exist; nothing is stored then. Raises 5 for a name with a zero byte.
+  // Keeps the value, and brings it to the file with the next flush if it is another than this program last
+  // read (by Open or Query) or wrote, whatever other programs have stored meanwhile. False where the key does
+  // not exist; nothing is stored then. Raises 5 for a name with a zero byte.
   bool Set(std::string_view key, std::string_view name, RegistryValue value);
   void DeleteValue(std::string_view key, std::string_view name);
   void DeleteKey(std::string_view key);  // with the keys below it
@@ -43,11 +55,21 @@ class RegistryStore {
   std::vector<std::string> ValueNames(std::string_view key) const;
 
   // Brings the gathered changes to the file: lock, read again, apply the changes, write beside it, flush,
-  // rename, flush the folder. Two running programs lose none of each other's changes. Nothing to do where
-  // nothing changed or the access is ReadOnly. Afterwards the store also has what others changed meanwhile.
-  // Where it raises, the changes are kept for the next flush. A file that cannot be parsed by now is set
-  // aside as in Open, and all that this store holds takes its place.
+  // rename, flush the folder. Running programs lose none of each other's changes. Nothing to do where nothing
+  // changed or the access is ReadOnly. Afterwards the store also has what others changed meanwhile. Where it
+  // raises, the changes are kept for the next flush. A file that cannot be parsed by now is set aside as in
+  // Open, and all that this store holds takes its place. What a crashed program left beside the file is
+  // removed.
   void Flush();
+
+  // Whether the last flush raised.
+  bool FlushFailed() const { return flushFailed; }
+
+  // Whether other programs changed something in this key since this one last read or wrote it.
+  bool ChangedElsewhere(std::string_view key) const;
+
+  // The files set aside since this was last asked, for whoever tells the user.
+  std::vector<SetAsideFile> TakeSetAside() { return std::exchange(setAside, {}); }
 
   const RegistryTree& Tree() const { return tree; }
 
@@ -59,11 +81,16 @@ class RegistryStore {
   };
   void Record(Change change);  // makes it here and keeps it for the next flush
   static void Apply(RegistryTree& to, const Change& change);
+  RegistryTree ReadOrSetAside(const RegistryTree& instead);
+  bool SetAsideNow();
 
-  RegistryTree tree;
+  RegistryTree tree;            // the file as it was last read, with the changes made here
+  mutable RegistryTree known;   // the values as this program last read or wrote them, by which changes are told
   std::vector<Change> changes;  // since the last flush that succeeded
+  std::vector<SetAsideFile> setAside;
   std::string path;
   Access access = Access::ReadOnly;
+  bool flushFailed = false;
 };
 
 // The store that the program's settings live in.

@@ -14,6 +14,15 @@ constexpr std::ptrdiff_t MostNames = 512;
 
 bool IsControl(char character) { return static_cast<unsigned char>(character) < ' '; }
 
+// "]" with ";" behind it; blanks may stand between them.
+bool HoldsKeyEnd(std::string_view path) {
+  for (std::size_t at = path.find(']'); at != std::string_view::npos; at = path.find(']', at + 1)) {
+    const std::size_t behind = path.find_first_not_of(" \t", at + 1);
+    if (behind != std::string_view::npos && path[behind] == ';') return true;
+  }
+  return false;
+}
+
 RegistryTree::iterator FindOrMake(RegistryTree& tree, std::string_view path) {
   if (const auto found = tree.find(path); found != tree.end()) return found;
   const std::size_t last = path.rfind(KeySeparator);
@@ -47,7 +56,7 @@ bool NoCaseLess::operator()(std::string_view a, std::string_view b) const {
 
 bool IsKeyPath(std::string_view path) {
   if (!EqualNoCase(path.substr(0, RootBegins.size()), RootBegins)) return false;
-  if (std::any_of(path.begin(), path.end(), IsControl)) return false;
+  if (std::any_of(path.begin(), path.end(), IsControl) || HoldsKeyEnd(path)) return false;
   if (path.ends_with(KeySeparator) || path.find("\\\\") != std::string_view::npos) return false;
   return std::count(path.begin(), path.end(), KeySeparator) < MostNames;
 }

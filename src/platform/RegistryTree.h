@@ -44,7 +44,8 @@ using RegistryValues = std::map<std::string, RegistryValue, NoCaseLess>;
 using RegistryTree = std::map<std::string, RegistryValues, NoCaseLess>;
 
 // Whether a key can have this path: it begins at one of the roots, whose names begin with "HKEY_", no name on
-// the way is empty or holds a control character, and there are at most 512 of them.
+// the way is empty or holds a control character, there are at most 512 of them, and none holds what ends a
+// key's line in a file: a closing bracket with a semicolon behind it.
 bool IsKeyPath(std::string_view path);
 
 // The values of a key, which is made where missing, with the keys above it. The path must be a key path.

@@ -1,6 +1,8 @@
 #include "platform/RunTimeError.h"
 
 #include <cerrno>
+#include <cstring>
+#include <exception>
 #include <utility>
 
 namespace qel {
@@ -60,6 +62,15 @@ RunTimeError::RunTimeError(int number, std::string source, int systemError, std:
       source(std::move(source)),
       systemError(systemError),
       path(std::move(path)) {}
+
+std::string ReasonOf(const RunTimeError& error) {
+  try {
+    std::rethrow_if_nested(error);
+  } catch (const std::exception& nested) {
+    return nested.what();
+  }
+  return error.SystemError() != 0 ? std::strerror(error.SystemError()) : error.Description();
+}
 
 std::string ErrorDescription(int number) {
   for (const auto& row : Descriptions)

@@ -48,6 +48,10 @@ class RunTimeError : public std::runtime_error {
   std::string path;
 };
 
+// Why it failed, in words for the user: those of what is nested within, else those of the system, else the
+// platform's.
+std::string ReasonOf(const RunTimeError& error);
+
 // The platform's words for an error number, such as "Overflow" for 6.
 std::string ErrorDescription(int number);
 

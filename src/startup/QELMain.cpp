@@ -10,9 +10,11 @@
 #include "core/GeneralFunctions.h"
 #include "core/Installation.h"
 #include "core/ProgramState.h"
+#include "core/EndProgram.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
+#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
 #include "platform/RegistryStore.h"
@@ -120,13 +122,30 @@ void ExamineLog() {
   }
 }
 
+// Settings that cannot be read stay as they are: the program runs on those that are built in, and stores none.
+void OpenSettings() {
+  const std::string path = SettingsStorePath();
+  try {
+    Registry.Open(path, RegistryStore::Access::Shared);
+  } catch (const RunTimeError& error) {
+    MsgBox({"QEL cannot read your settings file\r\n" + PathText(path) + "\r\n(" +
+                FromUtf8Lossy(ReasonOf(error)) +
+                ").\r\n\r\n"
+                "Until it can be read again, QEL runs with its built-in\r\n"
+                "settings: without your services, and without storing\r\n"
+                "anything that you change.",
+            "QEL Settings", Icon::Exclamation});
+  }
+  TellSetAside();
+}
+
 }  // namespace
 
 void StartProgram() {
   ResetProgram();
   ResetModems();
   ResetFind();
-  Attempt([] { Registry.Open(SettingsStorePath(), RegistryStore::Access::Shared); });
+  OpenSettings();
   SplashForm->Main = Main;
   SplashForm->Show();
 }

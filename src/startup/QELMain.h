@@ -3,8 +3,8 @@
 
 namespace qel {
 
-// Opens the settings store and the splash window, which runs Main. Throws ProgramEnd where the store cannot
-// be read and the user gives up.
+// Opens the settings store and the splash window, which runs Main. Where the store cannot be read the user is
+// told, and the run goes on with the built-in settings and stores nothing.
 void StartProgram();
 
 // Reads the settings, settles which log to read, looks into it, and hands over to the main window; at once,

@@ -149,7 +149,10 @@ void frmMain::OfferTip() {
 
 bool frmMain::Form_Unload() {
   for (const char* name : {"frmSplash", "frmReport", "frmAbout", "frmHelp", "frmViewLog"})
-    if (Form* form = LoadedForm(name); form && !form->Unload()) return false;
+    if (Form* form = LoadedForm(name); form && EndIsCertain())
+      form->UnloadAtTheEnd();
+    else if (form && !form->Unload())
+      return false;
   SaveMainWinSettings();
   return true;
 }

@@ -165,7 +165,7 @@ void frmViewLog::Form_Activate() { Toolbar1.Visible = ShowToolbars; }
 // A window whose changes the user wants kept stays while they cannot be.
 bool frmViewLog::Form_Unload() {
   SetTrace("frmViewLog", "Form_Unload");
-  if (mnuSave.Enabled && !mnuSave_Click()) return false;
+  if (mnuSave.Enabled && !mnuSave_Click() && !EndIsCertain()) return false;
   ViewerOpen = false;
   if (ViewingLog) KeepSettings();
   ViewTextFile.clear();

@@ -74,7 +74,7 @@ TEST(RegistryFile, ReadsTheEncodingsOfVersion5) {
 TEST(RegistryFile, DeletesAndMergesInOrder) {
   const std::string content =
       "REGEDIT4\r\n[HKEY_X\\A]\r\n\"a\"=\"1\"\r\n\"b\"=\"2\"\r\n[HKEY_X\\A\\B]\r\n[HKEY_X\\A B]\r\n"
-      "[hkey_x\\a]\r\n\"A\"=-\r\n\"B\"=\"3\"\r\n[-HKEY_X\\a\\b]\r\n";
+      "[hkey_x\\a]\t; was [HKEY_X\\C]\r\n\"A\"=-\r\n\"B\"=\"3\"\r\n[-HKEY_X\\a\\b];[b]\r\n";
   EXPECT_EQ(ParseRegistryFile(content),
             (RegistryTree{{"HKEY_X", {}}, {"HKEY_X\\A", {{"b", {REG_SZ, "3\0"s}}}}, {"HKEY_X\\A B", {}}}));
   EXPECT_EQ(ParseRegistryFile(""), RegistryTree());

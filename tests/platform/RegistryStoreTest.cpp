@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -61,7 +62,7 @@ TEST_F(RegistryStoreTest, KeysAndValuesIgnoreCaseAndKeepIt) {
 
 TEST_F(RegistryStoreTest, WhatTheFileCannotHoldIsRefused) {
   RegistryStore store;
-  for (const std::string key : {"", "SOFTWARE\\QEL", "HKEY_X\\\\A", "HKEY_X\\a\nb"})
+  for (const std::string key : {"", "SOFTWARE\\QEL", "HKEY_X\\\\A", "HKEY_X\\a\nb", "HKEY_X\\a] ;b"})
     EXPECT_THROW(store.CreateKey(key), RunTimeError) << key;
   store.CreateKey(Key);
   EXPECT_THROW(store.Set(Key, std::string("a\0b", 3), Text("1")), RunTimeError);
@@ -103,6 +104,49 @@ TEST_F(RegistryStoreTest, TwoStoresLoseNoneOfEachOthersChanges) {
   EXPECT_EQ(OnDisk().at(Key), (RegistryValues{{"b", Text("again")}}));
 }
 
+// Each holds all of its settings in memory and stores all of them each time, as the program does.
+TEST_F(RegistryStoreTest, ThreeProgramsThatWriteInTurnLoseNothing) {
+  PutOld();
+  std::vector<std::pair<RegistryStore, RegistryValues>> programs(3);
+  for (auto& [store, memory] : programs) {
+    store.Open(path, Access::Shared);
+    for (const std::string& name : store.ValueNames(Key)) memory[name] = *store.Query(Key, name);
+  }
+  RegistryValues expected = programs[0].second;
+  for (const std::string round : {"1", "2", "3"}) {
+    for (std::size_t i = 0; i < programs.size(); ++i) {
+      auto& [store, memory] = programs[i];
+      // In the second round nobody has changed anything.
+      const std::string own = "own" + std::to_string(i);
+      if (round != "2") memory[own] = expected[own] = Text(round);
+      if (round == "1" && i == 1) memory["b"] = expected["b"] = Text("new");
+      for (const auto& [name, value] : memory) store.Set(Key, name, value);
+      store.Flush();
+      EXPECT_EQ(OnDisk().at(Key), expected) << "round " << round << ", " << own;
+    }
+  }
+  EXPECT_EQ(programs[2].first.Tree(), OnDisk()) << "what others wrote is known";
+}
+
+TEST_F(RegistryStoreTest, WhatWasReadAnewIsWhatAChangeIsToldFrom) {
+  PutOld();
+  RegistryStore one = Opened(), two = Opened();
+  two.Set(Key, "a", Text("2"));
+  two.Flush();
+  EXPECT_FALSE(one.ChangedElsewhere(Key));
+  one.Set(Key, "b", Text("one"));
+  one.Refresh();
+  EXPECT_TRUE(one.ChangedElsewhere(Key));
+  EXPECT_EQ(*one.Query(Key, "a"), Text("2"));
+  EXPECT_FALSE(one.ChangedElsewhere(Key));
+  one.Set(Key, "a", Text("1"));
+  one.Flush();
+  EXPECT_EQ(OnDisk().at(Key), (RegistryValues{{"a", Text("1")}, {"b", Text("one")}}));
+  folder.Put("registry.reg", "spoilt");
+  one.Refresh();
+  EXPECT_EQ(*one.Query(Key, "a"), Text("1"));
+}
+
 TEST_F(RegistryStoreTest, AReadOnlyStoreWritesNothing) {
   PutOld();
   const std::string before = folder.Content("registry.reg");
@@ -125,10 +169,79 @@ TEST_F(RegistryStoreTest, AFileThatMakesNoSenseIsSetAside) {
   }
   EXPECT_EQ(folder.Content("registry.reg"), "garbage");
 
+  // Each under a name of its own, whatever was set aside before.
+  for (const std::string kept : {"registry.reg.bad", "registry.reg.bad-2", "registry.reg.bad-3"}) {
+    const std::string garbage = "REGEDIT4\n" + kept;
+    folder.Put("registry.reg", garbage + "\ngarbage\"");
+    RegistryStore store = Opened();
+    EXPECT_TRUE(store.Tree().empty());
+    const auto told = store.TakeSetAside();
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0].Path + told[0].KeptAs, path + folder.Path(kept));
+    EXPECT_EQ(told[0].Why, "line 2: unexpected text");
+    EXPECT_TRUE(folder.Content(kept).starts_with(garbage));
+    EXPECT_FALSE(folder.Has("registry.reg"));
+    EXPECT_TRUE(store.TakeSetAside().empty());
+  }
+}
+
+TEST_F(RegistryStoreTest, WhatCannotBeReadIsRaisedAndLeftAsItIs) {
+  const auto refused = [this] {
+    RegistryStore store;
+    const int error = ErrorOf([&] { store.Open(path, Access::Shared); });
+    EXPECT_NE(error, 0);
+    store.CreateKey(Key);
+    store.Flush();
+    EXPECT_TRUE(store.TakeSetAside().empty());
+    return error;
+  };
+  fs::create_directory(path);
+  EXPECT_EQ(refused(), PathFileAccess);
+  EXPECT_TRUE(fs::is_empty(path));
+  fs::remove(path);
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  EXPECT_EQ(refused(), DeviceError);
+  fs::remove(path);
+
+  class : public FailingDisk {
+   public:
+    int Open(const std::string& file, int flags, mode_t mode) override {
+      const bool refused = isReadOnly ? (flags & O_CREAT) != 0 : (flags & O_ACCMODE) == O_RDONLY;
+      errno = EACCES;
+      return refused ? -1 : FailingDisk::Open(file, flags, mode);
+    }
+    bool isReadOnly = false;
+  } disk;  // which a test run by root needs
+  const DiskInPlace inPlace(disk);
+  PutOld();
+  EXPECT_EQ(refused(), PermissionDenied);
+  disk.isReadOnly = true;
   RegistryStore store = Opened();
-  EXPECT_TRUE(store.Tree().empty());
-  EXPECT_EQ(folder.Content("registry.reg.bad"), "garbage");
-  EXPECT_FALSE(folder.Has("registry.reg"));
+  store.Set(Key, "a", Text("2"));
+  EXPECT_EQ(ErrorOf([&] { store.Flush(); }), PermissionDenied);
+  folder.Put("registry.reg", "garbage");
+  EXPECT_EQ(refused(), DeviceError) << "cannot be set aside either";
+  EXPECT_EQ(folder.Content("registry.reg"), "garbage");
+  EXPECT_EQ(folder.Entries(), 1);
+}
+
+TEST_F(RegistryStoreTest, AFlushSweepsWhatCrashesLeftAndNothingElse) {
+  const pid_t ended = ::fork();
+  if (ended == 0) ::_exit(0);
+  ASSERT_EQ(::waitpid(ended, nullptr, 0), ended);
+  const std::string gone = std::to_string(ended), running = std::to_string(::getpid());
+  const std::string strays[] = {"registry.reg." + gone + "-1.tmp", "registry.reg." + gone + "-12.tmp"};
+  const std::string others[] = {"registry.reg." + running + "-1.tmp", "registry.reg." + gone + ".tmp",
+                                "registry.reg." + gone + "-1.tmp.txt", "registry.reg.bad",
+                                "other.reg." + gone + "-1.tmp", "registry.reg.-" + gone + "-1.tmp"};
+  for (const auto& name : strays) folder.Put(name, "");
+  for (const auto& name : others) folder.Put(name, "");
+  PutOld();
+  RegistryStore store = Opened();
+  store.Set(Key, "a", Text("2"));
+  store.Flush();
+  for (const auto& name : strays) EXPECT_FALSE(folder.Has(name)) << name;
+  for (const auto& name : others) EXPECT_TRUE(folder.Has(name)) << name;
 }
 
 TEST_F(RegistryStoreTest, AFileSpoiltMeanwhileIsSetAsideAndWrittenWhole) {

@@ -63,6 +63,9 @@ class FailingDisk : public Disk {
   int MakeFolder(const std::string& path, mode_t mode) override {
     return Fails() ? -1 : Disk::MakeFolder(path, mode);
   }
+  int List(const std::string& folder, std::vector<std::string>& names) override {
+    return Fails() ? -1 : Disk::List(folder, names);
+  }
 
  private:
   enum class Then { Recover, KeepFailing, EndProcess };
