@@ -46,8 +46,8 @@ class Form {
   void Hide();
   // Asks Form_Unload. A form that refuses stays as it is; answers whether it is gone.
   bool Unload();
-  // Unloads the form because the program ends, which Form_Unload can see by EndIsCertain; what it answers does
-  // not matter. It is asked once, even if the end comes up anew while it works.
+  // Unloads the form because the program ends, which Form_Unload can see by EndIsCertain; what it answers
+  // does not matter. It is asked once, even if the end comes up anew while it works.
   void UnloadAtTheEnd();
   // The form came to the front. Coming back to it from a message box or from another program is no coming
   // to the front.

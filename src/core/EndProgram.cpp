@@ -23,11 +23,10 @@ void SaveRegistry() {
 
 void TellSetAside() {
   for (const auto& file : Registry.TakeSetAside())
-    MsgBox(
-        {"QEL could not read your settings file\r\n" + PathText(file.Path) + "\r\n(" + FromUtf8Lossy(file.Why) +
-             ").\r\n\r\nThe file is kept as\r\n" + PathText(file.KeptAs) +
-             "\r\nand a new one takes its place.",
-         "QEL Settings", Icon::Exclamation});
+    MsgBox({"QEL could not read your settings file\r\n" + PathText(file.Path) + "\r\n(" +
+                FromUtf8Lossy(file.Why) + ").\r\n\r\nThe file is kept as\r\n" + PathText(file.KeptAs) +
+                "\r\nand a new one takes its place.",
+            "QEL Settings", Icon::Exclamation});
 }
 
 void EndProgram() {

@@ -14,8 +14,8 @@ void SaveRegistry();
 // Tells the user of settings files that made no sense and were set aside since this was last called.
 void TellSetAside();
 
-// Closes all files, unloads the windows, which cannot prevent it, brings the settings' changes to the disk and
-// throws ProgramEnd.
+// Closes all files, unloads the windows, which cannot prevent it, brings the settings' changes to the disk
+// and throws ProgramEnd.
 [[noreturn]] void EndProgram();
 
 }  // namespace qel

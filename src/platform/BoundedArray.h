@@ -1,4 +1,5 @@
-// An array from index 0 to a last index, both told in 16 bits. An index outside raises run-time error 9.
+// An array from index 0 to a last index, both told in 16 bits. An index outside raises run-time error 9. What
+// was stored for it and finds no room goes along beyond its end, so that it can be stored again.
 #pragma once
 
 #include <cstddef>
@@ -17,6 +18,7 @@ class BoundedArray {
   void Make(Int16 last) {
     if (last < 0) Raise(SubscriptOutOfRange);
     elements.assign(static_cast<std::size_t>(last) + 1, T());
+    Beyond.clear();
   }
 
   // -1 before the array was made.
@@ -24,6 +26,8 @@ class BoundedArray {
 
   T& operator[](int index) { return elements[Checked(index)]; }
   const T& operator[](int index) const { return elements[Checked(index)]; }
+
+  std::vector<T> Beyond;
 
  private:
   std::size_t Checked(int index) const {

@@ -30,7 +30,8 @@ std::string TemporaryBegin(const std::string& target) { return target + "."; }
 // Whether the name is that of a temporary file whose process has ended.
 bool IsStray(std::string_view name, std::string_view begin) {
   if (!name.starts_with(begin) || !name.ends_with(TemporaryEnd)) return false;
-  const std::string_view numbers = name.substr(begin.size(), name.size() - begin.size() - TemporaryEnd.size());
+  const std::string_view numbers =
+      name.substr(begin.size(), name.size() - begin.size() - TemporaryEnd.size());
   pid_t process = 0;
   int number = 0;
   const char* const end = numbers.data() + numbers.size();

@@ -89,7 +89,8 @@ class Parser {
   // Where the key ends in its line: names may hold brackets.
   static std::size_t KeyEnd(std::string_view wholeLine) {
     std::size_t end = wholeLine.find(']');
-    while (end != std::string_view::npos && !IsKeyEnd(wholeLine.substr(end))) end = wholeLine.find(']', end + 1);
+    while (end != std::string_view::npos && !IsKeyEnd(wholeLine.substr(end)))
+      end = wholeLine.find(']', end + 1);
     return end;
   }
 

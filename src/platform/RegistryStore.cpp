@@ -179,6 +179,16 @@ bool RegistryStore::ChangedElsewhere(std::string_view key) const {
   return now->second != before->second;
 }
 
+bool RegistryStore::ChangedElsewhere(std::string_view key, std::string_view name) const {
+  const RegistryValue* now = FindValue(tree, KeyPath(key), name);
+  const RegistryValue* before = FindValue(known, KeyPath(key), name);
+  return now == nullptr || before == nullptr ? now != before : *now != *before;
+}
+
+void RegistryStore::TakeAsRead(std::string_view key, std::string_view name, RegistryValue value) {
+  MakeKey(known, KeyPath(key)).insert_or_assign(std::string(name), std::move(value));
+}
+
 void RegistryStore::Record(Change change) {
   Apply(tree, change);
   Apply(known, change);

@@ -24,8 +24,8 @@ class RegistryStore {
 
   // Reads the file; a file that does not exist is an empty store. With Shared access a file that cannot be
   // parsed is set aside as PATH.bad, or PATH.bad-2 and so on where that name is taken, and the store begins
-  // empty; with ReadOnly, or where it cannot be set aside, it raises 57, with the RegistryFileError that names
-  // the line at fault nested within. An unreadable file raises its disk error either way, a pipe in the
+  // empty; with ReadOnly, or where it cannot be set aside, it raises 57, with the RegistryFileError that
+  // names the line at fault nested within. An unreadable file raises its disk error either way, a pipe in the
   // place of a shared one 57. Where Open raises, the store is as after Reset.
   void Open(const std::string& path, Access access);
 
@@ -65,8 +65,14 @@ class RegistryStore {
   // Whether the last flush raised.
   bool FlushFailed() const { return flushFailed; }
 
-  // Whether other programs changed something in this key since this one last read or wrote it.
+  // Whether other programs changed something in this key, or this value of it, since this one last read or
+  // wrote it.
   bool ChangedElsewhere(std::string_view key) const;
+  bool ChangedElsewhere(std::string_view key, std::string_view name) const;
+
+  // Lets `value` pass for what this program has read here: what stands there cannot be used, and stays as
+  // long as the program has nothing else to say than that.
+  void TakeAsRead(std::string_view key, std::string_view name, RegistryValue value);
 
   // The files set aside since this was last asked, for whoever tells the user.
   std::vector<SetAsideFile> TakeSetAside() { return std::exchange(setAside, {}); }
@@ -84,8 +90,9 @@ class RegistryStore {
   RegistryTree ReadOrSetAside(const RegistryTree& instead);
   bool SetAsideNow();
 
-  RegistryTree tree;            // the file as it was last read, with the changes made here
-  mutable RegistryTree known;   // the values as this program last read or wrote them, by which changes are told
+  RegistryTree tree;  // the file as it was last read, with the changes made here
+  mutable RegistryTree
+      known;  // the values as this program last read or wrote them, by which changes are told
   std::vector<Change> changes;  // since the last flush that succeeded
   std::vector<SetAsideFile> setAside;
   std::string path;

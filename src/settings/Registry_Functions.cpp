@@ -67,24 +67,24 @@ SettingValue QueryValue(RegistryRoot root, const std::string& keyName, const std
   return value;
 }
 
+std::optional<RegistryValue> Encoded(const SettingValue& value, std::uint32_t valueType) {
+  switch (valueType) {
+    case REG_SZ:
+      return RegistryValue{valueType, TextOf(value) + '\0'};
+    case REG_BINARY:
+      return RegistryValue{valueType, BytesOf(value).substr(0, 1)};
+    case REG_DWORD:
+      return RegistryValue{valueType, BytesOf(value)};
+    default:
+      return std::nullopt;
+  }
+}
+
 long SetValueEx(const std::string& key, const std::string& valueName, std::uint32_t valueType,
                 const SettingValue& value) {
   StepTrace = "SetValueEx";
-  std::string bytes;
-  switch (valueType) {
-    case REG_SZ:
-      bytes = TextOf(value) + '\0';
-      break;
-    case REG_BINARY:
-      bytes = BytesOf(value).substr(0, 1);
-      break;
-    case REG_DWORD:
-      bytes = BytesOf(value);
-      break;
-    default:
-      return Success;
-  }
-  return Registry.Set(key, valueName, {valueType, bytes}) ? Success : NotFound;
+  const auto stored = Encoded(value, valueType);
+  return !stored || Registry.Set(key, valueName, *stored) ? Success : NotFound;
 }
 
 std::optional<SettingValue> Decoded(const RegistryValue& stored) {

@@ -48,6 +48,9 @@ long SetValueEx(const std::string& key, const std::string& valueName, std::uint3
                 const SettingValue& value);
 long QueryValueEx(const std::string& key, const std::string& valueName, SettingValue& value);
 
+// A value as it is stored under a type; nothing for a type that the program does not use. Raises 6 or 13.
+std::optional<RegistryValue> Encoded(const SettingValue& value, std::uint32_t valueType);
+
 // A stored value as the program has it; nothing for a type that the program does not use.
 std::optional<SettingValue> Decoded(const RegistryValue& stored);
 

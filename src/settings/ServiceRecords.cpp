@@ -1,5 +1,7 @@
 #include "settings/ServiceRecords.h"
 
+#include <algorithm>
+
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/CodePage.h"
@@ -25,6 +27,8 @@ struct RecordField {
   std::variant<std::string Record::*, Int16 Record::*, Int32 Record::*, double Record::*, bool Record::*>
       Member;
   const char* WriteName = nullptr;  // where it is not Name
+  // Where another value has this one's name: the digits before the number of the service that it belongs to.
+  const char* RivalDigits = nullptr;
 };
 
 template <class Record>
@@ -67,7 +71,9 @@ const RecordField<S> CostFields[] = {
     {"Block", StoredAs::Whole, &S::Block},
     {"MaxCharge", StoredAs::Money, &S::MaxCharge},
     {"FlexRate", StoredAs::Money, &S::FlexRate},
-    {"FlexRate2", StoredAs::Money, &S::FlexRate2},
+    // The second rate of service 1 and the first one of service 21 are both FlexRate21, and so on. No other
+    // field ends in a digit.
+    {"FlexRate2", StoredAs::Money, &S::FlexRate2, nullptr, "2"},
     {"PenaltyPeriod", StoredAs::Text, &S::PenaltyPeriod},
     {"UpToHours", StoredAs::Whole, &S::UpToHours},
     {"FreePeriod", StoredAs::Whole, &S::FreePeriod},
@@ -84,20 +90,47 @@ const RecordField<S> CostFields[] = {
     {"WarningSound", StoredAs::Whole, &S::WarningSound},
 };
 
+constexpr char OwnMark[] = "-";  // which stands between no other field's name and a number
+
+// The name that a value has besides: a name that belongs to two values goes to the later service, as it
+// always did, and the other value stands under this one.
+std::string OwnName(const char* field, std::string_view number) {
+  return std::string(field) + OwnMark + std::string(number);
+}
+
+// Whether one of `count` services takes the name of this value of service `number`.
+template <class Record>
+bool IsTaken(const RecordField<Record>& field, const std::string& number, int count) {
+  return field.RivalDigits && std::stoi(field.RivalDigits + number) <= count;
+}
+
+bool IsStored(const std::string& key, const std::string& name) {
+  return QueryValue(SettingsRoot, key, name).index() != 0;
+}
+
+// One record among `count` services: its names are those of the fields between `before` and `behind`.
 template <class Record, std::size_t N>
 void ReadFields(const RecordField<Record> (&fields)[N], Record& record, const std::string& before,
-                const std::string& behind) {
-  for (const auto& field : fields)
-    Attempt(
-        [&] { LoadSetting(ServicesKey, before + field.Name + behind, field.As, PlaceOf(record, field)); });
+                const std::string& behind, int count) {
+  for (const auto& field : fields) {
+    std::string name = before + field.Name + behind;
+    if (const std::string own = OwnName(field.Name, behind);
+        IsTaken(field, behind, count) && IsStored(ServicesKey, own))
+      name = own;
+    Attempt([&] { LoadSetting(ServicesKey, name, field.As, PlaceOf(record, field)); });
+  }
 }
 
 template <class Record, std::size_t N>
 void WriteFields(const RecordField<Record> (&fields)[N], Record& record, const std::string& before,
-                 const std::string& behind) {
+                 const std::string& behind, int count) {
   for (const auto& field : fields) {
-    const char* name = field.WriteName ? field.WriteName : field.Name;
-    Attempt([&] { StoreSetting(ServicesKey, before + name + behind, field.As, PlaceOf(record, field)); });
+    std::string name = before + (field.WriteName ? field.WriteName : field.Name) + behind;
+    if (IsTaken(field, behind, count))
+      name = OwnName(field.Name, behind);
+    else if (field.RivalDigits)
+      Registry.DeleteValue(KeyPath(SettingsRoot, ServicesKey), OwnName(field.Name, behind));
+    Attempt([&] { StoreSetting(ServicesKey, name, field.As, PlaceOf(record, field)); });
   }
 }
 
@@ -105,18 +138,34 @@ std::string TariffPrefix(int service, int tariff) {
   return "Tariff" + std::to_string(service) + "-" + std::to_string(tariff);
 }
 
-// Visits the first `used` elements. Where the count runs past the array the error handler hears of it, and
-// the count becomes what there is, so that readers can rely on it.
-template <typename Record, typename Visit>
-void ForEachUsed(BoundedArray<Record>& array, Int16& used, Visit visit) {
-  for (int i = 0; i < used; ++i) {
-    Record* record = nullptr;
-    if (!Attempt([&] { record = &array[i]; })) {
-      used = Int16(array.Last() + 1);
-      return;
-    }
-    visit(*record, i + 1);
-  }
+// Reads the elements in use. Where the count runs past the array the error handler hears of it once, and the
+// count becomes what there is room for, so that readers can rely on it. The rest is read beyond the array as
+// far as it `exists`.
+template <typename Record, typename Read, typename Exists>
+void ReadUsed(BoundedArray<Record>& array, Int16& used, Read read, Exists exists) {
+  array.Beyond.clear();
+  const int stored = used, room = array.Last() + 1;
+  for (int i = 0; i < std::min(stored, room); ++i) read(array[i], i + 1);
+  if (stored <= room) return;
+  Attempt([&] { static_cast<void>(array[room]); });
+  used = Int16(room);
+  for (int number = room + 1; number <= stored && exists(number); ++number)
+    read(array.Beyond.emplace_back(), number);
+}
+
+// Writes the elements in use, and behind them those that found no room.
+template <typename Record, typename Write>
+void WriteUsed(BoundedArray<Record>& array, Int16& used, Write write) {
+  const int room = array.Last() + 1;
+  if (used > room && !Attempt([&] { static_cast<void>(array[room]); })) used = Int16(room);
+  for (int i = 0; i < used; ++i) write(array[i], i + 1);
+  for (std::size_t i = 0; i < array.Beyond.size(); ++i)
+    write(array.Beyond[i], used + static_cast<int>(i) + 1);
+}
+
+template <typename Record>
+Int16 StoredCount(const BoundedArray<Record>& array, Int16 used) {
+  return Int16(used + static_cast<int>(array.Beyond.size()));
 }
 
 // A record of its own for the places, which nobody reads from or writes to.
@@ -129,6 +178,11 @@ std::optional<SettingForm> FormIn(const RecordField<Record> (&fields)[N], std::s
   return std::nullopt;
 }
 
+// "FlexRate1", or under a name of its own "FlexRate2-1".
+bool IsOfService(std::string_view name, std::string_view field) {
+  return IsNumbered(name, field) || IsNumbered(name, std::string(field) + OwnMark);
+}
+
 // "Tariff1-2After" for the field "After".
 bool IsOfTariff(std::string_view name, std::string_view field) {
   if (name.size() <= field.size()) return false;
@@ -139,7 +193,36 @@ bool IsOfTariff(std::string_view name, std::string_view field) {
 }
 
 // The number comes from the loop over the services, which ends one past the last.
-std::string SoundFileName() { return "WarningSoundFile" + std::to_string(UsedServices + 1); }
+std::string SoundFileName() { return "WarningSoundFile" + std::to_string(StoredServiceCount() + 1); }
+
+void ReadService(ServiceRecord& service, int number, int count) {
+  const std::string behind = std::to_string(number);
+  StepTrace = "Read Dial Costs";
+  ReadFields(DialFields, service, "", behind, count);
+  StepTrace = "Read Tariffs";
+  ReadUsed(
+      service.Tariffs, service.UsedTariffs,
+      [&](TariffRecord& tariff, int k) {
+        ReadFields(TariffFields, tariff, TariffPrefix(number, k), "", count);
+      },
+      [&](int k) { return IsStored(ServicesKey, TariffPrefix(number, k) + TariffFields[0].Name); });
+  StepTrace = "ReadService Costs";
+  ReadFields(CostFields, service, "", behind, count);
+}
+
+void WriteService(ServiceRecord& service, int number, int count) {
+  const std::string behind = std::to_string(number);
+  ServiceRecord counted = service;  // with the tariffs that found no room
+  counted.UsedTariffs = StoredCount(service.Tariffs, service.UsedTariffs);
+  StepTrace = "Write Dial Costs";
+  WriteFields(DialFields, counted, "", behind, count);
+  StepTrace = "Write Tariffs";
+  WriteUsed(service.Tariffs, service.UsedTariffs, [&](TariffRecord& tariff, int k) {
+    WriteFields(TariffFields, tariff, TariffPrefix(number, k), "", count);
+  });
+  StepTrace = "Write Service Costs";
+  WriteFields(CostFields, service, "", behind, count);
+}
 
 }  // namespace
 
@@ -152,43 +235,35 @@ void ResetServiceRecords() {
 }
 
 void ReadServices() {
-  ForEachUsed(Services, UsedServices, [](ServiceRecord& service, int number) {
-    StepTrace = "Read Dial Costs";
-    ReadFields(DialFields, service, "", std::to_string(number));
-    StepTrace = "Read Tariffs";
-    ForEachUsed(service.Tariffs, service.UsedTariffs, [number](TariffRecord& tariff, int tariffNumber) {
-      ReadFields(TariffFields, tariff, TariffPrefix(number, tariffNumber), "");
-    });
-    StepTrace = "ReadService Costs";
-    ReadFields(CostFields, service, "", std::to_string(number));
-  });
+  const int count = UsedServices;
+  ReadUsed(
+      Services, UsedServices,
+      [count](ServiceRecord& service, int number) { ReadService(service, number, count); },
+      [](int number) { return IsStored(ServicesKey, "ServiceName" + std::to_string(number)); });
   Attempt([] { LoadSetting(ServicesKey, SoundFileName(), StoredAs::Text, &WarningSoundFile); });
 }
 
 void WriteServices() {
-  ForEachUsed(Services, UsedServices, [](ServiceRecord& service, int number) {
-    StepTrace = "Write Dial Costs";
-    WriteFields(DialFields, service, "", std::to_string(number));
-    StepTrace = "Write Tariffs";
-    ForEachUsed(service.Tariffs, service.UsedTariffs, [number](TariffRecord& tariff, int tariffNumber) {
-      WriteFields(TariffFields, tariff, TariffPrefix(number, tariffNumber), "");
-    });
-    StepTrace = "Write Service Costs";
-    WriteFields(CostFields, service, "", std::to_string(number));
-  });
+  const int count = StoredServiceCount();
+  WriteUsed(Services, UsedServices,
+            [count](ServiceRecord& service, int number) { WriteService(service, number, count); });
   Attempt([] { StoreSetting(ServicesKey, SoundFileName(), StoredAs::Text, &WarningSoundFile); });
 }
 
+Int16 StoredServiceCount() { return StoredCount(Services, UsedServices); }
+
 void ReadHolidays() {
   Attempt([] { LoadSetting(HolidaysKey, "UsedHolidays", StoredAs::Whole, &UsedHolidays); });
-  ForEachUsed(Holidays, UsedHolidays, [](Date& holiday, int number) {
+  const auto read = [](Date& holiday, int number) {
     Attempt([&] { LoadSetting(HolidaysKey, Str(number), StoredAs::Whole, &holiday); });
-  });
+  };
+  ReadUsed(Holidays, UsedHolidays, read, [](int number) { return IsStored(HolidaysKey, Str(number)); });
 }
 
 void WriteHolidays() {
-  Attempt([] { StoreSetting(HolidaysKey, "UsedHolidays", StoredAs::Whole, &UsedHolidays); });
-  ForEachUsed(Holidays, UsedHolidays, [](Date& holiday, int number) {
+  Int16 count = StoredCount(Holidays, UsedHolidays);
+  Attempt([&] { StoreSetting(HolidaysKey, "UsedHolidays", StoredAs::Whole, &count); });
+  WriteUsed(Holidays, UsedHolidays, [](Date& holiday, int number) {
     Attempt([&] { StoreSetting(HolidaysKey, Str(number), StoredAs::Whole, &holiday); });
   });
 }
@@ -196,8 +271,15 @@ void WriteHolidays() {
 std::optional<SettingForm> FormOfService(std::string_view name) {
   if (IsNumbered(name, "WarningSoundFile")) return SettingForm{StoredAs::Text, &WarningSoundFile};
   if (const auto form = FormIn(DialFields, name, IsNumbered)) return form;
-  if (const auto form = FormIn(CostFields, name, IsNumbered)) return form;
+  if (const auto form = FormIn(CostFields, name, IsOfService)) return form;
   return FormIn(TariffFields, name, IsOfTariff);
+}
+
+std::optional<std::string> OwnNameBeside(std::string_view name) {
+  for (const auto& field : CostFields)
+    if (field.RivalDigits && IsNumbered(name, field.Name))
+      return OwnName(field.Name, name.substr(std::string_view(field.Name).size()));
+  return std::nullopt;
 }
 
 std::optional<SettingForm> FormOfHoliday(std::string_view name) {

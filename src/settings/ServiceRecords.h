@@ -75,11 +75,18 @@ void ResetServiceRecords();
 
 // Load and store the records above by their numbered value names. Part of ReadUserParameters and
 // WriteUserParameters; a missing value is empty. A count beyond its array raises 9 to the error handler, and
-// the records that there is room for stay.
+// becomes what there is room for; the other records are kept beyond the array and stored behind those in it.
 void ReadServices();
 void ReadHolidays();
 void WriteServices();
 void WriteHolidays();
+
+// UsedServices as it is stored: with the services that found no room.
+Int16 StoredServiceCount();
+
+// The unambiguous name of a value whose name ("FlexRate21") the values of two services share; it stands
+// beside that name, and counts, where there are so many services. Nothing for any other name.
+std::optional<std::string> OwnNameBeside(std::string_view name);
 
 // How the value of a name is stored in the key of the services or of the holidays; nothing for a name that
 // stands for no value there.

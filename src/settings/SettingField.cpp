@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/ProgramState.h"
 #include "platform/CodePage.h"
 #include "platform/DateConversion.h"
 #include "platform/TextConversion.h"
@@ -64,6 +65,11 @@ struct Storer {
   }
 };
 
+// So that the report of a failure names the value.
+void TraceSetting(const std::string& keyName, const std::string& valueName) {
+  StepTrace += ": " + keyName + "\\" + valueName;
+}
+
 }  // namespace
 
 void LoadSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
@@ -71,8 +77,12 @@ void LoadSetting(const std::string& keyName, const std::string& valueName, Store
   const SettingValue value = QueryValue(SettingsRoot, keyName, valueName);
   try {
     std::visit(Loader{value, as}, place);
-  } catch (const RunTimeError& error) {
-    throw RunTimeError(error.Number(), error.Source(), 0, keyName + "\\" + valueName);
+  } catch (const RunTimeError&) {
+    // What nobody could read is not written over by the emptiness that it left.
+    const SettingValue left = std::visit(Storer{as}, place);
+    Registry.TakeAsRead(KeyPath(SettingsRoot, keyName), valueName, Encoded(left, StoredType(as)).value());
+    TraceSetting(keyName, valueName);
+    throw;
   }
 }
 
@@ -89,7 +99,12 @@ void CheckSetting(const RegistryValue& stored, const SettingForm& form) {
 
 void StoreSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
                   const SettingPlace& place) {
-  SetKeyValue(SettingsRoot, keyName, valueName, std::visit(Storer{as}, place), StoredType(as));
+  try {
+    SetKeyValue(SettingsRoot, keyName, valueName, std::visit(Storer{as}, place), StoredType(as));
+  } catch (const RunTimeError&) {
+    TraceSetting(keyName, valueName);
+    throw;
+  }
 }
 
 bool IsNumbered(std::string_view name, std::string_view series) {

@@ -42,7 +42,8 @@ struct SettingForm {
 };
 
 // Reads one value into its place; a missing value makes the place empty (0, "", false, not given).
-// Raises 13 for a text that does not convert, 6 for a number that does not fit.
+// Raises 13 for a text that does not convert, 6 for a number that does not fit: the trace then names the
+// value, the place is as it was, and the store keeps what it has until something else is to be stored there.
 void LoadSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
                  const SettingPlace& place);
 
@@ -50,7 +51,7 @@ void LoadSetting(const std::string& keyName, const std::string& valueName, Store
 // fit. The place stays as it is.
 void CheckSetting(const RegistryValue& stored, const SettingForm& form);
 
-// Raises 6 for an amount or number beyond 32 bits.
+// Raises 6 for an amount or number beyond 32 bits; the trace then names the value.
 void StoreSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
                   const SettingPlace& place);
 

@@ -36,32 +36,34 @@ std::array<RecentFile, 5> RecentFiles;
 
 namespace {
 
-// The key that reading and writing named last.
-std::string keyName;
-
-void OpenKey(const char* below) {
-  keyName = std::string(SettingsKey) + below;
+// Makes the key where it is missing; its name in the program's root.
+std::string OpenKey(const char* below) {
+  const std::string keyName = std::string(SettingsKey) + below;
   CreatNewKey(keyName, SettingsRoot);
+  return keyName;
 }
 
-void Load(const Setting& setting) {
+void Load(const std::string& keyName, const Setting& setting) {
   Attempt([&] { LoadSetting(keyName, setting.Name, setting.As, setting.Place); });
 }
 
-void Store(const Setting& setting) {
+void Store(const std::string& keyName, const Setting& setting) {
   Attempt([&] { StoreSetting(keyName, setting.Name, setting.As, setting.Place); });
 }
 
-void LoadKey(const char* below, const char* step, std::span<const Setting> settings) {
+// These two give the name of the key.
+std::string LoadKey(const char* below, const std::string& step, std::span<const Setting> settings) {
   StepTrace = step;
-  OpenKey(below);
-  for (const auto& setting : settings) Load(setting);
+  const std::string keyName = OpenKey(below);
+  for (const auto& setting : settings) Load(keyName, setting);
+  return keyName;
 }
 
-void StoreKey(const char* below, const char* step, std::span<const Setting> settings) {
+std::string StoreKey(const char* below, const char* step, std::span<const Setting> settings) {
   StepTrace = step;
-  OpenKey(below);
-  for (const auto& setting : settings) Store(setting);
+  const std::string keyName = OpenKey(below);
+  for (const auto& setting : settings) Store(keyName, setting);
+  return keyName;
 }
 
 void FillDefaults(std::span<const Setting> settings) {
@@ -72,27 +74,32 @@ void FillDefaults(std::span<const Setting> settings) {
   }
 }
 
-void ReadGeneral() {
-  LoadKey("\\General", "Read General", GeneralSettings());
-  StepTrace = "Read Boolean";
-  for (const auto& setting : BooleanSettings()) Load(setting);
-  // The array of services is made now, so its size cannot wait for the other defaults.
+// The array of services is made now, so its size cannot wait for the other defaults.
+void MakeServices() {
   for (const auto& setting : GeneralSettings())
     if (setting.Place == SettingPlace(&MaxServices)) FillDefaults({&setting, 1});
   Attempt([] { Services.Make(MaxServices); });
 }
 
+void ReadGeneral() {
+  const std::string keyName = LoadKey("\\General", "Read General", GeneralSettings());
+  StepTrace = "Read Boolean";
+  for (const auto& setting : BooleanSettings()) Load(keyName, setting);
+  MakeServices();
+}
+
 void ReadReportWindow() {
   LoadKey("\\ViewReport", "View Report Settings", ViewReportTable());
-  LoadKey("\\ViewReport\\SummaryReport", (StepTrace + "-Summary").c_str(), SummaryReportTable());
-  LoadKey("\\ViewReport\\DetailReport", "View Report Settings-Detail", DetailReportTable());
-  Attempt([] { LoadSetting(keyName, "ForceAMPM", StoredAs::Whole, &ForceAMPM); });
+  LoadKey("\\ViewReport\\SummaryReport", StepTrace + "-Summary", SummaryReportTable());
+  const std::string keyName =
+      LoadKey("\\ViewReport\\DetailReport", "View Report Settings-Detail", DetailReportTable());
+  Attempt([&] { LoadSetting(keyName, "ForceAMPM", StoredAs::Whole, &ForceAMPM); });
 }
 
 void ReadRecentFiles() {
   for (std::size_t i = 0; i < RecentFiles.size(); ++i) {
     StepTrace = "Read Recent Files";
-    OpenKey("\\RecentFiles");
+    const std::string keyName = OpenKey("\\RecentFiles");
     const std::string number = std::to_string(i + 1);
     LoadSetting(keyName, "RecentFileName" + number, StoredAs::Text, &RecentFiles[i].RecentFileName);
     LoadSetting(keyName, "RecentFilePath" + number, StoredAs::Text, &RecentFiles[i].RecentFilePath);
@@ -123,12 +130,16 @@ void FillWindowSettings() {
 
 void WriteGeneral() {
   StepTrace = "Write General";
-  OpenKey("\\General");
+  const std::string keyName = OpenKey("\\General");
+  Int16 services = StoredServiceCount();
   for (const std::string_view name : GeneralStoreOrder()) {
     if (name == "ShowGraphic" && !GraphicsAvailable) continue;
     for (const auto table : {GeneralSettings(), BooleanSettings()})
-      for (const auto& setting : table)
-        if (name == setting.Name) Store(setting);
+      for (Setting setting : table) {
+        if (name != setting.Name) continue;
+        if (setting.Place == SettingPlace(&UsedServices)) setting.Place = &services;
+        Store(keyName, setting);
+      }
   }
 }
 
@@ -140,14 +151,17 @@ void WriteModem() {
   StoreKey("\\Modem", "Write Modem", ModemSettings());
 }
 
-void WriteWindowSettings() {
-  if (ViewLogSettings.SaveSettings) StoreKey("\\ViewLog", "Write View Log Settings", ViewLogTable());
+// ForceAMPM goes to the key that was named last, which was `lastKey` before.
+void WriteWindowSettings(std::string lastKey) {
+  if (ViewLogSettings.SaveSettings)
+    lastKey = StoreKey("\\ViewLog", "Write View Log Settings", ViewLogTable());
   if (SaveReportSettings) {
     StoreKey("\\ViewReport", "Write View Report Settings", ViewReportTable());
     StoreKey("\\ViewReport\\SummaryReport", "Write ViewReport Settings - Summary", SummaryReportTable());
-    StoreKey("\\ViewReport\\DetailReport", "Write ViewReport Settings - Detail", DetailReportTable());
+    lastKey =
+        StoreKey("\\ViewReport\\DetailReport", "Write ViewReport Settings - Detail", DetailReportTable());
   }
-  Attempt([] { StoreSetting(keyName, "ForceAMPM", StoredAs::Whole, &ForceAMPM); });
+  Attempt([&] { StoreSetting(lastKey, "ForceAMPM", StoredAs::Whole, &ForceAMPM); });
 }
 
 }  // namespace
@@ -185,6 +199,23 @@ void ReadUserParameters() {
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
+void TakeUpOthersRecords() {
+  SetTrace("Registry_Functions", "TakeUpOthersRecords");
+  Registry.Refresh();
+  const std::string root = KeyPath(SettingsRoot, SettingsKey);
+  const auto changed = [&](const char* name) { return Registry.ChangedElsewhere(root + "\\General", name); };
+  if (Registry.ChangedElsewhere(root + "\\Services") || changed("UsedServices")) {
+    const std::string keyName = OpenKey("\\General");
+    for (const auto& setting : GeneralSettings())
+      if (setting.Place == SettingPlace(&UsedServices) ||
+          (setting.Place == SettingPlace(&MaxServices) && changed(setting.Name)))
+        Load(keyName, setting);
+    MakeServices();
+    ReadServices();
+  }
+  if (Registry.ChangedElsewhere(root + "\\Holidays")) ReadHolidays();
+}
+
 void FillMissingSettings() {
   FillDefaults(GeneralSettings());
   FillDefaults(BooleanSettings());
@@ -216,8 +247,7 @@ void WriteUserParameters() {
   StepTrace = "Write Services";
   OpenKey("\\Services");
   WriteServices();
-  StoreKey("\\Costs", "Write Default Costs", CostSettings());
-  WriteWindowSettings();
+  WriteWindowSettings(StoreKey("\\Costs", "Write Default Costs", CostSettings()));
   StepTrace = "Write Holidays";
   OpenKey("\\Holidays");
   WriteHolidays();
@@ -226,15 +256,14 @@ void WriteUserParameters() {
 }
 
 void WriteSaveSettings(const char* below, Option& saveSettings) {
-  OpenKey(below);
-  Store({"SaveSettings", StoredAs::Word, &saveSettings});
+  SetTrace("Registry_Functions", "WriteSaveSettings");
+  Store(OpenKey(below), {"SaveSettings", StoredAs::Word, &saveSettings});
   SaveRegistry();
 }
 
 void StoreGeneralValue(const std::string& valueName, const SettingValue& value, RegistryType type) {
-  const std::string key = std::string(SettingsKey) + "\\General";
-  CreatNewKey(key, SettingsRoot);
-  SetKeyValue(SettingsRoot, key, valueName, value, type);
+  SetTrace("Registry_Functions", "StoreGeneralValue");
+  SetKeyValue(SettingsRoot, OpenKey("\\General"), valueName, value, type);
   SaveRegistry();
 }
 

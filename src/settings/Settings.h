@@ -103,6 +103,10 @@ void ResetSettings();
 // loads.
 void ReadUserParameters();
 
+// Takes up the services and holidays as other programs have stored them since, so that what the user adds to
+// them goes behind what is there. For a moment in which nothing of them is being edited.
+void TakeUpOthersRecords();
+
 // Fills every missing option but the log's path with its default, setting SettingsDirty for those that must
 // be stored at once. Builds TimeFormat.
 void FillMissingSettings();

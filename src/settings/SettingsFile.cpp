@@ -4,6 +4,7 @@
 #include "platform/RegistryStore.h"
 #include "platform/RunTimeError.h"
 #include "settings/Registry_Functions.h"
+#include "settings/ServiceRecords.h"
 #include "settings/SettingsTables.h"
 
 namespace qel {
@@ -55,10 +56,15 @@ SettingsFile ReadSettingsFile(const std::string& content) {
   return file;
 }
 
+// A file of the old system has no unambiguous names; those that stand in the store would win over its values.
 void ImportOptions(const SettingsFile& file) {
   for (const auto& [key, values] : file.Own) {
     Registry.CreateKey(key);
-    for (const auto& [name, value] : values) Registry.Set(key, name, value);
+    for (const auto& [name, value] : values) {
+      Registry.Set(key, name, value);
+      const auto own = OwnNameBeside(name);
+      if (own && !values.contains(*own)) Registry.DeleteValue(key, *own);
+    }
   }
 }
 

@@ -6,11 +6,11 @@
 #include "analysis/ResetProgram.h"
 #include "core/CurrencyFormat.h"
 #include "core/Display.h"
+#include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/Installation.h"
 #include "core/ProgramState.h"
-#include "core/EndProgram.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
@@ -122,7 +122,8 @@ void ExamineLog() {
   }
 }
 
-// Settings that cannot be read stay as they are: the program runs on those that are built in, and stores none.
+// Settings that cannot be read stay as they are: the program runs on those that are built in, and stores
+// none.
 void OpenSettings() {
   const std::string path = SettingsStorePath();
   try {

@@ -45,6 +45,21 @@ TEST_F(SettingsImport, ReplacesValuesOfTheSameNameAndTellsHowMany) {
   EXPECT_TRUE(StoreHolds("\"ServiceName1\"=\"Harbour Net\"") && !StoreHolds("Control Panel"));
 }
 
+TEST_F(SettingsImport, ARunningProgramPutsNothingBack) {
+  const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\General";
+  RegistryStore running;
+  running.Open(folder.Path("registry.reg"), RegistryStore::Access::Shared);
+  folder.Put("one.reg", File("\"MaxServices\"=dword:00000014\r\n\"New\"=\"1\"\r\n"));
+  ASSERT_TRUE(Import("one.reg"));
+  for (const std::string size : {"1", "2"}) {
+    running.Set(key, "MaxServices", {REG_DWORD, DwordBytes(99)});  // as it was when the program started
+    running.Set(key, "Mine", {REG_SZ, size + '\0'});
+    running.Flush();
+    EXPECT_TRUE(StoreHolds("\"MaxServices\"=dword:00000014") && StoreHolds("\"New\"=\"1\""));
+    EXPECT_TRUE(StoreHolds("\"Mine\"=\"" + size + "\""));
+  }
+}
+
 TEST_F(SettingsImport, AFileThatIsNotTakenLeavesTheStoreToTheByte) {
   const std::pair<const char*, std::string> files[] = {
       {"missing.reg", ""},
@@ -69,8 +84,13 @@ TEST_F(SettingsImport, AFileThatIsNotTakenLeavesTheStoreToTheByte) {
 
 TEST_F(SettingsImport, ADamagedStoreIsSetAsideForAGoodFile) {
   folder.Put("registry.reg", "damaged");
+  folder.Put("registry.reg.bad", "older");
+  testing::internal::CaptureStderr();
   ASSERT_TRUE(ImportSettings(QEL_SOURCE_DIR "/share/samples/QEL.reg"));
-  EXPECT_EQ(folder.Content("registry.reg.bad"), "damaged");
+  EXPECT_TRUE(testing::internal::GetCapturedStderr().starts_with("qelreport: " + folder.Path("registry.reg") +
+                                                                 " could not be read (line 1: neither"));
+  EXPECT_EQ(folder.Content("registry.reg.bad"), "older");
+  EXPECT_EQ(folder.Content("registry.reg.bad-2"), "damaged");
   EXPECT_TRUE(StoreHolds("\"ServiceName1\"=\"Harbour Net\""));
 }
 

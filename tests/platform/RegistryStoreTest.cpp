@@ -231,9 +231,9 @@ TEST_F(RegistryStoreTest, AFlushSweepsWhatCrashesLeftAndNothingElse) {
   ASSERT_EQ(::waitpid(ended, nullptr, 0), ended);
   const std::string gone = std::to_string(ended), running = std::to_string(::getpid());
   const std::string strays[] = {"registry.reg." + gone + "-1.tmp", "registry.reg." + gone + "-12.tmp"};
-  const std::string others[] = {"registry.reg." + running + "-1.tmp", "registry.reg." + gone + ".tmp",
+  const std::string others[] = {"registry.reg." + running + "-1.tmp",  "registry.reg." + gone + ".tmp",
                                 "registry.reg." + gone + "-1.tmp.txt", "registry.reg.bad",
-                                "other.reg." + gone + "-1.tmp", "registry.reg.-" + gone + "-1.tmp"};
+                                "other.reg." + gone + "-1.tmp",        "registry.reg.-" + gone + "-1.tmp"};
   for (const auto& name : strays) folder.Put(name, "");
   for (const auto& name : others) folder.Put(name, "");
   PutOld();
