@@ -90,15 +90,16 @@ std::string ClosingParagraph() {
          "any additional information which you think may help to" + NewLine + "determine the problem.";
 }
 
-// Shown twice, once under the error's source and once under the program's title; only the second answer
-// counts.
+// Shown twice, once under the error's source, with the help on errors at hand, and once under the program's
+// title; only the second answer counts.
 Answer ShowReport(const RunTimeError& error) {
   const std::string report = ReportOf(error);
   CurrentHost().SetClipboardText(report);
   Message message{report + ClosingParagraph(), error.Source() + " - Error", Icon::Exclamation,
-                  Buttons::AbortRetryIgnore};
+                  Buttons::AbortRetryIgnore, ErrorHelpTopic};
   CurrentHost().ErrorBox(error, message);
   message.Title = ProgramTitle;
+  message.HelpContext = 0;
   return CurrentHost().ErrorBox(error, message);
 }
 

@@ -13,6 +13,9 @@
 
 namespace qel {
 
+// The help's topic on errors.
+inline constexpr int ErrorHelpTopic = 92;
+
 // 0: repeat the failed statement; 1: go on behind it; 2: unrecoverable; 3: unknown.
 Int16 ErrorHandler(const RunTimeError& error);
 

@@ -41,7 +41,10 @@ void CheckValue(const std::string& key, const std::string& name, const RegistryV
 
 }  // namespace
 
-std::string ExportedOptions() { return WriteRegistryFile(OwnKeys(Registry.Tree())); }
+std::string ExportedOptions() {
+  Registry.Refresh();
+  return WriteRegistryFile(OwnKeys(Registry.Tree()));
+}
 
 SettingsFile ReadSettingsFile(const std::string& content) {
   const RegistryTree all = ParseRegistryFile(content);

@@ -81,6 +81,7 @@ void TellNewLog() {
 
 // The log of the settings, or the one that the system's modem writes where the user says so.
 void SettleLogPath() {
+  SetTrace("QELMain", "SettleLogPath");
   if (SettleMissingLogPath() || ActiveLogFile.empty()) return;
   if (ActiveLogDir.empty()) ActiveLogDir = DefaultLogDir;
   if (ActiveLogFile == ModemLogFile && ActiveLogDir == ModemLogDir) return;
@@ -100,6 +101,7 @@ void SettleLogPath() {
 
 // A run that was ended while it put a rewritten log in its place has left that place empty.
 void MendInterruptedSwap() {
+  SetTrace("QELMain", "MendInterruptedSwap");
   bool mended = false;
   Attempt([&mended] { mended = UndoInterruptedSwap(CurrentLogPath); });
   if (!mended) return;
@@ -112,6 +114,7 @@ void MendInterruptedSwap() {
 }
 
 void ExamineLog() {
+  SetTrace("QELMain", "ExamineLog");
   TellStep("Please Wait . . . Checking Modem Log");
   SetCurrentLog(ModemLogDir, ModemLogFile);
   MendInterruptedSwap();
@@ -144,6 +147,7 @@ void OpenSettings() {
 
 void StartProgram() {
   ResetProgram();
+  SetTrace("QELMain", "StartProgram");
   ResetModems();
   ResetFind();
   OpenSettings();

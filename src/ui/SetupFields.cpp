@@ -24,6 +24,15 @@ void ForgetRefusalOnChange(TextBox& field) {
   field.Change = [&field] { field.Refusal = ""; };
 }
 
+// Empty where the file is there. A folder that may not be entered is a reason like any other.
+std::string WhyNoLog(const std::string& path) {
+  try {
+    return FileExists(path) ? "" : "There is no file \"" + PathText(path) + "\".";
+  } catch (const RunTimeError& error) {
+    return "\"" + PathText(path) + "\" cannot be reached: " + FromUtf8Lossy(ReasonOf(error)) + ".";
+  }
+}
+
 void TraceLeaving(const Control& field) { SetTrace("frmSetup", (field.Name() + "_LostFocus").c_str()); }
 
 }  // namespace
@@ -46,7 +55,10 @@ void frmSetup::WireGeneral() {
     limit.Field.LostFocus = [&limit] { LimitField_LostFocus(limit); };
   }
   for (const OptionBox& option : options)
-    option.Box.Click = [&option] { option.Setting = option.Box.Value(); };
+    option.Box.Click = [&option] {
+      SetTrace("frmSetup", (option.Box.Name() + "_Click").c_str());
+      option.Setting = option.Box.Value();
+    };
 }
 
 void frmSetup::ShowGeneral() {
@@ -71,16 +83,16 @@ std::string frmSetup::TypedLogPath() const {
 void frmSetup::txtLogName_LostFocus() {
   TraceLeaving(txtLogName);
   const std::string path = TypedLogPath();
-  bool exists = false;
-  Attempt([&] { exists = FileExists(path); });
-  ShowLogPath(exists ? path : logPathAtLoad);
-  txtLogName.Refusal = exists ? "" : "There is no file \"" + PathText(path) + "\".";
-  if (!exists) return;
+  const std::string refusal = WhyNoLog(path);
+  ShowLogPath(refusal.empty() ? path : logPathAtLoad);
+  txtLogName.Refusal = refusal;
+  if (!refusal.empty()) return;
   ModemLogFile = FileNamePart(path);
   ModemLogDir = FolderPart(path);
 }
 
 void frmSetup::cmdBrowse_Click() {
+  SetTrace("frmSetup", "cmdBrowse_Click");
   const auto path = CurrentHost().AskOpenFile({LogFilter, CurrentLogDir, TypedLogPath()});
   if (!path) return;
   if (FolderPart(*path) != DefaultLogDir && !ArchiveOpen) WarnOfOtherFolder();
@@ -144,6 +156,7 @@ void frmSetup::txtMaxServices_LostFocus() {
 void frmSetup::WireModem() {
   for (const MarkerField& marker : markers)
     marker.Field.LostFocus = [&marker] {
+      TraceLeaving(marker.Field);
       marker.Marker = UpperCase(marker.Field.Text());
       marker.Field.Text = marker.Marker;
     };
@@ -155,6 +168,7 @@ void frmSetup::ShowMarkers() {
 }
 
 void frmSetup::btnDefaults_Click() {
+  SetTrace("frmSetup", "btnDefaults_Click");
   RestoreModemDefaults();
   ShowMarkers();
 }
@@ -177,12 +191,14 @@ void frmSetup::ShowCosts() {
 
 // The amount is taken as it was typed; the field shows it rounded.
 void frmSetup::CostField_LostFocus(CostField& cost) {
+  TraceLeaving(cost.Field);
   const std::string text = cost.Field.Text;
   cost.Rule.Leave();
   if (cost.Rule.Valid()) cost.Cost = TextToNumber(text);
 }
 
 void frmSetup::optCalcCosts_Click() {
+  SetTrace("frmSetup", "optCalcCosts_Click");
   CalcCosts = optCalcCosts.Value();
   for (const CostField& cost : costs) {
     EnableField(cost.Field, CalcCosts);
@@ -204,6 +220,7 @@ void frmSetup::WireErrors() {
 }
 
 void frmSetup::optShowErrors_Click() {
+  SetTrace("frmSetup", "optShowErrors_Click");
   ShowErrors = optShowErrors.Value();
   Attempt([this] {
     mskNoDisconDuration.Text = FormatTime(ShowErrors ? static_cast<float>(NoDisconDuration) : 0, false);
@@ -215,6 +232,7 @@ void frmSetup::optShowErrors_Click() {
 
 // The hours count as minutes too: 01:30:00 are 31 minutes.
 void frmSetup::mskNoDisconDuration_LostFocus() {
+  TraceLeaving(mskNoDisconDuration);
   if (!durationValid)
     return RefuseAndStay(mskNoDisconDuration, "Enter hours, minutes and seconds of two digits each.");
   const std::string& text = mskNoDisconDuration.Text;
@@ -225,6 +243,7 @@ void frmSetup::mskNoDisconDuration_LostFocus() {
 }
 
 void frmSetup::mskNoDisconData_LostFocus() {
+  TraceLeaving(mskNoDisconData);
   const std::string text = mskNoDisconData.Text;
   const bool isNumber = IsNumber(text);
   mskNoDisconData.Text = isNumber ? FormatNumber(TextToNumber(text), "#,##0") : "0";

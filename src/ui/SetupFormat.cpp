@@ -39,6 +39,7 @@ bool StartFirstOf(std::span<const char* const> programs) {
 }  // namespace
 
 void frmSetup::ShowFormats() {
+  SetTrace("frmSetup", "ShowFormats");
   lblCountry.Caption = Country;
   lblRegionalSettings.Caption = "The Country setting for this computer is " + Country +
                                 ". Below are examples of your Currency format and 'Short' and 'Long' Date "

@@ -19,6 +19,7 @@ void frmSetup::WireHolidays() {
 }
 
 void frmSetup::LoadHolidays() {
+  SetTrace("frmSetup", "LoadHolidays");
   holidays.clear();
   Attempt([this] {
     for (int i = 0; i < UsedHolidays; ++i)
@@ -67,6 +68,7 @@ void frmSetup::btnAdd_Click() {
 }
 
 void frmSetup::btnRemove_Click() {
+  SetTrace("frmSetup", "btnRemove_Click");
   const int chosen = lstHolidays.ListIndex();
   if (chosen < 0) return;
   holidays.erase(holidays.begin() + chosen);
@@ -75,6 +77,7 @@ void frmSetup::btnRemove_Click() {
 }
 
 void frmSetup::lstHolidays_Click() {
+  SetTrace("frmSetup", "lstHolidays_Click");
   CalHolidays.Value = holidays[static_cast<std::size_t>(lstHolidays.ListIndex())];
   CalHolidays.Refusal = "";
 }

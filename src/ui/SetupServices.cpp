@@ -53,6 +53,7 @@ void frmSetup::WireServices() {
 }
 
 void frmSetup::ShowServices() {
+  SetTrace("frmSetup", "ShowServices");
   Attempt([this] {
     for (int i = 0; i < UsedServices; ++i) lstServices.AddRow(RowOf(Services[i]));
   });
@@ -107,6 +108,7 @@ void frmSetup::lstServices_DblClick() {
 }
 
 void frmSetup::lstServices_ItemClick() {
+  SetTrace("frmSetup", "lstServices_ItemClick");
   lstServices.Refusal = "";
   ShowServiceCount();
   CheckCopybtn();
@@ -126,6 +128,7 @@ void frmSetup::btnDelete_Click() {
 // Names and numbers move up alone: the services behind the deleted one take over the costs and the warning of
 // the entry before them.
 void frmSetup::DeleteService() {
+  SetTrace("frmSetup", "DeleteService");
   const int deleted = SelectedService();
   if (deleted < 0) return Refuse(lstServices, NoService);
   for (int i = deleted; i + 1 < UsedServices; ++i) {
@@ -141,6 +144,7 @@ void frmSetup::DeleteService() {
 }
 
 void frmSetup::btnCopy_Click() {
+  SetTrace("frmSetup", "btnCopy_Click");
   const int source = SelectedService();
   if (source < 0) return Refuse(lstServices, NoService);
   CopyService(source);

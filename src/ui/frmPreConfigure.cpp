@@ -70,7 +70,7 @@ void frmPreConfigure::CompareModem() {
   ShowState(true, lblRecLogging, imgRecLogging);
   ShowState(true, lblRecEcho, imgRecEcho);
   lblRecLogging.Visible = lblRecEcho.Visible = true;  // wherever the blinking left them
-  if (!modem.Logging) Timer1.Enabled = true;
+  Timer1.Enabled = !modem.Logging;                    // it may run from a look at another one
   if (modem.LoggingPath.empty() || !modem.Logging || !modem.Echo)
     AskForChanges();
   else
@@ -123,6 +123,7 @@ void frmPreConfigure::Finish() {
 }
 
 void frmPreConfigure::btnNext_Click() {
+  SetTrace("frmPreConfigure", "btnNext_Click");
   if (btnNext.Caption == "&OK") {
     Timer1.Enabled = false;
     Unload();
@@ -134,6 +135,7 @@ void frmPreConfigure::btnNext_Click() {
 
 // Going back leaves the other button's caption and the blinking as they are until the next comparison.
 void frmPreConfigure::btnCancel_Click() {
+  SetTrace("frmPreConfigure", "btnCancel_Click");
   if (step == 0) {
     Unload();
     return;
@@ -144,12 +146,14 @@ void frmPreConfigure::btnCancel_Click() {
 
 // What is to change blinks.
 void frmPreConfigure::Timer1_Timer() {
+  SetTrace("frmPreConfigure", "Timer1_Timer");
   const ModemRecord& modem = Modems[selectedModem - 1];
   if (!modem.Logging) lblRecLogging.Visible = !lblRecLogging.Visible;
   if (!modem.Echo) lblRecEcho.Visible = !lblRecEcho.Visible;
 }
 
 void frmPreConfigure::Check1_Click() {
+  SetTrace("frmPreConfigure", "Check1_Click");
   ModemCheck = bool{Check1.Value};
   StoreGeneralValue("ModemCheck", bool{ModemCheck}, REG_SZ);
 }

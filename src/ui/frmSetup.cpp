@@ -4,6 +4,7 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/Host.h"
+#include "settings/Settings.h"
 #include "ui/TabPages.h"
 
 namespace qel {
@@ -54,6 +55,7 @@ frmSetup::frmSetup() : Form("frmSetup") {
 }
 
 void frmSetup::Form_Load() {
+  TakeUpOthersRecords();
   SetTrace("frmSetup", "Form_Load");
   Attempt([this] { ShowFormats(); });
   mskNoDisconDuration.Mask = "##" + TimeSeparator + "##" + TimeSeparator + "##";
@@ -74,6 +76,7 @@ void frmSetup::Form_Load() {
 }
 
 void frmSetup::Form_Activate() {
+  SetTrace("frmSetup", "Form_Activate");
   TabStrip1_Click();
   EnableStartFields();
   ShowServiceCount();
@@ -82,6 +85,7 @@ void frmSetup::Form_Activate() {
 }
 
 void frmSetup::TabStrip1_Click() {
+  SetTrace("frmSetup", "TabStrip1_Click");
   const int tab = TabStrip1.SelectedTab();
   ShowSelectedPage(TabStrip1, Settings);
   btnDefaults.Enabled = btnDefaults.Visible = tab == ModemTab;
@@ -115,6 +119,7 @@ void frmSetup::restoreOldValues() {
 }
 
 bool frmSetup::Form_Unload() {
+  SetTrace("frmSetup", "Form_Unload");
   if (!saved) restoreOldValues();
   snapshot.ReleaseServices();
   if (LogPathChanged) LogCorrupt = LogTooBig = false;

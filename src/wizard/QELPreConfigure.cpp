@@ -73,6 +73,14 @@ void LookAtModems() {
   for (Int16 number = 1; number <= ModemCount; ++number) look(number);
 }
 
+// The user may choose any of them: what was not looked at yet is read too, but decides nothing.
+void ReadTheOthers() {
+  const bool lookedAt = ModemConfigOK;
+  for (Int16 number = 1; number <= ModemCount; ++number)
+    if (PreferredModem != 0 && number != PreferredModem) Attempt([number] { ReadModemSettings(number); });
+  ModemConfigOK = lookedAt;
+}
+
 // The folder is the first modem's, whichever is preferred. Of a preferred one that is not the first it is
 // empty, since the first was not looked at; the start then takes the default folder.
 void TakeActiveLog() {
@@ -92,6 +100,7 @@ void ResetModems() {
 bool PreConfigure(bool interactive) {
   SetTrace("QELPreConfigure", "PreConfigure");
   ResetModems();
+  Registry.Refresh();  // the driver writes there when it likes
   if (!interactive) {
     CurrentDisplay().SplashText("Checking Modem Configuration");
     CurrentHost().Yield();
@@ -104,12 +113,16 @@ bool PreConfigure(bool interactive) {
     return false;
   }
   LookAtModems();
-  if (interactive || !ModemConfigOK) return true;
+  if (interactive || !ModemConfigOK) {
+    ReadTheOthers();
+    return true;
+  }
   TakeActiveLog();
   return false;
 }
 
 void ReadModemSettings(Int16 number) {
+  SetTrace("QELPreConfigure", "ReadModemSettings");
   ModemRecord& modem = Modems[number - 1];
   modem.LoggingPath = ModemText(modem.ModemKey, "LoggingPath");
   if (modem.LoggingPath.empty()) ModemConfigOK = false;

@@ -30,6 +30,22 @@ TEST_F(Qelreport, SaysInOneLineWhyThereIsNoReport) {
   EXPECT_NE(folder.Content("log"), "") << "the log was overwritten";
 }
 
+TEST_F(Qelreport, SettingsThatCannotBeReadLeaveTheBuiltInOnes) {
+  const std::string store = "home/.config/qel/registry.reg";
+  const std::string expected = Run("--log log").out;
+  std::filesystem::create_directories(folder.Path(store));
+  for (const std::string why : {"Is a directory", "line 2: unexpected text"}) {
+    const Result run = Run("--log log");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, expected);
+    EXPECT_EQ(run.err,
+              "qelreport: cannot read the settings in " + store + ": " + why + "; the built-in ones hold\n");
+    std::filesystem::remove(folder.Path(store));
+    folder.Put(store, "REGEDIT4\ngarbage");
+  }
+  EXPECT_EQ(folder.Content(store), "REGEDIT4\ngarbage");
+}
+
 TEST_F(Qelreport, WritesTheWholeReportInUtf8) {
   const std::pair<std::string, std::string> cases[] = {{"", "costs-summary.txt"},
                                                        {"--report details", "costs-details.txt"},

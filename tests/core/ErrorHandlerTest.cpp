@@ -50,6 +50,7 @@ TEST_F(ErrorHandlerTest, AReportIsShownTwiceAndTheSecondAnswerCounts) {
       "\r\nError code: 13\r\nDescription: Type mismatch\r\nLast DLL Error: 5\r\nModule: M\r\nSub: P\r\n";
   EXPECT_EQ(host.clipboard, report + "Ref: S\r\nVersion: " + VersionText() + "\r\nOS: WIN 98\r\n");
   EXPECT_TRUE(host.messages[1].Text.starts_with(host.clipboard + "\r\nThe above information has been"));
+  EXPECT_EQ(std::tuple(host.messages[0].HelpContext, host.messages[1].HelpContext), std::tuple(92, 0));
   EXPECT_EQ(host.messages[0].Title + ", " + host.messages[1].Title, "Disk - Error, QEL");
 }
 

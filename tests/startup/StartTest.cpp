@@ -82,6 +82,66 @@ TEST_F(StartTest, AModemThatIsNotSetUpBringsUpTheWizardUnlessTheCheckIsOff) {
   }
 }
 
+TEST_F(StartTest, ASettingsFileThatCannotBeReadIsToldAndNeverWritten) {
+  folder.Put("ModemLog.txt", usable);
+  std::filesystem::create_directory(folder.Path("registry.reg"));
+  Start();
+  ASSERT_EQ(host.messages.size(), 1u);
+  EXPECT_TRUE(host.messages[0].Text.starts_with("QEL cannot read your settings file\r\n" +
+                                                folder.Path("registry.reg") + "\r\n(Is a directory)."));
+  EXPECT_TRUE(MainForm->btnProcess.Enabled) << "the built-in settings do for this log";
+  EXPECT_EQ(MaxConnections, 200);
+  EXPECT_THROW(MainForm->mnuExit.UserClick(), ProgramEnd);
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path("registry.reg")));
+
+  folder.Empty();
+  folder.Put("ModemLog.txt", usable);
+  folder.Put("registry.reg", "REGEDIT4\r\ngarbage\"\r\n[");
+  host.messages.clear();
+  Start();
+  ASSERT_EQ(host.messages.size(), 1u);
+  const std::string& told = host.messages[0].Text;
+  EXPECT_NE(told.find("(line 2: unexpected text)"), std::string::npos) << told;
+  EXPECT_NE(told.find(folder.Path("registry.reg.bad") + "\r\n"), std::string::npos) << told;
+  EXPECT_EQ(Stored("\\General", "MaxServices"), "10");
+}
+
+TEST_F(StartTest, ServicesThatAnotherProgramAddedAreNotLostToTheOptions) {
+  folder.Put("ModemLog.txt", usable);
+  Start();
+  const std::string root = KeyPath(SettingsRoot, SettingsKey);
+  RegistryStore other;
+  other.Open(folder.Path("registry.reg"), RegistryStore::Access::Shared);
+  other.Set(root + "\\General", "UsedServices", {REG_DWORD, DwordBytes(1)});
+  other.Set(root + "\\Services", "ServiceName1", {REG_SZ, std::string("Theirs\0", 7)});
+  other.Flush();
+  host.actions = {[this] {
+    EXPECT_EQ(SetupForm->lstServices.RowCount(), 1);
+    EXPECT_EQ(AddService("Ours", "2", "").ServiceName, Services[1].ServiceName);
+    SetupForm->btnSave.UserClick();
+  }};
+  MainForm->mnuSetup.UserClick();
+  EXPECT_EQ(Stored("\\Services", "ServiceName1") + Stored("\\Services", "ServiceName2"), "TheirsOurs");
+}
+
+TEST_F(StartTest, TheEndOfTheProgramAsksOnceAndTakesNoRefusal) {
+  folder.Put("ModemLog.txt", usable);
+  EditLog = true;
+  Start();
+  MainForm->Width = 9990;
+  MainForm->mnuViewLog.UserClick();
+  ViewLogForm->TextViewLog.UserText("changed");
+  folder.Put("ModemLog.txt",
+             usable + usable);  // somebody else wrote to it: the second question is about that
+  host.messages.clear();
+  host.answers = {Answer::Yes, Answer::No};
+  EXPECT_THROW(EndProgram(), ProgramEnd);
+  EXPECT_EQ(host.messages.size(), 2u);
+  EXPECT_TRUE(LoadedForms.empty());
+  EXPECT_EQ(Stored("\\General", "MainWinWidth"), "9990");
+  EXPECT_EQ(Log(), usable + usable);
+}
+
 TEST_F(StartTest, AnInterruptedRewriteIsUndoneAndTold) {
   folder.Put("ModemLog.old", usable);
   Start();

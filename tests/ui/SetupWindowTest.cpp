@@ -1,6 +1,7 @@
 #include "platform/TextConversion.h"
 #include "settings/SettingsTables.h"
 #include "support/Cases.h"
+#include "support/FailingDisk.h"
 #include "support/WindowTest.h"
 
 namespace qel {
@@ -42,6 +43,7 @@ TEST_F(SetupWindowTest, AFieldTakesItsTextOrSaysWhyNot) {
     SCOPED_TRACE(field + " " + typed);
     OpenOptions(std::stoi(tab));
     TypeAndLeave(field, typed);
+    EXPECT_EQ(ProcedureTrace, field + "_LostFocus");
     EXPECT_EQ(Field(field).Text(), shown);
     EXPECT_EQ(ValueOf(setting), value);
     EXPECT_EQ(host.Showed("beep"), outcome != "taken");
@@ -82,6 +84,16 @@ TEST_F(SetupWindowTest, TheLogIsTypedOrBrowsedFor) {
   TypeAndLeave("txtLogName", folder.Path("none.txt"));
   EXPECT_EQ(window.txtLogName.Text(), folder.Path("ModemLog.txt"));
   EXPECT_FALSE(window.txtLogName.Refusal().empty());
+  {
+    FailingDisk closed;
+    const DiskInPlace inPlace(closed);
+    closed.FailFrom(1, EACCES);
+    TypeAndLeave("txtLogName", folder.Path("closed/ModemLog.txt"));
+  }
+  EXPECT_EQ(window.txtLogName.Text(), folder.Path("ModemLog.txt"));
+  EXPECT_EQ(window.txtLogName.Refusal(),
+            "\"" + folder.Path("closed/ModemLog.txt") + "\" cannot be reached: Permission denied.");
+  EXPECT_TRUE(host.messages.empty());
   folder.Put("M\xC3\xA4rz.log", usable);
   TypeAndLeave("txtLogName", folder.Path("M\xE4rz.log"));
   EXPECT_EQ(ModemLogFile, "M\xC3\xA4rz.log");

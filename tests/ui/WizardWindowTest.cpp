@@ -73,6 +73,11 @@ TEST_F(WizardWindowTest, WhatIsToChangeBlinksWhileTheModemDoesNotLog) {
     EXPECT_EQ(window.lblRecLogging.Visible, c.loggingStays) << c.init;
     EXPECT_EQ(window.lblRecEcho.Visible, c.echoStays) << c.init;
     EXPECT_EQ(window.btnNext.Caption(), "&Finish") << "the path is missing all the same";
+    window.btnCancel.UserClick();
+    EXPECT_EQ(window.Timer1.Enabled, !c.logging);
+    window.lstModems.UserChoose(0);
+    window.btnNext.UserClick();
+    EXPECT_FALSE(window.Timer1.Enabled) << "this one logs";
   }
 }
 

@@ -37,6 +37,7 @@ class ModemTest : public FreshProgram {
   }
 
   const std::string first = "\\Modem\\0000", second = "\\Modem\\0001";
+  const std::string path = folder.Path("ModemLog.txt");
   const Modem good{first, "Internal 33600", "/log/a.txt", true, "ats0=0e1"}, bad{second};
 };
 
@@ -85,13 +86,25 @@ TEST_F(ModemTest, TheStartIsQuietWhenWhatItLooksAtIsSetUp) {
 }
 
 TEST_F(ModemTest, AChangeWritesWhatIsMissingAndNothingElse) {
-  const std::string path = DefaultLogDir + "ModemLog.txt";
   const std::string setUp = "DriverDesc=a;Logging=1;LoggingPath=" + path + ";UserInit=";
   EXPECT_EQ(Changed({first, "a"}), setUp + "E1;");
   EXPECT_EQ(Changed({first, "a", "", true, "e1"}), setUp + "e1;");
   EXPECT_EQ(Changed({first, "a", path, false, "E1"}), setUp + "E1;");
   EXPECT_EQ(Changed({first, "a", path, true, "ate0"}), setUp + "ATE0E1;");
   EXPECT_EQ(Registry.Query(KeyPath(SettingsRoot, ModemClass + first), "Logging")->Data, "\x01");
+}
+
+TEST_F(ModemTest, AModemThatIsNotThePreferredOneKeepsWhatItHas) {
+  PreferredModem = 2;
+  for (const bool interactive : {true, false}) {
+    StoreOnly({{first, "a", path, true, "AT&F"}, {second, "b"}});
+    EXPECT_TRUE(PreConfigure(interactive));
+    DoChange(1);
+    EXPECT_EQ(ModemValues(first), "DriverDesc=a;Logging=1;LoggingPath=" + path + ";UserInit=AT&FE1;");
+    StoreOnly({{first, "a"}, {second, "b", path, true, "E1"}});
+    EXPECT_EQ(PreConfigure(interactive), interactive);
+    EXPECT_TRUE(ModemConfigOK) << "the others decide nothing";
+  }
 }
 
 TEST_F(ModemTest, TheChangedModemGetsALog) {
