@@ -31,7 +31,8 @@ void TellSetAside() {
 
 void EndProgram() {
   CloseAllFiles();
-  for (const char* name : {"frmAbout", "frmSplash", "frmViewLog", "frmReport", "frmMain"})
+  // First the options: what was not saved there is put back before other windows store the settings.
+  for (const char* name : {"frmSetup", "frmAbout", "frmSplash", "frmViewLog", "frmReport", "frmMain"})
     if (Form* form = LoadedForm(name)) IgnoreErrors([form] { form->UnloadAtTheEnd(); });
   SaveRegistry();
   TellSetAside();

@@ -142,6 +142,21 @@ TEST_F(StartTest, TheEndOfTheProgramAsksOnceAndTakesNoRefusal) {
   EXPECT_EQ(Log(), usable + usable);
 }
 
+TEST_F(StartTest, TheEndOfTheProgramStoresNoOptionsThatWereNotSaved) {
+  folder.Put("ModemLog.txt", usable);
+  Start();
+  ReportForm->Show();
+  SaveReportSettings = true;
+  host.actions = {[] {
+    SetupForm->txtMaxConnections.UserText("300");
+    SetupForm->TabStrip1.SetFocus();
+    EXPECT_EQ(MaxConnections, 300);
+    EndProgram();
+  }};
+  EXPECT_THROW(MainForm->mnuSetup.UserClick(), ProgramEnd);
+  EXPECT_EQ(Stored("\\General", "MaxConnections"), "200");
+}
+
 TEST_F(StartTest, AnInterruptedRewriteIsUndoneAndTold) {
   folder.Put("ModemLog.old", usable);
   Start();
