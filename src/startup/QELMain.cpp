@@ -135,9 +135,9 @@ void OpenSettings() {
     MsgBox({"QEL cannot read your settings file\r\n" + PathText(path) + "\r\n(" +
                 FromUtf8Lossy(ReasonOf(error)) +
                 ").\r\n\r\n"
-                "Until it can be read again, QEL runs with its built-in\r\n"
-                "settings: without your services, and without storing\r\n"
-                "anything that you change.",
+                "QEL runs with its built-in settings now: without your\r\n"
+                "services, and without storing anything that you change.\r\n"
+                "Mend the file and start QEL again.",
             "QEL Settings", Icon::Exclamation});
   }
   TellSetAside();

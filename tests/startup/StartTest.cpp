@@ -131,6 +131,7 @@ TEST_F(StartTest, TheEndOfTheProgramAsksOnceAndTakesNoRefusal) {
   MainForm->Width = 9990;
   MainForm->mnuViewLog.UserClick();
   ViewLogForm->TextViewLog.UserText("changed");
+  FindForm->Show();  // goes with the viewer
   folder.Put("ModemLog.txt",
              usable + usable);  // somebody else wrote to it: the second question is about that
   host.messages.clear();
