@@ -179,10 +179,8 @@ bool RegistryStore::ChangedElsewhere(std::string_view key) const {
   return now->second != before->second;
 }
 
-bool RegistryStore::ChangedElsewhere(std::string_view key, std::string_view name) const {
-  const RegistryValue* now = FindValue(tree, KeyPath(key), name);
-  const RegistryValue* before = FindValue(known, KeyPath(key), name);
-  return now == nullptr || before == nullptr ? now != before : *now != *before;
+RegistryStore::Versions RegistryStore::VersionsOf(std::string_view key, std::string_view name) const {
+  return {FindValue(known, KeyPath(key), name), FindValue(tree, KeyPath(key), name)};
 }
 
 void RegistryStore::TakeAsRead(std::string_view key, std::string_view name, RegistryValue value) {

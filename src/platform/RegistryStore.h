@@ -65,10 +65,15 @@ class RegistryStore {
   // Whether the last flush raised.
   bool FlushFailed() const { return flushFailed; }
 
-  // Whether other programs changed something in this key, or this value of it, since this one last read or
-  // wrote it.
+  // Whether other programs changed something in this key since this one last read or wrote it.
   bool ChangedElsewhere(std::string_view key) const;
-  bool ChangedElsewhere(std::string_view key, std::string_view name) const;
+
+  // A value as this program last read or wrote it, and as it stands now; nothing where it is missing. The
+  // pointers hold until the next change.
+  struct Versions {
+    const RegistryValue *Ours, *Now;
+  };
+  Versions VersionsOf(std::string_view key, std::string_view name) const;
 
   // Lets `value` pass for what this program has read here: what stands there cannot be used, and stays as
   // long as the program has nothing else to say than that.

@@ -1,6 +1,7 @@
 #include "settings/ServiceRecords.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
@@ -168,6 +169,35 @@ Int16 StoredCount(const BoundedArray<Record>& array, Int16 used) {
   return Int16(used + static_cast<int>(array.Beyond.size()));
 }
 
+// The elements in use, and those that found no room.
+template <typename Record>
+std::vector<Record> AllOf(const BoundedArray<Record>& array, Int16 used) {
+  std::vector<Record> all;
+  for (int i = 0; i < std::min<int>(used, array.Last() + 1); ++i) all.push_back(array[i]);
+  all.insert(all.end(), array.Beyond.begin(), array.Beyond.end());
+  return all;
+}
+
+template <typename Record>
+void Spread(const std::vector<Record>& all, BoundedArray<Record>& array, Int16& used) {
+  const std::size_t room = std::min(all.size(), static_cast<std::size_t>(array.Last() + 1));
+  for (std::size_t i = 0; i < room; ++i) array[static_cast<int>(i)] = all[i];
+  array.Beyond.assign(all.begin() + static_cast<std::ptrdiff_t>(room), all.end());
+  used = Int16(static_cast<int>(room));
+}
+
+// A stored number as this program last read or wrote it, and as it stands now; 0 where there is none.
+struct Counts {
+  int Before, Now;
+};
+Counts CountsOf(const std::string& key, const std::string& name) {
+  const auto [ours, now] = Registry.VersionsOf(KeyPath(SettingsRoot, key), name);
+  const auto number = [](const RegistryValue* stored) {
+    return stored && stored->Type == REG_DWORD ? static_cast<std::int32_t>(DwordOf(stored->Data)) : 0;
+  };
+  return {number(ours), number(now)};
+}
+
 // A record of its own for the places, which nobody reads from or writes to.
 template <class Record, std::size_t N>
 std::optional<SettingForm> FormIn(const RecordField<Record> (&fields)[N], std::string_view name,
@@ -250,6 +280,19 @@ void WriteServices() {
   Attempt([] { StoreSetting(ServicesKey, SoundFileName(), StoredAs::Text, &WarningSoundFile); });
 }
 
+void MergeServices() {
+  const auto [before, now] = CountsOf(std::string(SettingsKey) + "\\General", "UsedServices");
+  std::vector<ServiceRecord> all = AllOf(Services, UsedServices);
+  if (now <= before || static_cast<int>(all.size()) == before) return;
+  std::vector<ServiceRecord> added;
+  for (int number = before + 1;
+       number <= now && IsStored(ServicesKey, "ServiceName" + std::to_string(number)); ++number)
+    ReadService(added.emplace_back(), number, now);
+  const std::size_t kept = std::min(all.size(), static_cast<std::size_t>(before));
+  all.insert(all.begin() + static_cast<std::ptrdiff_t>(kept), added.begin(), added.end());
+  Spread(all, Services, UsedServices);
+}
+
 Int16 StoredServiceCount() { return StoredCount(Services, UsedServices); }
 
 void ReadHolidays() {
@@ -258,6 +301,25 @@ void ReadHolidays() {
     Attempt([&] { LoadSetting(HolidaysKey, Str(number), StoredAs::Whole, &holiday); });
   };
   ReadUsed(Holidays, UsedHolidays, read, [](int number) { return IsStored(HolidaysKey, Str(number)); });
+}
+
+void MergeHolidays() {
+  if (!Registry.ChangedElsewhere(KeyPath(SettingsRoot, HolidaysKey))) return;
+  const std::vector<Date> ours = AllOf(Holidays, UsedHolidays);
+  std::vector<Date> before;
+  const int count = CountsOf(HolidaysKey, "UsedHolidays").Before;
+  for (int number = 1; number <= count; ++number) before.push_back(CountsOf(HolidaysKey, Str(number)).Before);
+  if (ours == before) return;
+  ReadHolidays();
+  std::vector<Date> all = AllOf(Holidays, UsedHolidays);
+  const auto holds = [](const std::vector<Date>& days, Date day) {
+    return std::ranges::find(days, day) != days.end();
+  };
+  std::erase_if(all, [&](Date day) { return holds(before, day) && !holds(ours, day); });
+  for (const Date day : ours)
+    if (!holds(before, day) && !holds(all, day)) all.push_back(day);
+  std::ranges::sort(all);
+  Spread(all, Holidays, UsedHolidays);
 }
 
 void WriteHolidays() {

@@ -81,6 +81,12 @@ void ReadHolidays();
 void WriteServices();
 void WriteHolidays();
 
+// Before storing: where the user has added or removed something here, and other programs have stored more of
+// it since, both are kept. Services that others added stay under their numbers, and those added here go
+// behind them; holidays come into the order of their dates. What finds no room goes beyond the array.
+void MergeServices();
+void MergeHolidays();
+
 // UsedServices as it is stored: with the services that found no room.
 Int16 StoredServiceCount();
 

@@ -203,12 +203,15 @@ void TakeUpOthersRecords() {
   SetTrace("Registry_Functions", "TakeUpOthersRecords");
   Registry.Refresh();
   const std::string root = KeyPath(SettingsRoot, SettingsKey);
-  const auto changed = [&](const char* name) { return Registry.ChangedElsewhere(root + "\\General", name); };
-  if (Registry.ChangedElsewhere(root + "\\Services") || changed("UsedServices")) {
+  const auto isNew = [&](const char* name) {
+    const auto [ours, now] = Registry.VersionsOf(root + "\\General", name);
+    return now && (!ours || *ours != *now);
+  };
+  if (Registry.ChangedElsewhere(root + "\\Services") || isNew("UsedServices")) {
     const std::string keyName = OpenKey("\\General");
     for (const auto& setting : GeneralSettings())
       if (setting.Place == SettingPlace(&UsedServices) ||
-          (setting.Place == SettingPlace(&MaxServices) && changed(setting.Name)))
+          (setting.Place == SettingPlace(&MaxServices) && isNew(setting.Name)))
         Load(keyName, setting);
     MakeServices();
     ReadServices();
@@ -242,6 +245,9 @@ void WriteUserParameters() {
   SetTrace("Registry_Functions", "WriteUserParameters");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   CurrentHost().Yield();
+  Registry.Refresh();
+  MergeServices();
+  MergeHolidays();
   WriteGeneral();
   WriteModem();
   StepTrace = "Write Services";

@@ -8,7 +8,8 @@
 
 namespace qel {
 
-// The program's keys of the store, what other programs brought there included, as the text of a file that restores them.
+// The program's keys of the store, what other programs brought there included, as the text of a file that
+// restores them.
 std::string ExportedOptions();
 
 // Why the settings in a file cannot be taken; `what()` is one line for the user, in Windows-1252.

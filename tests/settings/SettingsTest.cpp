@@ -181,6 +181,50 @@ TEST_F(SettingsTest, WhatOtherProgramsStoreMeanwhileStays) {
   EXPECT_EQ(Services[1].ServiceName + ", " + Services[2].ServiceName, "Theirs, Ours too");
 }
 
+// Three programs, one at a time in this process: each has the settings that it knew when it was last at work.
+TEST_F(SettingsTest, ThreeProgramsThatAddInTurnKeepAllThatWasAdded) {
+  struct Program {
+    RegistryStore Store;
+    BoundedArray<ServiceRecord> Services;
+    BoundedArray<Date> Holidays;
+    Int16 UsedServices, UsedHolidays;
+  };
+  const std::string path = folder.Path("registry.reg");
+  Registry.Open(path, RegistryStore::Access::Shared);
+  AddService("first", "1", "").PerMeg = 1;
+  UsedHolidays = 2;
+  Holidays[0] = 36500;
+  Holidays[1] = 36510;
+  StoreAndRestart();
+  std::vector<Program> programs(3, {Registry, Services, Holidays, UsedServices, UsedHolidays});
+  for (int step = 0; step < 6; ++step) {
+    Program& program = programs[static_cast<std::size_t>(step) % 3];
+    const auto change = [&] {
+      std::swap(Registry, program.Store);
+      std::swap(Services, program.Services);
+      std::swap(Holidays, program.Holidays);
+      std::swap(UsedServices, program.UsedServices);
+      std::swap(UsedHolidays, program.UsedHolidays);
+    };
+    change();
+    AddService("step " + std::to_string(step), "1", "").PerMeg = 10 + step;
+    Holidays[UsedHolidays] = 36501 + 2 * step;
+    ++UsedHolidays;
+    if (step == 4) Holidays[0] = Holidays[1];  // the first one goes
+    WriteUserParameters();
+    WriteUserParameters();
+    change();
+  }
+  Registry.Open(path, RegistryStore::Access::Shared);
+  Restart();
+  std::string all;
+  for (int i = 0; i < UsedServices; ++i) all += All(Services[i].ServiceName, Services[i].PerMeg);
+  EXPECT_EQ(all, "first 1\nstep 0 10\nstep 1 11\nstep 2 12\nstep 3 13\nstep 4 14\nstep 5 15\n");
+  all.clear();
+  for (int i = 0; i < UsedHolidays; ++i) all += NumberText(Holidays[i]) + " ";
+  EXPECT_EQ(all, "36501 36503 36505 36507 36509 36510 36511 ");
+}
+
 TEST_F(SettingsTest, AValueNameThatTwoServicesShareLosesNeither) {
   const auto rates = [] {
     std::string all;
