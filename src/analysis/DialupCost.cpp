@@ -5,7 +5,7 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/GeneralFunctions.h"
+#include "analysis/TariffDays.h"
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
 #include "settings/Settings.h"
@@ -177,29 +177,6 @@ double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece
     units = Int16(seconds);
   }
   return units * tariff.PerMinuteRate;
-}
-
-bool DayMatches(Date date, const std::string& appliesDays) {
-  if (appliesDays == "Holidays") return IsHoliday(date);
-  if (appliesDays == "Everyday") return true;
-  const std::string& name = LongDayNames[static_cast<std::size_t>(Weekday(date) - 1)];
-  if (appliesDays == name) return true;
-  const Int16 first = GetDayIndex(appliesDays.substr(0, 3));
-  const Int16 last =
-      GetDayIndex(appliesDays.size() < 3 ? appliesDays : appliesDays.substr(appliesDays.size() - 3));
-  const Int16 current = GetDayIndex(name.substr(0, 3));
-  return first <= current && last >= current;
-}
-
-Int16 GetDayIndex(const std::string& shortName) {
-  const auto found = std::find(ShortDayNames.begin(), ShortDayNames.end(), shortName);
-  return Int16(found - ShortDayNames.begin() + 1);
-}
-
-bool IsHoliday(Date date) {
-  for (int i = 0; i < UsedHolidays; ++i)
-    if (Holidays[i] == date) return true;
-  return false;
 }
 
 }  // namespace qel
