@@ -36,7 +36,9 @@ class TariffWalk {
 
   double Cost() {
     if (service.UsedTariffs < 1) return 0;  // nothing that could end the walk
+    if (index > 0) notes = Connections[index].Notes;
     while (!done) TryAllTariffs();
+    if (index > 0) Connections[index].Notes.swap(notes);
     return covered ? cost : 0 - cost;
   }
 
@@ -112,8 +114,7 @@ class TariffWalk {
     if (index > 0) WriteNotes(tariff, units, form);
   }
 
-  void WriteNotes(const TariffRecord& tariff, Int16 units, UnitNote form) const {
-    std::string& notes = Connections[index].Notes;
+  void WriteNotes(const TariffRecord& tariff, Int16 units, UnitNote form) {
     if (notes.find(tariff.Description) == std::string::npos) notes += " - " + tariff.Description;
     if (units <= 0) return;
     std::string unitText = " - " + std::to_string(units) + "U x " + std::to_string(tariff.UnitMins) + "Min";
@@ -137,6 +138,7 @@ class TariffWalk {
   const int endSecond;
   const Int16 index;
 
+  std::string notes;  // the connection's, until they are complete
   double cost = 0;
   bool dialAdded = false;
   bool firstPiece = true;
