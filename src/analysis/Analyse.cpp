@@ -39,10 +39,14 @@ bool NextLine(LineReader& log, std::string_view& line) {
 
 void ReadLog() {
   std::optional<LineReader> log;
-  if (!Attempt([&log] { log.emplace(CurrentLogPath); })) return;
-  const LineClassifier classifier;
+  std::optional<LineClassifier> classifier;
+  const bool opened = Attempt([&] {
+    classifier.emplace();
+    log.emplace(CurrentLogPath);
+  });
+  if (!opened) return;
   for (std::string_view line; KeepReading && NextLine(*log, line);) {
-    Process(line, classifier);
+    Process(line, *classifier);
     if (ServicesExceeded || ConnectionsExceeded) KeepReading = false;
   }
   Attempt([&log] { log->Close(); });
@@ -73,9 +77,11 @@ void Analyse() {
   StepTrace = "Finished Processing";
   if (Connected) CloseAtEndOfLog();
   CurrentDisplay().ShowProgress(false);
-  CurrentDisplay().StatusText(" F I N I S H E D !  -  (" + std::to_string(EntriesProcessed) +
-                              " entries processed)");
-  if (TariffIncomplete) TellIncompleteTariffs();
+  Attempt([] {
+    CurrentDisplay().StatusText(" F I N I S H E D !  -  (" + std::to_string(EntriesProcessed) +
+                                " entries processed)");
+  });
+  if (TariffIncomplete) Attempt(TellIncompleteTariffs);
   CheckWarnings();
   if (!ServicesExceeded && !LogCorrupt) CurrentDisplay().ShowReport();
   CurrentHost().SetMousePointer(MousePointer::Default);

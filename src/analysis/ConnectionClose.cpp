@@ -1,5 +1,7 @@
 #include "analysis/ConnectionClose.h"
 
+#include <cmath>
+
 #include "analysis/ConnectionNotes.h"
 #include "analysis/DataCost.h"
 #include "analysis/DialupCost.h"
@@ -11,12 +13,22 @@
 #include "modemlog/LogLine.h"
 #include "settings/Settings.h"
 
+// What fails is left out and nothing else: each attempt below has one effect, which it works out before.
 namespace qel {
 
 namespace {
 
 ConnectionRecord& Connection() { return Connections[ConnectionCount]; }
 ServiceTotal& Slot() { return ServiceTotals[CurrentService]; }
+
+// Where a close begins: no cost of another connection is about, and there is a record and a slot to close.
+bool BeginClose() {
+  DialCostNow = ServiceCostNow = DataCostNow = 0;
+  return Attempt([] {
+    static_cast<void>(Connection());
+    static_cast<void>(Slot());
+  });
+}
 
 Int32 SecondsToMidnight(Date time) { return SecondsBetween(time, TimeSerial(23, 59, 59)) + 1; }
 
@@ -43,49 +55,57 @@ Int32 SecondsInsidePeriod() {
 }
 
 void AddFreeTime() {
-  Connection().FreeSeconds = GetFreeSeconds(Slot().Number, ConnectTime, DisconnectTime);
-  if (Connection().FreeSeconds > 0) Connection().Notes += FreeNote(Connection().FreeSeconds);
-  Slot().FreeSeconds += Connection().FreeSeconds;
+  const Int32 seconds = GetFreeSeconds(Slot().Number, ConnectTime, DisconnectTime);
+  Connection().FreeSeconds = seconds;
+  if (seconds > 0) Attempt([&] { Connection().Notes += FreeNote(seconds); });
+  Attempt([&] { Slot().FreeSeconds += seconds; });
 }
 
 // Leaves the magnitude of the cost; true where the tariffs left a gap.
 bool PriceTheCall(double share) {
-  DialCostNow =
-      share * GetDialupCost(Slot().Number, ConnectDate, ConnectTime, DisconnectDate, DisconnectTime, 0);
-  if (!(DialCostNow < 0)) return false;
-  TariffIncomplete = true;
-  DialCostNow = -DialCostNow;
-  return true;
+  double cost = 0;
+  Attempt([&] {
+    cost = share * GetDialupCost(Slot().Number, ConnectDate, ConnectTime, DisconnectDate, DisconnectTime, 0);
+  });
+  DialCostNow = std::fabs(cost);
+  const bool gap = cost < 0;
+  if (gap) TariffIncomplete = true;
+  return gap;
 }
 
 void CountBlocks() {
-  BlockMinutes = ServiceBlockMinutes(Slot().Number);
-  BlockCount = GetBlockCount(BlockMinutes, ConnectSeconds);
+  Attempt([] {
+    const Int16 minutes = ServiceBlockMinutes(Slot().Number);
+    BlockCount = GetBlockCount(minutes, ConnectSeconds);
+    BlockMinutes = minutes;
+  });
   if (BlockCount <= 0) return;
   ShowBlocks = true;
-  Connection().Notes += BlocksNote(BlockCount, BlockMinutes);
+  Attempt([] { Connection().Notes += BlocksNote(BlockCount, BlockMinutes); });
 }
 
 void AddTimeToSlot() {
-  ++Slot().Connections;
-  Slot().Seconds += ConnectSeconds;
-  Slot().Blocks += BlockCount;
+  Attempt([] { ++Slot().Connections; });
+  Attempt([] { Slot().Seconds += ConnectSeconds; });
+  Attempt([] { Slot().Blocks += BlockCount; });
 }
 
 void RoundToBlocks() {
-  if (BlockMinutes > 0) ConnectSeconds = BlockMinutes * 60 * BlockCount;
+  if (BlockMinutes > 0) Attempt([] { ConnectSeconds = BlockMinutes * 60 * BlockCount; });
 }
 
 void PriceTheService() {
-  const double cost = GetServiceCost(Slot().Number, ConnectSeconds - Connection().FreeSeconds, ConnectDate);
-  ServiceCostNow = ApplyMaxCharge(cost, Slot().Number);
+  Attempt([] {
+    const double cost = GetServiceCost(Slot().Number, ConnectSeconds - Connection().FreeSeconds, ConnectDate);
+    ServiceCostNow = ApplyMaxCharge(cost, Slot().Number);
+  });
 }
 
 void AddTimeAndPriceService() {
-  Attempt(CountBlocks);
-  Attempt(AddTimeToSlot);
-  Attempt(RoundToBlocks);
-  Attempt(PriceTheService);
+  CountBlocks();
+  AddTimeToSlot();
+  RoundToBlocks();
+  PriceTheService();
 }
 
 // Data that was read is charged when its line comes.
@@ -98,31 +118,39 @@ void AddCostsToSlot() {
 double EstimatedBytes() { return NoDisconData * 1024; }
 double ErrorShare() { return ShowErrors ? 1 : 0; }
 
-void EstimateEnd() {
-  const double duration = NoDisconDuration * ErrorShare();
-  const Int32 rest = SecondsToMidnight(Connection().StartTime);
-  if (rest > duration) {
-    Connection().EndDate = Connection().StartDate;
-    Connection().EndTime = AddSeconds(Connection().StartTime, duration);
-  } else {
-    Connection().EndDate = Connection().StartDate + 1;
-    Connection().EndTime = AddSeconds(0, NoDisconDuration - rest);
-  }
-  DisconnectDate = Connection().EndDate;
-  DisconnectTime = Connection().EndTime;
-  ConnectSeconds = Int32(duration);
+void StampEnd(Date date, Date time) {
+  Connection().EndDate = DisconnectDate = date;
+  Connection().EndTime = DisconnectTime = time;
+}
+
+// False where no end could be estimated: the connection then ends where it began.
+bool EstimateEnd() {
+  const Date startDate = Connection().StartDate, startTime = Connection().StartTime;
+  StampEnd(startDate, startTime);
+  return Attempt([&] {
+    const double duration = NoDisconDuration * ErrorShare();
+    ConnectSeconds = Int32(duration);
+    const Int32 rest = SecondsToMidnight(startTime);
+    if (rest > duration)
+      StampEnd(startDate, AddSeconds(startTime, duration));
+    else
+      StampEnd(startDate + 1, AddSeconds(0, NoDisconDuration - rest));
+  });
 }
 
 void NoteLostDisconnect() {
-  Connection().Notes = NoDisconnectNote;
-  Connection().BytesRead = Int32(EstimatedBytes() * ErrorShare());
-  if (Connection().BytesRead > 0) Connection().Notes += ReadNote(Connection().BytesRead);
+  Attempt([] { Connection().Notes = NoDisconnectNote; });
+  const bool estimated = Attempt([] { Connection().BytesRead = Int32(EstimatedBytes() * ErrorShare()); });
+  if (estimated && Connection().BytesRead > 0)
+    Attempt([] { Connection().Notes += ReadNote(Connection().BytesRead); });
 }
 
-void AddEstimatedBytes() { Slot().BytesRead = Int32(Slot().BytesRead + EstimatedBytes() * ErrorShare()); }
+void AddEstimatedBytes() {
+  Attempt([] { Slot().BytesRead = Int32(Slot().BytesRead + EstimatedBytes() * ErrorShare()); });
+}
 
 void PriceEstimatedData() {
-  DataCostNow = GetDataCost(Slot().Number, EstimatedBytes(), Connection().StartDate);
+  Attempt([] { DataCostNow = GetDataCost(Slot().Number, EstimatedBytes(), Connection().StartDate); });
 }
 
 void AddCostsAndDataToSlot() {
@@ -134,56 +162,50 @@ void AddCostsAndDataToSlot() {
 
 void OrdinaryClose() {
   Attempt([] { LineTime = TimeOfLine(CurrentLine); });
-  DisconnectDate = LineDate;
-  DisconnectTime = LineTime;
-  if (DisconnectDate < PeriodStart) {
+  if (LineDate < PeriodStart) {
     ClearAnalysisVars();
     return ForgetTimeBeforePeriod();
   }
-  Attempt([] {
-    Connection().EndDate = DisconnectDate;
-    Connection().EndTime = DisconnectTime;
-  });
+  if (!BeginClose()) return ClearAnalysisVars();
+  StampEnd(LineDate, LineTime);
   Attempt([] { ConnectSeconds = SecondsInsidePeriod(); });
-  Attempt(AddFreeTime);
-  Attempt([] {
-    if (PriceTheCall(1)) Connection().Notes = IncompleteTariffNote;
-  });
+  AddFreeTime();
+  if (PriceTheCall(1)) Attempt([] { Connection().Notes = IncompleteTariffNote; });
   AddTimeAndPriceService();
-  Attempt(AddCostsToSlot);
+  AddCostsToSlot();
   ClearAnalysisVars();
 }
 
 void CloseNoDisconnect() {
-  Attempt(NoteLostDisconnect);
-  Attempt(EstimateEnd);
   LogErrorsFound = true;
-  Attempt(AddFreeTime);
-  Attempt(AddEstimatedBytes);
-  Attempt([] { PriceTheCall(ErrorShare()); });
+  if (!BeginClose()) return ClearAnalysisVars();
+  NoteLostDisconnect();
+  const bool estimated = EstimateEnd();
+  AddFreeTime();
+  AddEstimatedBytes();
+  PriceTheCall(ErrorShare());
   AddTimeAndPriceService();
   // With ShowErrors off the estimated data is charged all the same; not so at the end of the log.
-  Attempt(PriceEstimatedData);
-  Attempt(AddCostsAndDataToSlot);
+  PriceEstimatedData();
+  AddCostsAndDataToSlot();
   const Date endDate = DisconnectDate;
   ClearAnalysisVars();
-  if (endDate < PeriodStart) ForgetTimeBeforePeriod();
+  if (estimated && endDate < PeriodStart) ForgetTimeBeforePeriod();
 }
 
 void CloseAtEndOfLog() {
   LogErrorsFound = true;
-  Attempt(EstimateEnd);
-  Attempt(NoteLostDisconnect);
-  Attempt(AddFreeTime);
-  Attempt(AddEstimatedBytes);
-  Attempt([] { PriceTheCall(ErrorShare()); });
-  Attempt([] {
-    PriceEstimatedData();
-    DataCostNow *= ErrorShare();
-  });
+  if (!BeginClose()) return ClearAnalysisVars();
+  EstimateEnd();
+  NoteLostDisconnect();
+  AddFreeTime();
+  AddEstimatedBytes();
+  PriceTheCall(ErrorShare());
+  PriceEstimatedData();
+  DataCostNow *= ErrorShare();
   AddTimeAndPriceService();
   ServiceCostNow *= ErrorShare();
-  Attempt(AddCostsAndDataToSlot);
+  AddCostsAndDataToSlot();
   ClearAnalysisVars();
 }
 

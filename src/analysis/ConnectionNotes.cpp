@@ -40,15 +40,17 @@ float GetConnectionSeconds(Int16 index) {
       return;
     }
     Int32 n = 0;
+    std::string notes = c.Notes;
     if (c.StartDate + 1 < c.EndDate) n = (Int32(DaysBetween(c.StartDate, c.EndDate)) - 1) * SecondsPerDay;
     if (c.StartDate >= PeriodStart) {
-      c.Notes = " Time prior to midnight";
+      notes = " Time prior to midnight";
       n += SecondsBetween(c.StartTime, TimeSerial(23, 59, 59)) + 1;
     }
     if (c.EndDate <= PeriodEnd) {
-      c.Notes = n == 0 ? " Time from midnight" : "";
+      notes = n == 0 ? " Time from midnight" : "";
       n += SecondsBetween(0, c.EndTime);
     }
+    c.Notes.swap(notes);
     seconds = static_cast<float>(n);
   });
   return seconds;

@@ -16,8 +16,8 @@ double GetDataCost(const std::string& number, double bytes, Date date) {
   const ServiceRecord& service = Services[index];
   const double allowance = BytesPerMegabyte * service.AfterMeg;
   Int32& used = Penalties.At(index, GetPeriodNumber(date, service.MegPeriod)).Bytes;
-  if (service.MegPeriod == "Session") used = 0;  // the allowance starts afresh for each connection
-  used = Int32(used + bytes);
+  const bool afresh = service.MegPeriod == "Session";  // the allowance is each connection's own
+  used = Int32(bytes + (afresh ? 0 : int{used}));
   if (used <= allowance) return 0;
   const double within = bytes - (used - allowance);
   const double charged = within > 0 ? bytes - within : bytes;

@@ -5,7 +5,7 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/GeneralFunctions.h"
+#include "analysis/TariffDays.h"
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
 #include "settings/Settings.h"
@@ -36,7 +36,9 @@ class TariffWalk {
 
   double Cost() {
     if (service.UsedTariffs < 1) return 0;  // nothing that could end the walk
+    if (index > 0) notes = Connections[index].Notes;
     while (!done) TryAllTariffs();
+    if (index > 0) Connections[index].Notes.swap(notes);
     return covered ? cost : 0 - cost;
   }
 
@@ -112,8 +114,7 @@ class TariffWalk {
     if (index > 0) WriteNotes(tariff, units, form);
   }
 
-  void WriteNotes(const TariffRecord& tariff, Int16 units, UnitNote form) const {
-    std::string& notes = Connections[index].Notes;
+  void WriteNotes(const TariffRecord& tariff, Int16 units, UnitNote form) {
     if (notes.find(tariff.Description) == std::string::npos) notes += " - " + tariff.Description;
     if (units <= 0) return;
     std::string unitText = " - " + std::to_string(units) + "U x " + std::to_string(tariff.UnitMins) + "Min";
@@ -137,6 +138,7 @@ class TariffWalk {
   const int endSecond;
   const Int16 index;
 
+  std::string notes;  // the connection's, until they are complete
   double cost = 0;
   bool dialAdded = false;
   bool firstPiece = true;
@@ -177,29 +179,6 @@ double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece
     units = Int16(seconds);
   }
   return units * tariff.PerMinuteRate;
-}
-
-bool DayMatches(Date date, const std::string& appliesDays) {
-  if (appliesDays == "Holidays") return IsHoliday(date);
-  if (appliesDays == "Everyday") return true;
-  const std::string& name = LongDayNames[static_cast<std::size_t>(Weekday(date) - 1)];
-  if (appliesDays == name) return true;
-  const Int16 first = GetDayIndex(appliesDays.substr(0, 3));
-  const Int16 last =
-      GetDayIndex(appliesDays.size() < 3 ? appliesDays : appliesDays.substr(appliesDays.size() - 3));
-  const Int16 current = GetDayIndex(name.substr(0, 3));
-  return first <= current && last >= current;
-}
-
-Int16 GetDayIndex(const std::string& shortName) {
-  const auto found = std::find(ShortDayNames.begin(), ShortDayNames.end(), shortName);
-  return Int16(found - ShortDayNames.begin() + 1);
-}
-
-bool IsHoliday(Date date) {
-  for (int i = 0; i < UsedHolidays; ++i)
-    if (Holidays[i] == date) return true;
-  return false;
 }
 
 }  // namespace qel

@@ -24,13 +24,4 @@ double GetDialupCost(const std::string& number, Date startDate, Date startTime, 
 // there were.
 double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece, Int16& units);
 
-// Whether a tariff's days hold on a date. A tariff for one long day name also holds on the later days of the
-// week up to Sunday, and a range that wraps over Sunday never holds.
-bool DayMatches(Date date, const std::string& appliesDays);
-
-// 1 to 7, the position of a short day name, Monday being 1; 8 when it is none.
-Int16 GetDayIndex(const std::string& shortName);
-
-bool IsHoliday(Date date);
-
 }  // namespace qel

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "analysis/ConnectionClose.h"
 #include "analysis/ConnectionNotes.h"
@@ -60,12 +61,21 @@ bool TakeLine(std::string_view line) {
   LineDate = DateOf(line);
   if (LineDate == 0) {
     KeepReading = false;
-    LogCorrupt = true;
+    if (!LogCorrupt) LogCorrupt = UndatedLineMet = true;
     return false;
   }
   Attempt([] { ++EntriesProcessed; });
-  TellProgress();
+  Attempt(TellProgress);
   return true;
+}
+
+// The line in capitals, and its place in the trace: nothing can fail in a line of no class.
+bool TakeText(std::string_view line) {
+  ProcedureTrace = "Process";
+  return Attempt([&] {
+    StepTrace = "Log Entry:" + Str(EntriesProcessed);
+    CurrentLine = UpperCase(line);
+  });
 }
 
 void StampConnect() {
@@ -74,16 +84,20 @@ void StampConnect() {
   ConnectTime = LineTime;
 }
 
+// A connection that finds no room is passed over, with all its lines: Connected tells.
 void ConnectWithoutDial() {
   StampConnect();
-  Attempt([] {
-    ++ConnectionCount;
-    Connection().StartDate = ConnectDate;
-    Connection().StartTime = ConnectTime;
-    Connection().Number = "Unknown Service";
-    Connection().Notes = NoDialLineNote;
-    ServiceTotals[0].Number = "Unknown";
+  Connected = Attempt([] {
+    const Int16 number = ConnectionCount + 1;
+    ConnectionRecord connection = Connections[number];
+    connection.StartDate = ConnectDate;
+    connection.StartTime = ConnectTime;
+    connection.Number = "Unknown Service";
+    connection.Notes = NoDialLineNote;
+    Connections[number] = std::move(connection);
+    ConnectionCount = number;
   });
+  if (Connected) Attempt([] { ServiceTotals[0].Number = "Unknown"; });
 }
 
 // Only times of day are compared: a line earlier in any day than the connection's end passes.
@@ -91,13 +105,20 @@ bool BelongsToLastConnection() { return SecondsBetween(Connection().EndTime, Lin
 
 void TakeReads() {
   TakeLineTime();
-  Attempt([] {
+  Int32 bytes;
+  bool taken = false;
+  Attempt([&] {
     if (!BelongsToLastConnection()) return;
+    bytes = GetReadBytes(CurrentLine);
+    taken = true;
+  });
+  if (!taken) return;
+  Connection().BytesRead = bytes;
+  Attempt([&] { ServiceTotals[LastService].BytesRead += bytes; });
+  Attempt([&] { Connection().Notes += ReadNote(bytes); });
+  Attempt([&] {
     ServiceTotal& slot = ServiceTotals[LastService];
-    Connection().BytesRead = GetReadBytes(CurrentLine);
-    slot.BytesRead += Connection().BytesRead;
-    Connection().Notes += ReadNote(Connection().BytesRead);
-    DataCostNow = GetDataCost(slot.Number, Connection().BytesRead, Connection().StartDate);
+    DataCostNow = GetDataCost(slot.Number, bytes, Connection().StartDate);
     slot.TotalCost += DataCostNow;
   });
 }
@@ -106,8 +127,9 @@ void TakeWrites() {
   TakeLineTime();
   Attempt([] {
     if (!BelongsToLastConnection()) return;
-    Connection().BytesWritten = GetWriteBytes(CurrentLine);
-    Connection().Notes += WrittenNote(Connection().BytesWritten);
+    const Int32 bytes = GetWriteBytes(CurrentLine);
+    Connection().Notes += WrittenNote(bytes);
+    Connection().BytesWritten = bytes;
   });
 }
 
@@ -118,8 +140,7 @@ void Idle(unsigned classes) {
     NewDial();
     Connected = false;
   }
-  Connected = classes & ConnectLine;
-  if (Connected) ConnectWithoutDial();
+  if (classes & ConnectLine) ConnectWithoutDial();
   if (classes & ReadsLine) TakeReads();
   if (classes & WritesLine) TakeWrites();
 }
@@ -129,11 +150,10 @@ void Dialling(unsigned classes) {
   if (!Connected) return;
   StampConnect();
   Attempt([] {
-    Connection().StartDate = ConnectDate;
-    Connection().StartTime = ConnectTime;
-    Connection().Notes.clear();
-    if (!AnsweredPending) return;
-    if (CalcCosts) Connection().Notes = AnsweredNote;
+    ConnectionRecord& connection = Connection();
+    connection.Notes = AnsweredPending && CalcCosts ? AnsweredNote : "";
+    connection.StartDate = ConnectDate;
+    connection.StartTime = ConnectTime;
     AnsweredPending = false;
   });
 }
@@ -162,11 +182,7 @@ void Process(std::string_view line, const LineClassifier& classifier) {
     if (!classified) {
       classified = true;
       classes = classifier.ClassesOf(line);
-      if (classes != NoClass) {
-        CurrentLine = UpperCase(line);
-        ProcedureTrace = "Process";  // nothing can fail in a line of no class
-        StepTrace = "Log Entry:" + Str(EntriesProcessed);
-      }
+      if (classes != NoClass && !TakeText(line)) return;
     }
     if (!Connected) return BetweenConnections(classes);
     if (!(classes & AnyOpening)) {

@@ -19,10 +19,11 @@ double FlexibleCost(Int16 index, Int32 seconds, Date date) {
   const ServiceRecord& service = Services[index];
   const Int32 limit = Int32(service.UpToHours) * 3600;
   const Int16 period = GetPeriodNumber(std::max(date, PeriodStart), service.PenaltyPeriod);
-  Int32& used = Penalties.At(index, period).Seconds;
-  used += seconds;
+  Int32& sum = Penalties.At(index, period).Seconds;
+  const Int32 used = sum + seconds;
+  const Int32 within = used > limit ? std::max<Int32>(seconds - (used - limit), 0) : seconds;
+  sum = used;
   if (used <= limit) return service.FlexRate * SecondsToHours(static_cast<float>(seconds));
-  const Int32 within = std::max<Int32>(seconds - (used - limit), 0);
   const double normal = service.FlexRate * SecondsToHours(static_cast<float>(within));
   return service.FlexRate2 * SecondsToHours(static_cast<float>(seconds - within)) + normal;
 }

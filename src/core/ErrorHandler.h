@@ -2,7 +2,9 @@
 // next.
 //
 // The failure pattern of the whole program: a procedure stores its trace names and wraps the statements that
-// can fail in Attempt. Code that cannot fail is not wrapped.
+// can fail in Attempt. Code that cannot fail is not wrapped. What is wrapped has one effect, and has worked
+// out all that it needs before: running it again then repeats nothing, and going on behind it leaves nothing
+// half done.
 #pragma once
 
 #include <new>
@@ -44,6 +46,7 @@ void IgnoreErrors(Statement&& statement) {
   try {
     statement();
   } catch (const RunTimeError&) {
+  } catch (const std::bad_alloc&) {
   }
 }
 

@@ -10,6 +10,8 @@
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
 #include "platform/FormatMask.h"
+#include "platform/PatternSeparator.h"
+#include "platform/Regional.h"
 #include "platform/TextConversion.h"
 
 namespace qel {
@@ -33,18 +35,40 @@ std::optional<ThreeParts> SplitInThree(const std::string& text, const std::strin
                     text.substr(second + separator.size())};
 }
 
-std::string MaskPart(const std::string& patternPart) {
-  const std::string part = LowerCase(patternPart);
+bool MonthsHaveThreeLetters() {
+  return std::all_of(Region.ShortMonths.begin(), Region.ShortMonths.end(),
+                     [](const std::string& name) { return name.size() == 3 && !name.ends_with('.'); });
+}
+
+// The short date as a field takes it, part by part: its places in their order, two digits of day and month. A
+// month goes by its name where all names are of the same length. Nothing for a pattern that is not of day,
+// month and year.
+std::optional<ThreeParts> FieldParts() {
+  const auto places = DatePlacesIn(ShortDatePattern);
+  if (!places) return std::nullopt;
+  ThreeParts parts;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const auto [letter, width] = (*places)[i];
+    const bool named = letter == 'M' && width == 3 && MonthsHaveThreeLetters();
+    parts[i].assign(letter == 'y' && width > 2 ? 4 : named ? 3 : 2, letter);
+  }
+  return parts;
+}
+
+std::string Joined(const ThreeParts& parts) {
+  return parts[0] + DateSeparator + parts[1] + DateSeparator + parts[2];
+}
+
+std::string MaskPart(const std::string& part) {
   if (part == "yyyy") return "####";
-  if (part == "ddd" || part == "mmm") return "AAA";
-  return "##";
+  return part == "MMM" ? "AAA" : "##";
 }
 
 }  // namespace
 
 void BuildDateMask() {
-  const auto parts = SplitInThree(ShortDatePattern, DateSeparator).value_or(ThreeParts{});
-  DateMask = MaskPart(parts[0]) + DateSeparator + MaskPart(parts[1]) + DateSeparator + MaskPart(parts[2]);
+  const auto parts = FieldParts().value_or(ThreeParts{});
+  DateMask = Joined({MaskPart(parts[0]), MaskPart(parts[1]), MaskPart(parts[2])});
 }
 
 void BuildDayNames() {
@@ -58,13 +82,22 @@ void BuildDayNames() {
 std::string format_date(const std::string& dateText, const std::string& separator) {
   const std::string& divider = separator.empty() ? DateSeparator : separator;
   StepTrace = dateText + " " + divider;
-  const auto parts = SplitInThree(dateText, divider);
+  // The parts of such a short date fit the field one by one; those of any other do not.
+  const bool inParts = HasOneSeparator(ShortDatePattern);
+  auto parts = SplitInThree(dateText, divider);
+  if (!inParts && IsDate(dateText)) return format_date(TextToDate(dateText));
   if (!parts) return FormatDate(TextToDate(dateText), "Short Date");
-  return PadLeft((*parts)[0], '0', 2) + DateSeparator + PadLeft((*parts)[1], '0', 2) + DateSeparator +
-         PadLeft((*parts)[2], '0', 2);
+  std::string& last = (*parts)[2];
+  if (last.ends_with(divider)) last.erase(last.size() - divider.size());
+  return Joined({PadLeft((*parts)[0], '0', 2), PadLeft((*parts)[1], '0', 2), PadLeft(last, '0', 2)});
 }
 
-std::string format_date(Date date) { return format_date(DateText(WholeDay(date))); }
+std::string format_date(Date date) {
+  auto parts = FieldParts();
+  if (!parts) return format_date(DateText(WholeDay(date)));
+  for (std::string& part : *parts) part = FormatByPattern(date, part);
+  return Joined(*parts);
+}
 
 std::string FormatTime(float seconds, bool noHours) {
   double rest = seconds;

@@ -65,9 +65,10 @@ void ReadEntries() {
   std::array<char, DateLength> last{};  // as much of the last entry as its date takes
   std::size_t lastLength = 0;
   std::int64_t entries = 0;
+  Date first = 0;
   for (std::string_view line; file.Next(line);) {
     if (IsBlankLine(line)) continue;
-    if (FirstEntryDate < 1) FirstEntryDate = GetLineDate(line);
+    if (first < 1) first = GetLineDate(line);
     ++entries;
     lastLength = std::min(line.size(), DateLength);
     if (lastLength == DateLength)
@@ -78,6 +79,7 @@ void ReadEntries() {
   file.Close();
   // A float counter that is stepped by one stops at 2^24.
   LogEntries = static_cast<float>(std::min<std::int64_t>(entries, 16777216));
+  FirstEntryDate = first;
   LastEntryDate = GetLineDate({last.data(), lastLength});
 }
 

@@ -44,6 +44,10 @@ bool IsSeparated(const Part& part) {
   return part.isPlace && part.text.front() != 't' && !part.text.starts_with("ddd");
 }
 
+bool IsDatePlace(const Part& part) {
+  return IsSeparated(part) && std::string_view("dMy").find(part.text.front()) != std::string_view::npos;
+}
+
 bool IsSeparator(const std::vector<Part>& parts, std::size_t i) {
   return i > 0 && i + 1 < parts.size() && !parts[i].isPlace && IsSeparated(parts[i - 1]) &&
          IsSeparated(parts[i + 1]);
@@ -73,6 +77,46 @@ std::string Quoted(std::string_view text) {
 }  // namespace
 
 std::string SeparatorIn(std::string_view pattern) { return SeparatorAmong(PartsOf(pattern)); }
+
+std::optional<std::array<DatePlace, 3>> DatePlacesIn(std::string_view pattern) {
+  std::array<DatePlace, 3> places{};
+  std::size_t count = 0;
+  for (const Part& part : PartsOf(pattern)) {
+    if (!IsDatePlace(part)) continue;
+    const char letter = part.text.front();
+    for (std::size_t i = 0; i < count; ++i)
+      if (places[i].Letter == letter) return std::nullopt;
+    places[count++] = {letter, static_cast<int>(part.text.size())};
+  }
+  if (count < places.size()) return std::nullopt;
+  return places;
+}
+
+bool HasOneSeparator(std::string_view pattern) {
+  const std::vector<Part> parts = PartsOf(pattern);
+  const bool fiveParts = parts.size() == 5 || (parts.size() == 6 && !parts[5].isPlace);
+  if (!fiveParts || !DatePlacesIn(pattern)) return false;
+  const std::string own = SeparatorAmong(parts);
+  for (const std::size_t i : {1, 3, 5})
+    if (i < parts.size() && WithoutBlanksAround(parts[i].text) != own) return false;
+  return IsDatePlace(parts[0]) && IsDatePlace(parts[2]) && IsDatePlace(parts[4]);
+}
+
+std::string InNumbers(std::string_view pattern) {
+  const auto places = DatePlacesIn(pattern);
+  if (!places) return std::string(pattern);
+  const auto isName = [](const DatePlace& place) { return place.Letter == 'M' && place.Width > 2; };
+  if (HasOneSeparator(pattern) && std::none_of(places->begin(), places->end(), isName))
+    return std::string(pattern);
+  const std::string own = SeparatorIn(pattern);
+  const std::string separator = own == "." || own == "-" ? own : "/";
+  std::string numbers;
+  for (const DatePlace& place : *places) {
+    if (!numbers.empty()) numbers += separator;
+    numbers.append(isName(place) ? 2 : static_cast<std::size_t>(place.Width), place.Letter);
+  }
+  return numbers;
+}
 
 std::string WithSeparator(std::string_view pattern, std::string_view separator) {
   const std::vector<Part> parts = PartsOf(pattern);

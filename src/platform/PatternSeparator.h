@@ -1,6 +1,8 @@
 // The separator inside a regional date or time pattern.
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +12,23 @@ namespace qel {
 // around it: "/" of "M/d/yyyy", "h" of "HH'h'mm". A blank where nothing else stands there; empty where
 // nothing does.
 std::string SeparatorIn(std::string_view pattern);
+
+// A place of a date: 'd', 'M' or 'y', and how many letters it has there.
+struct DatePlace {
+  char Letter;
+  int Width;
+};
+
+// Day, month and year in the pattern's order. Nothing where one of them is missing or comes twice.
+std::optional<std::array<DatePlace, 3>> DatePlacesIn(std::string_view pattern);
+
+// Whether a pattern is the three places of a date with the same separator between them, give or take blanks
+// beside it and a separator at the end: "d.M.yyyy", "dd. MM. yyyy", "yyyy.MM.dd.".
+bool HasOneSeparator(std::string_view pattern);
+
+// A date's pattern in numbers and with one separator, in its own order: "dddd, d. MMMM yyyy" is "d.MM.yyyy".
+// One that is so already stays as it is, and so does one without the three places.
+std::string InNumbers(std::string_view pattern);
 
 // The pattern with another separator in all places of its own.
 std::string WithSeparator(std::string_view pattern, std::string_view separator);

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/CodePage.h"
+#include "platform/PatternSeparator.h"
 #include "platform/Regional.h"
 
 namespace qel {
@@ -84,17 +85,6 @@ std::optional<Names<Count>> NamesOf(const LocaleCategory& locale, const std::arr
   return names;
 }
 
-// Long and short names come together or not at all: a week in two languages is no good to anyone.
-template <std::size_t Count>
-void TakeNames(Names<Count>& shortNames, Names<Count>& longNames, const LocaleCategory& locale,
-               const std::array<nl_item, Count>& shortItems, const std::array<nl_item, Count>& longItems) {
-  auto takenShort = NamesOf(locale, shortItems);
-  auto takenLong = NamesOf(locale, longItems);
-  if (!takenShort || !takenLong) return;
-  shortNames = std::move(*takenShort);
-  longNames = std::move(*takenLong);
-}
-
 constexpr std::array<nl_item, 7> ShortDayItems = {ABDAY_2, ABDAY_3, ABDAY_4, ABDAY_5,
                                                   ABDAY_6, ABDAY_7, ABDAY_1};
 constexpr std::array<nl_item, 7> LongDayItems = {DAY_2, DAY_3, DAY_4, DAY_5, DAY_6, DAY_7, DAY_1};
@@ -103,19 +93,41 @@ constexpr std::array<nl_item, 12> ShortMonthItems = {ABMON_1, ABMON_2, ABMON_3, 
 constexpr std::array<nl_item, 12> LongMonthItems = {MON_1, MON_2, MON_3, MON_4,  MON_5,  MON_6,
                                                     MON_7, MON_8, MON_9, MON_10, MON_11, MON_12};
 
+// All names come together or none does: a date in two languages is no good to anyone.
+void TakeNames(RegionalValues& values, const LocaleCategory& locale) {
+  auto shortDays = NamesOf(locale, ShortDayItems), longDays = NamesOf(locale, LongDayItems);
+  auto shortMonths = NamesOf(locale, ShortMonthItems), longMonths = NamesOf(locale, LongMonthItems);
+  if (!shortDays || !longDays || !shortMonths || !longMonths) return;
+  values.ShortDays = std::move(*shortDays);
+  values.LongDays = std::move(*longDays);
+  values.ShortMonths = std::move(*shortMonths);
+  values.LongMonths = std::move(*longMonths);
+}
+
 void TakeDates(RegionalValues& values, const LocaleCategory& locale) {
-  TakeNames(values.ShortDays, values.LongDays, locale, ShortDayItems, LongDayItems);
-  TakeNames(values.ShortMonths, values.LongMonths, locale, ShortMonthItems, LongMonthItems);
+  TakeNames(values, locale);
   TakeText(values.AM, locale.ItemText(AM_STR));
   TakeText(values.PM, locale.ItemText(PM_STR));
   if (const auto format = locale.ItemText(T_FMT))
     TakeFilledText(values.TimePattern, PatternOfStrftime(*format, locale.Item(T_FMT_AMPM)));
   if (const auto format = locale.ItemText(D_FMT)) {
-    TakeFilledText(values.ShortDatePattern, PatternOfStrftime(*format));
+    // Some write it with names, which no field for a date could take.
+    if (const auto pattern = PatternOfStrftime(*format))
+      TakeFilledText(values.ShortDatePattern, InNumbers(*pattern));
     // Locales have no long date of their own. Most of those that do not put the month first write it this
     // way.
     if (!values.ShortDatePattern.starts_with('M')) values.LongDatePattern = "dddd, d MMMM yyyy";
   }
+}
+
+// In the locale's own language, or by its two letters where Windows-1252 cannot hold that.
+void TakeCountry(RegionalValues& values, const LocaleCategory& locale) {
+#ifdef __GLIBC__
+  TakeFilledText(values.Country, locale.ItemText(_NL_ADDRESS_COUNTRY_AB2));
+  TakeFilledText(values.Country, locale.ItemText(_NL_ADDRESS_COUNTRY_NAME));
+#else
+  static_cast<void>(values), static_cast<void>(locale);
+#endif
 }
 
 void TakeMoney(RegionalValues& values, const LocaleCategory& locale) {
@@ -208,6 +220,7 @@ std::optional<std::string> FromCharset(std::string_view text, std::string_view c
 
 void TakeSystemLocale(RegionalValues& values) {
   if (const LocaleCategory locale("LC_TIME", LC_TIME_MASK); locale) TakeDates(values, locale);
+  if (const LocaleCategory locale("LC_ADDRESS", LC_ALL_MASK); locale) TakeCountry(values, locale);
   if (const LocaleCategory locale("LC_NUMERIC", LC_NUMERIC_MASK); locale) {
     TakeFilledText(values.NumberDecimal, locale.ItemText(RADIXCHAR));
     TakeText(values.NumberThousand, locale.ItemText(THOUSEP));

@@ -9,6 +9,7 @@
 #include "core/Display.h"
 #include "core/ErrorHandler.h"
 #include "platform/CodePage.h"
+#include "platform/Host.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -35,8 +36,10 @@ void MergeNotes(ConnectionRecord& connection, const std::string& kept) {
   connection.Notes = TidyNotes(connection.Notes);
 }
 
-// Leaves the three costs in the analysis's variables, where those of the last priced connection stay.
+// Leaves the three costs in the analysis's variables, where those of the last priced connection stay. A cost
+// that fails is 0.
 void Price(const ConnectionRecord& c, Int16 index, Int32 billable) {
+  DialCostNow = ServiceCostNow = DataCostNow = 0;
   Attempt([&] {
     DialCostNow = std::fabs(GetDialupCost(c.Number, c.StartDate, c.StartTime, c.EndDate, c.EndTime, index));
   });
@@ -61,6 +64,14 @@ class NotesKept {
   std::string kept;
 };
 
+// Once for every percent, however many connections there are: windows repaint at each.
+void TellProgress(int percent) {
+  CurrentDisplay().Progress(Int16(percent));
+  CurrentHost().Yield();
+}
+
+// What is wrapped in attempts of its own comes last: what fails before it can be run again from the
+// beginning.
 void VisitConnection(Int16 index, const std::function<void(const DetailLine&)>& visit) {
   ConnectionRecord& connection = Connections[index];
   const bool hasError = NotesTellError(connection);
@@ -80,16 +91,17 @@ void VisitConnection(Int16 index, const std::function<void(const DetailLine&)>& 
     line.ServiceCost = ServiceCostNow;
     line.DataCost = DataCostNow;
   }
-  visit(line);
+  Attempt([&] { visit(line); });
 }
 
 }  // namespace
 
 void ForEachDetailLine(const std::function<void(const DetailLine&)>& visit) {
-  Penalties.Make(MaxServices);
+  Attempt([] { Penalties.Make(MaxServices); });
+  int shown = 0;
   for (int i = 1; i <= ConnectionCount; ++i) {
-    CurrentDisplay().Progress(Int16(100 * i / int{ConnectionCount}));
     Attempt([&] { VisitConnection(Int16(i), visit); });
+    if (const int percent = 100 * i / int{ConnectionCount}; percent > shown) TellProgress(shown = percent);
   }
 }
 

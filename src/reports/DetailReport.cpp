@@ -1,5 +1,7 @@
 #include "reports/DetailReport.h"
 
+#include <utility>
+
 #include "analysis/ConnectionNotes.h"
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
@@ -61,11 +63,12 @@ class DetailBuilder {
 
  private:
   void FillColumns();
-  void ReserveRoom();
+  void MakeRoom(std::size_t characters);
   std::string Header() const;
   void AddLine(const DetailLine& line);
-  void AddText(const DetailLine& line, const LineTexts& texts);
-  void AddRows(const DetailLine& line, const LineTexts& texts);
+  std::string TextOf(const DetailLine& line, const LineTexts& texts) const;
+  ReportRow FirstRow(const DetailLine& line, const LineTexts& texts) const;
+  ReportRow SecondRow(const DetailLine& line, const LineTexts& texts) const;
   void AddTotalsRow();
   std::string TotalsLine() const;
   int NotesItem() const { return CalcCosts ? CostItem + 1 : CostItem; }
@@ -86,12 +89,14 @@ void DetailBuilder::FillColumns() {
   document.Columns.push_back({" Notes", Left, NotesWidth});
 }
 
-// A long report grows once, not again and again.
-void DetailBuilder::ReserveRoom() {
+// For one more connection, and where there is none left for it, for all of them: a long report grows once.
+void DetailBuilder::MakeRoom(std::size_t characters) {
   constexpr std::size_t rowsALine = 3, charactersALine = 260;
   const auto lines = static_cast<std::size_t>(int{ConnectionCount});
-  document.Rows.reserve(lines * rowsALine + 2);
-  body.reserve(lines * charactersALine);
+  auto& rows = document.Rows;
+  if (rows.capacity() < rows.size() + rowsALine) rows.reserve(rows.size() + lines * rowsALine + 2);
+  if (body.capacity() < body.size() + characters)
+    body.reserve(body.size() + characters + lines * charactersALine);
 }
 
 std::string DetailBuilder::Header() const {
@@ -104,49 +109,59 @@ std::string DetailBuilder::Header() const {
          NewLine + NewLine + " " + Dashes(52 + costExtra) + NewLine + NewLine;
 }
 
-void DetailBuilder::AddText(const DetailLine& line, const LineTexts& texts) {
+std::string DetailBuilder::TextOf(const DetailLine& line, const LineTexts& texts) const {
   const std::string& notes = line.Connection.Notes;
-  body += " " + texts.Service + NewLine;
+  std::string text = " " + texts.Service + NewLine;
   if (line.HasError) {
-    body += Blanks(16) + texts.Start.Day + " " + texts.Start.Clock + NewLine;
-    body += Blanks(3) + TidyNotes(notes) + NewLine;
+    text += Blanks(16) + texts.Start.Day + " " + texts.Start.Clock + NewLine;
+    text += Blanks(3) + TidyNotes(notes) + NewLine;
   } else {
-    body += "    Connect:    " + texts.Start.Day + " " + texts.Start.Clock + NewLine;
-    body += "    Disconnect: " + texts.End.Day + " " + texts.End.Clock + NewLine;
-    if (!notes.empty()) body += Blanks(3) + TidyNotes(notes) + NewLine;
+    text += "    Connect:    " + texts.Start.Day + " " + texts.Start.Clock + NewLine;
+    text += "    Disconnect: " + texts.End.Day + " " + texts.End.Clock + NewLine;
+    if (!notes.empty()) text += Blanks(3) + TidyNotes(notes) + NewLine;
   }
-  body += Blanks(4) + Dashes(49 + costExtra) + NewLine;
-  body += Blanks(4) + Blanks(49 - static_cast<int>(texts.Duration.size())) + texts.Duration;
-  if (CalcCosts) body += CostCell(texts.Cost);
-  body += std::string(NewLine) + NewLine;
+  text += Blanks(4) + Dashes(49 + costExtra) + NewLine;
+  text += Blanks(4) + Blanks(49 - static_cast<int>(texts.Duration.size())) + texts.Duration;
+  if (CalcCosts) text += CostCell(texts.Cost);
+  return text + NewLine + NewLine;
 }
 
-void DetailBuilder::AddRows(const DetailLine& line, const LineTexts& texts) {
-  document.AddRow();
-  ReportRow& first = document.AddRow(" " + std::to_string(line.Index));
-  first.SubItems.reserve(static_cast<std::size_t>(NotesItem()));
-  first.SetSubItem(ServiceItem, texts.Service);
-  first.SetSubItem(StatusItem, line.HasError ? "E R R O R" : "Connect");
-  first.SetSubItem(DateItem, texts.Start.Day);
-  first.SetSubItem(TimeItem, texts.Start.Clock);
+ReportRow DetailBuilder::FirstRow(const DetailLine& line, const LineTexts& texts) const {
+  ReportRow row{" " + std::to_string(line.Index), {}};
+  row.SubItems.reserve(static_cast<std::size_t>(NotesItem()));
+  row.SetSubItem(ServiceItem, texts.Service);
+  row.SetSubItem(StatusItem, line.HasError ? "E R R O R" : "Connect");
+  row.SetSubItem(DateItem, texts.Start.Day);
+  row.SetSubItem(TimeItem, texts.Start.Clock);
   const std::string& notes = line.Connection.Notes;
   const bool marked = line.HasError && notes.size() >= ErrorMarkLength;
-  first.SetSubItem(NotesItem(), TidyNotes(marked ? notes.substr(ErrorMarkLength) : notes));
-  ReportRow& second = document.AddRow();
-  second.SubItems.reserve(static_cast<std::size_t>(NotesItem()));
-  second.SetSubItem(StatusItem, line.HasError ? "" : "Disconnect");
-  second.SetSubItem(DateItem, texts.End.Day);
-  second.SetSubItem(TimeItem, texts.End.Clock);
-  second.SetSubItem(DurationItem, texts.Duration);
-  if (!CalcCosts) return;
-  second.SetSubItem(CostItem, texts.Cost);
-  second.SetSubItem(NotesItem(), SplitText({line.DialCost, line.ServiceCost, line.DataCost}));
+  row.SetSubItem(NotesItem(), TidyNotes(marked ? notes.substr(ErrorMarkLength) : notes));
+  return row;
 }
 
+ReportRow DetailBuilder::SecondRow(const DetailLine& line, const LineTexts& texts) const {
+  ReportRow row;
+  row.SubItems.reserve(static_cast<std::size_t>(NotesItem()));
+  row.SetSubItem(StatusItem, line.HasError ? "" : "Disconnect");
+  row.SetSubItem(DateItem, texts.End.Day);
+  row.SetSubItem(TimeItem, texts.End.Clock);
+  row.SetSubItem(DurationItem, texts.Duration);
+  if (!CalcCosts) return row;
+  row.SetSubItem(CostItem, texts.Cost);
+  row.SetSubItem(NotesItem(), SplitText({line.DialCost, line.ServiceCost, line.DataCost}));
+  return row;
+}
+
+// All that can fail comes before the first thing that stays.
 void DetailBuilder::AddLine(const DetailLine& line) {
   const LineTexts texts(line);
-  AddText(line, texts);
-  AddRows(line, texts);
+  const std::string text = TextOf(line, texts);
+  ReportRow first = FirstRow(line, texts), second = SecondRow(line, texts);
+  MakeRoom(text.size());
+  body += text;
+  document.AddRow();
+  document.Rows.push_back(std::move(first));
+  document.Rows.push_back(std::move(second));
   totals.Dial += line.DialCost;
   totals.Service += line.ServiceCost;
   totals.Data += line.DataCost;
@@ -155,11 +170,12 @@ void DetailBuilder::AddLine(const DetailLine& line) {
 }
 
 void DetailBuilder::AddTotalsRow() {
-  ReportRow& row = document.AddRow();
+  ReportRow row;
   row.SetSubItem(ServiceItem, "TOTALS:");
   row.SetSubItem(DurationItem, TotalTime());
   if (CalcCosts) row.SetSubItem(CostItem, MoneyText(totals.Total));
   row.SetSubItem(NotesItem(), SplitText(totals));
+  document.Rows.push_back(std::move(row));
 }
 
 std::string DetailBuilder::TotalsLine() const {
@@ -173,7 +189,6 @@ ReportDocument DetailBuilder::Build() {
   document.FillLabels("Details");
   document.fraNoConn = ConnectionCount == 0;
   CurrentDisplay().ShowProgress(true);
-  ReserveRoom();
   ForEachDetailLine([this](const DetailLine& line) { AddLine(line); });
   if (ConnectionCount > 0) {
     document.AddDottedRow();

@@ -54,10 +54,11 @@ class SummaryBuilder {
   void FillColumns();
   std::string Header() const;
   std::string Heading() const;
-  void AddSlots();
   void AddSlot(const ServiceTotal& total);
-  void AddTimes(const ServiceTotal& total, std::string& line, ReportRow& row) const;
-  std::string TakeUse(const ServiceTotal& total, std::string& line);
+  void SetTimes(const ServiceTotal& total, ReportRow& row) const;
+  std::string TakeUse(const ServiceTotal& total);
+  std::string LineOf(const ReportRow& row) const;
+  void AddRow(const ReportRow& row);
   void AddTotalsRow();
   std::string TotalsLine() const;
 
@@ -82,6 +83,7 @@ class SummaryBuilder {
   Int16 totalBlocks;
   Int32 totalBlockMinutes;
   double totalCost = 0;
+  std::string useTotal;  // of blocks or data
 };
 
 void SummaryBuilder::FillColumns() {
@@ -127,59 +129,74 @@ std::string NameCell(const std::string& name, int width) {
   return trimmed.substr(0, static_cast<std::size_t>(width - 4)) + "... ";
 }
 
-void SummaryBuilder::AddTimes(const ServiceTotal& total, std::string& line, ReportRow& row) const {
-  const std::string perSession = WholeTime(Quotient(total.Seconds, total.Connections));
-  const std::string perDay = WholeTime(Quotient(total.Seconds, PeriodDays));
-  row.SetSubItem(AvSessionColumn, perSession);
-  row.SetSubItem(AvDayColumn, perDay);
-  line += Before(AvSessionColumn, perSession) + Before(AvDayColumn, perDay);
+void SummaryBuilder::SetTimes(const ServiceTotal& total, ReportRow& row) const {
+  const auto average = [&](Column column, Int16 divisor) {
+    Attempt([&] { row.SetSubItem(column, WholeTime(Quotient(total.Seconds, divisor))); });
+  };
+  average(AvSessionColumn, total.Connections);
+  average(AvDayColumn, PeriodDays);
 }
 
 // The cell of blocks or data; gives what the grid shows.
-std::string SummaryBuilder::TakeUse(const ServiceTotal& total, std::string& line) {
+std::string SummaryBuilder::TakeUse(const ServiceTotal& total) {
   if (ShowBlocks) {
     const Int16 minutes = total.Blocks * ServiceBlockMinutes(total.Number);
     std::string value = BlocksText(total.Blocks, minutes);
-    totalBlocks += total.Blocks;
-    totalBlockMinutes += minutes;
-    line += Behind(UseColumn, value);
+    Attempt([&] { totalBlocks += total.Blocks; });
+    Attempt([&] { totalBlockMinutes += minutes; });
     return value;
   }
-  const std::string value = FormatNumber(total.BytesRead / 1024.0, "#,##0");
-  totalKilobytes += TextToNumber(value);   // the total is that of the figures shown
-  line += Behind(UseColumn, value) + "K";  // the "K" hangs over the column
-  return value + "K";
+  std::string value = FormatNumber(total.BytesRead / 1024.0, "#,##0");
+  const double kilobytes = TextToNumber(value);
+  value += "K";
+  totalKilobytes += kilobytes;  // the total is that of the figures shown
+  return value;
 }
 
+// The cells of the grid in the columns of the text; a row that ends early ends here too.
+std::string SummaryBuilder::LineOf(const ReportRow& row) const {
+  const auto cell = [&row](int column) { return row.SubItems[static_cast<std::size_t>(column - 1)]; };
+  std::string line = " " + NameCell(cell(ServiceColumn), WidthOf(ServiceColumn));
+  for (int column = TimeColumn; column <= static_cast<int>(row.SubItems.size()); ++column) {
+    const std::string value = cell(column);
+    if (column < UseColumn)
+      line += Before(column, value);
+    else if (column == UseColumn && !ShowBlocks && !value.empty())
+      line += Behind(column, value.substr(0, value.size() - 1)) + "K";  // which hangs over the column
+    else
+      line += Behind(column, value);
+  }
+  return line + NewLine;
+}
+
+// A cell or a sum that fails is left out where the user goes on, and nothing else.
 void SummaryBuilder::AddSlot(const ServiceTotal& total) {
-  const std::string name = GetServiceName(total.Number);
-  const std::string time = WholeTime(static_cast<float>(total.Seconds));
-  const std::string sessions = std::to_string(total.Connections);
   ReportRow row;
-  row.SetSubItem(ServiceColumn, name);
-  row.SetSubItem(TimeColumn, time);
-  row.SetSubItem(SessionsColumn, sessions);
-  std::string line = " " + NameCell(name, WidthOf(ServiceColumn)) + Before(TimeColumn, time) +
-                     Before(SessionsColumn, sessions);
+  const bool begun = Attempt([&] {
+    row.SubItems.resize(total.Seconds <= 0 ? SessionsColumn : CalcCosts ? CostColumn : UseColumn);
+    row.SetSubItem(ServiceColumn, GetServiceName(total.Number));
+    row.SetSubItem(TimeColumn, WholeTime(static_cast<float>(total.Seconds)));
+    row.SetSubItem(SessionsColumn, std::to_string(total.Connections));
+  });
+  if (!begun) return;
   totalTime += static_cast<float>(total.Seconds);
-  totalSessions += total.Connections;
+  Attempt([&] { totalSessions += total.Connections; });
   if (total.Seconds > 0) {
-    AddTimes(total, line, row);
-    row.SetSubItem(UseColumn, TakeUse(total, line));
+    SetTimes(total, row);
+    Attempt([&] { row.SetSubItem(UseColumn, TakeUse(total)); });
     if (CalcCosts) {
-      const std::string cost = MoneyText(ShownCost(total));
+      Attempt([&] { row.SetSubItem(CostColumn, MoneyText(ShownCost(total))); });
       totalCost += ShownCost(total);
-      row.SetSubItem(CostColumn, cost);
-      line += Behind(CostColumn, cost);
     }
   }
-  rows += line + NewLine;
-  document.Rows.push_back(std::move(row));
+  Attempt([&] { AddRow(row); });
 }
 
-void SummaryBuilder::AddSlots() {
-  for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot)
-    Attempt([&] { AddSlot(ServiceTotals[slot]); });
+void SummaryBuilder::AddRow(const ReportRow& row) {
+  const std::string line = LineOf(row);
+  rows.reserve(rows.size() + line.size());
+  document.Rows.push_back(row);
+  rows += line;
 }
 
 std::string SummaryBuilder::UseTotal() const {
@@ -188,20 +205,20 @@ std::string SummaryBuilder::UseTotal() const {
 }
 
 void SummaryBuilder::AddTotalsRow() {
-  ReportRow& row = document.AddRow();
+  ReportRow row;
   row.SetSubItem(ServiceColumn, "TOTALS:");
   row.SetSubItem(TimeColumn, WholeTime(totalTime));
   row.SetSubItem(SessionsColumn, std::to_string(totalSessions));
-  row.SetSubItem(UseColumn, UseTotal());
+  row.SetSubItem(UseColumn, useTotal);
   if (CalcCosts) row.SetSubItem(CostColumn, MoneyText(totalCost));
+  document.Rows.push_back(std::move(row));
 }
 
 std::string SummaryBuilder::TotalsLine() const {
-  const std::string use = anyConnections ? UseTotal() : "";
   const std::string cost = anyConnections && CalcCosts ? MoneyText(totalCost) : "";
   return " " + Dashes(totalWidth) + NewLine + " " + Before(ServiceColumn, "TOTALS:") +
          Before(TimeColumn, WholeTime(totalTime)) + Before(SessionsColumn, std::to_string(totalSessions)) +
-         Blanks(WidthOf(AvSessionColumn) + WidthOf(AvDayColumn)) + Behind(UseColumn, use) +
+         Blanks(WidthOf(AvSessionColumn) + WidthOf(AvDayColumn)) + Behind(UseColumn, useTotal) +
          Blanks(CostWidth() - static_cast<int>(cost.size())) + cost;
 }
 
@@ -211,7 +228,8 @@ ReportDocument SummaryBuilder::Build() {
   document.AddRow();
   anyConnections = !ServiceTotals[0].Number.empty() || TotalsCount > 0;
   if (anyConnections) {
-    AddSlots();
+    for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot) AddSlot(ServiceTotals[slot]);
+    Attempt([this] { useTotal = UseTotal(); });
     document.AddDottedRow();
     Attempt([this] { AddTotalsRow(); });
   } else {

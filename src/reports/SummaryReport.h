@@ -6,8 +6,8 @@
 
 namespace qel {
 
-// Builds the report of the latest analysis and sets SummaryBuilt. An overflow of a 16-bit sum goes to the
-// error handler; the row concerned is left out where the user goes on.
+// Builds the report of the latest analysis and sets SummaryBuilt. What cannot be added
+// up in 16 or 32 bits goes to the error handler; that sum alone lacks it where the user goes on.
 ReportDocument DisplaySummaryReport();
 
 // The first slot of ServiceTotals that a summary shows: the group "Unknown" only with time in it.

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "analysis/TariffDays.h"
 #include "core/CurrencyFormat.h"
 #include "platform/FormatMask.h"
 #include "platform/TextConversion.h"
@@ -32,7 +33,8 @@ constexpr Misplaced Rules[] = {
       return first.AppliesDays == Everyday && second.AppliesDays != Everyday;
     },
     [](const TariffRecord& first, const TariffRecord& second) {
-      return first.AppliesDays == second.AppliesDays && first.AppliesTimeStart > second.AppliesTimeStart;
+      return DaysInUsersWords(first.AppliesDays) == DaysInUsersWords(second.AppliesDays) &&
+             first.AppliesTimeStart > second.AppliesTimeStart;
     },
 };
 

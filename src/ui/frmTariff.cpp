@@ -1,7 +1,9 @@
 #include "ui/frmTariff.h"
 
+#include <algorithm>
 #include <initializer_list>
 
+#include "analysis/TariffDays.h"
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
@@ -125,7 +127,7 @@ void frmTariff::LoadTariff() {
   });
   if (!found) return;
   lstDialTimeTariffDescrip.SetText(tariff.Description);
-  ShowStored(lstDialTimeTariffDialDays, tariff.AppliesDays);
+  ShowDays(tariff.AppliesDays);
   ShowStored(lstDialTimeTariffDialStart, QuarterHourText(tariff.AppliesTimeStart));
   ShowStored(lstDialTimeTariffDialEnd, QuarterHourText(tariff.AppliesTimeEnd));
   ShowStored(lstDialTimeTariffUnit, tariff.Unit);
@@ -136,6 +138,24 @@ void frmTariff::LoadTariff() {
   txtDialTimeTariffAfterSecs.Text = NumberText(tariff.After % 60);
   txtDialTimeTariffUnitMins.Text = NumberText(tariff.UnitMins > 0 ? int{tariff.UnitMins} : 15);
   if (tariff.UnitSecs > 0) txtDialTimeTariffUnitSecs.Text = NumberText(tariff.UnitSecs);
+}
+
+// Days that were written in English stand among those of the user's language: a range as its own, a single
+// day as it is written, since its reach may be another one.
+void frmTariff::ShowDays(const std::string& stored) {
+  storedDays = stored;
+  const std::string days = DaysInUsersWords(stored);
+  const auto& offered = lstDialTimeTariffDialDays.Items();
+  const bool single = days.find(" - ") == std::string::npos && AreKnownDays(days);
+  if (single && std::find(offered.begin(), offered.end(), days) == offered.end())
+    lstDialTimeTariffDialDays.AddItem(days);
+  ShowStored(lstDialTimeTariffDialDays, days);
+}
+
+// What was not changed keeps the words in which it was stored.
+std::string frmTariff::EnteredDays() const {
+  const std::string& days = lstDialTimeTariffDialDays.Text();
+  return days == DaysInUsersWords(storedDays) ? storedDays : days;
 }
 
 // Every field is left once, so that it takes its form and knows whether it is valid.
@@ -252,7 +272,7 @@ Int16 frmTariff::TariffExists(const std::string& name, Int16 count) const {
 TariffRecord frmTariff::EnteredTariff() const {
   TariffRecord tariff;
   tariff.Description = lstDialTimeTariffDescrip.Text();
-  tariff.AppliesDays = lstDialTimeTariffDialDays.Text();
+  tariff.AppliesDays = EnteredDays();
   tariff.AppliesTimeStart = TimeIn(lstDialTimeTariffDialStart);
   tariff.AppliesTimeEnd = TimeIn(lstDialTimeTariffDialEnd);
   tariff.DialRate = TextToNumber(txtDialTimeTariffDialRate.Text());

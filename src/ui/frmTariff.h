@@ -52,6 +52,8 @@ class frmTariff : public Form {
   void FillComboBoxes();
   void LoadNewTariff();
   void LoadTariff();
+  void ShowDays(const std::string& stored);
+  std::string EnteredDays() const;
 
   void lstDialTimeTariffDialStart_Click();
   void lstDialTimeTariffDialEnd_Click();
@@ -69,7 +71,8 @@ class frmTariff : public Form {
   void WriteTariff();
   void btnOK_Click();
 
-  Int16 TariffNumber;  // of the working copy's entry, from 1
+  Int16 TariffNumber;      // of the working copy's entry, from 1
+  std::string storedDays;  // of that entry, in the words in which they were written
   bool Confirmed = false;
 
   // An amount of the rate may be begun with a point in every region, one of the cost per call with the

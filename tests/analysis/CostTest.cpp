@@ -1,6 +1,8 @@
 #include "analysis/AnalysisTest.h"
 #include "analysis/DialupCost.h"
 #include "analysis/ServiceCost.h"
+#include "analysis/TariffDays.h"
+#include "support/Regions.h"
 
 namespace qel {
 
@@ -41,12 +43,33 @@ TEST_F(AnalysisTest, CallIsPricedPieceByPieceByTheFirstTariffThatHolds) {
   EXPECT_THROW(GetDialupCost("777", Jan(5), Clock("01:00"), Jan(5), Clock("23:00"), 0), RunTimeError);
 }
 
-TEST_F(AnalysisTest, TariffDaysOnceNamedReachToSundayAndNeverOverIt) {
-  for (const auto& [days, expected, _, __] : Cases("analysis/TariffDays")) {
+TEST_F(AnalysisTest, TariffDaysHoldInWhateverLanguageTheyWereWritten) {
+  using Names = std::array<std::string, 7>;
+  const std::map<std::string, std::pair<Names, Names>> languages = {
+      {"", {ShortDayNames, LongDayNames}},
+      {"German", {Germany().ShortDays, Germany().LongDays}},
+      {"French",
+       {{"lun.", "mar.", "mer.", "jeu.", "ven.", "sam.", "dim."},
+        {"lundi", "mardi", "mercredi", "jeudi", "vendredi", "samedi", "dimanche"}}},
+      {"Spanish",
+       {{"lun", "mar", "mi\xE9", "jue", "vie",
+         "s\xE1"
+         "b",
+         "dom"},
+        {"lunes", "martes", "mi\xE9rcoles", "jueves", "viernes",
+         "s\xE1"
+         "bado",
+         "domingo"}}}};
+  for (const auto& [days, expected, language, _] : Cases("analysis/TariffDays")) {
+    std::tie(ShortDayNames, LongDayNames) = languages.at(language);
     std::string matches;
     for (int day = 4; day <= 10; ++day) matches += DayMatches(Jan(day), days) ? "1" : "0";
-    EXPECT_EQ(matches, expected) << days;
+    EXPECT_EQ(matches, expected) << days << " " << language;
   }
+  std::tie(ShortDayNames, LongDayNames) = languages.at("German");
+  EXPECT_EQ(DaysInUsersWords("Mon - Thu") + DaysInUsersWords("Wednesday") + DaysInUsersWords("lun. - ven."),
+            "Mo - DoWednesdaylun. - ven.");
+  EXPECT_TRUE(AreKnownDays("Fri - Sun") && AreKnownDays("Sonntag") && !AreKnownDays("lun. - ven."));
 }
 
 TEST_F(AnalysisTest, ChargingPeriodsAreWindowsFromTheFirstDayOfTheReport) {

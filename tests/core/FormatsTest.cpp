@@ -1,3 +1,6 @@
+#include "platform/DateConversion.h"
+#include "platform/FormatMask.h"
+#include "support/Cases.h"
 #include "support/FreshProgram.h"
 #include "support/Regions.h"
 
@@ -28,11 +31,24 @@ TEST_F(Formats, DatesFitTheirMask) {
   EXPECT_EQ(format_date("1-5 -99", "-"), "01/05/99");
   EXPECT_EQ(format_date("January 5, 1999"), "1/5/1999") << "no separators: the short date";
   EXPECT_THROW(format_date("never"), RunTimeError);
-  DateSeparator = "-";
-  for (const auto& [pattern, mask] : {std::pair{"yyyy-MM-dd", "####-##-##"}, {"d-MMM-yy", "##-AAA-##"}}) {
-    ShortDatePattern = pattern;
+}
+
+// Mask, short date, field and reading agree, whatever the pattern.
+TEST_F(Formats, DateFieldsTakeEveryShortDate) {
+  for (const auto& [pattern, separator, mask, fifth] : Cases("core/DateFields")) {
+    ShortDatePattern = Region.ShortDatePattern = pattern;
+    DateSeparator = Region.DateSeparator = separator.empty() ? "/" : separator;
+    Region.TimeSeparator = separator == "." ? "." : ":";
     BuildDateMask();
-    EXPECT_EQ(DateMask, mask);
+    EXPECT_EQ(DateMask, mask) << pattern;
+    EXPECT_EQ(format_date(DateSerial(1999, 3, 5)), fifth) << pattern;
+    const std::string shortDate = FormatDate(DateSerial(1999, 3, 5), "Short Date");
+    EXPECT_EQ(IsDate(shortDate) ? format_date(shortDate) : fifth, fifth) << pattern;
+    for (Date date = DateSerial(1998, 1, 1); date < DateSerial(2003, 1, 1); date += 1) {
+      const std::string text = format_date(date);
+      ASSERT_EQ(text.size(), DateMask.size()) << pattern << ": " << text;
+      ASSERT_EQ(TextToDate(text), date) << pattern << ": " << text;
+    }
   }
 }
 

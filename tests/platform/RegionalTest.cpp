@@ -101,9 +101,10 @@ TEST_F(RegionalValuesTest, PatternAndSeparatorNeverDisagree) {
 }
 
 TEST(PatternSeparator, StandsBetweenTwoPlacesOfADateOrATime) {
-  for (const auto& [pattern, separator, withStroke] : Cases<3>("platform/Separators")) {
+  for (const auto& [pattern, separator, withStroke, numbers] : Cases("platform/Separators")) {
     EXPECT_EQ(SeparatorIn(pattern), separator) << pattern;
     EXPECT_EQ(WithSeparator(pattern, "/"), withStroke) << pattern;
+    EXPECT_EQ(InNumbers(pattern), numbers) << pattern;
   }
 }
 

@@ -4,6 +4,7 @@
 #include "reports/ReportExport.h"
 #include "reports/SummaryReport.h"
 #include "reports/WeekLog.h"
+#include "support/FailingMemory.h"
 
 namespace qel {
 
@@ -80,6 +81,37 @@ TEST_F(ReportTest, IncompleteTariffsCostWhatWasPriced) {
   const std::string details = ExportDetails(ExportFormat::Csv);
   EXPECT_NE(details.find("1573376,0,0.639,0.2,0.500244,1.339244,"), std::string::npos) << details;
   EXPECT_NE(details.find(",incomplete-tariff\r\n"), std::string::npos) << details;
+}
+
+// Each piece of memory refused once, and the statement repeated.
+TEST_F(ReportTest, AStatementThatIsRepeatedAddsNothingTwice) {
+  Analyse();
+  for (const auto display : {DisplaySummaryReport, DisplayDetailReport}) {
+    const ReportDocument whole = display();
+    for (int n = 1; n == 1 || RefusedMemory(); ++n) {
+      host.messages.clear();
+      host.answers.assign(2, Answer::Retry);
+      RefuseMemory(n);
+      try {
+        const ReportDocument report = display();
+        if (RefusedMemory() && host.messages.empty()) continue;
+        EXPECT_EQ(report.ReportText, whole.ReportText) << n;
+        EXPECT_EQ(GridText(report), GridText(whole)) << n;
+      } catch (const std::bad_alloc&) {  // what is built once is not wrapped; no report comes of it
+      }
+    }
+  }
+}
+
+TEST_F(ReportTest, ASumThatOverflowsAloneLacksWhatWasIgnored) {
+  Analyse();
+  ServiceTotals[1].Connections = 32767;
+  const std::string ignored = DisplaySummaryReport().ReportText;
+  EXPECT_EQ(host.messages.size(), 2u) << "one error, shown twice";
+  for (const char* kept : {"00:50:00       32767 ", "02:47:00       5 ", "$5.08"})
+    EXPECT_NE(ignored.find(kept), std::string::npos) << kept;
+  host.answers.assign(4, Answer::Retry);
+  EXPECT_EQ(DisplaySummaryReport().ReportText, ignored);
 }
 
 }  // namespace qel

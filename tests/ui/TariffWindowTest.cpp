@@ -3,6 +3,7 @@
 #include "support/Cases.h"
 #include "support/Regions.h"
 #include "support/WindowTest.h"
+#include "ui/TariffList.h"
 
 namespace qel {
 
@@ -157,6 +158,33 @@ TEST_F(TariffWindowTest, AnOldRecordIsFilledUpOrReported) {
   Existing(old);
   EXPECT_NE(host.messages.at(0).Text.find("Error code: 5"), std::string::npos);
   EXPECT_EQ(TariffForm->lstDialTimeTariffUnit.Text(), "Per Minute");
+}
+
+TEST_F(TariffWindowTest, DaysWrittenInEnglishAreShownAndKeptInAnotherLanguage) {
+  std::tie(ShortDayNames, LongDayNames) = std::pair(Germany().ShortDays, Germany().LongDays);
+  const std::tuple<const char*, const char*, const char*> cases[] = {{"Mon - Fri", "Mo - Fr", "Mon - Fri"},
+                                                                     {"Sa - So", "Sa - So", "Sa - So"},
+                                                                     {"Tuesday", "Tuesday", "Tuesday"}};
+  for (const auto& [stored, shown, written] : cases) {
+    TariffRecord tariff = evening;
+    tariff.AppliesDays = stored;
+    frmTariff& window = Existing(tariff);
+    EXPECT_EQ(window.lstDialTimeTariffDialDays.Text(), shown);
+    window.btnOK.UserClick();
+    EXPECT_EQ(TariffCopy[0].AppliesDays, written);
+    Existing(tariff).lstDialTimeTariffDialDays.UserChoose(8);
+    TariffForm->btnOK.UserClick();
+    EXPECT_EQ(TariffCopy[0].AppliesDays, "Dienstag") << stored;
+  }
+  EXPECT_TRUE(host.messages.empty());
+  BoundedArray<TariffRecord> tariffs;
+  tariffs.Make(1);
+  tariffs[0].AppliesDays = "Mon - Fri";
+  tariffs[0].AppliesTimeStart = TimeSerial(18, 0, 0);
+  tariffs[1].AppliesDays = "Mo - Fr";
+  Int16 selected = 1;
+  OrderTariffs(tariffs, 2, selected);
+  EXPECT_EQ(tariffs[0].AppliesDays, "Mo - Fr") << "the same days go by their time";
 }
 
 TEST_F(TariffWindowTest, ANewTariffNeedsANameOfItsOwn) {

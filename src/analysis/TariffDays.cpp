@@ -1,0 +1,88 @@
+#include "analysis/TariffDays.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/GeneralFunctions.h"
+#include "platform/CodePage.h"
+#include "platform/Regional.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+namespace {
+
+using DayNames = std::array<std::string, 7>;
+
+constexpr std::string_view Between = " - ";
+constexpr int NoDay = 8;
+
+Int16 PositionIn(const DayNames& names, std::string_view name) {
+  const auto found = std::find(names.begin(), names.end(), Trim(name));
+  return Int16(found - names.begin() + 1);
+}
+
+// The region's values are those of English where nobody changes them.
+const RegionalValues English;
+
+std::string_view FirstThree(std::string_view text) { return text.substr(0, 3); }
+std::string_view LastThree(std::string_view text) {
+  return text.substr(text.size() - std::min<std::size_t>(text.size(), 3));
+}
+
+// The positions of the first and the last day, 8 for what is no short name.
+struct Span {
+  Int16 first, last;
+  bool Holds(int day) const { return first <= day && last >= day; }
+};
+
+// One end of a range: a short name, or a text whose beginning or end is one.
+Int16 EndOf(std::string_view name, std::string_view threeLetters) {
+  const Int16 whole = GetDayIndex(std::string(name));
+  return whole < NoDay ? whole : GetDayIndex(std::string(threeLetters));
+}
+
+Span SpanOf(std::string_view days) {
+  // How far a single long name reaches is a matter of its own language: "Montag" does not begin with "Mon".
+  if (DayIndex(std::string(days)) > 0)
+    return {PositionIn(ShortDayNames, FirstThree(days)), PositionIn(ShortDayNames, LastThree(days))};
+  const auto between = days.find(Between);
+  if (between == std::string_view::npos) return {EndOf(days, FirstThree(days)), EndOf(days, LastThree(days))};
+  return {EndOf(days.substr(0, between), FirstThree(days)),
+          EndOf(days.substr(between + Between.size()), LastThree(days))};
+}
+
+}  // namespace
+
+bool DayMatches(Date date, const std::string& appliesDays) {
+  if (appliesDays == "Holidays") return IsHoliday(date);
+  if (appliesDays == "Everyday") return true;
+  const int day = Weekday(date);
+  return DayIndex(appliesDays) == day || SpanOf(appliesDays).Holds(day);
+}
+
+Int16 GetDayIndex(const std::string& shortName) {
+  const Int16 position = PositionIn(ShortDayNames, shortName);
+  return position < NoDay ? position : PositionIn(English.ShortDays, shortName);
+}
+
+bool IsHoliday(Date date) {
+  for (int i = 0; i < UsedHolidays; ++i)
+    if (Holidays[i] == date) return true;
+  return false;
+}
+
+std::string DaysInUsersWords(const std::string& appliesDays) {
+  const Span span = SpanOf(appliesDays);
+  if (appliesDays.find(Between) == std::string::npos || span.first >= NoDay || span.last >= NoDay)
+    return appliesDays;
+  const auto nameOf = [](int position) { return ShortDayNames[static_cast<std::size_t>(position - 1)]; };
+  return nameOf(span.first) + std::string(Between) + nameOf(span.last);
+}
+
+bool AreKnownDays(const std::string& appliesDays) {
+  return appliesDays == "Holidays" || appliesDays == "Everyday" || DayIndex(appliesDays) > 0 ||
+         SpanOf(appliesDays).first < NoDay;
+}
+
+}  // namespace qel
