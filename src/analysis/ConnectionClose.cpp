@@ -67,6 +67,8 @@ void CountBlocks() {
 }
 
 void AddTimeToSlot() {
+  Connection().Slot = CurrentService;
+  Connection().SlotNumber = Slot().Number;
   ++Slot().Connections;
   Slot().Seconds += ConnectSeconds;
   Slot().Blocks += BlockCount;

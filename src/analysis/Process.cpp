@@ -80,7 +80,7 @@ void ConnectWithoutDial() {
     ++ConnectionCount;
     Connection().StartDate = ConnectDate;
     Connection().StartTime = ConnectTime;
-    Connection().Number = "Unknown Service";
+    Connection().Number = UndialledNumber;
     Connection().Notes = NoDialLineNote;
     ServiceTotals[0].Number = "Unknown";
   });

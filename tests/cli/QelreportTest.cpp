@@ -19,6 +19,9 @@ TEST_F(Qelreport, SaysInOneLineWhyThereIsNoReport) {
   folder.Put("empty", "");
   folder.Put("undated", Entry("a") + "\r\nno date\r\n" + Entry("b"));
   folder.Put("time", Entry("a") + "03-01-1999 1x:00:00.00 - Connection established\r\n");
+  const std::string reads = Entry("Reads : 2000000000 bytes");
+  folder.Put("sum", Entry("Recv: ATDT1<cr>") + Entry("Connection established") + Entry("Hanging up the modem") +
+                        reads + reads);
   folder.Put("corrupt", Entry("a\xE9") + Entry("b"));
   PutSettings("corrupt.reg", "\"ModemLogDir\"=\"./\"\r\n\"ModemLogFile\"=\"corrupt\"");
   for (const auto& [status, arguments, line] : Cases<3>("cli/Refusals")) {
@@ -95,7 +98,8 @@ TEST_F(Qelreport, TellsOfLimitsThatWereReached) {
   EXPECT_NE(none.err.find("Exceeded Maximum Number of Services."), std::string::npos) << none.err;
 }
 
-TEST_F(Qelreport, MovesThePeriodIntoTheLog) {
+TEST_F(Qelreport, MovesThePeriodIntoTheLogAndSaysSo) {
+  folder.Put("back", "03-09-1999 10:00:00.00 - a\r\n" + Entry("b"));  // a clock that was set back
   for (const auto& [arguments, from, to, line] : Cases("cli/Periods")) {
     const Result run = Run("--log log --format json " + arguments);
     const std::string period = "\"from\": \"" + from + "\",\n  \"to\": \"" + to + "\"";
