@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
 #include "core/CurrencyFormat.h"
 #include "core/Display.h"
 #include "core/GeneralFunctions.h"
@@ -54,6 +55,7 @@ class Comparisons {
   void AddRow(const ServiceTotal& total);
   void AddPassedOver();
   void AddCountedElsewhere(const ConnectionRecord& connection);
+  void AddEstimate(const ConnectionRecord& connection);
   std::vector<Comparison> services;
 };
 
@@ -91,29 +93,42 @@ bool HasNumber(const ServiceKey& key, const std::string& number) {
   return service.ServiceNumber == number || service.ServiceAltNumber == number;
 }
 
+std::string CallsTo(const std::string& number) {
+  if (number.empty()) return "calls without a number";
+  return number == UndialledNumber ? "calls without a dial line" : "calls to " + number;
+}
+
 // A row takes the calls to both numbers of its service, whoever else has them; and the calls to a number that
 // it had before the period, until it gets one of the period.
 void Comparisons::AddCountedElsewhere(const ConnectionRecord& connection) {
-  const std::string& number = connection.Number;
+  const std::string &number = connection.Number, calls = CallsTo(number);
   const bool shown = FirstSlotShown() <= connection.Slot && connection.Slot <= TotalsCount;
   const std::string& holder = ServiceTotals[connection.Slot].Number;
-  const std::string calls = number.empty() ? "calls without a number" : "calls to " + number;
   const std::string leftOver = number.empty() ? "" : " (left over from before the period)";
   if (!shown) return AddReason(Of(number), "its " + calls + " are not counted");
   if (KeyOf(holder) != KeyOf(number)) {
     const std::string why = HasNumber(KeyOf(holder), number) ? ", which has that number too" : leftOver;
     AddReason(Of(number), "its " + calls + " are counted under " + Of(holder).Name() + why);
-    AddReason(Of(holder), calls + " of " + Of(number).Name() + " are counted here");
+    AddReason(Of(holder), calls + (number.empty() ? "" : " of " + Of(number).Name()) + " are counted here");
   } else if (KeyOf(connection.SlotNumber) != KeyOf(number)) {
     AddReason(Of(number), calls + " are not priced as its own" + leftOver);
   }
 }
 
+void Comparisons::AddEstimate(const ConnectionRecord& connection) {
+  const bool estimated = connection.Notes.find("No Disconnect Entry") != std::string::npos;
+  if (estimated && (connection.StartDate < PeriodStart || connection.EndDate > PeriodEnd))
+    AddReason(Of(connection.Number),
+              "the time supposed for a lost disconnect entry counts outside the period too");
+}
+
 void Comparisons::AddPassedOver() {
-  for (int i = 1; i <= ConnectionCount; ++i)
-    if (IsPassedOver(Connections[i]))
-      AddReason(Of(Connections[i].Number),
+  for (int i = 1; i <= ConnectionCount; ++i) {
+    const ConnectionRecord& connection = Connections[i];
+    if (IsPassedOver(connection) && connection.Slot <= TotalsCount)
+      AddReason(Of(ServiceTotals[connection.Slot].Number),
                 "connections with errors are counted, which the options do not show");
+  }
 }
 
 Comparisons::Comparisons() {
@@ -122,6 +137,7 @@ Comparisons::Comparisons() {
   ForEachConnection([&](const DetailLine& line) {
     use.Add(line);
     AddCountedElsewhere(line.Connection);
+    AddEstimate(line.Connection);
   });
   for (const auto& service : use.Services()) Of(service.Number).Connections = service;
   AddPassedOver();
