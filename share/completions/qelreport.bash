@@ -28,7 +28,7 @@ _qelreport() {
     --from | --to) ;;
     *)
       mapfile -t COMPREPLY < <(compgen -W '--log --settings --from --to --report --format --output --stats --import
-        --help --version' -- "$word")
+        --help -h --version' -- "$word")
       ;;
   esac
 }

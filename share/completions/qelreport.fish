@@ -10,5 +10,5 @@ complete -c qelreport -l format -xa 'text csv json html' -d 'how the report is w
 complete -c qelreport -l output -rF -d 'where the report is written'
 complete -c qelreport -l stats -d 'print the statistics of the log instead'
 complete -c qelreport -l import -rF -d 'take exported settings into your own'
-complete -c qelreport -l help -d 'print the help'
+complete -c qelreport -s h -l help -d 'print the help'
 complete -c qelreport -l version -d 'print the version'

@@ -12,4 +12,5 @@ _arguments \
   '--stats[print the statistics of the log instead]' \
   '--import=[take exported settings into your own]:settings:_files -g "*.(#i)reg"' \
   '--help[print the help]' \
+  '-h[print the help]' \
   '--version[print the version]'

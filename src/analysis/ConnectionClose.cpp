@@ -85,6 +85,10 @@ void CountBlocks() {
 }
 
 void AddTimeToSlot() {
+  Attempt([] {
+    Connection().Slot = CurrentService;
+    Connection().SlotNumber = Slot().Number;
+  });
   Attempt([] { ++Slot().Connections; });
   Attempt([] { Slot().Seconds += ConnectSeconds; });
   Attempt([] { Slot().Blocks += BlockCount; });

@@ -27,7 +27,7 @@ void OpenConnection(const std::string& number) {
   }
   IgnoreErrors([&] {
     ConnectionRecord& connection = Connections[ConnectionCount];
-    connection.Number = AnsweredPending ? "Answered Call" : number;
+    connection.Number = AnsweredPending ? AnsweredNumber : number;
     if (AnsweredPending) connection.Answered = true;
   });
 }

@@ -92,7 +92,7 @@ void ConnectWithoutDial() {
     ConnectionRecord connection = Connections[number];
     connection.StartDate = ConnectDate;
     connection.StartTime = ConnectTime;
-    connection.Number = "Unknown Service";
+    connection.Number = UndialledNumber;
     connection.Notes = NoDialLineNote;
     Connections[number] = std::move(connection);
     ConnectionCount = number;

@@ -10,18 +10,24 @@
 
 namespace qel {
 
+// The numbers of connections whose number is not known.
+inline constexpr char AnsweredNumber[] = "Answered Call";
+inline constexpr char UndialledNumber[] = "Unknown Service";
+
 // One rebuilt connection.
 struct ConnectionRecord {
   Date StartDate = 0;
   Date StartTime = 0;
   Date EndDate = 0;  // of the disconnect line, or the estimate
   Date EndTime = 0;
-  std::string Number;  // as dialled; "Answered Call"; "Unknown Service" without a dial line
+  std::string Number;  // as dialled; AnsweredNumber; UndialledNumber without a dial line
   std::string Notes;
   bool Answered = false;
   Int32 BytesRead;
   Int32 BytesWritten;
-  Int32 FreeSeconds;  // in the service's free period
+  Int32 FreeSeconds;       // in the service's free period
+  Int16 Slot;              // of ServiceTotals, in which it was counted
+  std::string SlotNumber;  // which the slot had when it was
 };
 
 // The totals of one number met in the log, and of its service's other number.

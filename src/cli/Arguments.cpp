@@ -73,14 +73,15 @@ const OptionRow Rows[] = {
      [](Arguments& a, const std::string&) { a.stats = true; }},
     {"--import", "FILE.reg", "take exported settings into your own, and nothing else",
      [](Arguments& a, const std::string& value) { a.import = value; }, false},
-    {"--help", nullptr, "print this help", [](Arguments& a, const std::string&) { a.help = true; }, false},
+    {"--help", nullptr, "print this help, as -h does",
+     [](Arguments& a, const std::string&) { a.help = true; }, false},
     {"--version", nullptr, "print the version", [](Arguments& a, const std::string&) { a.version = true; },
      false},
 };
 
 const OptionRow& RowOf(const std::string& name) {
   for (const auto& row : Rows)
-    if (name == row.name) return row;
+    if (row.name == (name == "-h" ? "--help" : name)) return row;
   if (name.starts_with("-")) throw ArgumentError("unknown option '" + name + "'");
   throw ArgumentError("unexpected argument '" + name + "'; a log is named with --log");
 }
@@ -111,6 +112,8 @@ Arguments ParseArguments(const std::vector<std::string>& words) {
   }
   if (arguments.import && ofReport)
     throw ArgumentError(std::string("--import makes no report and takes no ") + ofReport);
+  if (arguments.from && arguments.to && *arguments.from > *arguments.to)
+    throw ArgumentError("--from is a later day than --to");
   return arguments;
 }
 

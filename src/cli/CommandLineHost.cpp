@@ -4,7 +4,6 @@
 
 #include "core/EndProgram.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 
 namespace qel {
 
@@ -24,11 +23,17 @@ std::string IndentedLines(const std::string& text) {
   return lines;
 }
 
+// What a user can do about a number that grew too large.
+std::string Advice(const RunTimeError& error) {
+  if (error.Number() != Overflow && error.Number() != SubscriptOutOfRange) return "";
+  if (ModuleTrace == "QELAnalyse" || ModuleTrace == "ReportRun" || ModuleTrace == "HtmlReport")
+    return "; choose a shorter period with --from and --to";
+  return ProcedureTrace == "CheckCorruption" ? "; name the log with --log, which takes any size" : "";
+}
+
 }  // namespace
 
 void Complain(const std::string& line) { std::cerr << "qelreport: " << line << '\n'; }
-
-std::string ShownPath(const std::string& path) { return IsUtf8(path) ? path : ToUtf8(path); }
 
 Answer CommandLineHost::MessageBox(const Message& message) {
   Complain(ToUtf8(message.Title.empty() ? "WARNING" : message.Title));
@@ -48,7 +53,8 @@ Answer CommandLineHost::MessageBox(const Message& message) {
 Answer CommandLineHost::ErrorBox(const RunTimeError& error, const Message&) {
   std::string line = "error " + std::to_string(error.Number()) + ", " + error.Description();
   if (!error.Path().empty()) line += ": " + ShownPath(error.Path());
-  Complain(line + " (in " + ToUtf8(ModuleTrace + ", " + ProcedureTrace + ", " + StepTrace) + ")");
+  Complain(line + " (in " + ToUtf8(ModuleTrace + ", " + ProcedureTrace + ", " + StepTrace) + ")" +
+           Advice(error));
   throw ProgramEnd();
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/Display.h"
+#include "platform/CodePage.h"
 #include "platform/Host.h"
 
 namespace qel {
@@ -28,8 +29,5 @@ class CommandLineHost : public Host, public Display {
 
 // Prints "qelreport: " and a line of UTF-8 to standard error.
 void Complain(const std::string& line);
-
-// A file path for a message: its bytes if they are UTF-8, or what they mean in Windows-1252.
-std::string ShownPath(const std::string& path);
 
 }  // namespace qel

@@ -18,15 +18,8 @@ namespace qel {
 
 namespace {
 
-constexpr std::size_t PieceSize = 65536;
-
-// In pieces, so that a long report is not held twice.
 void WriteToStandardOutput(const std::string& text) {
-  bool written = true;
-  for (std::size_t begin = 0; written && begin < text.size(); begin += PieceSize) {
-    const std::string piece = ToUtf8(std::string_view(text).substr(begin, PieceSize));
-    written = std::fwrite(piece.data(), 1, piece.size(), stdout) == piece.size();
-  }
+  const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (!written || std::fflush(stdout) != 0) RaiseErrno(errno, "standard output");
 }
 
@@ -50,7 +43,7 @@ std::string ReportOutput(ReportKind report, OutputFormat format) {
     return summary ? ExportSummary(as) : ExportDetails(as);
   }
   ReportDocument document = summary ? DisplaySummaryReport() : DisplayDetailReport();
-  return std::move(document.ReportText += NewLine);
+  return ToCleanUtf8(document.ReportText += NewLine);
 }
 
 std::string StatisticsOutput(OutputFormat format) {
@@ -74,7 +67,7 @@ bool WriteOut(const std::string& text, const std::optional<std::string>& path) {
       WriteToStandardOutput(text);
       return true;
     }
-    ReplaceFile(*path, ToUtf8(text));
+    ReplaceFile(*path, text);
     return true;
   } catch (const RunTimeError& error) {
     Complain("cannot write to " + ShownPath(path.value_or("standard output")) + ": " + ReasonOf(error));

@@ -1,4 +1,4 @@
-// What a run of qelreport writes, and where it goes. Text is Windows-1252 until WriteOut makes it UTF-8.
+// What a run of qelreport writes, and where it goes. All of it is UTF-8.
 #pragma once
 
 #include <optional>
@@ -8,7 +8,7 @@
 
 namespace qel {
 
-// The report of the latest analysis; as text, byte for byte what the report window saves.
+// The report of the latest analysis; as text, character for character what the report window saves.
 std::string ReportOutput(ReportKind report, OutputFormat format);
 
 // The statistics of the current log.

@@ -1,5 +1,6 @@
 #include "cli/ReportRun.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <optional>
 
@@ -19,6 +20,7 @@
 #include "platform/RegistryFile.h"
 #include "platform/RegistryStore.h"
 #include "reports/ReportExport.h"
+#include "reports/SummaryDifference.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -64,24 +66,32 @@ void TellUnknownDays() {
     }
 }
 
-// The two date fields without a window: what is not granted is said on standard error.
-class TypedPeriod : public PeriodFields {
- protected:
-  void Complain() override { qel::Complain(StatusMessages[static_cast<std::size_t>(StatusIndex)].Text); }
-};
+void TellDateOutsideLog(const char* option, const std::optional<Date>& date) {
+  const auto [first, last] = std::minmax(FirstEntryDate, LastEntryDate);
+  if (!date || (first <= *date && *date <= last)) return;
+  Complain(std::string(option) + " " + IsoDate(*date) + " lies outside the log, which holds " +
+           IsoDate(first) + " to " + IsoDate(last));
+}
 
+// Fills the two date fields as a user of the window would, who has their rules too. What is not granted is
+// said on standard error.
 void TypePeriod(const Arguments& arguments) {
-  TypedPeriod fields;
-  fields.FormLoading = true;
+  const Date from = arguments.from.value_or(FirstEntryDate), to = arguments.to.value_or(LastEntryDate);
+  PeriodFields fields;
   fields.SetStarting(format_date(FirstEntryDate));
   fields.SetEnding(format_date(LastEntryDate));
-  fields.FormLoading = false;
-  if (arguments.from) fields.SetStarting(format_date(*arguments.from));
-  fields.CurrentDateField = DateField::Ending;
-  if (arguments.to) fields.SetEnding(format_date(*arguments.to));
-  const bool granted =
-      PeriodStart == arguments.from.value_or(PeriodStart) && PeriodEnd == arguments.to.value_or(PeriodEnd);
-  if (!granted) Complain("the report is of " + IsoDate(PeriodStart) + " to " + IsoDate(PeriodEnd));
+  if (arguments.from) fields.SetStarting(format_date(from));
+  if (arguments.to) fields.SetEnding(format_date(to));
+  TellDateOutsideLog("--from", arguments.from);
+  TellDateOutsideLog("--to", arguments.to);
+  if (PeriodStart != from || PeriodEnd != to)
+    Complain("the report is of " + IsoDate(PeriodStart) + " to " + IsoDate(PeriodEnd));
+}
+
+void TellDifferences() {
+  std::string text;
+  for (const auto& line : SummaryDifferences()) text += (text.empty() ? "" : "\n  ") + line;
+  if (!text.empty()) Complain(ToCleanUtf8(text));
 }
 
 bool ChoosePeriod(const Arguments& arguments) {
@@ -114,6 +124,7 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
     Complain(ShownPath(CurrentLogPath) + ": entry " + std::to_string(EntriesProcessed + 1) +
              " has no date; the log is damaged and must be repaired first");
   if (!host.ReportReady()) return NoReport;
+  if (arguments.report == ReportKind::Summary) TellDifferences();
   if (!WriteOut(ReportOutput(arguments.report, arguments.format), arguments.output)) return NoReport;
   return ConnectionsExceeded ? IncompleteReport : WholeReport;
 }

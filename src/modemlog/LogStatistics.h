@@ -2,6 +2,8 @@
 // nothing of the log's structure is tested.
 #pragma once
 
+#include <cstdint>
+
 #include "platform/Calendar.h"
 #include "platform/CheckedInteger.h"
 
@@ -11,6 +13,11 @@ extern Int32 LogLength;      // bytes; a longer archive counts as 2147483647
 extern float LogEntries;     // lines that are not blank; exact up to 16777216
 extern Date FirstEntryDate;  // of the first entry that has a date; 0 when none has
 extern Date LastEntryDate;   // of the last entry; 0 when it has none
+
+// The length of a log in whole kilobytes, as it is shown: to the nearest, ties to the even one.
+inline std::int64_t Kilobytes(std::int64_t bytes) {
+  return static_cast<std::int64_t>(RoundHalfEven(static_cast<double>(bytes) / 1024));
+}
 
 void ResetLogStatistics();
 

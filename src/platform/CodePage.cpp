@@ -74,7 +74,18 @@ std::optional<char> FromUnicode(char32_t codePoint) {
   return static_cast<char>(0x80 + (found - std::begin(Unicode80To9F)));
 }
 
-std::string ToUtf8(std::string_view text) {
+namespace {
+
+constexpr char32_t Replacement = 0xFFFD;
+
+// A character of 80 or above.
+char32_t ToUnicode(unsigned char c, bool clean) {
+  if (c >= 0xA0) return c;
+  const char32_t codePoint = Unicode80To9F[c - 0x80];
+  return clean && codePoint == c ? Replacement : codePoint;
+}
+
+std::string Utf8Of(std::string_view text, bool clean) {
   std::string utf8;
   utf8.reserve(text.size());
   while (!text.empty()) {
@@ -84,12 +95,16 @@ std::string ToUtf8(std::string_view text) {
     utf8 += text.substr(0, plain);
     text.remove_prefix(plain);
     if (text.empty()) break;
-    const unsigned char c = Byte(text.front());
-    AppendUtf8(utf8, c < 0xA0 ? Unicode80To9F[c - 0x80] : c);
+    AppendUtf8(utf8, ToUnicode(Byte(text.front()), clean));
     text.remove_prefix(1);
   }
   return utf8;
 }
+
+}  // namespace
+
+std::string ToUtf8(std::string_view text) { return Utf8Of(text, false); }
+std::string ToCleanUtf8(std::string_view text) { return Utf8Of(text, true); }
 
 std::optional<std::string> FromUtf8(std::string_view utf8) {
   std::string text;
@@ -119,6 +134,8 @@ bool IsUtf8(std::string_view bytes) {
     if (!TakeUtf8(bytes)) return false;
   return true;
 }
+
+std::string ShownPath(std::string_view path) { return IsUtf8(path) ? std::string(path) : ToCleanUtf8(path); }
 
 std::string PathText(std::string_view path) { return IsUtf8(path) ? FromUtf8Lossy(path) : std::string(path); }
 

@@ -16,6 +16,10 @@ namespace qel {
 // The five bytes that the code page leaves undefined become the C1 control characters of the same number.
 std::string ToUtf8(std::string_view text);
 
+// The same for what other programs read: the undefined bytes, which terminals and pages may take for
+// commands, become the replacement character.
+std::string ToCleanUtf8(std::string_view text);
+
 // Nothing where the code page lacks the character.
 std::optional<char> FromUnicode(char32_t codePoint);
 
@@ -26,6 +30,9 @@ std::optional<std::string> FromUtf8(std::string_view utf8);
 std::string FromUtf8Lossy(std::string_view utf8);
 
 bool IsUtf8(std::string_view bytes);
+
+// A file path in UTF-8 to show: its bytes if they are that, or what they mean in Windows-1252.
+std::string ShownPath(std::string_view path);
 
 // A file path as text to show: Windows-1252 from its UTF-8, or the bytes as they are where they are no UTF-8.
 std::string PathText(std::string_view path);

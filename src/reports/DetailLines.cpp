@@ -1,6 +1,7 @@
 #include "reports/DetailLines.h"
 
 #include <cmath>
+#include <utility>
 
 #include "analysis/ConnectionNotes.h"
 #include "analysis/DataCost.h"
@@ -20,10 +21,12 @@ bool NotesTellError(const ConnectionRecord& connection) {
   return UpperCase(connection.Notes).find("ERROR") != std::string::npos;
 }
 
-Int32 BillableSeconds(const ConnectionRecord& connection, Int32 seconds) {
-  const Int16 block = ServiceBlockMinutes(connection.Number);
-  if (block <= 0) return seconds;
-  return GetBlockCount(block, seconds) * (block * 60);
+// Counts the blocks of the line and gives the seconds to pay.
+Int32 BillableSeconds(DetailLine& line) {
+  line.BlockMinutes = ServiceBlockMinutes(line.Connection.Number);
+  if (line.BlockMinutes <= 0) return line.Seconds;
+  line.Blocks = GetBlockCount(line.BlockMinutes, line.Seconds);
+  return line.Blocks * (line.BlockMinutes * 60);
 }
 
 // Notes that told the connection's part inside the period go before those it had.
@@ -50,18 +53,19 @@ void Price(const ConnectionRecord& c, Int16 index, Int32 billable) {
   Attempt([&] { DataCostNow = GetDataCost(c.Number, c.BytesRead, c.StartDate); });
 }
 
-// The notes of a connection while its line is made; a connection comes out as it went in.
-class NotesKept {
+// Puts a value back to what it was, at the end of a scope.
+template <typename Value>
+class Kept {
  public:
-  explicit NotesKept(std::string& notes) : notes(notes), kept(notes) {}
-  ~NotesKept() { notes.swap(kept); }
-  NotesKept(const NotesKept&) = delete;
-  NotesKept& operator=(const NotesKept&) = delete;
-  const std::string& Text() const { return kept; }
+  explicit Kept(Value& value) : value(value), kept(value) {}
+  ~Kept() { std::swap(value, kept); }
+  Kept(const Kept&) = delete;
+  Kept& operator=(const Kept&) = delete;
+  const Value& Before() const { return kept; }
 
  private:
-  std::string& notes;
-  std::string kept;
+  Value& value;
+  Value kept;
 };
 
 // Once for every percent, however many connections there are: windows repaint at each.
@@ -72,16 +76,15 @@ void TellProgress(int percent) {
 
 // What is wrapped in attempts of its own comes last: what fails before it can be run again from the
 // beginning.
-void VisitConnection(Int16 index, const std::function<void(const DetailLine&)>& visit) {
+void VisitConnection(Int16 index, const DetailVisit& visit) {
   ConnectionRecord& connection = Connections[index];
+  if (IsPassedOver(connection)) return;
   const bool hasError = NotesTellError(connection);
-  if (hasError && !ShowErrors) return;
-  const NotesKept kept(connection.Notes);
-  const Int32 seconds = Int32(GetConnectionSeconds(index));
-  Int32 billable = seconds;
-  Attempt([&] { billable = BillableSeconds(connection, seconds); });
-  MergeNotes(connection, kept.Text());
-  DetailLine line{connection, index, hasError, seconds, 0, 0, 0, 0};
+  const Kept notes(connection.Notes);
+  DetailLine line{connection, index, hasError, Int32(GetConnectionSeconds(index)), 0, 0, 0, 0};
+  Int32 billable = line.Seconds;
+  Attempt([&] { billable = BillableSeconds(line); });
+  MergeNotes(connection, notes.Before());
   if (CalcCosts) {
     if (!connection.Answered) {
       Price(connection, index, billable);
@@ -94,15 +97,44 @@ void VisitConnection(Int16 index, const std::function<void(const DetailLine&)>& 
   Attempt([&] { visit(line); });
 }
 
-}  // namespace
-
-void ForEachDetailLine(const std::function<void(const DetailLine&)>& visit) {
+void ForEach(const std::function<void(Int16 index)>& visitOne) {
   Attempt([] { Penalties.Make(MaxServices); });
   int shown = 0;
   for (int i = 1; i <= ConnectionCount; ++i) {
-    Attempt([&] { VisitConnection(Int16(i), visit); });
+    Attempt([&] { visitOne(Int16(i)); });
     if (const int percent = 100 * i / int{ConnectionCount}; percent > shown) TellProgress(shown = percent);
   }
+}
+
+// A connection's place in the array is used again when a dial did not connect, and when the time before the
+// period is forgotten; the next one finds there what it does not set itself. Its notes tell of every count
+// that was taken for it.
+void ForgetEarlierUser(ConnectionRecord& connection) {
+  if (connection.Notes.find(" R:") == std::string::npos) connection.BytesRead = 0;
+  if (connection.Notes.find(" - W:") == std::string::npos) connection.BytesWritten = 0;
+  connection.Answered = connection.Number == AnsweredNumber;
+}
+
+}  // namespace
+
+bool IsPassedOver(const ConnectionRecord& connection) { return !ShowErrors && NotesTellError(connection); }
+
+void ForEachDetailLine(const DetailVisit& visit) {
+  ForEach([&](Int16 index) { VisitConnection(index, visit); });
+}
+
+void ForEachConnection(const DetailVisit& visit) {
+  const Kept dial(DialCostNow), service(ServiceCostNow), data(DataCostNow);
+  ForEach([&](Int16 index) {
+    ConnectionRecord& connection = Connections[index];
+    if (connection.StartDate == 0) return;  // dialled, and no more
+    const Kept record(connection);
+    ForgetEarlierUser(connection);
+    VisitConnection(index, [&](DetailLine line) {
+      if (connection.Answered) line.DialCost = line.ServiceCost = line.DataCost = 0;
+      visit(line);
+    });
+  });
 }
 
 }  // namespace qel

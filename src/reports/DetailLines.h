@@ -1,5 +1,6 @@
-// The connections of the latest analysis as the Details report counts and prices them: each one anew, inside
-// the period, with its notes brought to their final form.
+// The connections of the latest analysis, counted and priced: each one anew, inside the period, with its
+// notes brought to their final form. Here and nowhere else it is decided which of them count and what they
+// cost.
 #pragma once
 
 #include <functional>
@@ -14,15 +15,28 @@ struct DetailLine {
   Int16 Index;
   bool HasError;
   Int32 Seconds;  // inside the period
-  // In the user's currency. An answered call costs nothing, and its three parts are those of the connection
-  // before.
+  // In the user's currency; all 0 where costs are not calculated.
   double DialCost, ServiceCost, DataCost, ConnectionCost;
+  Int16 BlockMinutes = 0, Blocks = 0;  // of the service, and those that the connection began
 };
 
-// Calls `visit` for every connection shown, in the order of the log, and tells the display how far it is.
+using DetailVisit = std::function<void(const DetailLine&)>;
+
+// Calls `visit` for every connection, in the order of the log, and tells the display how far it is.
 // Connections with errors are passed over where the user does not want errors shown. What fails in a
 // connection goes to the error handler. Charging periods are counted afresh and the connections are left as
 // they were found, so that the lines come out the same however often they are asked for.
-void ForEachDetailLine(const std::function<void(const DetailLine&)>& visit);
+//
+// For exports, pages and charts: a dial that never connected is no connection; a connection has the bytes
+// that were counted for it, and not those of an earlier one in its place; only a call that was answered is
+// free of charge, in all its parts.
+void ForEachConnection(const DetailVisit& visit);
+
+// The same for the Details report, which takes the records as the analysis left them. An answered call costs
+// nothing, and its three parts are those of the connection before.
+void ForEachDetailLine(const DetailVisit& visit);
+
+// A connection with errors that the user does not want to see.
+bool IsPassedOver(const ConnectionRecord& connection);
 
 }  // namespace qel

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/CodePage.h"
 #include "reports/HtmlStyle.h"
 
 namespace qel {
@@ -12,10 +13,12 @@ bool IsControl(char c) { return (static_cast<unsigned char>(c) < ' ' && c != '\t
 
 }  // namespace
 
-std::string HtmlText(std::string_view text) {
+std::string HtmlText(std::string_view text) { return HtmlUtf8(ToCleanUtf8(text)); }
+
+std::string HtmlUtf8(std::string_view utf8) {
   std::string escaped;
-  escaped.reserve(text.size());
-  for (const char c : text) {
+  escaped.reserve(utf8.size());
+  for (const char c : utf8) {
     if (c == '&')
       escaped += "&amp;";
     else if (c == '<')
@@ -48,19 +51,25 @@ HtmlTable::HtmlTable(const std::string& caption, std::vector<HtmlColumn> shown) 
   text += "</tr></thead>\n<tbody>\n";
 }
 
-void HtmlTable::AddRow(const std::vector<std::string>& cells) { text += RowText(cells); }
+void HtmlTable::AddMarkup(const std::vector<std::string>& cells) { text += RowText(cells); }
 
 std::string HtmlTable::Finish(const std::vector<std::string>& totals) {
   text += "</tbody>\n";
-  if (!totals.empty()) text += "<tfoot>\n" + RowText(totals) + "</tfoot>\n";
+  if (!totals.empty()) text += "<tfoot>\n" + RowText(MarkupOf(totals)) + "</tfoot>\n";
   text += "</table></div>\n";
   return std::move(text);
 }
 
-std::string HtmlTable::RowText(const std::vector<std::string>& cells) const {
+std::vector<std::string> HtmlTable::MarkupOf(const std::vector<std::string>& cells) {
+  std::vector<std::string> markup;
+  for (const auto& cell : cells) markup.push_back(HtmlText(cell));
+  return markup;
+}
+
+std::string HtmlTable::RowText(const std::vector<std::string>& markup) const {
   std::string row = "<tr>";
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    const std::string cell = i < cells.size() ? HtmlText(cells[i]) : "";
+    const std::string cell = i < markup.size() ? markup[i] : "";
     const char* const textClass = columns[i].IsText ? " class=\"t\">" : ">";
     row += i == 0 ? std::string("<th scope=\"row\"") + textClass + cell + "</th>"
                   : std::string("<td") + textClass + cell + "</td>";

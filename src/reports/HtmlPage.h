@@ -1,7 +1,7 @@
 // What every page is made of: the frame with its style, text and tables. A page stands alone, asks nothing of
 // the network and runs nothing; its markup is well-formed XML too.
 //
-// Text comes in as Windows-1252; whoever writes the page out turns it into the UTF-8 that the page declares.
+// Text comes in as Windows-1252, and pages and markup are in UTF-8.
 #pragma once
 
 #include <string>
@@ -14,6 +14,9 @@ namespace qel {
 // can hold, becomes the replacement character.
 std::string HtmlText(std::string_view text);
 
+// The same for a text that is UTF-8 already, as file paths are.
+std::string HtmlUtf8(std::string_view utf8);
+
 // The whole page. `title` is text, `body` markup.
 std::string HtmlPage(const std::string& title, const std::string& body);
 
@@ -22,19 +25,21 @@ struct HtmlColumn {
   bool IsText = false;  // stands left; figures stand right
 };
 
-// A table whose first cells head their rows. All that is given is text.
+// A table whose first cells head their rows. All that is given is text, unless it is called markup.
 class HtmlTable {
  public:
   HtmlTable(const std::string& caption, std::vector<HtmlColumn> columns);
 
   // A row may end early; cells that have no column are left out.
-  void AddRow(const std::vector<std::string>& cells);
+  void AddRow(const std::vector<std::string>& cells) { AddMarkup(MarkupOf(cells)); }
+  void AddMarkup(const std::vector<std::string>& cells);
 
   // The whole table, below it the row of totals.
   std::string Finish(const std::vector<std::string>& totals = {});
 
  private:
-  std::string RowText(const std::vector<std::string>& cells) const;
+  static std::vector<std::string> MarkupOf(const std::vector<std::string>& cells);
+  std::string RowText(const std::vector<std::string>& markup) const;
 
   std::vector<HtmlColumn> columns;
   std::string text;

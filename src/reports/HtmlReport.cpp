@@ -10,10 +10,12 @@
 #include "modemlog/DialledNumber.h"
 #include "platform/CodePage.h"
 #include "platform/FormatMask.h"
+#include "platform/TextConversion.h"
 #include "reports/DetailLines.h"
 #include "reports/HtmlPage.h"
 #include "reports/LogFigures.h"
-#include "reports/SummaryReport.h"
+#include "reports/ReportDocument.h"
+#include "reports/UseByService.h"
 #include "reports/UseByTime.h"
 #include "reports/UseFigures.h"
 #include "settings/Settings.h"
@@ -38,10 +40,14 @@ std::string Heading(const std::string& title, const std::string& below) {
          "</header>\n";
 }
 
-std::string ReportHeading(const std::string& title, const ReportDocument& summary) {
-  return Heading(title, Paragraph(summary.RepBegin + " to " + summary.RepEnd + " (" + summary.RepPeriod + ")",
-                                  "period") +
-                            Paragraph("Log: " + PathText(CurrentLogFile)));
+std::string LogName() { return "<p>Log: " + HtmlUtf8(ShownPath(CurrentLogFile)) + "</p>\n"; }
+
+std::string ReportHeading(const std::string& title) {
+  ReportDocument labels;
+  labels.FillLabels(title);
+  return Heading(
+      title, Paragraph(labels.RepBegin + " to " + labels.RepEnd + " (" + labels.RepPeriod + ")", "period") +
+                 LogName());
 }
 
 std::string Warnings() {
@@ -54,33 +60,58 @@ std::string Warnings() {
   return text;
 }
 
-// A grid's row without its leading column.
-bool IsDotted(const ReportRow& row) { return row.SubItems.front().starts_with("...."); }
+std::string TimeText(double seconds) { return FormatTime(static_cast<float>(seconds), false); }
 
-std::string SummaryTable(const ReportDocument& summary) {
+// Kilobytes are summed up as they are shown.
+double Kilobytes(const ServiceUse& use) {
+  return TextToNumber(FormatNumber(static_cast<double>(use.BytesRead) / 1024, "0"));
+}
+
+std::string UseText(const ServiceUse& use, double kilobytes) {
+  if (!ShowBlocks) return FormatNumber(kilobytes, "#,##0") + "K";
+  return std::to_string(use.Blocks) + " (" + TimeText(60.0 * static_cast<double>(use.BlockMinutes)) + ")";
+}
+
+Cells TotalsOf(const UseByService& use) {
+  const ServiceUse totals = use.Totals();
+  double kilobytes = 0;
+  for (const auto& service : use.Services()) kilobytes += Kilobytes(service);
+  return {totals.Service,
+          TimeText(static_cast<double>(totals.Seconds)),
+          std::to_string(totals.Sessions),
+          "",
+          "",
+          UseText(totals, kilobytes),
+          MoneyText(totals.TotalCost)};
+}
+
+std::string SummaryTable(const UseByService& use) {
   std::vector<HtmlColumn> columns = {{"Service", true},   {"Connected time"},
                                      {"Sessions"},        {"Average session"},
                                      {"Average per day"}, {ShowBlocks ? "Blocks" : "Data read"}};
   if (CalcCosts) columns.push_back({"Cost"});
   HtmlTable table("Services", columns);
-  for (std::size_t i = 0; i + 1 < summary.Rows.size(); ++i) {
-    const ReportRow& row = summary.Rows[i];
-    if (!row.SubItems.empty() && !IsDotted(row)) table.AddRow(row.SubItems);
+  for (const auto& service : use.Services()) {
+    const auto seconds = static_cast<double>(service.Seconds);
+    table.AddRow({service.Service, TimeText(seconds), std::to_string(service.Sessions),
+                  TimeText(seconds / static_cast<double>(service.Sessions)), TimeText(seconds / PeriodDays),
+                  UseText(service, Kilobytes(service)), MoneyText(service.TotalCost)});
   }
-  return Section("services", table.Finish(summary.Rows.back().SubItems));
+  return Section("services", table.Finish(TotalsOf(use)));
 }
 
-// The totals as the summary's last row has them.
-std::string KeyFigures(const ReportDocument& summary) {
+std::string KeyFigures(const Cells& totals) {
   const struct {
     std::size_t item;
     const char* name;
-  } figures[] = {
-      {1, "Connected time"}, {2, "Sessions"}, {5, ShowBlocks ? "Blocks" : "Data read"}, {6, "Cost"}};
-  const Cells& totals = summary.Rows.back().SubItems;
+    bool shown;
+  } figures[] = {{1, "Connected time", true},
+                 {2, "Sessions", true},
+                 {5, ShowBlocks ? "Blocks" : "Data read", true},
+                 {6, "Cost", CalcCosts}};
   std::string text = "<dl class=\"figures\">\n";
   for (const auto& figure : figures)
-    if (figure.item < totals.size())
+    if (figure.shown)
       text += std::string("<div><dt>") + figure.name + "</dt><dd>" + HtmlText(totals[figure.item]) +
               "</dd></div>\n";
   return text + "</dl>\n";
@@ -90,27 +121,24 @@ std::string Moment(Date date, Date time) {
   return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat);
 }
 
-// The connections with their parts of cost, which answered calls do not have.
 class ConnectionTable {
  public:
   ConnectionTable() : table("Connections", Columns()) {}
 
   void Add(const DetailLine& line) {
     const ConnectionRecord& c = line.Connection;
-    const double charged = c.Answered ? 0 : 1;
-    const double costs[] = {line.DialCost * charged, line.ServiceCost * charged, line.DataCost * charged,
-                            line.ConnectionCost};
+    const double costs[] = {line.DialCost, line.ServiceCost, line.DataCost, line.ConnectionCost};
     Cells cells = {std::to_string(line.Index), GetServiceName(c.Number), Moment(c.StartDate, c.StartTime),
-                   Moment(c.EndDate, c.EndTime), FormatTime(static_cast<float>(line.Seconds), false)};
+                   Moment(c.EndDate, c.EndTime), TimeText(line.Seconds)};
     AddCosts(cells, costs);
     cells.emplace_back(Trim(TidyNotes(c.Notes)));
     table.AddRow(cells);
-    seconds += static_cast<float>(line.Seconds);
+    seconds += line.Seconds;
     for (std::size_t i = 0; i < std::size(costs); ++i) totals[i] += costs[i];
   }
 
   std::string Finish() {
-    Cells cells = {"TOTALS:", "", "", "", FormatTime(seconds, false)};
+    Cells cells = {"TOTALS:", "", "", "", TimeText(seconds)};
     AddCosts(cells, totals);
     return table.Finish(cells);
   }
@@ -131,27 +159,28 @@ class ConnectionTable {
   }
 
   HtmlTable table;
-  float seconds = 0;  // as the text report sums them up
+  double seconds = 0;
   double totals[4] = {};
 };
 
 std::string ReportPage(const std::string& title, bool withConnections) {
   SetTrace("HtmlReport", "ReportPage");
-  const ReportDocument summary = DisplaySummaryReport();
-  std::string body = ReportHeading(title, summary) + "<main>\n" + Warnings();
-  if (summary.fraNoConn) {
+  UseByService use;
+  UseByTime times(PeriodStart, PeriodEnd);
+  ConnectionTable connections;
+  CurrentDisplay().ShowProgress(true);
+  ForEachConnection([&](const DetailLine& line) {
+    use.Add(line);
+    times.Add(line);
+    if (withConnections) connections.Add(line);
+  });
+  CurrentDisplay().ShowProgress(false);
+  std::string body = ReportHeading(title) + "<main>\n" + Warnings();
+  if (use.Services().empty()) {
     body += Paragraph("No connections were made during this period.");
   } else {
-    UseByTime use(PeriodStart, PeriodEnd);
-    ConnectionTable connections;
-    CurrentDisplay().ShowProgress(true);
-    ForEachDetailLine([&](const DetailLine& line) {
-      use.Add(line);
-      if (withConnections) connections.Add(line);
-    });
-    CurrentDisplay().ShowProgress(false);
-    body +=
-        KeyFigures(summary) + SummaryTable(summary) + CostByService() + UseOverPeriod(use) + UseByHour(use);
+    body += KeyFigures(TotalsOf(use)) + SummaryTable(use) + CostByService(use) + UseOverPeriod(times) +
+            UseByHour(times);
     if (withConnections) body += Section("connections", connections.Finish());
   }
   return HtmlPage("QELMARK - " + title, body + "</main>\n");
@@ -164,10 +193,9 @@ std::string DetailsPage() { return ReportPage("Details Report", true); }
 
 std::string StatisticsPage() {
   HtmlTable table("Statistics", {{"Figure", true}, {"Value", true}});
-  for (const auto& figure : LogFigures()) table.AddRow({figure.Name, figure.Value});
-  return HtmlPage("QELMARK - Log Statistics",
-                  Heading("Log Statistics", Paragraph("Log: " + PathText(CurrentLogFile))) + "<main>\n" +
-                      Section("statistics", table.Finish()) + "</main>\n");
+  for (const auto& figure : LogFigures()) table.AddMarkup({HtmlText(figure.Name), HtmlUtf8(figure.Value)});
+  return HtmlPage("QELMARK - Log Statistics", Heading("Log Statistics", LogName()) + "<main>\n" +
+                                                  Section("statistics", table.Finish()) + "</main>\n");
 }
 
 }  // namespace qel

@@ -1,5 +1,5 @@
 // The reports as pages to look at, print or pass on: the figures of the text reports as tables, and drawn.
-// Text is Windows-1252, as HtmlPage.h tells.
+// All figures are those of the connections, and the pages are in UTF-8, as HtmlPage.h tells.
 #pragma once
 
 #include <string>

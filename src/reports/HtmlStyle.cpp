@@ -55,7 +55,8 @@ tfoot th, tfoot td { border-top: 2px solid var(--strong); border-bottom: 0; font
 .connections table { font-size: .78rem; }
 .connections th:not(:first-child), .connections td:not(:last-child) { padding-right: .35rem; padding-left: .35rem; }
 .statistics table { width: auto; min-width: 24rem; }
-figcaption { margin-top: .25rem; color: var(--quiet); font-size: .85rem; }
+figcaption { margin-bottom: .75rem; color: var(--quiet); font-size: .85rem; }
+figcaption h2 { padding: 0; color: var(--ink); }
 figure svg { display: block; width: 100%; min-width: 40rem; height: auto; }
 figure details { margin-top: .5rem; font-size: .85rem; }
 summary { color: var(--quiet); cursor: pointer; }

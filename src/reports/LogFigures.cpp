@@ -11,12 +11,12 @@ namespace qel {
 
 std::vector<LogFigure> LogFigures() {
   const auto length = FileLength(CurrentLogPath);
-  return {{"Path", PathText(CurrentLogDir)},
-          {"Name", PathText(CurrentLogFile)},
-          {"Length", std::to_string(length) + " Bytes (" + std::to_string(length / 1024) + "KB)"},
-          {"Entries", NumberText(LogEntries)},
-          {"First Entry", FormatDate(FirstEntryDate, "Short Date")},
-          {"Last Entry", FormatDate(LastEntryDate, "Short Date")},
+  return {{"Path", ShownPath(CurrentLogDir)},
+          {"Name", ShownPath(CurrentLogFile)},
+          {"Length", std::to_string(length) + " Bytes (" + std::to_string(Kilobytes(length)) + "KB)"},
+          {"Entries", ToUtf8(NumberText(LogEntries))},
+          {"First Entry", ToUtf8(FormatDate(FirstEntryDate, "Short Date"))},
+          {"Last Entry", ToUtf8(FormatDate(LastEntryDate, "Short Date"))},
           {"Span", std::to_string(DaysBetween(FirstEntryDate, LastEntryDate)) + " Days"}};
 }
 

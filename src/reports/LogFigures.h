@@ -10,7 +10,7 @@ struct LogFigure {
   std::string Name, Value;
 };
 
-// Path, name, length, entries, first and last entry, span. Raises 53 where the log is gone.
+// Path, name, length, entries, first and last entry, span, in UTF-8. Raises 53 where the log is gone.
 std::vector<LogFigure> LogFigures();
 
 }  // namespace qel

@@ -8,7 +8,6 @@
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/CurrencyFormat.h"
-#include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
 #include "modemlog/LogStatistics.h"
@@ -16,7 +15,7 @@
 #include "platform/Files.h"
 #include "platform/FormatMask.h"
 #include "reports/DetailLines.h"
-#include "reports/SummaryReport.h"
+#include "reports/UseByService.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -50,7 +49,10 @@ std::string PlainNumber(double number) {
 
 std::string Joined(const Words& words, const char* divider) {
   std::string text;
-  for (const auto& word : words) text += (text.empty() ? "" : divider) + word;
+  for (const auto& word : words) {
+    if (&word != words.data()) text += divider;
+    text += word;
+  }
   return text;
 }
 
@@ -99,13 +101,11 @@ struct JsonValue {
 // A record as one line of CSV or one object of JSON.
 std::string RecordText(const Record& record, ExportFormat format) {
   const bool csv = format == ExportFormat::Csv;
-  std::string text;
-  for (const auto& field : record) {
-    if (!text.empty()) text += csv ? "," : ", ";
-    text += csv ? std::visit(CsvValue(), field.Value)
-                : JsonText(field.Name) + ": " + std::visit(JsonValue(), field.Value);
-  }
-  return csv ? text + "\r\n" : "{" + text + "}";
+  Words fields;
+  for (const auto& field : record)
+    fields.push_back(csv ? std::visit(CsvValue(), field.Value)
+                         : JsonText(field.Name) + ": " + std::visit(JsonValue(), field.Value));
+  return csv ? Joined(fields, ",") + "\r\n" : "{" + Joined(fields, ", ") + "}";
 }
 
 std::string CsvNames(const Record& record) {
@@ -127,7 +127,7 @@ class ReportWriter {
     text = std::string("{\n  \"report\": ") + JsonText(report) +
            ",\n  \"from\": " + JsonText(IsoDate(PeriodStart)) +
            ",\n  \"to\": " + JsonText(IsoDate(PeriodEnd)) + ",\n  \"days\": " + std::to_string(PeriodDays) +
-           ",\n  \"currency\": " + JsonText(CurrencySymbol) +
+           ",\n  \"currency\": " + JsonText(ToCleanUtf8(CurrencySymbol)) +
            ",\n  \"errors_found\": " + (LogErrorsFound ? "true" : "false") +
            ",\n  \"complete\": " + (ConnectionsExceeded ? "false" : "true") + ",\n  " + JsonText(records) +
            ": [";
@@ -150,19 +150,18 @@ class ReportWriter {
   bool first = true;
 };
 
-Record SummaryRecord(const ServiceTotal& total) {
-  const double charged = CalcCosts && !IsAnswered(total) ? 1 : 0;
-  return {{"service", GetServiceName(total.Number)},
-          {"number", total.Number},
-          {"sessions", long{total.Connections}},
-          {"seconds", long{total.Seconds}},
-          {"bytes_read", long{total.BytesRead}},
-          {"blocks", long{total.Blocks}},
-          {"free_seconds", long{total.FreeSeconds}},
-          {"dialup_cost", total.DialCost * charged},
-          {"service_cost", total.ServiceCost * charged},
-          {"data_cost", (total.TotalCost - total.DialCost - total.ServiceCost) * charged},
-          {"total_cost", total.TotalCost * charged}};
+Record SummaryRecord(const ServiceUse& use) {
+  return {{"service", ToCleanUtf8(use.Service)},
+          {"number", ToCleanUtf8(use.Number)},
+          {"sessions", use.Sessions},
+          {"seconds", use.Seconds},
+          {"bytes_read", use.BytesRead},
+          {"blocks", use.Blocks},
+          {"free_seconds", use.FreeSeconds},
+          {"dialup_cost", use.DialCost},
+          {"service_cost", use.ServiceCost},
+          {"data_cost", use.DataCost},
+          {"total_cost", use.TotalCost}};
 }
 
 Words FlagsOf(const ConnectionRecord& connection) {
@@ -183,19 +182,18 @@ Words FlagsOf(const ConnectionRecord& connection) {
 
 Record DetailRecord(const DetailLine& line) {
   const ConnectionRecord& c = line.Connection;
-  const double charged = c.Answered ? 0 : 1;
   return {{"start", IsoMoment(c.StartDate, c.StartTime)},
           {"end", IsoMoment(c.EndDate, c.EndTime)},
-          {"number", c.Number},
-          {"service", GetServiceName(c.Number)},
+          {"number", ToCleanUtf8(c.Number)},
+          {"service", ToCleanUtf8(GetServiceName(c.Number))},
           {"seconds", long{line.Seconds}},
           {"bytes_read", long{c.BytesRead}},
           {"bytes_written", long{c.BytesWritten}},
-          {"dialup_cost", line.DialCost * charged},
-          {"service_cost", line.ServiceCost * charged},
-          {"data_cost", line.DataCost * charged},
+          {"dialup_cost", line.DialCost},
+          {"service_cost", line.ServiceCost},
+          {"data_cost", line.DataCost},
           {"total_cost", line.ConnectionCost},
-          {"notes", std::string(Trim(TidyNotes(c.Notes)))},
+          {"notes", ToCleanUtf8(Trim(TidyNotes(c.Notes)))},
           {"flags", FlagsOf(c)}};
 }
 
@@ -204,14 +202,15 @@ Record DetailRecord(const DetailLine& line) {
 std::string IsoDate(Date date) { return FormatDate(date, "yyyy\\-mm\\-dd"); }
 
 std::string ExportSummary(ExportFormat format) {
-  ReportWriter writer(format, "summary", "services", SummaryRecord(ServiceTotal()));
-  for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot)
-    Attempt([&] { writer.Add(SummaryRecord(ServiceTotals[slot])); });
+  UseByService use;
+  ForEachConnection([&use](const DetailLine& line) { use.Add(line); });
+  ReportWriter writer(format, "summary", "services", SummaryRecord(ServiceUse()));
+  for (const auto& service : use.Services()) writer.Add(SummaryRecord(service));
   return writer.Finish();
 }
 
 std::string ExportStatistics(ExportFormat format) {
-  const Record record = {{"path", PathText(CurrentLogPath)},
+  const Record record = {{"path", ShownPath(CurrentLogPath)},
                          {"length", static_cast<long>(FileLength(CurrentLogPath))},
                          {"entries", double{LogEntries}},
                          {"first_entry", IsoDate(FirstEntryDate)},
@@ -224,7 +223,7 @@ std::string ExportStatistics(ExportFormat format) {
 std::string ExportDetails(ExportFormat format) {
   ReportWriter writer(format, "details", "connections",
                       DetailRecord({ConnectionRecord(), 0, false, 0, 0, 0, 0, 0}));
-  ForEachDetailLine([&](const DetailLine& line) { writer.Add(DetailRecord(line)); });
+  ForEachConnection([&](const DetailLine& line) { writer.Add(DetailRecord(line)); });
   return writer.Finish();
 }
 

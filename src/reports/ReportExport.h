@@ -1,6 +1,5 @@
 // The reports' figures for other programs: CSV by RFC 4180 and JSON by RFC 8259, with plain numbers and ISO
-// dates. Text is Windows-1252 like everything inside the program; the face that writes it out turns it into
-// UTF-8.
+// dates, in UTF-8. Both reports are made from the connections, so that their figures agree with each other.
 //
 // Money is given to the sixth decimal. Answered calls cost nothing in all their parts.
 #pragma once
@@ -16,7 +15,7 @@ enum class ExportFormat { Csv, Json };
 // "1998-10-05"
 std::string IsoDate(Date date);
 
-// One record for each service: name, number, sessions, time, bytes, blocks, costs.
+// One record for each service that had a connection: name, number, sessions, time, bytes, blocks, costs.
 std::string ExportSummary(ExportFormat format);
 
 // One record for each connection: start, end, number, service, seconds inside the period, bytes read and

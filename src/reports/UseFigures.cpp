@@ -6,11 +6,9 @@
 
 #include "core/CurrencyFormat.h"
 #include "core/GeneralFunctions.h"
-#include "modemlog/DialledNumber.h"
 #include "platform/FormatMask.h"
 #include "reports/HtmlCharts.h"
 #include "reports/HtmlPage.h"
-#include "reports/SummaryReport.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -52,8 +50,8 @@ std::vector<ChartTick> TicksOf(const UseByTime& use) {
 
 std::string Figure(const std::string& heading, const std::string& chart, const std::string& caption,
                    const std::string& table) {
-  return "<figure>\n<h2>" + HtmlText(heading) + "</h2>\n<div class=\"wide\">" + chart +
-         "</div>\n<figcaption>" + HtmlText(caption) + "</figcaption>\n<details><summary>Figures</summary>\n" +
+  return "<figure>\n<figcaption><h2>" + HtmlText(heading) + "</h2>" + HtmlText(caption) +
+         "</figcaption>\n<div class=\"wide\">" + chart + "</div>\n<details><summary>Figures</summary>\n" +
          table + "</details>\n</figure>\n";
 }
 
@@ -75,50 +73,23 @@ std::string PeakWords(const ChartPanel& panel) {
   return panel.Title + ", at most " + panel.Words[static_cast<std::size_t>(peak)] + ".";
 }
 
-struct ServiceCosts {
-  std::string Name;
-  std::vector<double> Parts;  // dial-up, service, data
-  double Total;
-};
-
-std::vector<ServiceCosts> CostsShown() {
-  std::vector<ServiceCosts> costs;
-  for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot) {
-    const ServiceTotal& total = ServiceTotals[slot];
-    if (total.Seconds <= 0) continue;  // the summary shows no cost there
-    const double charged = IsAnswered(total) ? 0 : 1;
-    const double data = total.TotalCost - total.DialCost - total.ServiceCost;
-    costs.push_back({GetServiceName(total.Number),
-                     {total.DialCost * charged, total.ServiceCost * charged, data * charged},
-                     ShownCost(total)});
-  }
-  return costs;
+std::vector<std::string> CellsOf(const ServiceUse& use) {
+  return {use.Service, MoneyText(use.DialCost), MoneyText(use.ServiceCost), MoneyText(use.DataCost),
+          MoneyText(use.TotalCost)};
 }
 
-std::vector<std::string> CellsOf(const ServiceCosts& costs) {
-  std::vector<std::string> cells = {costs.Name};
-  for (const double part : costs.Parts) cells.push_back(MoneyText(part));
-  cells.push_back(MoneyText(costs.Total));
-  return cells;
-}
-
-std::string CostTable(const std::vector<ServiceCosts>& costs) {
+std::string CostTable(const UseByService& use) {
   HtmlTable table("Cost by service", {{"Service", true}, {"Dial-up"}, {"Service"}, {"Data"}, {"Total"}});
-  ServiceCosts totals{"TOTALS:", {0, 0, 0}, 0};
-  for (const auto& service : costs) {
-    table.AddRow(CellsOf(service));
-    for (std::size_t i = 0; i < totals.Parts.size(); ++i) totals.Parts[i] += service.Parts[i];
-    totals.Total += service.Total;
-  }
-  return table.Finish(CellsOf(totals));
+  for (const auto& service : use.Services()) table.AddRow(CellsOf(service));
+  return table.Finish(CellsOf(use.Totals()));
 }
 
 // The dearest first, no more than a chart has room for.
-std::vector<ServiceCosts> Dearest(std::vector<ServiceCosts> costs) {
-  std::stable_sort(costs.begin(), costs.end(),
-                   [](const auto& a, const auto& b) { return a.Total > b.Total; });
-  if (costs.size() > MostStacks) costs.erase(costs.begin() + MostStacks, costs.end());
-  return costs;
+std::vector<ServiceUse> Dearest(std::vector<ServiceUse> services) {
+  std::stable_sort(services.begin(), services.end(),
+                   [](const auto& a, const auto& b) { return a.TotalCost > b.TotalCost; });
+  if (services.size() > MostStacks) services.erase(services.begin() + MostStacks, services.end());
+  return services;
 }
 
 }  // namespace
@@ -147,7 +118,8 @@ std::string UseOverPeriod(const UseByTime& use) {
   if (CalcCosts) caption += " Cost counts on the day on which the connection began.";
   ChartTexts texts{words.Title, ""};
   for (const auto& panel : panels) texts.Description += PeakWords(panel) + " ";
-  return Figure(words.Title, BarChart(texts, panels, TicksOf(use)), caption, table.Finish());
+  return Figure(words.Title, BarChart(texts, panels, TicksOf(use)), caption,
+                table.Finish({"TOTALS:", TimeText(Sum(seconds)), MoneyText(Sum(costs))}));
 }
 
 std::string UseByHour(const UseByTime& use) {
@@ -163,29 +135,30 @@ std::string UseByHour(const UseByTime& use) {
   }
   const ChartPanel panel = PanelOf("Connected time", "time", seconds, names, TimeScale, TimeText);
   return Figure("By hour of the day", BarChart({"By hour of the day", PeakWords(panel)}, {panel}, ticks),
-                "Time counts in the hours in which it passed, over the whole period.", table.Finish());
+                "Time counts in the hours in which it passed, over the whole period.",
+                table.Finish({"TOTALS:", TimeText(Sum(seconds))}));
 }
 
-std::string CostByService() {
+std::string CostByService(const UseByService& use) {
   if (!CalcCosts) return "";
-  const std::vector<ServiceCosts> costs = CostsShown();
-  const std::vector<ServiceCosts> drawn = Dearest(costs);
-  if (drawn.empty() || !(drawn.front().Total > 0)) return "";
+  const std::vector<ServiceUse> drawn = Dearest(use.Services());
+  if (drawn.empty() || !(drawn.front().TotalCost > 0)) return "";
   const std::vector<StackPart> parts = {{"Dial-up", "dialup"}, {"Service", "service"}, {"Data", "data"}};
   std::vector<Stack> stacks;
   double widest = 0;
   for (const auto& service : drawn) {
-    stacks.push_back({service.Name, service.Parts, MoneyText(service.Total)});
-    widest = std::max(widest, Sum(service.Parts));
+    const std::vector<double> costs = {service.DialCost, service.ServiceCost, service.DataCost};
+    stacks.push_back({service.Service, costs, MoneyText(service.TotalCost)});
+    widest = std::max(widest, Sum(costs));
   }
   const ChartTexts texts{"Cost by service",
-                         "The dearest is " + drawn.front().Name + " at " + stacks.front().Total + "."};
+                         "The dearest is " + drawn.front().Service + " at " + stacks.front().Total + "."};
   std::string caption = "Each bar is divided into dial-up, service and data, in this order.";
-  if (drawn.size() < costs.size())
+  if (drawn.size() < use.Services().size())
     caption += " Drawn are the " + std::to_string(drawn.size()) + " dearest of " +
-               std::to_string(costs.size()) + "; the figures tell of all.";
+               std::to_string(use.Services().size()) + "; the figures tell of all.";
   return Figure("Cost by service", StackedBars(texts, parts, stacks, MoneyScale(widest)), caption,
-                CostTable(costs));
+                CostTable(use));
 }
 
 }  // namespace qel

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "reports/UseByService.h"
 #include "reports/UseByTime.h"
 
 namespace qel {
@@ -13,7 +14,6 @@ namespace qel {
 std::string UseOverPeriod(const UseByTime& use);
 std::string UseByHour(const UseByTime& use);
 
-// By the slots of the latest analysis that the Summary shows.
-std::string CostByService();
+std::string CostByService(const UseByService& use);
 
 }  // namespace qel

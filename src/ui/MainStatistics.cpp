@@ -44,7 +44,7 @@ void frmMain::SetStatDisplay() {
   if (LogCorrupt || LogInvalid) return;
   Attempt([this] {
     LabelLogLength2.Caption =
-        NumberText(LogLength) + " Bytes (" + NumberText(Int16(LogLength / 1024.0)) + "KB)";
+        NumberText(LogLength) + " Bytes (" + NumberText(Int16(Kilobytes(LogLength))) + "KB)";
   });
   LabelLogEntries2.Caption = NumberText(LogEntries);
   if (found && !LogEmpty) SetDateStatistics();

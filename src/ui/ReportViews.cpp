@@ -8,6 +8,7 @@
 #include "platform/Host.h"
 #include "platform/TextConversion.h"
 #include "reports/DetailReport.h"
+#include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
 #include "ui/frmReport.h"
 
@@ -132,6 +133,7 @@ void frmReport::BuildReport(const Kind& kind) {
   const Building now(building);
   Attempt([&] {
     ShowDocument(kind.Build());
+    ShowDifferences(kind);
     // Also while the list is hidden: StoreSettings reads it back all the same.
     ApplyListSettings(kind);
   });
@@ -157,6 +159,22 @@ void frmReport::ShowDocument(ReportDocument document) {
   ListView1.SetRows(ListRows(std::exchange(Report.Rows, {})));
   ListView1.SelectRow(Report.SelectedRow);
   content = Content::Analysis;
+}
+
+// As many services as a window has room for; the tool tip tells of all.
+void frmReport::ShowDifferences(const Kind& kind) {
+  constexpr std::size_t mostLines = 4;
+  const std::vector<std::string> lines =
+      &kind == &Summary ? SummaryDifferences() : std::vector<std::string>();
+  std::string shown, all;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    all += (i > 0 ? "\n" : "") + lines[i];
+    if (i < mostLines) shown = all;
+  }
+  if (lines.size() > mostLines) shown += "\n(and " + std::to_string(lines.size() - mostLines) + " more)";
+  RepDifference.Caption = shown;
+  RepDifference.ToolTipText = all;
+  RepDifference.Visible = !lines.empty();
 }
 
 void frmReport::ShowProgress(bool visible) {

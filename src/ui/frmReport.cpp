@@ -33,7 +33,7 @@ frmReport::frmReport() : Form("frmReport") {
   ListView1.Font = {"Arial", 9};
   ReportTextBox.Font = {"Courier New", 10};
   ReportTextBox.Locked = true;
-  ProgressBar1.Visible = false;
+  ProgressBar1.Visible = RepDifference.Visible = false;
   StatusBar1.SetPanelCount(3);
   ConnectMenus();
   Toolbar1.ButtonClick = [this](const std::string& key) { Toolbar1_ButtonClick(key); };
@@ -139,6 +139,7 @@ void frmReport::OpenReport(const std::string& path) {
   ReportTextBox.Text = Report.ReportText;
   ReportTextBox.Select(0, 0);
   ListView1.Clear();
+  RepDifference.Visible = false;
   ShowFormat(false);
   EnableAnalysis(false);
   StatusUpdate();

@@ -71,6 +71,7 @@ class frmReport : public Form, private Display {
   Label RepBegin{*this, "RepBegin"};
   Label RepEnd{*this, "RepEnd"};
   Label RepPeriod{*this, "RepPeriod"};
+  Label RepDifference{*this, "RepDifference"};  // where the Summary differs from the connections
   Frame fraNoConn{*this, "fraNoConn"};
   Label RepWarnNoCon1{*this, "RepWarnNoCon1"};
   Frame fraWarning{*this, "fraWarning"};
@@ -129,6 +130,7 @@ class frmReport : public Form, private Display {
   void ShowFormat(bool list);
   void BuildReport(const Kind& kind);
   void ShowDocument(ReportDocument document);
+  void ShowDifferences(const Kind& kind);
   void ApplySettings(const Kind& kind);
   void ApplyListSettings(const Kind& kind);
   void EnableNumberColumn(bool enabled);

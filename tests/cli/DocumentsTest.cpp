@@ -43,6 +43,12 @@ Texts Names() {
   return names;
 }
 
+// The shells propose the short form of help behind the long one.
+Texts WithShort(Texts names) {
+  names.insert(std::find(names.begin(), names.end(), "--help") + 1, "-h");
+  return names;
+}
+
 // "--log" for every "log" that stands behind a mark.
 Texts NamesBehind(const std::string& mark, const std::string& text) {
   Texts names;
@@ -92,6 +98,18 @@ TEST_F(Documents, TheReadmeHasAllOptionsAndItsExamplesRun) {
   EXPECT_EQ(InBrackets(usage), Options());
 }
 
+TEST_F(Documents, AllOfThemTellTheShortFormOfHelp) {
+  EXPECT_EQ(Run("-h").out, HelpText());
+  EXPECT_EQ(Completed("-h"), Texts{"-h"});
+  const std::pair<const char*, const char*> places[] = {
+      {"source/README.md", "`-h`"},
+      {"share/man/qelreport.1", "\n.Fl h\n"},
+      {"share/completions/qelreport.zsh", "'-h["},
+      {"share/completions/qelreport.fish", "-s h -l help "}};
+  for (const auto& [document, words] : places)
+    EXPECT_NE(folder.Content(document).find(words), std::string::npos) << document;
+}
+
 TEST_F(Documents, TheManualPageHasAllOptionsAndItsExamplesRun) {
   folder.Put("ModemLog.txt", folder.Content("share/samples/ModemLog.txt"));
   folder.Put("QEL.reg", folder.Content("share/samples/QEL.reg"));
@@ -119,7 +137,7 @@ TEST_F(Documents, BashCompletesOptionsAndTheirValues) {
     const Texts words = Words(option);
     const std::string value = words.size() > 1 ? words[1] : "";
     Texts expected;
-    if (value.empty()) expected = Names();
+    if (value.empty()) expected = WithShort(Names());
     if (value == "FILE") expected = {"complete", "err", "home", "log", "out", "share", "source", "week.reg"};
     if (value == "FILE.reg") expected = {"home", "share", "source", "week.reg"};
     if (value.find('|') != std::string::npos) expected = Parts(value, '|');

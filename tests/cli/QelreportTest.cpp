@@ -19,6 +19,9 @@ TEST_F(Qelreport, SaysInOneLineWhyThereIsNoReport) {
   folder.Put("empty", "");
   folder.Put("undated", Entry("a") + "\r\nno date\r\n" + Entry("b"));
   folder.Put("time", Entry("a") + "03-01-1999 1x:00:00.00 - Connection established\r\n");
+  const std::string reads = Entry("Reads : 2000000000 bytes");
+  folder.Put("sum", Entry("Recv: ATDT1<cr>") + Entry("Connection established") +
+                        Entry("Hanging up the modem") + reads + reads);
   folder.Put("corrupt", Entry("a\xE9") + Entry("b"));
   PutSettings("corrupt.reg", "\"ModemLogDir\"=\"./\"\r\n\"ModemLogFile\"=\"corrupt\"");
   for (const auto& [status, arguments, line] : Cases<3>("cli/Refusals")) {
@@ -121,7 +124,8 @@ TEST_F(Qelreport, TellsOfLimitsThatWereReached) {
   EXPECT_NE(none.err.find("Exceeded Maximum Number of Services."), std::string::npos) << none.err;
 }
 
-TEST_F(Qelreport, MovesThePeriodIntoTheLog) {
+TEST_F(Qelreport, MovesThePeriodIntoTheLogAndSaysSo) {
+  folder.Put("back", "03-09-1999 10:00:00.00 - a\r\n" + Entry("b"));  // a clock that was set back
   for (const auto& [arguments, from, to, line] : Cases("cli/Periods")) {
     const Result run = Run("--log log --format json " + arguments);
     const std::string period = "\"from\": \"" + from + "\",\n  \"to\": \"" + to + "\"";
@@ -133,12 +137,19 @@ TEST_F(Qelreport, MovesThePeriodIntoTheLog) {
 }
 
 TEST_F(Qelreport, PrintsStatisticsHelpAndVersion) {
-  folder.Put("small", Entry("a") + "\r\n" + Entry("b"));  // 28 + 2 + 28 bytes
-  EXPECT_EQ(Run("--log small --stats --format json").out,
-            "{\"path\": \"small\", \"length\": 58, \"entries\": 2, \"first_entry\": \"1999-03-01\", "
-            "\"last_entry\": \"1999-03-01\", \"span_days\": 0}\n");
-  EXPECT_NE(Run("--log small --stats --format html").out.find("<td class=\"t\">58 Bytes (0KB)</td>"),
+  const std::string name = "\xC5\x82\xE2\x82\xAC\xE6\x97\xA5";  // a letter, the euro and a character of Japan
+  folder.Put(name, Entry("a") + Entry("b") + std::string(1736, '\n'));  // 2 x 28 bytes, and those
+  const std::string stats = "--log " + name + " --stats --format ";
+  EXPECT_EQ(Run(stats + "json").out,
+            "{\"path\": \"" + name +
+                "\", \"length\": 1792, \"entries\": 2, \"first_entry\": \"1999-03-01\", "
+                "\"last_entry\": \"1999-03-01\", \"span_days\": 0}\n");
+  EXPECT_NE(Run(stats + "csv").out.find("\r\n" + name + ",1792,2,"), std::string::npos);
+  EXPECT_NE(Run(stats + "text").out.find("Name: " + name + "\r\nLength: 1792 Bytes (2KB)\r\n"),
             std::string::npos);
+  const std::string page = Run(stats + "html").out;
+  EXPECT_NE(page.find("<td class=\"t\">1792 Bytes (2KB)</td>"), std::string::npos);
+  EXPECT_NE(page.find("<p>Log: " + name + "</p>"), std::string::npos);
   EXPECT_TRUE(Run("--help").out.starts_with(UsageText()));
   EXPECT_EQ(Run("--version").out, "qelreport 1.0.0\n");
 }

@@ -78,6 +78,8 @@ TEST_F(HtmlReport, PagesAreWellFormedAndStandAlone) {
     Analyse();
     for (const std::string& page : {SummaryPage(), DetailsPage(), StatisticsPage()}) {
       EXPECT_EQ(Wellformedness().FaultOf(page), "") << variant;
+      for (auto at = page.find("<figure>"); at != std::string::npos; at = page.find("<figure>", at + 1))
+        EXPECT_EQ(page.substr(at + 9, 12), "<figcaption>") << "a caption comes first or last";
       for (const char* foreign : {"http", "<script", "@import", "src=", "href="})
         EXPECT_FALSE(Holds(page, foreign)) << variant << ", " << foreign;
     }

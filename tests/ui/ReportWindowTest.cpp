@@ -123,6 +123,27 @@ TEST_F(ReportWindow, ColumnsWithAnAsteriskSwitchBetweenDataAndBlocks) {
   }
 }
 
+TEST_F(ReportWindow, SaysWhereTheSummaryDiffersFromItsConnections) {
+  AddService("Beta", "777", "");
+  AddService("Alpha", "555", "777");
+  std::string log;
+  for (const char* call : {"Recv: ATDT555<cr>", "Recv: ATDT777<cr>"})
+    for (const char* line : {call, "Connection established", "Hanging up the modem"})
+      log += std::string("03-01-1999 09:00:00.00 - ") + line + "\r\n";
+  OpenLog(log);
+  frmReport& form = ShowFresh();
+  for (const auto& [button, shown] :
+       {std::pair{"Standard", true}, {"Detail", false}, {"List View", false}, {"Summary", true}}) {
+    form.Toolbar1.UserButtonClick(button);
+    EXPECT_EQ(form.RepDifference.Visible(), shown) << button;
+  }
+  EXPECT_EQ(form.RepDifference.Caption(),
+            "The Summary puts calls under other services than the Details do:\n"
+            "Alpha: 1 session more; calls to 777 of Beta are counted here.\n"
+            "Beta: 1 session less; its calls to 777 are counted under Alpha, which has that number too.");
+  EXPECT_FALSE(OpenOld().RepDifference.Visible());
+}
+
 TEST_F(ReportWindow, NumbersAreShownInTheDetailsListAlone) {
   frmReport& form = ShowFresh();
   std::string widths;
