@@ -6,6 +6,7 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/DateConversion.h"
 #include "platform/Host.h"
+#include "ui/DateField.h"
 #include "ui/HelpContexts.h"
 
 namespace qel {
@@ -24,7 +25,7 @@ frmPurge::frmPurge() : Form("frmPurge") {
 
 void frmPurge::Form_Load() {
   LogChanged = false;
-  for (Field& field : fields) field.Input.Mask = DateMask;
+  for (Field& field : fields) MakeDateField(field.Input);
   optPurge[0].Value = true;
 }
 

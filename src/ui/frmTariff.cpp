@@ -53,7 +53,11 @@ void frmTariff::ConnectFields() {
     ChargeIntervalRule();
     CheckOKBtn();
   };
-  // The defaults of a new tariff are there to be typed over.
+  // The defaults of a new tariff are there to be typed over, and nothing else.
+  for (TextBox* field :
+       {&txtDialTimeTariffDialRate, &txtDialTimeTariffMinuteRate, &txtDialTimeTariffAfterMins,
+        &txtDialTimeTariffAfterSecs, &txtDialTimeTariffUnitMins, &txtDialTimeTariffUnitSecs})
+    field->SelectsOnTab = false;
   for (TextBox* field : {&txtDialTimeTariffDialRate, &txtDialTimeTariffMinuteRate,
                          &txtDialTimeTariffAfterMins, &txtDialTimeTariffAfterSecs})
     field->GotFocus = [field] {
@@ -63,6 +67,7 @@ void frmTariff::ConnectFields() {
 
 void frmTariff::ConnectLists() {
   const auto check = [this] { CheckOKBtn(); };
+  lstDialTimeTariffDescrip.SelectsOnTab = false;
   lstDialTimeTariffDescrip.Change = check;
   lstDialTimeTariffDescrip.Click = lstDialTimeTariffDescrip.LostFocus = check;
   lstDialTimeTariffDescrip.GotFocus = [this] { lstDialTimeTariffDescrip.TextSelected = NewTariff; };
