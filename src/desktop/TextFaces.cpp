@@ -196,9 +196,11 @@ class LineFace : public ControlFace {
     const std::string before = FromQt(WantedText());
     const std::string now = FromQt(line.text());
     const auto cursor = std::min(static_cast<std::size_t>(line.cursorPosition()), now.size());
+    const bool knowsSelection = model.HasFocus();  // a text may be dropped on a field that was left alone
     Tell([&] {
       model.SetFocus();
-      if (model.HasFocus() && !model.Locked) Replace(before, now, cursor);
+      if (!model.HasFocus() || model.Locked) return;
+      knowsSelection ? Replace(before, now, cursor) : ReplaceDifference(before, now, cursor);
     });
     takingEdit = false;
     Refresh();

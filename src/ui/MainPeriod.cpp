@@ -167,12 +167,14 @@ void frmMain::DateField_LostFocus(DateField field) {
 }
 
 void frmMain::Calendar1_Click() {
+  SetTrace("frmMain", "Calendar1_Click");
   SetActiveField(Calendar1.Value);
   InputOf(CurrentDateField).SetFocus();
 }
 
 // The field of a spinner is the active one from then on; entering it brings the calendar to its date.
 void frmMain::StepDay(DateField field, int days) {
+  SetTrace("frmMain", "StepDay");
   InputOf(field).SetFocus();
   if (CurrentDateField != field) return;  // the other field holds the focus
   Calendar1.Value = Calendar1.Value + days;
@@ -190,6 +192,7 @@ MaskedEdit& frmMain::InputOf(DateField field) {
 }
 
 void frmMain::mnuDefaultDate_Click() {
+  SetTrace("frmMain", "mnuDefaultDate_Click");
   const Answer answer = MsgBox({"Are you sure you want to set the default report\nstart date to " +
                                     FormatDate(PeriodStart, "Short Date") + "?",
                                 "Default Report Start Date", Icon::Question, Buttons::OKCancel});
@@ -200,6 +203,7 @@ void frmMain::mnuDefaultDate_Click() {
 }
 
 void frmMain::btnProcess_Click() {
+  SetTrace("frmMain", "btnProcess_Click");
   btnProcess.Enabled = false;
   TellCorrupt();
   const bool knownCorrupt = LogCorrupt;

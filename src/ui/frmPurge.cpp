@@ -24,6 +24,7 @@ frmPurge::frmPurge() : Form("frmPurge") {
 }
 
 void frmPurge::Form_Load() {
+  SetTrace("frmPurge", "Form_Load");
   LogChanged = false;
   for (Field& field : fields) MakeDateField(field.Input);
   optPurge[0].Value = true;
@@ -99,6 +100,7 @@ bool frmPurge::ProceedWithPurge() const {
 }
 
 void frmPurge::btnOK_Click() {
+  SetTrace("frmPurge", "btnOK_Click");
   Hide();
   if (ProceedWithPurge()) {
     DoPurge(PurgeFrom, PurgeTo);

@@ -212,6 +212,7 @@ void frmTariff::ChargeIntervalRule() {
 }
 
 void frmTariff::CheckOKBtn() {
+  SetTrace("frmTariff", "CheckOKBtn");
   lblOKNotice.Caption = Missing();
   btnOK.Enabled = lblOKNotice.Caption().empty();
 }

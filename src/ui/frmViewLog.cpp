@@ -107,6 +107,7 @@ void frmViewLog::ShowTextFile() {
 
 // False where the file was not read; the window then stays empty.
 bool frmViewLog::OpenLogFile(const std::string& path) {
+  SetTrace("frmViewLog", "OpenLogFile");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   loading = true;
   const bool read = Attempt([&] {
@@ -127,6 +128,7 @@ bool frmViewLog::OpenLogFile(const std::string& path) {
 }
 
 bool frmViewLog::SaveLogFile(const std::string& path) {
+  SetTrace("frmViewLog", "SaveLogFile");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   const bool saved = Attempt([&] {
     ReplaceFile(path, TextViewLog.Text() + NewLine);
@@ -230,6 +232,7 @@ void frmViewLog::mnuSaveArchive_Click() {
 void frmViewLog::mnuCopy_Click() { CurrentHost().SetClipboardText(TextViewLog.SelText()); }
 
 void frmViewLog::mnuFont_Click() {
+  SetTrace("frmViewLog", "mnuFont_Click");
   const auto font = CurrentHost().AskFont(TextViewLog.Font);
   if (!font) return;
   TextViewLog.Font = *font;

@@ -1,9 +1,11 @@
 #include <QAction>
 #include <QCalendarWidget>
+#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QStackedWidget>
 #include <QTableView>
@@ -127,6 +129,14 @@ TEST_F(Binding, AMaskLeadsTheUserAndLetsOtherTextsShow) {
   EXPECT_EQ(line.text(), "_5/Oct/199_");
   Click(line);
   EXPECT_FALSE(line.hasSelectedText()) << "a click inside";
+  form.txtName.SetFocus();
+  QMimeData dropped;
+  dropped.setText("07/Jan/1999");
+  QDragEnterEvent enter({1, 1}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+  QApplication::sendEvent(&line, &enter);
+  QDropEvent drop({1, 1}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+  QApplication::sendEvent(&line, &drop);
+  EXPECT_EQ(form.inputStarting.Text(), "07/Jan/1999");
   form.inputStarting.Text = "5 October";
   EXPECT_EQ(line.text(), "5 October");
   QTest::keyClicks(&line, "1");
