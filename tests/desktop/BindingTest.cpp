@@ -171,6 +171,8 @@ TEST_F(Binding, TensOfThousandsOfRowsAreShownAndScrolledAtOnce) {
   EXPECT_EQ(form.ListView1.SelectedRow(), 20001);
   view.header()->resizeSection(1, 80);
   EXPECT_EQ(form.ListView1.Columns()[1].Width, 80 * TwipsPerPixel);
+  for (const int role : {Qt::DisplayRole, Qt::DecorationRole, Qt::TextAlignmentRole})
+    EXPECT_FALSE(view.model()->data({}, role).isValid()) << "of no cell";
   form.ListView1.Clear();
   view.grab();  // before the view knows
   Settle();
