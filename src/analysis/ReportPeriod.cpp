@@ -82,8 +82,10 @@ void PeriodFields::inputEnding_Change() {
   if (PeriodEnd < PeriodStart) SetStarting(ending);
 }
 
+bool PeriodIsSet() { return StartingChanged && EndingChanged && (LogExists || ArchiveOpen); }
+
 bool checkProcess() {
-  if (!StartingChanged || !EndingChanged || !(LogExists || ArchiveOpen)) return false;
+  if (!PeriodIsSet()) return false;
   PeriodDays = Int16(DaysBetween(PeriodStart, PeriodEnd)) + 1;
   return true;
 }

@@ -56,7 +56,9 @@ class PeriodFields {
   std::string starting, ending;
 };
 
-// Whether a report can be made; counts PeriodDays when it can. Raises 6 for a period of 32768 days or more.
+// Whether a report can be made.
+bool PeriodIsSet();
+// The same; counts PeriodDays when it can. Raises 6 for a period of 32768 days or more.
 bool checkProcess();
 
 void ResetReportPeriod();

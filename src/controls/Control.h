@@ -62,7 +62,7 @@ class Control {
   Property<std::string> Refusal{Shown()};
   int HelpContextID = 0;
   // Whether a click brings the focus along. A field that keeps the focus keeps such clicks from happening;
-  // Cancel buttons are to work all the same.
+  // Cancel buttons, and what helps to complete that very field, are to work all the same.
   bool ClickMovesFocus = true;
 
   Event<> Click, DblClick, GotFocus, LostFocus;
@@ -88,8 +88,10 @@ class Control {
 
  protected:
   virtual bool TakesFocus() const { return true; }
-  // What a click does to the control itself, before its event.
+  // What a click, and gaining and losing the focus, do to the control itself, before its event.
   virtual void TakeClick() {}
+  virtual void TakeEntry() {}
+  virtual void TakeExit() {}
   void ShowChange() const {
     if (ViewChanged) ViewChanged();
   }

@@ -104,11 +104,15 @@ void Form::MoveFocusTo(Control& control) {
     left->ShowChange();
     // One that was about to be entered when the focus was taken back has none to lose: two fields that both
     // insist would send it to and fro for ever.
-    if (left == entered) left->LostFocus();
+    if (left == entered) {
+      left->TakeExit();
+      left->LostFocus();
+    }
     if (active != &control) return;  // the field that was left took the focus back
   }
   entered = &control;
   control.ShowChange();
+  control.TakeEntry();
   control.GotFocus();
 }
 

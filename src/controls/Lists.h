@@ -53,6 +53,7 @@ class ComboBox : public ListBox {
   // Raises 5 for a text that a pick-only list does not hold; an empty one chooses nothing.
   void SetText(const std::string& wanted);
   void Clear() override;
+  bool SelectsOnTab = true;  // the tab key that leads to an editable list selects its text
   // Whether the text of an editable list is selected, so that typing replaces it; until the text changes.
   Property<bool> TextSelected{Shown()};
 

@@ -4,8 +4,8 @@ namespace qel {
 
 void Calendar::UserPick(Date day, bool byMouse) {
   if (!Usable()) return;
-  SetFocus();
-  if (CanHaveFocus() && !HasFocus()) return;
+  if (ClickMovesFocus || !byMouse) SetFocus();
+  if (ClickMovesFocus && CanHaveFocus() && !HasFocus()) return;
   Value = WholeDay(day);
   AfterUpdate();
   if (byMouse) Click();

@@ -90,6 +90,9 @@ std::string ClosingParagraph() {
          "any additional information which you think may help to" + NewLine + "determine the problem.";
 }
 
+// Nobody's work is lost by a hasty Enter: it ignores the error where it could end the program.
+int DefaultOf(Buttons buttons) { return buttons == Buttons::AbortRetryIgnore ? 3 : 1; }
+
 // Shown twice, once under the error's source, with the help on errors at hand, and once under the program's
 // title; only the second answer counts.
 Answer ShowReport(const RunTimeError& error) {
@@ -97,6 +100,7 @@ Answer ShowReport(const RunTimeError& error) {
   CurrentHost().SetClipboardText(report);
   Message message{report + ClosingParagraph(), error.Source() + " - Error", Icon::Exclamation,
                   Buttons::AbortRetryIgnore, ErrorHelpTopic};
+  message.DefaultButton = DefaultOf(message.buttons);
   CurrentHost().ErrorBox(error, message);
   message.Title = ProgramTitle;
   message.HelpContext = 0;
@@ -125,8 +129,9 @@ Int16 ErrorHandler(const RunTimeError& error) {
   const ErrorRow* row = RowOf(error.Number());
   if (!row) return ResultOf(ShowReport(error));
   const std::string trace = error.Number() == PastEndOfFile ? EndOfFileTrace() : "";
-  const Answer answer =
-      CurrentHost().ErrorBox(error, {trace + row->text, row->title, row->icon, row->buttons});
+  Message message{trace + row->text, row->title, row->icon, row->buttons};
+  message.DefaultButton = DefaultOf(message.buttons);
+  const Answer answer = CurrentHost().ErrorBox(error, message);
   return row->fatal ? Int16(3) : ResultOf(answer);
 }
 

@@ -11,6 +11,7 @@
 #include <QProcess>
 #include <QUrl>
 
+#include "core/Version.h"
 #include "desktop/Dialogues.h"
 #include "desktop/EventLoop.h"
 #include "desktop/Printing.h"
@@ -36,6 +37,8 @@ void DesktopHost::RunModal(const std::function<bool()>& done) { RunUntil(done); 
 
 void DesktopHost::Yield() { YieldToEvents(); }
 
+void DesktopHost::Paint() { PaintWindows(); }
+
 void DesktopHost::SetMousePointer(MousePointer shape) {
   while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
   if (shape == MousePointer::Hourglass) QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -47,9 +50,7 @@ void DesktopHost::SetClipboardText(const std::string& text) {
 
 void DesktopHost::PlaySoundFile(const std::string& path) { PlaySound(path); }
 
-std::string DesktopHost::ClipboardText() {
-  return FromQt(QApplication::clipboard()->text().replace("\r\n", "\n").replace('\n', "\r\n"));
-}
+std::string DesktopHost::ClipboardText() { return LinesFromQt(QApplication::clipboard()->text()); }
 
 // The toolkit does not tell; the lamps of the keyboards do.
 bool DesktopHost::IsLocked(LockKey key) {
@@ -84,7 +85,10 @@ void DesktopHost::OpenDocument(const std::string& document) {
   const QString name = QFile::decodeName(document.c_str());
   const bool isAddress = IsAddress(name);
   if (!isAddress && !QFileInfo::exists(name)) Raise(FileNotFound);
-  if (!QDesktopServices::openUrl(isAddress ? QUrl(name) : QUrl::fromLocalFile(name))) Raise(FileNotFound);
+  if (QDesktopServices::openUrl(isAddress ? QUrl(name) : QUrl::fromLocalFile(name))) return;
+  // What is missing is no part of the program; the user can still go there.
+  ShowMessageBox(
+      {"No program on this system opens this:\r\n\r\n" + FromQt(name), ProgramTitle, Icon::Information});
 }
 
 void DesktopHost::StartProgram(const std::string& command) {

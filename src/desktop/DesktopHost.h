@@ -12,6 +12,7 @@ class DesktopHost : public Host {
   Answer MessageBox(const Message& message) override;
   void RunModal(const std::function<bool()>& done) override;
   void Yield() override;
+  void Paint() override;
   void SetMousePointer(MousePointer shape) override;
   void SetClipboardText(const std::string& text) override;
   std::string ClipboardText() override;

@@ -70,6 +70,20 @@ void KeepLines(QMessageBox& box) {
   label->setMinimumWidth(std::min(wanted, box.screen()->availableSize().width() * 3 / 4));
 }
 
+// The work that waits for an answer has the hourglass; whoever answers has the usual pointer meanwhile.
+class UsualPointer {
+ public:
+  UsualPointer() { CurrentHost().SetMousePointer(MousePointer::Default); }
+  ~UsualPointer() {
+    if (waits) CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  }
+  UsualPointer(const UsualPointer&) = delete;
+  UsualPointer& operator=(const UsualPointer&) = delete;
+
+ private:
+  const bool waits = QApplication::overrideCursor() != nullptr;
+};
+
 // The box stays while the help is read.
 void AddHelpButton(QMessageBox& box, int context) {
   if (context == 0) return;
@@ -114,6 +128,7 @@ bool IsKeptFrom(const QWidget& window) {
 }
 
 int RunDialogue(QDialog& dialogue) {
+  const UsualPointer pointer;
   MakeModal(dialogue);  // no child of its owner: it lives on the caller's stack
   dialogue.show();
   RunUntil([&dialogue] { return !dialogue.isVisible(); });
@@ -129,6 +144,9 @@ Answer ShowMessageBox(const Message& message) {
     QPushButton* const button = box.addButton(row.caption, row.role);
     answers.emplace_back(button, row.answer);
     if (static_cast<int>(answers.size()) == message.DefaultButton) box.setDefaultButton(button);
+    // The toolkit takes an only button, but not beside a Help button.
+    if (message.buttons == Buttons::OK || static_cast<int>(answers.size()) == message.EscapeButton)
+      box.setEscapeButton(button);
   }
   AddHelpButton(box, message.HelpContext);
   RunDialogue(box);

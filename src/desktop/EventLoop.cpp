@@ -79,6 +79,14 @@ void RunToItsEnd(const std::function<void()>& event) {
   }
 }
 
+// Lets events happen in the middle of other work, which goes on only if the program does.
+void GoOnAfter(const std::function<void()>& events) {
+  const bool hadForms = !LoadedForms.empty();
+  events();
+  SaveRegistry();
+  if (ended || (hadForms && LoadedForms.empty())) throw ProgramEnd();
+}
+
 // Dialogues that the toolkit runs in loops of its own would outlive the program.
 void CloseDialogues() {
   for (QWidget* window : QApplication::topLevelWidgets())
@@ -125,15 +133,16 @@ void RunProgram() {
 }
 
 void YieldToEvents() {
-  const bool hadForms = !LoadedForms.empty();
-  {
+  GoOnAfter([] {
     const Meanwhile closed(inputIsThrownAway, true);
     InputFilter filter;
     qApp->installEventFilter(&filter);
     QCoreApplication::processEvents();
-  }
-  SaveRegistry();
-  if (ended || (hadForms && LoadedForms.empty())) throw ProgramEnd();
+  });
+}
+
+void PaintWindows() {
+  GoOnAfter([] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });
 }
 
 void ResetEventLoop() {

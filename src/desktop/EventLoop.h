@@ -27,6 +27,9 @@ void RunUntil(const std::function<bool()>& done);
 // or when the last of its forms has gone.
 void YieldToEvents();
 
+// Handles the events that wait but leaves the user's input for later. Throws as YieldToEvents does.
+void PaintWindows();
+
 // Puts all this as a fresh process has it.
 void ResetEventLoop();
 

@@ -6,10 +6,8 @@
 #include <QDialog>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
-#include <QTextBrowser>
 #include <QTimer>
 #include <QVariant>
 
@@ -33,9 +31,14 @@ bool ChoosesByWheel(const QWidget& widget) {
   return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QTabBar*>(&widget);
 }
 
-// Text areas break the line, and pages follow the link that was reached by the tab key.
+// Text areas break the line, pages follow the link that was reached by the tab key, calendars pick the day.
 bool TakesEnter(const QWidget* widget) {
-  return qobject_cast<const QPlainTextEdit*>(widget) || qobject_cast<const QTextBrowser*>(widget);
+  const auto isIn = [widget](const char* kind) {
+    for (const QWidget* around = widget; around; around = around->parentWidget())
+      if (around->inherits(kind)) return true;
+    return false;
+  };
+  return isIn("QPlainTextEdit") || isIn("QTextBrowser") || isIn("QCalendarWidget");
 }
 
 }  // namespace
@@ -124,6 +127,7 @@ void FormFace::TakeFocus(QWidget& widget, Qt::FocusReason reason) {
   if (!MovesInsideTheWindow(reason) || !entered || entered == form->ActiveControl()) return;
   // The toolkit moves the focus off what we hide or disable; that may be passing.
   if (pushing > 0 || enteringFocus) return SettleFocusLater();
+  if (reason == Qt::MouseFocusReason && !entered->ClickMovesFocus) return SettleFocusLater();
   enteringFocus = true;
   Tell([entered] { entered->SetFocus(); });
   enteringFocus = false;

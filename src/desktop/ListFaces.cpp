@@ -1,6 +1,7 @@
 // The list box, and the list that drops down.
 
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalBlocker>
@@ -37,13 +38,24 @@ class ListBoxFace : public ControlFace {
  public:
   ListBoxFace(FormFace& form, ListBox& model, QListWidget& list)
       : ControlFace(form, model, &list), model(model), list(list) {
-    connect(&list, &QListWidget::currentRowChanged, this,
-            [this](int row) { Tell([this, row] { this->model.UserChoose(row); }); });
+    connect(&list, &QListWidget::currentRowChanged, this, [this](int row) { Choose(row); });
+    connect(&list, &QListWidget::itemClicked, this, [this] {
+      if (!hasChosen) Choose(this->list.currentRow());
+    });
     connect(&list, &QListWidget::itemDoubleClicked, this,
             [this] { Tell([this] { this->model.UserDblClick(); }); });
   }
 
+  bool Filter(QWidget& watched, QEvent& event) override {
+    if (event.type() == QEvent::MouseButtonPress) hasChosen = false;
+    return ControlFace::Filter(watched, event);
+  }
+
  private:
+  void Choose(int row) {
+    hasChosen = true;
+    Tell([this, row] { model.UserChoose(row); });
+  }
   void Push() override {
     ControlFace::Push();
     const QSignalBlocker silent(list);
@@ -54,6 +66,7 @@ class ListBoxFace : public ControlFace {
   }
   ListBox& model;
   QListWidget& list;
+  bool hasChosen = false;  // by the click that is under way
 };
 
 class ComboFace : public ControlFace {
@@ -70,6 +83,14 @@ class ComboFace : public ControlFace {
       connect(field, &QLineEdit::textEdited, this,
               [this](const QString& text) { Tell([this, &text] { this->model.UserText(FromQt(text)); }); });
     }
+  }
+
+  // What is selected when the focus comes is for the model to say.
+  bool Filter(QWidget& watched, QEvent& event) override {
+    if (event.type() != QEvent::FocusIn || model.SelectsOnTab) return ControlFace::Filter(watched, event);
+    QFocusEvent entry(QEvent::FocusIn, Qt::OtherFocusReason);
+    static_cast<QObject&>(watched).event(&entry);
+    return true;
   }
 
  private:

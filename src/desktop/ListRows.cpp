@@ -17,10 +17,12 @@ int ListRows::rowCount(const QModelIndex& parent) const { return parent.isValid(
 
 int ListRows::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : columns; }
 
+// A view asks for what is no cell too, and for rows that have gone meanwhile.
 QVariant ListRows::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || index.row() >= list.RowCount()) return {};
   if (role == Qt::TextAlignmentRole) return AlignmentOf(index.column());
   if (role == Qt::DecorationRole) return IconOf(index);
-  if (role != Qt::DisplayRole || index.row() >= list.RowCount()) return {};
+  if (role != Qt::DisplayRole) return {};
   return ToQt(list.Cell(index.row() + 1, index.column() + 1));
 }
 
@@ -32,7 +34,7 @@ QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role
 }
 
 QVariant ListRows::IconOf(const QModelIndex& index) const {
-  if (index.column() > 0 || index.row() >= list.RowCount()) return {};
+  if (index.column() > 0) return {};
   const int icon = list.Row(index.row() + 1).SmallIcon;
   return icon == 0 ? QVariant() : QIcon(QStringLiteral(":/icons/small%1.svg").arg(icon));
 }

@@ -42,6 +42,9 @@ class ListViewFace : public ControlFace {
     });
     connect(view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& row) { TakeRow(row.row() + 1); });
+    connect(&view, &QAbstractItemView::clicked, this, [this](const QModelIndex& row) {
+      if (!hasSelected) TakeRow(row.row() + 1);
+    });
     connect(&view, &QAbstractItemView::doubleClicked, this,
             [this] { Tell([this] { this->model.UserDblClick(); }); });
   }
@@ -58,6 +61,7 @@ class ListViewFace : public ControlFace {
 
   // A text that does not fit in its cell is shown whole in a tool tip.
   bool Filter(QWidget& watched, QEvent& event) override {
+    if (event.type() == QEvent::MouseButtonPress) hasSelected = false;
     if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) ShowLater();
     if (event.type() != QEvent::ToolTip || &watched != view.viewport())
       return ControlFace::Filter(watched, event);
@@ -141,6 +145,7 @@ class ListViewFace : public ControlFace {
 
   void TakeRow(int row) {
     if (rowsAreOld) return;  // the row is not the one that the user sees
+    hasSelected = true;
     Tell([this, row] { model.UserSelect(row); });
   }
 
@@ -149,7 +154,8 @@ class ListViewFace : public ControlFace {
   QHeaderView& header;
   ListRows rows;
   bool rowsAreOld = false;
-  bool waiting = false;  // to be shown anew
+  bool waiting = false;      // to be shown anew
+  bool hasSelected = false;  // by the click that is under way
 };
 
 }  // namespace

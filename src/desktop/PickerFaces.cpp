@@ -3,6 +3,7 @@
 #include <QCalendarWidget>
 #include <QEvent>
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "controls/Pickers.h"
 #include "desktop/ControlFace.h"
@@ -17,6 +18,7 @@ class CalendarFace : public ControlFace {
  public:
   CalendarFace(FormFace& form, Calendar& model, QCalendarWidget& calendar)
       : ControlFace(form, model, &calendar), model(model), calendar(calendar) {
+    calendar.setDateEditEnabled(false);  // its field would take the keys that the model is asked about
     connect(&calendar, &QCalendarWidget::clicked, this, [this](const QDate& day) { Take(day, true); });
     connect(&calendar, &QCalendarWidget::selectionChanged, this, [this] {
       if (!mouseIsAtWork) Take(this->calendar.selectedDate(), false);
@@ -26,6 +28,8 @@ class CalendarFace : public ControlFace {
       if (!mouseIsAtWork) return Take(day, true);
       Tell([this] { this->model.UserDblClick(); });
     });
+    connect(&calendar, &QCalendarWidget::currentPageChanged, this,
+            [this](int year, int month) { TurnPage(year, month); });
   }
 
   bool Filter(QWidget& watched, QEvent& event) override {
@@ -40,6 +44,12 @@ class CalendarFace : public ControlFace {
     const QSignalBlocker silent(calendar);
     const QDate day = DayToQt(model.Value);
     if (model.Value() != 0 && calendar.selectedDate() != day) calendar.setSelectedDate(day);
+  }
+  // Another month brings its own day along; the day that is chosen is always to be seen.
+  void TurnPage(int year, int month) {
+    const QDate chosen = calendar.selectedDate();
+    if (chosen.year() == year && chosen.month() == month) return;
+    Take(QDate(year, month, std::min(chosen.day(), QDate(year, month, 1).daysInMonth())), false);
   }
   void Take(const QDate& day, bool byMouse) {
     Tell([this, day, byMouse] { model.UserPick(DayFromQt(day), byMouse); });

@@ -47,6 +47,11 @@ QString LinesToQt(std::string_view text) {
   return ToQt(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
 }
 
+std::string LinesFromQt(QString text) {
+  return FromQt(text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+                    .replace(QStringLiteral("\n"), QStringLiteral("\r\n")));
+}
+
 QString PlainToolTip(const QString& text) { return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text; }
 
 QString WithAccessKey(QString text, const QString& key) {

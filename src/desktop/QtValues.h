@@ -28,6 +28,9 @@ std::string FromQt(const QString& text);
 // As ToQt, with each line break (CR LF, CR or LF) as one line feed.
 QString LinesToQt(std::string_view text);
 
+// As FromQt, with each line break (CR LF or LF) as CR LF.
+std::string LinesFromQt(QString text);
+
 // A text that tool tips show as it stands, whatever it looks like: they would take "<b>" for a command.
 QString PlainToolTip(const QString& text);
 

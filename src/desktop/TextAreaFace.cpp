@@ -1,6 +1,11 @@
 #include "desktop/TextAreaFace.h"
 
-#include <QEvent>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMimeData>
 #include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -9,6 +14,7 @@
 #include <utility>
 
 #include "desktop/QtValues.h"
+#include "platform/Host.h"
 
 namespace qel {
 
@@ -41,8 +47,56 @@ TextAreaFace::TextAreaFace(FormFace& form, TextBox& model, QPlainTextEdit& area)
 }
 
 bool TextAreaFace::Filter(QWidget& watched, QEvent& event) {
-  if (&watched == &area && event.type() == QEvent::Show) Refresh();
+  const bool isText = &watched == &area || &watched == area.viewport();
+  switch (event.type()) {
+    case QEvent::Show:
+      if (&watched == &area) Refresh();
+      break;
+    case QEvent::KeyPress:
+      if (!static_cast<QKeyEvent&>(event).matches(QKeySequence::Paste)) break;
+      Paste(CurrentHost().ClipboardText());
+      return true;
+    case QEvent::MouseButtonRelease:
+      if (!isText || static_cast<QMouseEvent&>(event).button() != Qt::MiddleButton) break;
+      PasteSelected(static_cast<QMouseEvent&>(event).pos());
+      return true;
+    case QEvent::ContextMenu:
+      if (!isText) break;
+      ShowMenu(static_cast<QContextMenuEvent&>(event));
+      return true;
+    case QEvent::Drop:
+      return static_cast<QDropEvent&>(event).mimeData()->formats().isEmpty();
+    default:
+      break;
+  }
   return ControlFace::Filter(watched, event);
+}
+
+// Pasting is the model's from the start: the toolkit's own takes the first of the formats that are offered,
+// even where none is.
+void TextAreaFace::Paste(const std::string& text) {
+  Tell([this, &text] {
+    model.SetFocus();
+    if (model.HasFocus()) model.UserPaste(text);
+  });
+}
+
+// What is selected in any window, to where the middle button was pressed.
+void TextAreaFace::PasteSelected(const QPoint& at) {
+  if (area.isReadOnly()) return;
+  area.setTextCursor(area.cursorForPosition(at));
+  Paste(LinesFromQt(QGuiApplication::clipboard()->text(QClipboard::Selection)));
+}
+
+void TextAreaFace::ShowMenu(const QContextMenuEvent& event) {
+  QMenu* const menu = area.createStandardContextMenu();
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (QAction* action : menu->actions())
+    if (action->objectName() == QStringLiteral("edit-paste")) {
+      action->disconnect();
+      connect(action, &QAction::triggered, this, [this] { Paste(CurrentHost().ClipboardText()); });
+    }
+  menu->popup(event.globalPos());
 }
 
 void TextAreaFace::Push() {

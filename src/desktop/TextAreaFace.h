@@ -29,6 +29,10 @@ class TextAreaFace : public ControlFace {
     bool operator==(const Range&) const = default;
   };
 
+  void Paste(const std::string& text);
+  void PasteSelected(const QPoint& at);
+  void ShowMenu(const QContextMenuEvent& event);
+
   void Push() override;
   void PushLocked();
   void PushText();

@@ -4,16 +4,20 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <QVariant>
 #include <algorithm>
 #include <string>
+#include <utility>
 
+#include "controls/MaskEntry.h"
 #include "controls/TextControls.h"
 #include "desktop/ControlFace.h"
 #include "desktop/DocumentFace.h"
 #include "desktop/QtValues.h"
 #include "desktop/TextAreaFace.h"
+#include "platform/Host.h"
 
 namespace qel {
 
@@ -62,6 +66,8 @@ class LabelFace : public ClickableFace {
   QLabel& label;
 };
 
+// What is selected belongs to the model: the toolkit would select, and select no more, as the focus comes and
+// goes.
 class LineFace : public ControlFace {
  public:
   LineFace(FormFace& form, TextBox& model, QLineEdit& line)
@@ -73,7 +79,24 @@ class LineFace : public ControlFace {
   }
 
   bool Filter(QWidget& watched, QEvent& event) override {
-    if (event.type() == QEvent::KeyPress && TakeCharacter(static_cast<QKeyEvent&>(event))) return true;
+    switch (event.type()) {
+      case QEvent::FocusIn:
+        Enter(static_cast<QFocusEvent&>(event).reason());
+        return true;
+      case QEvent::MouseButtonPress:
+        NoteClick(static_cast<QMouseEvent&>(event));
+        break;
+      case QEvent::MouseButtonRelease:
+        if (!std::exchange(keepsSelection, false)) break;
+        static_cast<QObject&>(line).event(&event);
+        if (!line.hasSelectedText() && model.HasFocus()) SelectAll();
+        return true;
+      case QEvent::KeyPress:
+        if (TakeKey(static_cast<QKeyEvent&>(event))) return true;
+        break;
+      default:
+        break;
+    }
     return ControlFace::Filter(watched, event);
   }
 
@@ -83,11 +106,13 @@ class LineFace : public ControlFace {
     const QSignalBlocker silent(line);
     line.setReadOnly(model.Locked);
     const QString text = WantedText();
-    if (line.inputMask().isEmpty())
-      line.setMaxLength(model.MaxLength > 0 ? std::max(model.MaxLength, static_cast<int>(text.size()))
-                                            : AnyLength);
-    if (line.displayText() != text) line.setText(text);
-    if (!takingEdit) PushSelection();
+    line.setMaxLength(model.MaxLength > 0 ? std::max(model.MaxLength, static_cast<int>(text.size()))
+                                          : AnyLength);
+    if (line.text() != text) {
+      line.setText(text);
+      wasClicked = false;
+    }
+    if (!takingEdit && model.HasFocus()) PushSelection();
   }
   virtual QString WantedText() const { return ToQt(model.Text()); }
 
@@ -109,10 +134,44 @@ class LineFace : public ControlFace {
       line.setCursorPosition(model.SelStart());
   }
 
+  // A field without the focus selects nothing; that is no news for its model.
   void TakeSelection() {
-    if (takingEdit || line.displayText() != WantedText()) return;
+    const bool hasFocus = line.window()->focusWidget() == &line;  // be the window in front or not
+    if (takingEdit || !hasFocus || line.text() != WantedText()) return;
     if (SelectionStart() == model.SelStart() && line.selectionLength() == model.SelLength()) return;
     Tell([this] { model.Select(SelectionStart(), static_cast<int>(line.selectionLength())); });
+  }
+
+  void Enter(Qt::FocusReason reason) {
+    comesByClick = reason == Qt::MouseFocusReason;
+    wasClicked = false;
+    const bool byKey =
+        reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+    if (byKey && model.SelectsOnTab && model.HasFocus()) SelectAll();
+    // The toolkit knows the reason for selecting all of it.
+    QFocusEvent entry(QEvent::FocusIn, byKey ? Qt::OtherFocusReason : reason);
+    static_cast<QObject&>(line).event(&entry);
+    Refresh();
+  }
+
+  // A click leaves alone what entering has selected, and the next one puts the cursor where it is. Dragging
+  // selects as ever.
+  void NoteClick(const QMouseEvent& press) {
+    const bool isFirst = std::exchange(comesByClick, false) || (KeepsWhole() && !wasClicked);
+    wasClicked = true;
+    keepsSelection = isFirst && press.button() == Qt::LeftButton && line.hasSelectedText();
+  }
+  // Whether that holds too for a field that has the focus already.
+  virtual bool KeepsWhole() const { return false; }
+
+  void SelectAll() {
+    Tell([this] { model.Select(0, static_cast<int>(model.Text().size())); });
+  }
+
+  bool TakeKey(const QKeyEvent& event) {
+    // An empty clipboard would take away what is selected.
+    if (event.matches(QKeySequence::Paste)) return CurrentHost().ClipboardText().empty();
+    return TakeCharacter(event);
   }
 
   // A handler may keep a character out or put another one in its place.
@@ -133,19 +192,35 @@ class LineFace : public ControlFace {
   // The model takes an edit as the replacement of the part that differs, so that Change finds the insertion
   // point behind what was typed.
   void TakeEdit() {
-    takingEdit = true;
-    const std::string now = FromQt(line.displayText());
+    takingEdit = wasClicked = true;
+    const std::string before = FromQt(WantedText());
+    const std::string now = FromQt(line.text());
     const auto cursor = std::min(static_cast<std::size_t>(line.cursorPosition()), now.size());
+    const bool knowsSelection = model.HasFocus();  // a text may be dropped on a field that was left alone
     Tell([&] {
       model.SetFocus();
-      if (model.HasFocus() && !model.Locked) Replace(now, cursor);
+      if (!model.HasFocus() || model.Locked) return;
+      knowsSelection ? Replace(before, now, cursor) : ReplaceDifference(before, now, cursor);
     });
     takingEdit = false;
     Refresh();
   }
 
-  void Replace(const std::string& now, std::size_t cursor) {
-    const std::string before = model.Text;
+  void Replace(const std::string& before, const std::string& now, std::size_t cursor) {
+    const auto start = static_cast<std::size_t>(model.SelStart());
+    const auto length = static_cast<std::size_t>(model.SelLength());
+    const std::string kept = before.substr(std::min(start + length, before.size()));
+    const bool isOverSelection = (length > 0 || now.size() > before.size()) &&
+                                 now.size() >= start + kept.size() &&
+                                 now.starts_with(before.substr(0, start)) && now.ends_with(kept);
+    if (isOverSelection)
+      model.UserReplace(model.SelStart(), model.SelLength(),
+                        now.substr(start, now.size() - start - kept.size()));
+    else
+      ReplaceDifference(before, now, cursor);
+  }
+
+  void ReplaceDifference(const std::string& before, const std::string& now, std::size_t cursor) {
     std::size_t behind = now.size() - cursor;
     std::size_t ahead = 0;
     if (before.ends_with(now.substr(cursor))) {
@@ -154,69 +229,34 @@ class LineFace : public ControlFace {
     } else {
       behind = 0;
     }
-    model.Select(static_cast<int>(ahead), static_cast<int>(before.size() - behind - ahead));
-    model.ReplaceSelection(now.substr(ahead, now.size() - behind - ahead));
+    model.UserReplace(static_cast<int>(ahead), static_cast<int>(before.size() - behind - ahead),
+                      now.substr(ahead, now.size() - behind - ahead));
     if (model.Text() == now && behind == 0) model.Select(static_cast<int>(cursor), 0);
   }
 
   TextBox& model;
   QLineEdit& line;
   bool takingEdit = false;
+  bool comesByClick = false;    // the focus: the press itself comes next
+  bool wasClicked = false;      // since the focus or another text came
+  bool keepsSelection = false;  // at the end of the click that is under way
 };
 
-// The mask is set only while the text has its shape, with or without blanks: other texts are shown as they
-// are.
+// The mask is the model's: whatever way an edit comes, the model says what becomes of it.
 class MaskedFace : public LineFace {
  public:
   MaskedFace(FormFace& form, MaskedEdit& model, QLineEdit& line)
-      : LineFace(form, model, line), model(model), line(line) {}
+      : LineFace(form, model, line), model(model) {}
 
  private:
-  void Push() override {
-    const QString mask = HasShape() ? ToolkitMask() : QString();
-    if (line.inputMask() != mask) {
-      const QSignalBlocker silent(line);
-      line.setMaxLength(AnyLength);
-      line.setInputMask(mask);
-    }
-    LineFace::Push();
-  }
-
+  bool KeepsWhole() const override { return true; }
   // An empty field shows the blanks.
   QString WantedText() const override {
     if (!model.Text().empty() || model.Mask().empty()) return LineFace::WantedText();
-    std::string blanks = model.Mask;
-    for (char& place : blanks)
-      if (IsPlace(place)) place = '_';
-    return ToQt(blanks);
+    return ToQt(MaskEntry(model.Mask(), "").Text());
   }
-
-  bool HasShape() const {
-    std::string filled = model.Text;
-    for (std::size_t i = 0; i < filled.size() && i < model.Mask().size(); ++i)
-      if (filled[i] == '_' && IsPlace(model.Mask()[i])) filled[i] = '0';
-    return filled.empty() || model.Fits(filled);
-  }
-
-  // "0" and "n" are the toolkit's places for a digit, and for a letter or digit, that may stay blank.
-  QString ToolkitMask() const {
-    if (model.Mask().empty()) return {};
-    QString mask;
-    for (const QChar place : ToQt(model.Mask())) {
-      if (place == u'#')
-        mask += u'0';
-      else if (place == u'A')
-        mask += u'n';
-      else
-        mask += QStringLiteral("\\") + place;
-    }
-    return mask + QStringLiteral(";_");
-  }
-
-  static bool IsPlace(char place) { return place == '#' || place == 'A'; }
 
   MaskedEdit& model;
-  QLineEdit& line;
 };
 
 }  // namespace

@@ -25,6 +25,7 @@ struct Message {
   Buttons buttons = Buttons::OK;
   int HelpContext = 0;    // of the Help button; 0 for none
   int DefaultButton = 1;  // by place
+  int EscapeButton = 0;   // by place: the answer of Escape; 0 for a Cancel or an only button, else none
 };
 
 // What a file dialogue begins with.
@@ -61,8 +62,11 @@ class Host {
   // Runs the message loop until `done` says so: a modal window is in front.
   virtual void RunModal(const std::function<bool()>& done) { static_cast<void>(done); }
 
-  // Lets queued events run and windows repaint.
+  // Lets queued events run and windows repaint while long work is under way; what the user does with mouse
+  // and keyboard meanwhile is lost.
   virtual void Yield() {}
+  // Lets windows repaint, no more: what the user does waits its turn.
+  virtual void Paint() {}
   virtual void SetMousePointer(MousePointer) {}
   virtual void SetClipboardText(const std::string&) {}
   virtual std::string ClipboardText() { return ""; }

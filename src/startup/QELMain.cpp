@@ -30,7 +30,7 @@ namespace {
 
 void TellStep(const char* text) {
   CurrentDisplay().SplashText(text);
-  CurrentHost().Yield();
+  CurrentHost().Paint();
 }
 
 void ReadRegion() {
@@ -52,7 +52,7 @@ void CheckModems() {
 }
 
 bool UserWantsTheActiveLog() {
-  const Message conflict{
+  Message conflict{
       "Modem Log Path Conflict!\r\n"
       "\r\n"
       "QEL has detected that your Window's active log file\r\n"
@@ -63,6 +63,7 @@ bool UserWantsTheActiveLog() {
       "\r\n"
       "Do you want QEL to fix this for you?",
       "WARNING", Icon::Exclamation, Buttons::YesNo};
+  conflict.EscapeButton = 2;  // nothing changes, and the question comes again
   return MsgBox(conflict) == Answer::Yes;
 }
 

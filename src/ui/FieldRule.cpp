@@ -42,7 +42,7 @@ bool RuledField::Shorten() {
   if (shorter == field.Text()) return false;
   field.Text = shorter;
   field.Select(static_cast<int>(shorter.size()), 0);
-  RefuseAndStay(field, Reason());
+  if (field.Refusal().empty()) RefuseAndStay(field, Reason());  // unless the shorter one was refused too
   return true;
 }
 

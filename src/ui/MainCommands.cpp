@@ -171,7 +171,7 @@ void frmMain::mnuSetup_Click() {
   OptionsChanged = false;
   optionsOpen = true;
   SetupForm->ShowModal();
-  CurrentHost().Yield();
+  CurrentHost().Paint();
   if (LogPathChanged && ArchiveOpen) {
     defaultLogFile = ModemLogFile;
     defaultLogDir = ModemLogDir;
@@ -215,7 +215,10 @@ void frmMain::mnuReadme_Click() {
   Attempt([] { CurrentHost().OpenDocument(AppPath + PathSeparator + "readme.htm"); });
 }
 
-void frmMain::mnuAbout_Click() { AboutForm->ShowModal(); }
+void frmMain::mnuAbout_Click() {
+  SetTrace("frmMain", "mnuAbout_Click");
+  AboutForm->ShowModal();
+}
 
 void frmMain::mnuRecent_Click(std::size_t index) {
   const RecentFile file = RecentFiles[index];

@@ -1,5 +1,8 @@
 // The main window's dates. The rules that tie them together are the period's own; here they meet the fields,
 // the calendar, the spinners and the date menu.
+#include <initializer_list>
+#include <utility>
+
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
@@ -39,20 +42,12 @@ Date PreferredStart(Date fallback) {
 }  // namespace
 
 void frmMain::WirePeriod() {
-  const auto changed = [this](DateField field) {
-    return [this, field] {
-      const std::string text = InputOf(field).Text;
-      Attempt([&] { field == DateField::Starting ? SetStarting(text) : SetEnding(text); });
-      Attempt([this] { checkProcess(); });
-      CalTitle();
-    };
-  };
   for (const DateField field : {DateField::Starting, DateField::Ending}) {
     const bool starting = field == DateField::Starting;
     MaskedEdit& input = InputOf(field);
     Label& label = starting ? LabelStarting : LabelEnding;
     UpDown& spinner = starting ? UpDown1 : UpDown2;
-    input.Change = changed(field);
+    input.Change = [this, field] { DateField_Change(field); };
     input.GotFocus = [this, field] { DateField_GotFocus(field); };
     input.LostFocus = [this, field] { DateField_LostFocus(field); };
     input.KeyDown = [this, field](KeyPress& press) {
@@ -68,6 +63,9 @@ void frmMain::WirePeriod() {
   Calendar1.GotFocus = [this] { SetStatus(6); };
   Calendar1.AfterUpdate = [this] { CalTitle(); };
   Calendar1.Click = [this] { Calendar1_Click(); };
+  // Each is a way out of an unfinished date.
+  for (Control* control : std::initializer_list<Control*>{&Calendar1, &btnExit, &btnViewLog})
+    control->ClickMovesFocus = false;
   const auto step = [this](void (Calendar::*move)()) {
     return [this, move] {
       Attempt([&] { (Calendar1.*move)(); });
@@ -97,8 +95,32 @@ void frmMain::WirePeriod() {
 
 void frmMain::ShowText(DateField field, const std::string& text) { InputOf(field).Text = text; }
 
+// Each change may lead to another one; the user hears of what they come to.
+void frmMain::DateField_Change(DateField field) {
+  const bool follows = std::exchange(datesChange, true);
+  if (!follows) complained = false;
+  const std::string text = InputOf(field).Text;
+  SetTrace("frmMain", field == DateField::Starting ? "inputStarting_Change" : "inputEnding_Change");
+  Attempt([&] { field == DateField::Starting ? SetStarting(text) : SetEnding(text); });
+  checkProcess();
+  CalTitle();
+  if (follows) return;
+  datesChange = false;
+  if (!complained && StartingChanged && EndingChanged) ForgetComplaint();
+}
+
 void frmMain::Complain() {
+  complained = true;
   CurrentHost().Beep();
+  ShowStatus();
+}
+
+// Of a date that has been put right meanwhile.
+void frmMain::ForgetComplaint() {
+  const auto isOfDates = [](const Int16& status) { return status >= 9 && status <= 13; };
+  if (isOfDates(StatusIndex)) StatusIndex = CurrentDateField == DateField::Starting ? 1 : 2;
+  if (FormLoading || !isOfDates(shownStatus)) return;
+  StatusHold = false;
   ShowStatus();
 }
 
@@ -112,11 +134,13 @@ void frmMain::setLogExtents() {
 }
 
 void frmMain::checkProcess() {
+  SetTrace("frmMain", "checkProcess");
   const bool usable = inputStarting.Enabled;  // the log can be reported on
-  const bool possible = qel::checkProcess();
-  btnProcess.Enabled = possible && usable;
-  if (possible)
+  btnProcess.Enabled = PeriodIsSet() && usable;
+  Attempt([this] {
+    if (!qel::checkProcess()) return;
     btnProcess.Caption = "QELMARK - Report for" + Str(PeriodDays) + (PeriodDays < 2 ? " day" : " days");
+  });
 }
 
 void frmMain::CalTitle() {
@@ -143,12 +167,14 @@ void frmMain::DateField_LostFocus(DateField field) {
 }
 
 void frmMain::Calendar1_Click() {
+  SetTrace("frmMain", "Calendar1_Click");
   SetActiveField(Calendar1.Value);
   InputOf(CurrentDateField).SetFocus();
 }
 
 // The field of a spinner is the active one from then on; entering it brings the calendar to its date.
 void frmMain::StepDay(DateField field, int days) {
+  SetTrace("frmMain", "StepDay");
   InputOf(field).SetFocus();
   if (CurrentDateField != field) return;  // the other field holds the focus
   Calendar1.Value = Calendar1.Value + days;
@@ -166,6 +192,7 @@ MaskedEdit& frmMain::InputOf(DateField field) {
 }
 
 void frmMain::mnuDefaultDate_Click() {
+  SetTrace("frmMain", "mnuDefaultDate_Click");
   const Answer answer = MsgBox({"Are you sure you want to set the default report\nstart date to " +
                                     FormatDate(PeriodStart, "Short Date") + "?",
                                 "Default Report Start Date", Icon::Question, Buttons::OKCancel});
@@ -176,6 +203,7 @@ void frmMain::mnuDefaultDate_Click() {
 }
 
 void frmMain::btnProcess_Click() {
+  SetTrace("frmMain", "btnProcess_Click");
   btnProcess.Enabled = false;
   ForgetUndatedLine();
   TellCorrupt();

@@ -66,6 +66,7 @@ void frmMain::SetStatus(int index) {
 // A complaint is not overwritten by a mere prompt: it stands until its time is over.
 void frmMain::ShowStatus() {
   if (StatusHold) return;
+  shownStatus = StatusIndex;
   const StatusMessage& message = StatusMessages[static_cast<std::size_t>(int{StatusIndex})];
   Font font = StatusBarMain.Font;
   font.Bold = message.Bold;

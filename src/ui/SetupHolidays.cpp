@@ -13,6 +13,11 @@ namespace qel {
 void frmSetup::WireHolidays() {
   CalHolidays.AfterUpdate = [this] { CalHolidays.Refusal = ""; };
   CalHolidays.DblClick = [this] { AddHoliday(); };
+  CalHolidays.KeyDown = [this](KeyPress& press) {
+    if (press.key != Key::Enter) return;
+    press.Handled = true;
+    AddHoliday();
+  };
   btnAdd.Click = [this] { btnAdd_Click(); };
   btnRemove.Click = lstHolidays.DblClick = [this] { btnRemove_Click(); };
   lstHolidays.Click = [this] { lstHolidays_Click(); };

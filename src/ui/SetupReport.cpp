@@ -5,6 +5,7 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
+#include "ui/DateField.h"
 #include "ui/frmSetup.h"
 
 namespace qel {
@@ -46,7 +47,7 @@ void frmSetup::ShowReportSettings() {
   Attempt([this] { lstWeekStart.SetListIndex(UserStartOfWeek); });
   Attempt([this] { lstMonthStart.SetListIndex(UserStartOfMonth); });
   if (UserStartDate == 0) UserStartDate = FirstEntryDate != 0 ? FirstEntryDate : Today();
-  mskUserDate.Mask = DateMask;
+  MakeDateField(mskUserDate);
   Attempt([this] { mskUserDate.Text = format_date(UserStartDate); });
   for (OptionButton& format : optFormat)
     if (format.Index() == UserReportPref) format.Value = true;

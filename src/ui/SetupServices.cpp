@@ -182,6 +182,7 @@ void frmSetup::btnScan_Click() {
   ProgressBar1.SetValue(0);
   ProgressBar1.Visible = true;
   fralblServices.Visible = false;
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
   int found = 0;
   const auto show = [&] {
     ++found;
@@ -195,6 +196,7 @@ void frmSetup::btnScan_Click() {
     return IsLoaded();  // nobody has closed the window meanwhile
   };
   const bool done = Attempt([&] { ScanForServices(path, show, proceed); });
+  CurrentHost().SetMousePointer(MousePointer::Default);
   if (!IsLoaded()) return;
   ProgressBar1.SetValue(100);
   ProgressBar1.Visible = false;

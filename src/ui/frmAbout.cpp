@@ -43,8 +43,14 @@ frmAbout::frmAbout() : Form("frmAbout") {
   HelpContextID = HelpAbout;
   cmdOK.Click = [this] { Unload(); };
   cmdSysInfo.Click = [this] { StartSysInfo(); };
-  lblWWW.Click = [] { Attempt([] { CurrentHost().OpenDocument(WebAddress); }); };
-  lblEmail.Click = [] { Attempt([] { CurrentHost().OpenDocument(std::string("mailto:") + MailAddress); }); };
+  lblWWW.Click = [] {
+    SetTrace("frmAbout", "lblWWW_Click");
+    Attempt([] { CurrentHost().OpenDocument(WebAddress); });
+  };
+  lblEmail.Click = [] {
+    SetTrace("frmAbout", "lblEmail_Click");
+    Attempt([] { CurrentHost().OpenDocument(std::string("mailto:") + MailAddress); });
+  };
   MouseMove = [this] { PointAt(nullptr); };
   for (Label* label : {&lblCopyright, &lblRights, &lblTitle[0], &lblTitle[1], &lblTitle[2], &lblVersion})
     label->MouseMove = [this] { PointAt(nullptr); };

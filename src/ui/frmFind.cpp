@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "core/ProgramState.h"
 #include "core/Version.h"
 #include "platform/CodePage.h"
 #include "platform/Host.h"
@@ -68,8 +69,11 @@ void frmFind::Form_Load() {
 }
 
 void DoFind() {
+  SetTrace("frmFind", "DoFind");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  CurrentHost().Yield();
+  CurrentHost().Paint();
+  if (!ViewLogForm.IsLoaded())
+    return CurrentHost().SetMousePointer(MousePointer::Default);  // closed meanwhile
   RichTextBox& box = ViewLogForm->TextViewLog;
   const int selected = box.SelStart();
   const bool again = !FindFirstTime && static_cast<float>(selected) == FindLastPos;

@@ -10,6 +10,7 @@
 #include "platform/Clock.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
+#include "ui/DateField.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmReport.h"
 #include "ui/frmTip.h"
@@ -43,7 +44,7 @@ void frmMain::Form_Load() {
   }
   if (FlatToolbars) ToolbarMain.Flat = true;
   for (MaskedEdit* input : {&inputStarting, &inputEnding}) {
-    input->Mask = DateMask;
+    MakeDateField(*input);
     input->Text = "";  // the rules run anew, whatever dates stood here
   }
   btnProcess.Enabled = false;
@@ -52,6 +53,7 @@ void frmMain::Form_Load() {
   HideStatDisplay();
   SetStatDisplay();
   DisplayStats();
+  StatusIndex = 1;  // dates that the window was given are nobody's mistake
   FormLoading = false;
 }
 
@@ -116,9 +118,11 @@ void frmMain::Form_Activate() {
   const bool sound = TellStateOfLog();
   ShowStatus();
   if (sound) OfferTip();
-  CurrentHost().Yield();
+  CurrentHost().Paint();
   if (!AutoOptimizeDone && mnuOptimize.Enabled && mnuTools.Enabled && AutoOptimize) mnuOptimize_Click();
-  if (inputStarting.Enabled) inputStarting.SetFocus();
+  // The other date keeps the focus while it is unfinished; coming to the front is no reason to complain of
+  // it.
+  if (inputStarting.Enabled && !(inputEnding.HasFocus() && !EndingChanged)) inputStarting.SetFocus();
 }
 
 // True where there was nothing to complain of.

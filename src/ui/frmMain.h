@@ -144,6 +144,8 @@ class frmMain : public Form, public Display, public PeriodFields {
   void setLogExtents();
   void checkProcess();
   void CalTitle();
+  void DateField_Change(DateField field);
+  void ForgetComplaint();
   void DateField_GotFocus(DateField field);
   void DateField_LostFocus(DateField field);
   void Calendar1_Click();
@@ -204,7 +206,10 @@ class frmMain : public Form, public Display, public PeriodFields {
   bool animSecondRound = false;  // in the same direction
   bool animHidden = false;
   bool optionsOpen = false;
-  bool laidOut = false;  // the stored size has been applied
+  bool datesChange = false;  // one of them, and what follows from it
+  bool complained = false;   // of what they have changed to
+  Int16 shownStatus;         // of StatusMessages
+  bool laidOut = false;      // the stored size has been applied
 };
 
 extern TheForm<frmMain> MainForm;

@@ -6,6 +6,7 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/DateConversion.h"
 #include "platform/Host.h"
+#include "ui/DateField.h"
 #include "ui/HelpContexts.h"
 
 namespace qel {
@@ -23,8 +24,9 @@ frmPurge::frmPurge() : Form("frmPurge") {
 }
 
 void frmPurge::Form_Load() {
+  SetTrace("frmPurge", "Form_Load");
   LogChanged = false;
-  for (Field& field : fields) field.Input.Mask = DateMask;
+  for (Field& field : fields) MakeDateField(field.Input);
   optPurge[0].Value = true;
 }
 
@@ -98,6 +100,7 @@ bool frmPurge::ProceedWithPurge() const {
 }
 
 void frmPurge::btnOK_Click() {
+  SetTrace("frmPurge", "btnOK_Click");
   Hide();
   if (ProceedWithPurge()) {
     DoPurge(PurgeFrom, PurgeTo);

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/ProgramState.h"
 #include "core/Version.h"
 #include "platform/Host.h"
 #include "ui/HelpContexts.h"
@@ -21,6 +22,7 @@ frmSplash::frmSplash() : Form("frmSplash") {
 }
 
 void frmSplash::Form_Load() {
+  SetTrace("frmSplash", "Form_Load");
   SetDisplay(*this);
   Picture1.Left = Picture1.Top = 0;
   Width = Picture1.Width;
@@ -33,7 +35,7 @@ void frmSplash::Form_Load() {
   place(LabelVersion, 0.89);
   LabelVersion.Caption = "Version " + std::to_string(VersionMajor) + "." + std::to_string(VersionMinor);
   Show();
-  CurrentHost().Yield();
+  CurrentHost().Paint();
   Main();
 }
 

@@ -55,7 +55,11 @@ void frmTariff::ConnectFields() {
     ChargeIntervalRule();
     CheckOKBtn();
   };
-  // The defaults of a new tariff are there to be typed over.
+  // The defaults of a new tariff are there to be typed over, and nothing else.
+  for (TextBox* field :
+       {&txtDialTimeTariffDialRate, &txtDialTimeTariffMinuteRate, &txtDialTimeTariffAfterMins,
+        &txtDialTimeTariffAfterSecs, &txtDialTimeTariffUnitMins, &txtDialTimeTariffUnitSecs})
+    field->SelectsOnTab = false;
   for (TextBox* field : {&txtDialTimeTariffDialRate, &txtDialTimeTariffMinuteRate,
                          &txtDialTimeTariffAfterMins, &txtDialTimeTariffAfterSecs})
     field->GotFocus = [field] {
@@ -65,6 +69,7 @@ void frmTariff::ConnectFields() {
 
 void frmTariff::ConnectLists() {
   const auto check = [this] { CheckOKBtn(); };
+  lstDialTimeTariffDescrip.SelectsOnTab = false;
   lstDialTimeTariffDescrip.Change = check;
   lstDialTimeTariffDescrip.Click = lstDialTimeTariffDescrip.LostFocus = check;
   lstDialTimeTariffDescrip.GotFocus = [this] { lstDialTimeTariffDescrip.TextSelected = NewTariff; };
@@ -227,6 +232,7 @@ void frmTariff::ChargeIntervalRule() {
 }
 
 void frmTariff::CheckOKBtn() {
+  SetTrace("frmTariff", "CheckOKBtn");
   lblOKNotice.Caption = Missing();
   btnOK.Enabled = lblOKNotice.Caption().empty();
 }

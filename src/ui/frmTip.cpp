@@ -76,11 +76,13 @@ void frmTip::ShowPreviousTip() {
 }
 
 void frmTip::chkLoadTipsAtStartup_Click() {
+  SetTrace("frmTip", "chkLoadTipsAtStartup_Click");
   Tips = bool{chkLoadTipsAtStartup.Value};
   StoreGeneralValue("Tips", bool{Tips}, REG_SZ);
 }
 
 void frmTip::btnReadme_Click() {
+  SetTrace("frmTip", "btnReadme_Click");
   Attempt([] { CurrentHost().OpenDocument(AppPath + PathSeparator + "readme.htm"); });
 }
 

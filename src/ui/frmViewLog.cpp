@@ -45,7 +45,7 @@ frmViewLog::frmViewLog() : Form("frmViewLog") {
     mnuCopy_Click();
     TextViewLog.ReplaceSelection("");
   };
-  mnuPaste.Click = [this] { TextViewLog.ReplaceSelection(CurrentHost().ClipboardText()); };
+  mnuPaste.Click = [this] { TextViewLog.UserPaste(CurrentHost().ClipboardText()); };
   mnuSelectAll.Click = [this] { TextViewLog.Select(0, static_cast<int>(TextViewLog.Text().size())); };
   mnuTop.Click = [this] { TextViewLog.Select(0, 0); };
   mnuBottom.Click = [this] { TextViewLog.Select(static_cast<int>(TextViewLog.Text().size()), 0); };
@@ -60,7 +60,7 @@ frmViewLog::frmViewLog() : Form("frmViewLog") {
   TextViewLog.Change = [this] {
     if (ViewingLog && !loading) EnableSave(true);
   };
-  TextViewLog.GotFocus = [this] { ApplyEditState(); };
+  TextViewLog.GotFocus = [this] { ShowEditState(); };
   KeyDown = [this](KeyPress&) { ShowViewerStatus(); };
   Toolbar1.ButtonClick = [this](const std::string& key) {
     if (key == "Save") mnuSave_Click();
@@ -100,11 +100,14 @@ void frmViewLog::ShowTextFile() {
     item->Enabled = false;
   TextViewLog.Locked = true;
   OpenLogFile(ViewTextFile);
-  TextViewLog.Font = {"courier new"};
+  Font font = TextViewLog.Font;
+  font.Name = "courier new";
+  TextViewLog.Font = font;
 }
 
 // False where the file was not read; the window then stays empty.
 bool frmViewLog::OpenLogFile(const std::string& path) {
+  SetTrace("frmViewLog", "OpenLogFile");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   loading = true;
   const bool read = Attempt([&] {
@@ -125,6 +128,7 @@ bool frmViewLog::OpenLogFile(const std::string& path) {
 }
 
 bool frmViewLog::SaveLogFile(const std::string& path) {
+  SetTrace("frmViewLog", "SaveLogFile");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   const bool saved = Attempt([&] {
     ReplaceFile(path, TextViewLog.Text() + NewLine);
@@ -160,7 +164,16 @@ void frmViewLog::EnableSave(bool enabled) {
   Toolbar1.Button("Save").Enabled = enabled;
 }
 
-void frmViewLog::Form_Activate() { Toolbar1.Visible = ShowToolbars; }
+// The option may have changed since the window was last in front.
+void frmViewLog::ShowEditState() {
+  ApplyEditState();
+  ShowViewerStatus();
+}
+
+void frmViewLog::Form_Activate() {
+  Toolbar1.Visible = ShowToolbars;
+  ShowEditState();
+}
 
 // A window whose changes the user wants kept stays while they cannot be.
 bool frmViewLog::Form_Unload() {
@@ -219,6 +232,7 @@ void frmViewLog::mnuSaveArchive_Click() {
 void frmViewLog::mnuCopy_Click() { CurrentHost().SetClipboardText(TextViewLog.SelText()); }
 
 void frmViewLog::mnuFont_Click() {
+  SetTrace("frmViewLog", "mnuFont_Click");
   const auto font = CurrentHost().AskFont(TextViewLog.Font);
   if (!font) return;
   TextViewLog.Font = *font;
@@ -238,6 +252,8 @@ void frmViewLog::mnuSearchFind_Click() {
   const std::string selected = TextViewLog.SelText();
   FindForm->Load();
   FindForm->Text1.Text = selected.empty() ? FindText : selected;
+  FindForm->Text1.Select(0, static_cast<int>(FindForm->Text1.Text().size()));  // to be typed over
+  FindForm->Text1.SetFocus();
   FindFirstTime = true;
   if (FindMatchCase != 0) FindForm->chkCase.Value = true;
   FindForm->Show();

@@ -58,6 +58,7 @@ class frmViewLog : public Form {
   bool mnuSave_Click();
   bool StampHasChanged() const;
   void ApplyEditState();
+  void ShowEditState();
   void ApplyFont();
   void ShowViewerStatus();
   void KeepSettings();

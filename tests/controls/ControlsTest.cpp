@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
@@ -8,6 +10,7 @@
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
 #include "platform/RunTimeError.h"
+#include "support/Cases.h"
 
 namespace qel {
 
@@ -53,6 +56,52 @@ TEST_F(ControlsTest, AMaskTakesTextsOfItsShape) {
   EXPECT_FALSE(edit.Fits("5/Oct/1998"));
   EXPECT_FALSE(edit.Fits("05-Oct-1998"));
   EXPECT_FALSE(edit.Fits("05/O_t/1998"));
+}
+
+TEST_F(ControlsTest, AMaskIsFilledAsPeopleType) {
+  for (const auto& [mask, before, keys, after] : Cases("controls/MaskTyping")) {
+    MaskedEdit edit(form, "inputStarting");
+    edit.Mask = mask;
+    edit.Text = before;
+    edit.SetFocus();
+    int changes = 0;
+    edit.Change = [&] { ++changes; };
+    for (const char key : keys.substr(0, keys.find('|'))) {
+      const int last = std::max(0, edit.SelStart() - 1);
+      if (key != '<')
+        edit.UserType({key});
+      else if (edit.SelLength() > 0)
+        edit.UserReplace(edit.SelStart(), edit.SelLength(), "");
+      else
+        edit.UserReplace(last, edit.SelStart() - last, "");
+      EXPECT_LE(std::exchange(changes, 0), 1) << keys;
+    }
+    if (keys.find('|') != keys.npos) edit.UserPaste(keys.substr(keys.find('|') + 1));
+    EXPECT_EQ(edit.Text(), after) << mask << ' ' << keys;
+  }
+}
+
+TEST_F(ControlsTest, AMaskedFieldIsSelectedWhenItIsEnteredOrFilledAndKnowsYearsOfTwoDigits) {
+  TextBox other(form, "txtName");
+  MaskedEdit edit(form, "inputStarting");
+  edit.Mask = "##/##/####";
+  edit.Text = "10/05/1998";
+  edit.SetFocus();
+  EXPECT_EQ(edit.SelLength(), 10);
+  edit.Change = [&] {
+    if (edit.Text() == "01/01/1990") edit.Text = "10/05/1998";  // as a date out of range is put back
+  };
+  edit.UserType("01011990");
+  EXPECT_EQ(edit.SelText(), "10/05/1998") << "to be typed over at once";
+  for (const auto& [typed, left] : {std::pair{"1/5/98", "01/05/1998"},
+                                    {"1/5/05", "01/05/2005"},
+                                    {"1/5/19", "01/05/19__"},
+                                    {"1", "1_/__/____"}}) {
+    edit.SetFocus();
+    edit.UserType(typed);
+    other.SetFocus();
+    EXPECT_EQ(edit.Text(), left);
+  }
 }
 
 TEST_F(ControlsTest, ChecksAndOptionsClickOnceHoweverTheyAreSet) {

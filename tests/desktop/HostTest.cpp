@@ -99,6 +99,26 @@ TEST_F(HostOfDesktop, AYieldRunsTimersButTakesNoInput) {
       ProgramEnd);
 }
 
+TEST_F(HostOfDesktop, NothingThatTheUserDoesIsLostWhileWindowsArePainted) {
+  int clicks = 0;
+  form.btnOK.Click = [&clicks] { ++clicks; };
+  QTimer::singleShot(0, qApp, [this] { QTest::mouseClick(&Get<QPushButton>("btnOK"), Qt::LeftButton); });
+  host.Paint();
+  Settle();
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(HostOfDesktop, ABoxHasTheUsualPointerAndTheWorkItsHourglassAgain) {
+  host.SetMousePointer(MousePointer::Hourglass);
+  Then([] {
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    QTest::keyClick(&Box(), Qt::Key_Escape);
+  });
+  EXPECT_EQ(host.MessageBox({"Help is at hand", "Title", Icon::None, Buttons::OK, 6}), Answer::OK);
+  EXPECT_NE(QApplication::overrideCursor(), nullptr);
+  host.SetMousePointer(MousePointer::Default);
+}
+
 TEST_F(HostOfDesktop, AButtonThatWasPressedBeforeAYieldComesUpAgain) {
   auto& button = Get<QPushButton>("btnOK");
   QTest::mousePress(&button, Qt::LeftButton);

@@ -1,4 +1,7 @@
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 
 #include "SampleForm.h"
@@ -55,6 +58,30 @@ TEST_F(TextArea, AHandlerHasTheLastWordAndALockKeepsTheText) {
   Press(Qt::Key_Right, Qt::ShiftModifier);
   EXPECT_EQ(form.txtReport.Text(), "over");
   EXPECT_EQ(form.txtReport.SelText(), "o") << "the keys select all the same";
+}
+
+// A clipboard that is owned may still offer nothing.
+TEST_F(TextArea, PastingIsTheModelsAndTakesNothingFromAnEmptyClipboard) {
+  auto& line = Get<QLineEdit>("txtName");
+  form.txtReport.Text = form.txtName.Text = "old";
+  for (const bool offers : {false, true}) {
+    auto* const data = new QMimeData;
+    if (offers) data->setText("one\ntwo");
+    QApplication::clipboard()->setMimeData(data);
+    form.txtReport.SetFocus();
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form.txtReport.Text(), offers ? "one\r\ntwo" : "old");
+    form.txtName.SetFocus();
+    line.selectAll();
+    QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form.txtName.Text(), offers ? "one\ntwo" : "old");
+  }
+  EXPECT_EQ(area.toPlainText(), "one\ntwo");
+  form.txtReport.Locked = true;
+  form.txtReport.SetFocus();
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(form.txtReport.Text(), "one\r\ntwo");
 }
 
 TEST_F(TextArea, TypingIsQuickInSeveralMegabytes) {

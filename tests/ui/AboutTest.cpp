@@ -16,6 +16,7 @@ TEST_F(AboutTest, ALinkIsBoldWhileTheMouseIsOverItAndOpensItsAddress) {
   EXPECT_FALSE(AboutForm->lblWWW.Font().Bold || AboutForm->lblEmail.Font().Bold);
   AboutForm->lblEmail.UserClick();
   EXPECT_EQ(host.transcript.back(), std::string("document: mailto:") + MailAddress);
+  EXPECT_EQ(ProcedureTrace, "lblEmail_Click");
 }
 
 TEST_F(AboutTest, TheSystemInformationToolIsTheStoredOneOrAMessage) {

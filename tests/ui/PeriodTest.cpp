@@ -31,6 +31,60 @@ TEST_F(PeriodTest, ADateOutsideTheLogIsPutBackWithAComplaint) {
   EXPECT_FALSE(MainForm->Timer1.Enabled || MainForm->StatusBarMain.Font().Bold);
 }
 
+TEST_F(PeriodTest, ADateIsTypedOverTheWholeFieldAndTakenWhenItIsWhole) {
+  Show("10-05-1998", "01-05-1999");
+  MainForm->inputStarting.UserType("11011998");
+  MainForm->MoveFocusOn();
+  ASSERT_TRUE(MainForm->inputEnding.HasFocus());
+  MainForm->inputEnding.UserType("11301998");
+  EXPECT_EQ(Period(), "11/01/1998 - 11/30/1998");
+  EXPECT_EQ(MainForm->btnProcess.Caption(), "QELMARK - Report for 30 days");
+  EXPECT_FALSE(host.Showed("beep") || MainForm->StatusHold);
+}
+
+TEST_F(PeriodTest, APastedDateIsReadInTheFormsThatAreCommon) {
+  for (const char* date : {"11/30/1998", "11-30-1998", " 1998-11-30\r\n", "1998-11-30T10:00:00", "19981130",
+                           "11301998", "30 Nov 1998", "11-30-1998 10:00:00.00 - Dialing", "Nov 30, 1998"}) {
+    MainForm.Reset();
+    Show("10-05-1998", "01-05-1999");
+    MainForm->inputStarting.UserPaste(date);
+    EXPECT_EQ(Period(), "11/30/1998 - 01/05/1999") << date;
+  }
+  for (const char* text : {"", "no date", "10:30", "19984111"}) {
+    MainForm->inputStarting.UserPaste(text);
+    EXPECT_EQ(PeriodStart, DateSerial(1998, 11, 30)) << text;
+  }
+}
+
+TEST_F(PeriodTest, AComplaintGoesWithItsReasonAndComesOnlyWithOne) {
+  Show();
+  frmMain& window = *MainForm;
+  window.inputStarting.UserType("01041999");
+  EXPECT_TRUE(window.StatusHold) << "before the log";
+  window.inputStarting.UserType("0106");
+  EXPECT_TRUE(window.StatusHold) << "still unfinished";
+  window.inputStarting.UserType("1999");
+  EXPECT_EQ(Status(), StatusMessages[1].Text);
+  window.inputEnding.SetFocus();
+  window.inputEnding.UserType("1");
+  window.inputStarting.UserClick();
+  EXPECT_EQ(Status(), "Invalid date entry!");
+  host.transcript.clear();
+  window.Timer1.Tick();
+  ActiveForm = nullptr;
+  window.Activate();  // as from About
+  EXPECT_TRUE(window.inputEnding.HasFocus() && !host.Showed("beep"));
+  window.Calendar1.UserPick(DateSerial(1999, 1, 10));
+  EXPECT_EQ(Period(), "01/06/1999 - 01/10/1999") << "a way out";
+  EXPECT_EQ(Status(), StatusMessages[2].Text);
+  folder.Put("old.qel", LogOf("02-05-1998", "02-06-1998"));
+  window.OpenArchive(folder.Path("old.qel"));
+  window.mnuAbout.UserClick();
+  ActiveForm = nullptr;
+  window.Activate();
+  EXPECT_EQ(Status(), StatusMessages[1].Text) << "nobody chose a date outside that archive";
+}
+
 TEST_F(PeriodTest, AnUnfinishedDateHoldsTheFocusAndStopsTheReport) {
   Show();
   frmMain& window = *MainForm;
@@ -42,7 +96,7 @@ TEST_F(PeriodTest, AnUnfinishedDateHoldsTheFocusAndStopsTheReport) {
   EXPECT_EQ(Status(), "Invalid date entry!");
   EXPECT_TRUE(window.StatusBarMain.Font().Bold && host.Showed("beep"));
   window.btnViewLog.UserClick();
-  EXPECT_FALSE(ViewLogForm.IsLoaded()) << "a click that the field keeps from happening";
+  EXPECT_TRUE(ViewLogForm.IsLoaded() && window.inputStarting.HasFocus()) << "a way out";
   window.inputStarting.UserText("01/12/1999");
   window.inputEnding.UserClick();
   EXPECT_TRUE(window.inputEnding.HasFocus());
@@ -53,6 +107,9 @@ TEST_F(PeriodTest, APeriodBeyondSixteenBitsIsAnOverflow) {
   Show("01-05-1905", "01-20-1999");
   ASSERT_EQ(host.messages.size(), 2u) << "the period of the whole log";
   EXPECT_NE(host.messages[0].Text.find("Error code: 6"), std::string::npos);
+  EXPECT_NE(host.messages[0].Text.find("Sub: checkProcess"), std::string::npos);
+  EXPECT_EQ(host.messages[0].DefaultButton, 3) << "Enter ignores";
+  EXPECT_TRUE(MainForm->btnProcess.Enabled);
   host.messages.clear();
   MainForm->inputStarting.UserText(format_date(DateSerial(1999, 1, 20) - 32766));
   EXPECT_EQ(PeriodDays, 32767);

@@ -167,6 +167,7 @@ TEST_F(SetupServicesTest, AWindowClosedDuringTheScanEndsIt) {
 TEST_F(SetupServicesTest, AScanIsNotBegunTwiceAndLeavesTheTabThatTheUserWentTo) {
   class : public ScriptedHost {
     void Yield() override {
+      EXPECT_EQ(pointer, MousePointer::Hourglass);
       SetupForm->btnScan.UserClick();
       SetupForm->TabStrip1.UserSelectTab(1);
       SetupForm->TabStrip1.UserSelectTab(3);
@@ -177,6 +178,7 @@ TEST_F(SetupServicesTest, AScanIsNotBegunTwiceAndLeavesTheTabThatTheUserWentTo) 
   Open();
   Scan(Dial("T1") + Dial("T2"));
   EXPECT_EQ(restless.messages.size(), 1u);
+  EXPECT_EQ(restless.pointer, MousePointer::Default);
   EXPECT_EQ(UsedServices, 2);
   EXPECT_FALSE(SetupForm->fralblServices.Visible);
   SetHost(host);

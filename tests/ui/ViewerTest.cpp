@@ -58,6 +58,17 @@ TEST_F(ViewerTest, WithoutEditingTheTextIsLocked) {
   EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(1), "Locked");
 }
 
+TEST_F(ViewerTest, ItFollowsTheOptionWhenItComesBackToTheFront) {
+  View(usable);
+  for (const bool allowed : {false, true}) {
+    EditLog = allowed;
+    MainForm->Activate();
+    ViewLogForm->Activate();
+    EXPECT_EQ(Text().Locked, !allowed);
+    EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(1), allowed ? "Edit Allowed" : "Locked");
+  }
+}
+
 TEST_F(ViewerTest, TextGoesOverTheClipboard) {
   View(usable);
   Text().Select(0, 3);
@@ -66,6 +77,10 @@ TEST_F(ViewerTest, TextGoesOverTheClipboard) {
   ViewLogForm->mnuBottom.UserClick();
   ViewLogForm->mnuPaste.UserClick();
   EXPECT_EQ(Text().Text(), usable.substr(3) + "01-");
+  Text().Select(0, 3);
+  host.clipboard = "";
+  ViewLogForm->mnuPaste.UserClick();
+  EXPECT_EQ(Text().SelText(), usable.substr(3, 3)) << "there is nothing to paste";
 }
 
 TEST_F(ViewerTest, FontAndSizeAreKeptOnRequest) {
@@ -128,9 +143,11 @@ TEST_F(ViewerTest, ATextFileLeavesTheLogsSettingsAndCommandsAlone) {
   Show(usable);
   ViewTextFile = folder.Path("ModemLog.txt");
   ViewTextFileName = "ModemLog.txt";
+  Text().Font = Font{"Sans", 9};
   ViewLogForm->Show();
   EXPECT_EQ(ViewLogForm->Caption(), "QEL - View Text File (ModemLog.txt)");
   EXPECT_EQ(Text().Text(), usable);
+  EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(0), "courier new 9") << "in the size of the design";
   EXPECT_FALSE(MainForm->btnViewLog.Enabled || MainForm->mnuViewLog.Enabled);
   EXPECT_FALSE(ViewLogForm->mnuRestore.Enabled || ViewLogForm->mnuSaveSettings.Enabled || !Text().Locked);
   EXPECT_TRUE(ViewLogForm->Unload() && MainForm->btnViewLog.Enabled);
@@ -145,6 +162,19 @@ TEST_F(ViewerTest, ALargeFileIsRefusedInClearWords) {
   EXPECT_EQ(host.messages.at(0).Text.substr(0, 44), "This file is too large to be viewed: 40 MB.\r");
   Text().UserType("x");
   EXPECT_EQ(Text().Text(), "") << "what was not read is not written";
+}
+
+TEST_F(ViewerTest, AViewerClosedAsTheSearchBeginsStaysClosed) {
+  class : public ScriptedHost {
+    void Paint() override { ViewLogForm->Unload(); }
+  } impatient;
+  View(usable);
+  FindText = "Modem";
+  SetHost(impatient);
+  DoFind();
+  EXPECT_FALSE(ViewLogForm.IsLoaded());
+  EXPECT_EQ(impatient.pointer, MousePointer::Default);
+  SetHost(host);
 }
 
 TEST_F(ViewerTest, TheSearchGoesOnFromHitToHitBothWays) {
@@ -164,7 +194,7 @@ TEST_F(ViewerTest, TheSearchGoesOnFromHitToHitBothWays) {
   EXPECT_EQ(hits, "11 16 38 38 ");
   EXPECT_EQ(host.messages.back().Text, "Cannot find \"two\"");
   ViewLogForm->mnuSearchFind.UserClick();
-  EXPECT_EQ(FindForm->Text1.Text(), "TWO") << "what is selected";
+  EXPECT_EQ(FindForm->Text1.SelText(), "TWO") << "what is selected";
   FindForm->optDirection[0].UserClick();
   FindForm->cmdFind.UserClick();
   EXPECT_EQ(Text().SelStart(), 16);
