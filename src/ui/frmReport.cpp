@@ -46,6 +46,9 @@ void frmReport::ConnectMenus() {
   mnuExit.Click = [this] { mnuExit_Click(); };
   mnuSummary.Click = [this] { mnuSummary_Click(); };
   mnuDetails.Click = [this] { mnuDetails_Click(); };
+  mnuRefresh.Click = [this] {
+    if (const Kind* kind = CheckedReport()) ChooseReport(*kind);
+  };
   mnuFormatStd.Click = [this] { mnuFormatStd_Click(); };
   mnuListView.Click = [this] { mnuListView_Click(); };
   mnuNumConnections.Click = [this] { mnuNumConnections_Click(); };
@@ -147,8 +150,8 @@ void frmReport::OpenReport(const std::string& path) {
 
 // What has no meaning for the text of a file.
 void frmReport::EnableAnalysis(bool enabled) {
-  for (Control* item :
-       {&mnuSummary, &mnuDetails, &mnuFormatStd, &mnuListView, &mnuNumConnections, &mnuAutoArrange, &mnuFont})
+  for (Control* item : {&mnuSummary, &mnuDetails, &mnuRefresh, &mnuFormatStd, &mnuListView,
+                        &mnuNumConnections, &mnuAutoArrange, &mnuFont})
     item->Enabled = enabled;
   for (const char* key : {"Summary", "Detail", "Standard", "List View", "Bigger", "Smaller", "ShowNums"})
     Toolbar1.Button(key).Enabled = enabled;
