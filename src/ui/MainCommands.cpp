@@ -73,7 +73,10 @@ void frmMain::WireCommands() {
   mnuReadme.Click = [this] { mnuReadme_Click(); };
   mnsSearchHelp.Click = ShowHelpSearch;
   mnuHowToHelp.Click = ShowHelpOnHelp;
-  mnuTip.Click = [] { TipForm->ShowModal(); };
+  mnuTip.Click = [] {
+    SetTrace("frmMain", "mnuTip_Click");
+    TipForm->ShowModal();
+  };
   mnuAbout.Click = [this] { mnuAbout_Click(); };
   btnExit.Click = [] { LeaveProgram(); };
   btnExit.GotFocus = [this] { SetStatus(3); };

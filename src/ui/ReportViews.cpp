@@ -5,6 +5,7 @@
 
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
 #include "platform/Host.h"
 #include "platform/TextConversion.h"
 #include "reports/DetailReport.h"
@@ -106,10 +107,25 @@ const frmReport::Kind* frmReport::CheckedReport() const {
   return mnuDetails.Checked ? &Details : nullptr;
 }
 
-void frmReport::mnuSummary_Click() { ChooseReport(Summary); }
-void frmReport::mnuDetails_Click() { ChooseReport(Details); }
-void frmReport::mnuListView_Click() { ChooseFormat(true); }
-void frmReport::mnuFormatStd_Click() { ChooseFormat(false); }
+void frmReport::mnuSummary_Click() {
+  SetTrace("frmReport", "mnuSummary_Click");
+  ChooseReport(Summary);
+}
+
+void frmReport::mnuDetails_Click() {
+  SetTrace("frmReport", "mnuDetails_Click");
+  ChooseReport(Details);
+}
+
+void frmReport::mnuListView_Click() {
+  SetTrace("frmReport", "mnuListView_Click");
+  ChooseFormat(true);
+}
+
+void frmReport::mnuFormatStd_Click() {
+  SetTrace("frmReport", "mnuFormatStd_Click");
+  ChooseFormat(false);
+}
 
 void frmReport::ChooseReport(const Kind& kind) {
   StoreSettings();

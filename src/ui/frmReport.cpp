@@ -46,9 +46,7 @@ void frmReport::ConnectMenus() {
   mnuExit.Click = [this] { mnuExit_Click(); };
   mnuSummary.Click = [this] { mnuSummary_Click(); };
   mnuDetails.Click = [this] { mnuDetails_Click(); };
-  mnuRefresh.Click = [this] {
-    if (const Kind* kind = CheckedReport()) ChooseReport(*kind);
-  };
+  mnuRefresh.Click = [this] { mnuSummary.Checked ? mnuSummary_Click() : mnuDetails_Click(); };
   mnuFormatStd.Click = [this] { mnuFormatStd_Click(); };
   mnuListView.Click = [this] { mnuListView_Click(); };
   mnuNumConnections.Click = [this] { mnuNumConnections_Click(); };
@@ -79,6 +77,7 @@ void frmReport::Toolbar1_ButtonClick(const std::string& key) {
 }
 
 void frmReport::Form_Load() {
+  SetTrace("frmReport", "Form_Load");
   Toolbar1.Flat = FlatToolbars;
   SummaryBuilt = DetailBuilt = false;
   mnuSaveSettings.Checked = SaveReportSettings;
@@ -90,6 +89,7 @@ void frmReport::Form_Load() {
 }
 
 void frmReport::Form_Activate() {
+  SetTrace("frmReport", "Form_Activate");
   Toolbar1.Visible = ShowToolbars;
   Form_Resize();
   // Only a fresh analysis is one of the current log: another one may have been opened since.
@@ -102,6 +102,7 @@ void frmReport::Form_Activate() {
 }
 
 bool frmReport::Form_Unload() {
+  SetTrace("frmReport", "Form_Unload");
   StoreSettings();
   SaveReportSettings = mnuSaveSettings.Checked();
   ReportAutoArrange = mnuAutoArrange.Checked();
@@ -166,6 +167,7 @@ std::string frmReport::ProposedName() const {
 }
 
 void frmReport::mnuSaveAS_Click() {
+  SetTrace("frmReport", "mnuSaveAS_Click");
   StatusUpdate();
   const std::optional<std::string> path = CurrentHost().AskSaveFile(
       {.Filter = "Text (*.txt)|*.txt", .Folder = AppPath, .FileName = ProposedName()});
@@ -178,6 +180,7 @@ void frmReport::mnuSaveAS_Click() {
 }
 
 void frmReport::mnuPrint_Click() {
+  SetTrace("frmReport", "mnuPrint_Click");
   StatusUpdate();
   try {
     CurrentHost().Print(
