@@ -75,8 +75,10 @@ void ListView::UserColumnClick(int column) {
 }
 
 void ListView::UserColumnWidth(int column, int width) {
-  if (column >= 1 && column <= static_cast<int>(columns.size()))
-    columns[static_cast<std::size_t>(column - 1)].Width = width;
+  if (column < 1 || column > static_cast<int>(columns.size())) return;
+  ListColumn& dragged = columns[static_cast<std::size_t>(column - 1)];
+  dragged.Width = width;
+  dragged.Least = 0;
 }
 
 void ListView::ShowRows() const {

@@ -14,6 +14,7 @@ struct ListColumn {
   std::string Text;
   int Width = 1440;  // twips; 0 hides the column
   ColumnAlign Alignment = ColumnAlign::Left;
+  int Least = 0;  // twips that a face shows at least, whatever the width; until the user drags the edge
 };
 
 struct ListRow {

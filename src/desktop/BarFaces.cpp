@@ -56,7 +56,8 @@ class ToolbarFace : public ControlFace {
     ForEachButton([this](ToolButton& button, QAction& action) {
       action.setEnabled(button.Enabled);
       action.setVisible(button.Visible);
-      action.setToolTip(PlainToolTip(ToQt(button.ToolTipText())));
+      action.setToolTip(
+          PlainToolTip(WithKeys(ToQt(button.ToolTipText()), action.property("keys").toString())));
       if (button.Pressed) action.setCheckable(true);
       action.setChecked(button.Pressed);
       if (auto* shown = qobject_cast<QToolButton*>(bar.widgetForAction(&action)))

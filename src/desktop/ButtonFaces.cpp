@@ -81,6 +81,8 @@ class MenuFace : public ControlFace {
   }
   void Push() override {
     if (const QString text = ToQt(model.Caption()); action.text() != text) action.setText(text);
+    // Without one the toolkit would show the caption again.
+    if (!model.ToolTipText().empty()) action.setToolTip(PlainToolTip(ToQt(model.ToolTipText())));
     action.setVisible(model.Visible);
     action.setEnabled(model.Enabled);
     if (model.Checked) action.setCheckable(true);

@@ -91,7 +91,9 @@ void ControlFace::Push() {
 // click is over that led to it, which would take it down again.
 void ControlFace::PushToolTip() {
   const bool refuses = !control.Refusal().empty();
-  const QString tip = PlainToolTip(ToQt(refuses ? control.Refusal() : control.ToolTipText()));
+  const QString tip =
+      PlainToolTip(refuses ? ToQt(control.Refusal())
+                           : WithKeys(ToQt(control.ToolTipText()), widget->property("keys").toString()));
   if (widget->toolTip() == tip) return;
   widget->setToolTip(tip);
   if (std::exchange(showsReason, refuses) && !refuses) QToolTip::hideText();

@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -15,6 +17,7 @@
 #include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
 #include "desktop/QtValues.h"
+#include "desktop/ScreenRoom.h"
 #include "ui/frmHelp.h"
 
 namespace qel {
@@ -94,11 +97,36 @@ void AddHelpButton(QMessageBox& box, int context) {
                    [context] { Dispatch([context] { ShowHelp(context); }); });
 }
 
+// The name with the extension that its kind of file is listed by.
+QString Extended(const QString& name, const QString& suffix) {
+  const bool has = suffix.isEmpty() || name.endsWith('.' + suffix, Qt::CaseInsensitive);
+  return has || name.isEmpty() ? name : name + '.' + suffix;
+}
+
+// Before the toolkit asks whether to write over a file, the name is the whole one.
+class SaveDialogue : public QFileDialog {
+ public:
+  explicit SaveDialogue(QString suffix) : suffix(std::move(suffix)) {
+    setAcceptMode(QFileDialog::AcceptSave);
+    setDefaultSuffix(this->suffix);  // for a dialogue of the desktop's own, which has no such field
+  }
+
+  void accept() override {
+    auto* const field = findChild<QLineEdit*>("fileNameEdit");
+    if (field && !QFileInfo(directory(), field->text()).isDir())
+      field->setText(Extended(field->text(), suffix));
+    QFileDialog::accept();
+  }
+
+ private:
+  QString suffix;
+};
+
 std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialogue) {
   if (!wanted.Folder.empty()) dialogue.setDirectory(QFile::decodeName(wanted.Folder.c_str()));
-  if (!wanted.FileName.empty()) dialogue.selectFile(QFile::decodeName(wanted.FileName.c_str()));
+  if (const QString name = QFile::decodeName(wanted.FileName.c_str()); !name.isEmpty())
+    dialogue.selectFile(Extended(name, dialogue.defaultSuffix()));
   dialogue.setNameFilter(ToolkitFilter(wanted.Filter));
-  dialogue.setDefaultSuffix(ToQt(wanted.Suffix));
   if (RunDialogue(dialogue) != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return std::nullopt;
   return QFile::encodeName(QDir::toNativeSeparators(dialogue.selectedFiles().front())).toStdString();
 }
@@ -106,14 +134,16 @@ std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialog
 }  // namespace
 
 void GiveOwner(QWidget& window) {
-  const QWidget* owner = QApplication::activeModalWidget();
+  QWidget* owner = QApplication::activeModalWidget();
   // The user may be in another program just now.
   if (!owner) owner = QApplication::activeWindow();
   for (const Form* form : LoadedForms)
     if (const FormFace* face = FaceOf(*form); !owner && face && face->Window().isVisible())
       owner = &face->Window();
   window.winId();  // makes the handle
-  if (owner && owner != &window) window.windowHandle()->setTransientParent(owner->windowHandle());
+  if (!owner || owner == &window) return;
+  window.windowHandle()->setTransientParent(owner->windowHandle());
+  FollowPlacement(window, *owner);
 }
 
 void MakeModal(QWidget& window) {
@@ -130,6 +160,7 @@ bool IsKeptFrom(const QWidget& window) {
 int RunDialogue(QDialog& dialogue) {
   const UsualPointer pointer;
   MakeModal(dialogue);  // no child of its owner: it lives on the caller's stack
+  FitInto(dialogue, dialogue.screen()->availableGeometry());
   dialogue.show();
   RunUntil([&dialogue] { return !dialogue.isVisible(); });
   return dialogue.result();
@@ -162,21 +193,29 @@ std::optional<std::string> AskFileToOpen(const FileDialog& wanted) {
 }
 
 std::optional<std::string> AskFileToSave(const FileDialog& wanted) {
-  QFileDialog dialogue;
-  dialogue.setAcceptMode(QFileDialog::AcceptSave);
+  SaveDialogue dialogue(SuffixOf(wanted.Filter));
   return AskFile(wanted, dialogue);
 }
 
 QString ToolkitFilter(const std::string& filter) {
   const QStringList parts = ToQt(filter).split(u'|');
-  QStringList shown;
+  QStringList shown, names, all;
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-    QString patterns = QString(parts[i + 1]).replace(u';', u' ').replace("*.*", "*");
+    const QString patterns = QString(parts[i + 1]).replace(u';', u' ').replace("*.*", "*");
     QString name = parts[i];
     name.remove(QRegularExpression(R"(\s*\([^)]*\)\s*$)"));
     shown += name + " (" + patterns + ')';
+    if (patterns == u"*") continue;
+    names += name.trimmed();
+    all += patterns;
   }
+  if (names.size() > 1) shown.prepend(names.join(", ") + " (" + all.join(u' ') + ')');
   return shown.join(";;");
+}
+
+QString SuffixOf(const std::string& filter) {
+  const QRegularExpression first(R"(\|\*\.(\w+))");
+  return first.match(ToQt(filter)).captured(1);
 }
 
 }  // namespace qel

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QLayout>
+#include <QScreen>
 #include <QShortcut>
 #include <QTabWidget>
 #include <QTimer>
@@ -15,6 +16,7 @@
 #include "desktop/Dialogues.h"
 #include "desktop/EventLoop.h"
 #include "desktop/QtValues.h"
+#include "desktop/ScreenRoom.h"
 
 namespace qel {
 
@@ -22,6 +24,8 @@ namespace {
 
 constexpr auto MakeFaceOfKind = {FaceOfText, FaceOfButton,   FaceOfBar,
                                  FaceOfList, FaceOfListView, FaceOfPicker};
+
+constexpr int FramingTime = 200;  // milliseconds
 
 // A hidden window's layouts do not reach the layouts inside its widgets by themselves.
 void LayOut(QWidget& widget) {
@@ -59,12 +63,16 @@ void FormFace::Attach() {
       }
   }
   for (const auto& face : faces) face->Attach();
-  AddAccessKeys();
+  AddKeys();
   form->ViewChanged = [this] { Push(); };
-  window->installEventFilter(this);
-  window->setMouseTracking(true);
   window->setContextMenuPolicy(Qt::NoContextMenu);
-  for (QWidget* widget : window->findChildren<QWidget*>()) {
+  WatchWidgets();
+}
+
+void FormFace::WatchWidgets() {
+  QList<QWidget*> widgets = window->findChildren<QWidget*>();
+  widgets.push_back(window.get());
+  for (QWidget* widget : widgets) {
     widget->installEventFilter(this);
     widget->setMouseTracking(true);
   }
@@ -110,16 +118,25 @@ void FormFace::Release() {
   if (telling == 0) deleteLater();
 }
 
-void FormFace::AddAccessKeys() {
+void FormFace::AddKeys() {
   for (const auto& face : faces) {
-    QWidget* widget = face->Widget();
-    const QString key = widget ? widget->property("accessKey").toString() : QString();
-    if (key.isEmpty() || qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLabel*>(widget)) continue;
-    auto* shortcut = new QShortcut(
-        QKeySequence(Qt::ALT | static_cast<Qt::Key>(key.front().toUpper().unicode())), window.get());
-    Control& model = face->Bound();
-    connect(shortcut, &QShortcut::activated, this, [this, &model] { Tell([&model] { model.SetFocus(); }); });
+    QWidget* const widget = face->Widget();
+    if (!widget) continue;
+    const auto* const button = qobject_cast<QAbstractButton*>(widget);
+    if (const QString keys = widget->property("keys").toString(); !keys.isEmpty())
+      AddKey(QKeySequence(keys), face->Bound(), button != nullptr);
+    const QString key = widget->property("accessKey").toString();
+    if (key.isEmpty() || button || qobject_cast<QLabel*>(widget)) continue;
+    AddKey(QKeySequence(Qt::ALT | static_cast<Qt::Key>(key.front().toUpper().unicode())), face->Bound(),
+           false);
   }
+}
+
+void FormFace::AddKey(const QKeySequence& keys, Control& model, bool clicks) {
+  auto* const shortcut = new QShortcut(keys, window.get());
+  connect(shortcut, &QShortcut::activated, this, [this, &model, clicks] {
+    Tell([&model, clicks] { clicks ? model.UserClick() : model.SetFocus(); });
+  });
 }
 
 void FormFace::Pull() {
@@ -194,7 +211,12 @@ void FormFace::PushVisible() {
     else if (qobject_cast<QDialog*>(window.get()))
       GiveOwner(*window);
     FollowFocus();
+    if (FitInto(*window, window->screen()->availableGeometry())) WatchWidgets();
     window->show();
+    // Only now the frame that the window system puts around it is known.
+    QTimer::singleShot(FramingTime, this, [this] {
+      if (form) BringOntoScreen(*window);
+    });
   }
   ComeToTheFront();
 }

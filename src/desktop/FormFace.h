@@ -15,6 +15,7 @@
 #include "controls/Form.h"
 
 class QKeyEvent;
+class QKeySequence;
 
 namespace qel {
 
@@ -71,6 +72,7 @@ class FormFace : public QObject {
 
  private:
   void Attach();
+  void WatchWidgets();
   void Pull();
   void Push();
   void PushGeometry();
@@ -78,7 +80,10 @@ class FormFace : public QObject {
   void ComeToTheFront();
   void PullGeometry();
   void TakeWindowState();
-  void AddAccessKeys();
+  // Of the design: "accessKey", the letter that with Alt enters a control, and "keys", which click a button
+  // or enter another control.
+  void AddKeys();
+  void AddKey(const QKeySequence& keys, Control& model, bool clicks);
 
   // The user's side; each answers whether the event goes no further.
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -79,6 +79,7 @@ class ComboFace : public ControlFace {
             [this](int index) { Tell([this, index] { this->model.UserChoose(index); }); });
     if (QLineEdit* field = list.lineEdit()) {
       field->setObjectName("qt_field");
+      field->setAccessibleName(list.accessibleName());
       list.setCompleter(nullptr);
       connect(field, &QLineEdit::textEdited, this,
               [this](const QString& text) { Tell([this, &text] { this->model.UserText(FromQt(text)); }); });

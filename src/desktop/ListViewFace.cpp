@@ -2,13 +2,16 @@
 // for all changes that an event makes.
 
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QTimer>
 #include <QToolTip>
 #include <QTreeView>
 #include <algorithm>
+#include <set>
 
 #include "controls/ListView.h"
 #include "desktop/ControlFace.h"
@@ -27,7 +30,6 @@ class ListViewFace : public ControlFace {
     view.setUniformRowHeights(true);
     view.setRootIsDecorated(false);
     view.setItemsExpandable(false);
-    view.setSelectionMode(QAbstractItemView::SingleSelection);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     view.setTextElideMode(Qt::ElideRight);
@@ -63,6 +65,10 @@ class ListViewFace : public ControlFace {
   bool Filter(QWidget& watched, QEvent& event) override {
     if (event.type() == QEvent::MouseButtonPress) hasSelected = false;
     if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) ShowLater();
+    if (event.type() == QEvent::KeyPress && static_cast<QKeyEvent&>(event).matches(QKeySequence::Copy)) {
+      QApplication::clipboard()->setText(SelectedText());
+      return true;
+    }
     if (event.type() != QEvent::ToolTip || &watched != view.viewport())
       return ControlFace::Filter(watched, event);
     const auto& help = static_cast<QHelpEvent&>(event);
@@ -105,7 +111,8 @@ class ListViewFace : public ControlFace {
     for (int i = 0; i < rows.columnCount(); ++i) {
       const int width = model.Columns()[static_cast<std::size_t>(i)].Width;
       header.setSectionHidden(i, width <= 0);
-      const int shown = std::max(Pixels(width), LeastWidth(i));
+      const int least = Pixels(model.Columns()[static_cast<std::size_t>(i)].Least);
+      const int shown = std::max({Pixels(width), least, LeastWidth(i)});
       if (width > 0 && header.sectionSize(i) != shown) header.resizeSection(i, shown);
     }
     emit rows.headerDataChanged(Qt::Horizontal, 0, std::max(0, rows.columnCount() - 1));
@@ -141,6 +148,20 @@ class ListViewFace : public ControlFace {
       view.setCurrentIndex(rows.index(row, leading));
       view.scrollTo(rows.index(row, leading));
     }
+  }
+
+  // The selected rows as tables take them: cells divided by tabs, without the columns that are hidden.
+  QString SelectedText() const {
+    std::set<int> selected;
+    for (const QModelIndex& cell : view.selectionModel()->selectedIndexes()) selected.insert(cell.row());
+    QString text;
+    for (const int row : selected) {
+      QStringList cells;
+      for (int column = 0; column < rows.columnCount(); ++column)
+        if (!header.isSectionHidden(column)) cells += rows.index(row, column).data().toString().trimmed();
+      text += cells.join(u'\t') + u'\n';
+    }
+    return text;
   }
 
   void TakeRow(int row) {

@@ -14,6 +14,7 @@
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QScrollArea>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -109,6 +110,11 @@ class Faults {
     for (const QObject* child : parent.children()) {
       const auto* widget = qobject_cast<const QWidget*>(child);
       if (!widget || NameOf(*widget).starts_with("qt_")) continue;
+      // Its viewport bears a name of the toolkit's own.
+      if (const auto* area = qobject_cast<const QScrollArea*>(widget)) {
+        CheckChildren(*area->widget());
+        continue;
+      }
       const bool needs = NeedsControl(*widget);
       if (needs && !names.contains(NameOf(*widget)))
         found.push_back("widget without control: " + NameOf(*widget));

@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <utility>
 
 #include "controls/Pickers.h"
 #include "desktop/ControlFace.h"
@@ -19,6 +20,7 @@ class CalendarFace : public ControlFace {
   CalendarFace(FormFace& form, Calendar& model, QCalendarWidget& calendar)
       : ControlFace(form, model, &calendar), model(model), calendar(calendar) {
     calendar.setDateEditEnabled(false);  // its field would take the keys that the model is asked about
+    NameParts();
     connect(&calendar, &QCalendarWidget::clicked, this, [this](const QDate& day) { Take(day, true); });
     connect(&calendar, &QCalendarWidget::selectionChanged, this, [this] {
       if (!mouseIsAtWork) Take(this->calendar.selectedDate(), false);
@@ -39,6 +41,19 @@ class CalendarFace : public ControlFace {
   }
 
  private:
+  // The toolkit leaves them without, but screen readers need them.
+  void NameParts() {
+    const QString name = calendar.accessibleName();
+    for (const auto& [part, called] : {std::pair{"qt_calendar_prevmonth", "previous month"},
+                                       {"qt_calendar_nextmonth", "next month"},
+                                       {"qt_calendar_monthbutton", "month"},
+                                       {"qt_calendar_yearbutton", "year"},
+                                       {"qt_calendar_yearedit", "year"},
+                                       {"qt_calendar_calendarview", "days"}})
+      if (auto* const widget = calendar.findChild<QWidget*>(part))
+        widget->setAccessibleName(name + ", " + called);
+  }
+
   void Push() override {
     ControlFace::Push();
     const QSignalBlocker silent(calendar);
@@ -63,6 +78,8 @@ class UpDownFace : public ControlFace {
  public:
   UpDownFace(FormFace& form, UpDown& model, UpDownButton& arrows)
       : ControlFace(form, model, &arrows), model(model) {
+    arrows.Up().setAccessibleName(arrows.accessibleName() + ", up");
+    arrows.Down().setAccessibleName(arrows.accessibleName() + ", down");
     connect(&arrows.Up(), &QToolButton::clicked, this, [this] { Tell([this] { this->model.UserUp(); }); });
     connect(&arrows.Down(), &QToolButton::clicked, this,
             [this] { Tell([this] { this->model.UserDown(); }); });

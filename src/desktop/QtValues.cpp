@@ -54,6 +54,10 @@ std::string LinesFromQt(QString text) {
 
 QString PlainToolTip(const QString& text) { return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text; }
 
+QString WithKeys(const QString& tip, const QString& keys) {
+  return tip.isEmpty() || keys.isEmpty() ? tip : tip + " (" + keys + ')';
+}
+
 QString WithAccessKey(QString text, const QString& key) {
   if (key.isEmpty() || text.contains(u'&')) return text;
   const auto place = text.indexOf(key.front(), 0, Qt::CaseInsensitive);

@@ -34,6 +34,9 @@ std::string LinesFromQt(QString text);
 // A text that tool tips show as it stands, whatever it looks like: they would take "<b>" for a command.
 QString PlainToolTip(const QString& text);
 
+// A tip with the keys behind it that do the same, if there are any.
+QString WithKeys(const QString& tip, const QString& keys);
+
 // The text with its access key marked, if it holds the letter and marks none itself.
 QString WithAccessKey(QString text, const QString& key);
 

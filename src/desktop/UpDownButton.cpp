@@ -8,8 +8,6 @@ UpDownButton::UpDownButton(QWidget* parent) : QWidget(parent), up(this), down(th
   // The names mark the two as the toolkit's own parts of one widget.
   up.setObjectName("qt_up");
   down.setObjectName("qt_down");
-  up.setAccessibleName("Up");
-  down.setAccessibleName("Down");
   up.setArrowType(Qt::UpArrow);
   down.setArrowType(Qt::DownArrow);
   auto* const column = new QVBoxLayout(this);

@@ -30,10 +30,9 @@ struct Message {
 
 // What a file dialogue begins with.
 struct FileDialog {
-  std::string Filter;       // "Text (*.txt)|*.txt|All Files (*.*)|*.*"
-  std::string Folder;       // where it opens; a file path, as all paths in the system's bytes
-  std::string FileName;     // the name it proposes, in the system's bytes too
-  std::string Suffix = {};  // what a name to save under gets that has none, without the "."; or nothing
+  std::string Filter;    // "Text (*.txt)|*.txt|All Files (*.*)|*.*"; names to save under get its extension
+  std::string Folder;    // where it opens; a file path, as all paths in the system's bytes
+  std::string FileName;  // the name it proposes, in the system's bytes too
 };
 
 // Text for the printer: Windows-1252, fixed pitch.

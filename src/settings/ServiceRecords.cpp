@@ -254,7 +254,24 @@ void WriteService(ServiceRecord& service, int number, int count) {
   WriteFields(CostFields, service, "", behind, count);
 }
 
+bool CallCosts(const ServiceRecord& service) {
+  if (service.DialOption == 1) return service.DialFixedTariff != 0;
+  bool costs = false;
+  for (int i = 0; service.DialOption == 2 && i < service.UsedTariffs; ++i)
+    costs = costs || service.Tariffs[i].DialRate != 0 || service.Tariffs[i].PerMinuteRate != 0;
+  return costs;
+}
+
+bool TimeCosts(const ServiceRecord& service) {
+  if (service.ServiceOption == 1) return service.ServiceRate != 0;
+  return service.ServiceOption == 2 && (service.FlexRate != 0 || service.FlexRate2 != 0);
+}
+
 }  // namespace
+
+bool CostsNothing(const ServiceRecord& service) {
+  return !CallCosts(service) && !TimeCosts(service) && service.PerMeg == 0;
+}
 
 void ResetServiceRecords() {
   Services = {};

@@ -73,6 +73,9 @@ extern Int16 UsedHolidays;
 
 void ResetServiceRecords();
 
+// Whether nothing that happens with the service is charged: no call, no time on line, no data.
+bool CostsNothing(const ServiceRecord& service);
+
 // Load and store the records above by their numbered value names. Part of ReadUserParameters and
 // WriteUserParameters; a missing value is empty. A count beyond its array raises 9 to the error handler, and
 // becomes what there is room for; the other records are kept beyond the array and stored behind those in it.

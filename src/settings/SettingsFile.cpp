@@ -61,9 +61,12 @@ SettingsFile ReadSettingsFile(const std::string& content) {
 
 // A file of the old system has no unambiguous names; those that stand in the store would win over its values.
 void ImportOptions(const SettingsFile& file) {
+  Registry.Refresh();
   for (const auto& [key, values] : file.Own) {
     Registry.CreateKey(key);
     for (const auto& [name, value] : values) {
+      // Else what another program stored meanwhile would outlive a value that this one knew already.
+      static_cast<void>(Registry.Query(key, name));
       Registry.Set(key, name, value);
       const auto own = OwnNameBeside(name);
       if (own && !values.contains(*own)) Registry.DeleteValue(key, *own);

@@ -8,15 +8,15 @@
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/CodePage.h"
+#include "platform/DateConversion.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
-#include "settings/SettingsFile.h"
 #include "ui/frmAbout.h"
 #include "ui/frmHelp.h"
 #include "ui/frmMain.h"
 #include "ui/frmReport.h"
-#include "ui/frmSetup.h"
+#include "ui/frmTip.h"
 #include "ui/frmViewLog.h"
 
 namespace qel {
@@ -28,7 +28,6 @@ constexpr std::size_t LongestRecentName = 35;  // characters
 constexpr char ArchiveFilter[] =
     "Qelmark Modem Log Archive (*.qel)|*.qel|Modem Log File (*.log, *.txt)|*.log;*.txt| All Files (*.*)|*.*";
 constexpr char ReportFilter[] = "Qelmark Report (*.txt)|*.txt";
-constexpr char RegistryFilter[] = "Registry File (*.reg)|*.reg";
 
 // Both ends of a name, which tell names apart best; "&" would mark an access key in a menu.
 std::string RecentCaption(const std::string& fileName) {
@@ -37,22 +36,6 @@ std::string RecentCaption(const std::string& fileName) {
   std::string caption;
   for (const char c : name) caption += c == '&' ? "&&" : std::string(1, c);
   return caption;
-}
-
-void TellExported(const std::string& path) {
-  const std::string lines[] = {
-      "QEL stores all of it's options/settings in the Windows Registry. ",
-      "These paramters have been exported to:",
-      PathText(path),
-      "Keep this file in a safe place as it can be used to restore all of ",
-      "your settings and options including service definitions. It may ",
-      "also be used to transfer all your QEL settings to another PC.",
-      "To restore, make sure QEL is closed and simply double click",
-      "the " + PathText(FileNamePart(path)) + " file.",
-  };
-  std::string text;
-  for (const auto& line : lines) text += (text.empty() ? "" : NewLine) + line;
-  MsgBox({text, "QEL Options Saved", Icon::Information});
 }
 
 // The user's way out: changes in the viewer that the user wants kept, and that cannot be saved, prevent it.
@@ -81,6 +64,8 @@ void frmMain::WireCommands() {
   mnuOpenReport.Click = [this] { mnuOpenReport_Click(); };
   mnuSetup.Click = [this] { mnuSetup_Click(); };
   mnuExport.Click = [this] { mnuExport_Click(); };
+  mnuImport.Click = [this] { mnuImport_Click(); };
+  mnuRefresh.Click = [this] { mnuRefresh_Click(); };
   for (std::size_t i = 0; i < mnuRecent.size(); ++i) mnuRecent[i].Click = [this, i] { mnuRecent_Click(i); };
   mnuClrLst.Click = [this] { mnuClrLst_Click(); };
   mnuExit.Click = [] { LeaveProgram(); };
@@ -88,6 +73,10 @@ void frmMain::WireCommands() {
   mnuReadme.Click = [this] { mnuReadme_Click(); };
   mnsSearchHelp.Click = ShowHelpSearch;
   mnuHowToHelp.Click = ShowHelpOnHelp;
+  mnuTip.Click = [] {
+    SetTrace("frmMain", "mnuTip_Click");
+    TipForm->ShowModal();
+  };
   mnuAbout.Click = [this] { mnuAbout_Click(); };
   btnExit.Click = [] { LeaveProgram(); };
   btnExit.GotFocus = [this] { SetStatus(3); };
@@ -135,14 +124,39 @@ void frmMain::OpenArchive(const std::string& path) {
     defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
   }
   SetCurrentLog(path);
-  ForgetFindings();
-  LogExists = true;
-  GetLogStats(true);
+  ReadArchive();
   ArchiveOpen = true;
   AddRecentFile(CurrentLogFile, CurrentLogDir, "A");
   ShowRecentFiles();
   Form_Load();
+  ShowActiveDate();
   CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+void frmMain::ReadArchive() {
+  ForgetFindings();
+  LogExists = true;
+  GetLogStats(true);
+}
+
+// The file may have grown, or have come into being, since it was looked into. The dates stay where they can.
+void frmMain::mnuRefresh_Click() {
+  SetTrace("frmMain", "mnuRefresh_Click");
+  StepTrace = PathText(CurrentLogPath);
+  const std::string dates[] = {inputStarting.Text, inputEnding.Text};
+  if (!ArchiveOpen)
+    ReadDefaultLog(CurrentLogDir, CurrentLogFile);
+  else if (CanBeOpened(CurrentLogPath))
+    ReadArchive();
+  Form_Load();
+  if (inputStarting.Enabled && IsDate(dates[0]) && IsDate(dates[1])) {
+    inputStarting.Text = dates[0];
+    inputEnding.Text = dates[1];
+  }
+  CurrentHost().SetMousePointer(MousePointer::Default);
+  TellStateOfLog();
+  ShowStatus();
+  ShowActiveDate();
 }
 
 void frmMain::mnuOpenLog_Click() {
@@ -150,6 +164,7 @@ void frmMain::mnuOpenLog_Click() {
   ArchiveOpen = false;
   ReadDefaultLog(defaultLogDir, defaultLogFile);
   Form_Load();
+  ShowActiveDate();
   CurrentHost().SetMousePointer(MousePointer::Default);
   if (!LogCorrupt) return;
   TellCorrupt();
@@ -163,29 +178,6 @@ void frmMain::ReadDefaultLog(const std::string& folder, const std::string& file)
   Attempt([] { LogExists = FileExists(CurrentLogPath); });
   LogCorrupt = LogExists && CheckCorruption(false);
   if (LogExists && !LogCorrupt) GetLogStats(false);
-}
-
-// The window comes back to the front once, when it shows what the options have changed, and not before.
-void frmMain::mnuSetup_Click() {
-  SetTrace("frmMain", "mnuSetup_Click");
-  OptionsChanged = false;
-  optionsOpen = true;
-  SetupForm->ShowModal();
-  CurrentHost().Paint();
-  if (LogPathChanged && ArchiveOpen) {
-    defaultLogFile = ModemLogFile;
-    defaultLogDir = ModemLogDir;
-    defaultLogUsable = true;
-  } else if (LogPathChanged) {
-    ReadDefaultLog(ModemLogDir, ModemLogFile);
-  }
-  Form_Load();
-  optionsOpen = false;
-  ActiveForm = nullptr;
-  Activate();
-  if (!OptionsChanged) return;
-  MsgBox({"Some changed options will NOT take\neffect until the program is re-started.", "QEL Options"});
-  OptionsChanged = false;
 }
 
 void frmMain::mnuOpenReport_Click() {
@@ -202,12 +194,6 @@ void frmMain::DoOpenReport(const std::string& path) {
   if (!opened) return;
   AddRecentFile(FileNamePart(path), FolderPart(path), "R");
   ShowRecentFiles();
-}
-
-void frmMain::mnuExport_Click() {
-  SetTrace("frmMain", "ExportOptions");
-  const auto path = CurrentHost().AskSaveFile({RegistryFilter, AppPath, "QEL.reg"});
-  if (path && Attempt([&path] { ReplaceFile(*path, ExportedOptions()); })) TellExported(*path);
 }
 
 void frmMain::mnuReadme_Click() {

@@ -5,6 +5,7 @@
 
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
 #include "platform/Host.h"
 #include "platform/TextConversion.h"
 #include "reports/DetailReport.h"
@@ -18,11 +19,13 @@ namespace {
 
 // Twips.
 constexpr int ColumnWidth = 1440;  // of a column that nothing else gives a width
+constexpr int MostRoom = 3600;     // that a text makes for itself
 constexpr int NumberColumnWidth = 100;
 constexpr int NotesWidth = 6000;
 constexpr int WidthLeftOut = 2200;  // of the list, when its columns share it
 constexpr int LeastSharedWidth = 100;
 
+constexpr int TwipsPerPoint = 20;
 constexpr float TitleSize = 14;  // points
 
 struct Measure {
@@ -61,12 +64,37 @@ class Building {
   bool& flag;
 };
 
-std::vector<ListColumn> ListColumns(const std::vector<ReportColumn>& columns) {
+// The widths that the settings begin with. They show no whole date in the letters of today.
+constexpr int FirstWidths[] = {1000, 1000, 700, 1000, 1000, 2000};
+
+bool UserHasChosen(int width, std::size_t column) {
+  return width != 0 && (column > std::size(FirstWidths) || width != FirstWidths[column - 1]);
+}
+
+// Twips for the widest text of a column: dates and times are longer in one region than in another.
+int RoomFor(std::size_t column, const ReportDocument& document, float fontSize) {
+  std::size_t longest = 0;
+  for (const auto& row : document.Rows) {
+    if (column > row.SubItems.size()) continue;
+    const std::string& text = row.SubItems[column - 1];
+    if (text.find_first_not_of('.') != std::string::npos) longest = std::max(longest, text.size());
+  }
+  const double digit = 0.6 * fontSize * TwipsPerPoint;
+  return std::min(static_cast<int>(static_cast<double>(longest + 2) * digit), MostRoom);
+}
+
+std::vector<ListColumn> ListColumns(const ReportDocument& document, const ReportViewSettings& settings,
+                                    float fontSize) {
   std::vector<ListColumn> made;
-  made.reserve(columns.size());
-  for (const auto& column : columns)
+  made.reserve(document.Columns.size());
+  for (const auto& column : document.Columns) {
+    const std::size_t at = made.size();  // 0 is the leading column, which has no stored width
+    const bool isOpen = at >= 1 && at <= settings.Column.size() && column.Width == 0 &&
+                        !UserHasChosen(settings.Column[at - 1], at);
     made.push_back({column.Title, column.Width > 0 ? column.Width : ColumnWidth,
-                    static_cast<ColumnAlign>(column.Alignment)});
+                    static_cast<ColumnAlign>(column.Alignment),
+                    isOpen ? RoomFor(at, document, fontSize) : 0});
+  }
   return made;
 }
 
@@ -92,10 +120,25 @@ const frmReport::Kind* frmReport::CheckedReport() const {
   return mnuDetails.Checked ? &Details : nullptr;
 }
 
-void frmReport::mnuSummary_Click() { ChooseReport(Summary); }
-void frmReport::mnuDetails_Click() { ChooseReport(Details); }
-void frmReport::mnuListView_Click() { ChooseFormat(true); }
-void frmReport::mnuFormatStd_Click() { ChooseFormat(false); }
+void frmReport::mnuSummary_Click() {
+  SetTrace("frmReport", "mnuSummary_Click");
+  ChooseReport(Summary);
+}
+
+void frmReport::mnuDetails_Click() {
+  SetTrace("frmReport", "mnuDetails_Click");
+  ChooseReport(Details);
+}
+
+void frmReport::mnuListView_Click() {
+  SetTrace("frmReport", "mnuListView_Click");
+  ChooseFormat(true);
+}
+
+void frmReport::mnuFormatStd_Click() {
+  SetTrace("frmReport", "mnuFormatStd_Click");
+  ChooseFormat(false);
+}
 
 void frmReport::ChooseReport(const Kind& kind) {
   StoreSettings();
@@ -132,7 +175,7 @@ void frmReport::BuildReport(const Kind& kind) {
   const DisplayInstead here(*this);
   const Building now(building);
   Attempt([&] {
-    ShowDocument(kind.Build());
+    ShowDocument(kind);
     ShowDifferences(kind);
     // Also while the list is hidden: StoreSettings reads it back all the same.
     ApplyListSettings(kind);
@@ -141,7 +184,8 @@ void frmReport::BuildReport(const Kind& kind) {
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
-void frmReport::ShowDocument(ReportDocument document) {
+void frmReport::ShowDocument(const Kind& kind) {
+  ReportDocument document = kind.Build();
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   Report = std::move(document);
   ReportTextBox.Text = Report.ReportText;
@@ -154,7 +198,7 @@ void frmReport::ShowDocument(ReportDocument document) {
   fraWarning.Visible = Report.fraWarning;
   fraNoConn.Visible = Report.fraNoConn;
   ListView1.Clear();
-  ListView1.SetColumns(ListColumns(Report.Columns));
+  ListView1.SetColumns(ListColumns(Report, kind.Settings, ListView1.Font->Size));
   SetNumberColumn();
   ListView1.SetRows(ListRows(std::exchange(Report.Rows, {})));
   ListView1.SelectRow(Report.SelectedRow);

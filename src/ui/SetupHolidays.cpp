@@ -29,9 +29,22 @@ void frmSetup::LoadHolidays() {
   Attempt([this] {
     for (int i = 0; i < UsedHolidays; ++i)
       if (Holidays[i] >= Today()) holidays.push_back(Holidays[i]);
+    ShowPastHolidays(UsedHolidays - static_cast<int>(holidays.size()));
   });
   CalHolidays.Value = Today();
   Attempt([this] { ShowHolidays(0); });
+}
+
+// Tariffs for holidays hold on them, so reports on their days change with the saving.
+void frmSetup::ShowPastHolidays(int past) {
+  lblPastHolidays.Visible = past > 0;
+  lblPastHolidays.Caption =
+      past == 1
+          ? "1 holiday that has gone by is not in the list. Save removes it, and reports on its day will "
+            "no longer take it for a holiday."
+          : NumberText(past) +
+                " holidays that have gone by are not in the list. Save removes them, and reports on their "
+                "days will no longer take them for holidays.";
 }
 
 // Chooses the entry at a place, or else the last one.

@@ -18,6 +18,19 @@ constexpr int TelephoneIcon = 3;
 constexpr char NoService[] = "No service is selected.";
 constexpr char NoRoom[] = "There is room for no more services.";
 
+constexpr int MostNamed = 3;
+
+// The first few names, and how many there are beyond them.
+std::string FreeServices() {
+  std::string names;
+  int count = 0;
+  for (int i = 0; i < UsedServices; ++i) {
+    if (!CostsNothing(Services[i])) continue;
+    if (++count <= MostNamed) names += (names.empty() ? "" : ", ") + Services[i].ServiceName;
+  }
+  return count > MostNamed ? names + " and " + NumberText(count - MostNamed) + " more" : names;
+}
+
 ListRow RowOf(const ServiceRecord& service) {
   return {service.ServiceName + "  ", {service.ServiceNumber}, TelephoneIcon};
 }
@@ -75,6 +88,16 @@ void frmSetup::ShowServiceCount() {
   lblServices.Caption = NumberText(UsedServices) + " Services (Max " + NumberText(MaxServices) + ")";
   lblServices.ForeColor = room ? SystemColour::WindowText : SystemColour::Warning;
   for (Button* button : {&btnNew, &btnCopy, &btnScan}) button->Enabled = room;
+  ShowServiceNotice();
+}
+
+void frmSetup::ShowServiceNotice() {
+  std::string free;
+  IgnoreErrors([&free] { free = FreeServices(); });
+  std::string notice = deletionNotice;
+  if (!free.empty()) notice += (notice.empty() ? "" : "\n") + ("Without any costs so far: " + free);
+  lblServiceNotice.Caption = notice;
+  lblServiceNotice.Visible = !notice.empty();
 }
 
 void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = UsedServices != 0; }
@@ -105,6 +128,7 @@ void frmSetup::lstServices_DblClick() {
   const int service = SelectedService();
   if (service < 0) return Refuse(lstServices, NoService);
   if (EditService(false)) lstServices.SetRow(service + 1, RowOf(Services[service]));
+  ShowServiceNotice();
 }
 
 void frmSetup::lstServices_ItemClick() {
@@ -131,6 +155,10 @@ void frmSetup::DeleteService() {
   SetTrace("frmSetup", "DeleteService");
   const int deleted = SelectedService();
   if (deleted < 0) return Refuse(lstServices, NoService);
+  if (deleted + 1 < UsedServices)
+    deletionNotice =
+        "Each service that stood below " + Services[deleted].ServiceName +
+        " now has the costs and the warning of the entry before it. Please check them with Edit.";
   for (int i = deleted; i + 1 < UsedServices; ++i) {
     Services[i].ServiceName = Services[i + 1].ServiceName;
     Services[i].ServiceNumber = Services[i + 1].ServiceNumber;

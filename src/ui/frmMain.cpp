@@ -8,6 +8,7 @@
 #include "core/ProgramState.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Clock.h"
+#include "platform/DateConversion.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
 #include "ui/DateField.h"
@@ -123,6 +124,14 @@ void frmMain::Form_Activate() {
   // The other date keeps the focus while it is unfinished; coming to the front is no reason to complain of
   // it.
   if (inputStarting.Enabled && !(inputEnding.HasFocus() && !EndingChanged)) inputStarting.SetFocus();
+}
+
+// The field that dates go to may have kept the focus while both were set anew, the other one last.
+void frmMain::ShowActiveDate() {
+  const std::string text = InputOf(CurrentDateField).Text;
+  if (!IsDate(text)) return;
+  Calendar1.Value = WholeDay(ActiveDate());
+  CalTitle();
 }
 
 // True where there was nothing to complain of.

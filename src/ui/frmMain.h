@@ -1,7 +1,8 @@
 // The main window: the period, the commands, what is known of the log. It stays open from start to end.
 //
 // Its handlers are told apart by what they are for: frmMain.cpp (life of the window, what is enabled when),
-// MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), MainTools.cpp (viewer, log tools, wizard),
+// MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), MainOptions.cpp
+// (options and their files), MainTools.cpp (viewer, log tools, wizard),
 // MainStatistics.cpp (panel, status line, animation).
 #pragma once
 
@@ -26,8 +27,10 @@ class frmMain : public Form, public Display, public PeriodFields {
   MenuItem mnuOpenLog{*this, "mnuOpenLog"};
   MenuItem mnuOpenArchive{*this, "mnuOpenArchive"};
   MenuItem mnuOpenReport{*this, "mnuOpenReport"};
+  MenuItem mnuRefresh{*this, "mnuRefresh"};
   MenuItem mnuSetup{*this, "mnuSetup"};
   MenuItem mnuExport{*this, "mnuExport"};
+  MenuItem mnuImport{*this, "mnuImport"};
   std::array<MenuItem, 5> mnuRecent{{{*this, "mnuRecent", 0},
                                      {*this, "mnuRecent", 1},
                                      {*this, "mnuRecent", 2},
@@ -56,6 +59,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   MenuItem mnuReadme{*this, "mnuReadme"};
   MenuItem mnsSearchHelp{*this, "mnsSearchHelp"};
   MenuItem mnuHowToHelp{*this, "mnuHowToHelp"};
+  MenuItem mnuTip{*this, "mnuTip"};
   MenuItem mnuAbout{*this, "mnuAbout"};
 
   Toolbar ToolbarMain{
@@ -163,6 +167,8 @@ class frmMain : public Form, public Display, public PeriodFields {
   void mnuOpenReport_Click();
   void mnuSetup_Click();
   void mnuExport_Click();
+  void mnuImport_Click();
+  void mnuRefresh_Click();
   void mnuRecent_Click(std::size_t index);
   void mnuClrLst_Click();
   void mnuReadme_Click();
@@ -182,6 +188,10 @@ class frmMain : public Form, public Display, public PeriodFields {
   void EnableControls(bool enabled);
   void EnableRecentMenu(bool state);
   void KeepWindowSize();
+  static void ReadArchive();
+  void UseNewDefaultLog();
+  void ShowAnew();
+  void ShowActiveDate();
   void ReadLogAgain();
   static void ReadDefaultLog(const std::string& folder, const std::string& file);
   static void ForgetFindings();

@@ -46,6 +46,7 @@ void frmReport::ConnectMenus() {
   mnuExit.Click = [this] { mnuExit_Click(); };
   mnuSummary.Click = [this] { mnuSummary_Click(); };
   mnuDetails.Click = [this] { mnuDetails_Click(); };
+  mnuRefresh.Click = [this] { mnuSummary.Checked ? mnuSummary_Click() : mnuDetails_Click(); };
   mnuFormatStd.Click = [this] { mnuFormatStd_Click(); };
   mnuListView.Click = [this] { mnuListView_Click(); };
   mnuNumConnections.Click = [this] { mnuNumConnections_Click(); };
@@ -76,6 +77,7 @@ void frmReport::Toolbar1_ButtonClick(const std::string& key) {
 }
 
 void frmReport::Form_Load() {
+  SetTrace("frmReport", "Form_Load");
   Toolbar1.Flat = FlatToolbars;
   SummaryBuilt = DetailBuilt = false;
   mnuSaveSettings.Checked = SaveReportSettings;
@@ -87,6 +89,7 @@ void frmReport::Form_Load() {
 }
 
 void frmReport::Form_Activate() {
+  SetTrace("frmReport", "Form_Activate");
   Toolbar1.Visible = ShowToolbars;
   Form_Resize();
   // Only a fresh analysis is one of the current log: another one may have been opened since.
@@ -99,6 +102,7 @@ void frmReport::Form_Activate() {
 }
 
 bool frmReport::Form_Unload() {
+  SetTrace("frmReport", "Form_Unload");
   StoreSettings();
   SaveReportSettings = mnuSaveSettings.Checked();
   ReportAutoArrange = mnuAutoArrange.Checked();
@@ -148,8 +152,8 @@ void frmReport::OpenReport(const std::string& path) {
 
 // What has no meaning for the text of a file.
 void frmReport::EnableAnalysis(bool enabled) {
-  for (Control* item :
-       {&mnuSummary, &mnuDetails, &mnuFormatStd, &mnuListView, &mnuNumConnections, &mnuAutoArrange, &mnuFont})
+  for (Control* item : {&mnuSummary, &mnuDetails, &mnuRefresh, &mnuFormatStd, &mnuListView,
+                        &mnuNumConnections, &mnuAutoArrange, &mnuFont})
     item->Enabled = enabled;
   for (const char* key : {"Summary", "Detail", "Standard", "List View", "Bigger", "Smaller", "ShowNums"})
     Toolbar1.Button(key).Enabled = enabled;
@@ -164,6 +168,7 @@ std::string frmReport::ProposedName() const {
 }
 
 void frmReport::mnuSaveAS_Click() {
+  SetTrace("frmReport", "mnuSaveAS_Click");
   StatusUpdate();
   const std::optional<std::string> path = CurrentHost().AskSaveFile(
       {.Filter = "Text (*.txt)|*.txt", .Folder = AppPath, .FileName = ProposedName()});
@@ -176,6 +181,7 @@ void frmReport::mnuSaveAS_Click() {
 }
 
 void frmReport::mnuPrint_Click() {
+  SetTrace("frmReport", "mnuPrint_Click");
   StatusUpdate();
   try {
     CurrentHost().Print(

@@ -49,6 +49,7 @@ class frmReport : public Form, private Display {
   MenuItem mnuView{*this, "mnuView"};
   MenuItem mnuSummary{*this, "mnuSummary"};
   MenuItem mnuDetails{*this, "mnuDetails"};
+  MenuItem mnuRefresh{*this, "mnuRefresh"};
   MenuItem mnuOptions{*this, "mnuOptions"};
   MenuItem mnuFormatStd{*this, "mnuFormatStd"};
   MenuItem mnuListView{*this, "mnuListView"};
@@ -129,7 +130,7 @@ class frmReport : public Form, private Display {
   void ChooseFormat(bool list);
   void ShowFormat(bool list);
   void BuildReport(const Kind& kind);
-  void ShowDocument(ReportDocument document);
+  void ShowDocument(const Kind& kind);
   void ShowDifferences(const Kind& kind);
   void ApplySettings(const Kind& kind);
   void ApplyListSettings(const Kind& kind);

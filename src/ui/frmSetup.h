@@ -75,6 +75,8 @@ class frmSetup : public Form {
   Button btnCopy{Settings[2], "btnCopy"};
   Button btnScan{Settings[2], "btnScan"};
   ProgressBar ProgressBar1{Settings[2], "ProgressBar1"};
+  Label lblServiceNotice{Settings[2],
+                         "lblServiceNotice"};  // what the costs of the services may surprise with
 
   // Costs
   CheckBox optCalcCosts{Settings[3], "optCalcCosts"};
@@ -107,6 +109,7 @@ class frmSetup : public Form {
   Button btnRemove{Settings[6], "btnRemove"};
   ListBox lstHolidays{Settings[6], "lstHolidays"};
   Label lblUsedHolidays{Settings[6], "lblUsedHolidays"};
+  Label lblPastHolidays{Settings[6], "lblPastHolidays"};  // those that saving takes out of the settings
 
   // Report
   std::array<OptionButton, 2> optFormat{{{Settings[7], "optFormat", 0}, {Settings[7], "optFormat", 1}}};
@@ -189,6 +192,7 @@ class frmSetup : public Form {
   void Icon_Click(int index);
 
   void WireServices();
+  void ShowServiceNotice();
   void ShowServices();
   int SelectedService() const { return lstServices.SelectedRow() - 1; }
   void AddServiceRow(int service);
@@ -208,6 +212,7 @@ class frmSetup : public Form {
 
   void WireHolidays();
   void LoadHolidays();
+  void ShowPastHolidays(int past);
   void ShowHolidays(int chosen);
   void ShowHolidayCount();
   void AddHoliday();
@@ -225,6 +230,7 @@ class frmSetup : public Form {
   bool saved = false;
   bool regionalSettingsOpened = false;
   bool durationValid = false;
+  std::string deletionNotice;  // once a deletion has moved costs from one service to another
   std::string logPathAtLoad;
   std::string shownLogPath;    // whose text the window put into txtLogName
   std::vector<Date> holidays;  // the window's own; Holidays is touched by saving alone

@@ -225,7 +225,7 @@ bool frmViewLog::StampHasChanged() const {
 }
 
 void frmViewLog::mnuSaveArchive_Click() {
-  const auto path = CurrentHost().AskSaveFile({ArchiveFilter, AppPath, ToUtf8(archiveName), "qel"});
+  const auto path = CurrentHost().AskSaveFile({ArchiveFilter, AppPath, ToUtf8(archiveName)});
   if (path) IgnoreErrors([&] { ReplaceFile(*path, TextViewLog.Text() + NewLine); });
 }
 

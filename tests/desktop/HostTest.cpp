@@ -149,6 +149,8 @@ TEST_F(HostOfDesktop, ASoundGoesToThePlayerThatCanPlayIt) {
 TEST_F(HostOfDesktop, FiltersAndFailuresAreThoseOfThePlatform) {
   EXPECT_EQ(ToolkitFilter("Text (*.txt;*.log)|*.txt;*.log|All Files (*.*)|*.*"),
             "Text (*.txt *.log);;All Files (*)");
+  EXPECT_EQ(ToolkitFilter("Archive (*.qel)|*.qel|Log (*.log, *.txt)|*.log;*.txt| All Files (*.*)|*.*"),
+            "Archive, Log (*.qel *.log *.txt);;Archive (*.qel);;Log (*.log *.txt);; All Files (*)");
   EXPECT_THROW(host.OpenDocument("/no/such/file.txt"), RunTimeError);
   EXPECT_THROW(host.StartProgram("/no/such/program"), RunTimeError);
 }

@@ -1,7 +1,9 @@
 #include "ProgramTest.h"
 
+#include <QClipboard>
 #include <QHeaderView>
 #include <QLabel>
+#include <QTreeView>
 
 #include "support/ModemStore.h"
 
@@ -75,8 +77,16 @@ TEST_F(ProgramTest, FromAFreshHomeToASavedReportAndBackByMouseAndKeyboard) {
   EXPECT_EQ(title(6), "* Data Read");
   Click(*header->viewport(), {header->sectionViewportPosition(6) + 10, header->height() / 2});
   EXPECT_EQ(title(6), "* Blocks");
-  paths = {folder.Path("November.txt")};
-  ClickTool("frmReport", "Toolbar1", "Save");
+  auto& list = Get<QTreeView>("frmReport", "ListView1");
+  list.setFocus();
+  for (const Qt::Key key : {Qt::Key_A, Qt::Key_C}) QTest::keyClick(&list, key, Qt::ControlModifier);
+  const std::string copied = QApplication::clipboard()->text().toStdString();
+  EXPECT_NE(copied.find("Harbour Net\t16:11:39\t22\t"), std::string::npos) << copied;
+  EXPECT_NE(copied.find("\nTOTALS:\t"), std::string::npos);
+  EXPECT_EQ(Get<QAction>("frmReport", "Toolbar1_Save").toolTip(), "Save Report (Ctrl+S)");
+  paths = {folder.Path("November")};  // without an extension
+  QTest::keyClick(&list, Qt::Key_S, Qt::ControlModifier);
+  Settle();
   EXPECT_NE(folder.Content("November.txt").find("QELMARK - Summary Report"), std::string::npos);
   WindowOf("frmReport").resize(700, 400);
   WindowOf("frmReport").close();
@@ -95,6 +105,7 @@ TEST_F(ProgramTest, FromAFreshHomeToASavedReportAndBackByMouseAndKeyboard) {
   Click(Get<QWidget>("frmSplash", "Picture1"));
   EXPECT_EQ(WindowOf("frmMain").size(), QSize(800, 600));
   EXPECT_EQ(Get<QAction>("frmMain", "mnuRecent_1").text(), "sample.log");
+  EXPECT_EQ(Get<QAction>("frmMain", "mnuRecent_1").toolTip().toStdString(), folder.Path("sample.log"));
   Choose("frmMain", "mnuRecent_0");
   EXPECT_EQ(WindowOf("frmReport").windowTitle(), "QEL Report - (November.txt)");
   EXPECT_EQ(SummaryViewSettings.WinWidth, 700 * 15);

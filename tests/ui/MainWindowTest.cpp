@@ -1,3 +1,4 @@
+#include "platform/DateConversion.h"
 #include "platform/RegistryFile.h"
 #include "support/WindowTest.h"
 
@@ -162,6 +163,82 @@ TEST_F(MainWindowTest, TheOptionsAreExportedToAFileThatRestoresThem) {
   host.messages.clear();
   MainForm->mnuExport.UserClick();
   EXPECT_EQ(host.messages.at(0).Text, "That path doesn't exist.");
+}
+
+TEST_F(MainWindowTest, OptionsAreImportedWholeAndUsedAtOnceOrNotAtAll) {
+  const std::string head =
+      "REGEDIT4\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\r\n\"a\"=\"1\"\r\n"
+      "[HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\General]\r\n";
+  Show(usable);
+  UserStartDate = 7;
+  WriteUserParameters();
+  folder.Put("bad.reg", head + "\"MaxConnections\"=dword:00000014\r\n\"MaxServices\"=\"twenty\"\r\n");
+  host.paths = {std::nullopt, folder.Path("none.reg"), folder.Path("bad.reg")};
+  for (const char* said : {"", "File not found", "\"MaxServices\""}) {
+    host.messages.clear();
+    MainForm->mnuImport.UserClick();
+    EXPECT_EQ(host.messages.size(), *said ? 1u : 0u);
+    EXPECT_TRUE(host.messages.empty() || host.messages[0].Text.find(said) != std::string::npos) << said;
+    EXPECT_EQ(std::tuple(MaxConnections, UserStartDate), std::tuple(200, 7));
+  }
+  PathOf("new.log", LogOf("02-05-1999", "02-07-1999"));
+  folder.Put("good.reg", head + "\"MaxConnections\"=dword:00000014\r\n\"ModemLogFile\"=\"new.log\"\r\n" +
+                             "\"ModemLogDir\"=\"" + folder.Path() +
+                             "/\"\r\n\"ForceAMPM\"=dword:00000001\r\n");
+  host.paths = {folder.Path("good.reg")};
+  host.messages.clear();
+  MainForm->mnuImport.UserClick();
+  EXPECT_EQ(host.messages.at(0).Text.substr(0, 31),
+            "4 values were imported from\r\n" + folder.Path().substr(0, 2));
+  EXPECT_NE(host.messages[0].Text.find("passed over: 1"), std::string::npos);
+  EXPECT_EQ(std::tuple(MaxConnections, UserStartDate), std::tuple(20, 7))
+      << "what the file does not name stays";
+  EXPECT_EQ(CurrentLogPath, folder.Path("new.log"));
+  EXPECT_EQ(MainForm->inputEnding.Text(), "02/07/1999");
+}
+
+TEST_F(MainWindowTest, ReadingAgainFindsWhatWasWrittenAndKeepsTheDates) {
+  MainForm->Show();
+  folder.Put("ModemLog.txt", usable);
+  SetCurrentLog(folder.Path() + "/", "ModemLog.txt");
+  MainForm->mnuRefresh.UserClick();
+  EXPECT_TRUE(LogExists && MainForm->inputStarting.Enabled) << "it has come into being";
+  MainForm->inputStarting.Text = "01/07/1999";
+  MainForm->inputEnding.Text = "01/09/1999";
+  for (const bool archive : {false, true}) {
+    const std::string grown = usable + "01-30-1999 10:00:00.00 - a\r\n";
+    if (archive) MainForm->OpenArchive(PathOf("old.qel", usable));
+    folder.Put(archive ? "old.qel" : "ModemLog.txt", grown);
+    MainForm->mnuRefresh.UserClick();
+    EXPECT_EQ(LastEntryDate, DateSerial(1999, 1, 30)) << archive;
+  }
+  MainForm->inputStarting.Text = "01/07/1999";
+  MainForm->inputEnding.Text = "01/09/1999";
+  MainForm->mnuRefresh.UserClick();
+  EXPECT_EQ(MainForm->inputStarting.Text() + MainForm->inputEnding.Text(), "01/07/199901/09/1999");
+  EXPECT_EQ(MainForm->Calendar1.Value, DateSerial(1999, 1, 7)) << "the active field's";
+  LogCorrupt = true;  // as an undated line leaves it
+  MainForm->mnuRefresh.UserClick();
+  EXPECT_TRUE(MainForm->mnuOpenLog.Enabled && ArchiveOpen) << "the way back";
+}
+
+TEST_F(MainWindowTest, OnlyAValidDefaultLogOfTheOptionsCanBeGoneBackTo) {
+  Show(usable);
+  PathOf("bad.log", "no date\r\n");
+  PathOf("good.log", usable);
+  MainForm->OpenArchive(PathOf("old.qel", LogOf("01-02-1999", "01-03-1999")));
+  for (const char* name : {"bad.log", "good.log"}) {
+    host.actions = {[&] {
+      SetupForm->txtLogName.Text = folder.Path(name);
+      SetupForm->txtMaxServices.SetFocus();
+      SetupForm->btnSave.UserClick();
+    }};
+    MainForm->mnuSetup.UserClick();
+    EXPECT_EQ(MainForm->mnuOpenLog.Enabled, name == std::string("good.log")) << name;
+    EXPECT_EQ(CurrentLogFile, "old.qel");
+    EXPECT_EQ(LastEntryDate, DateSerial(1999, 1, 3));
+    EXPECT_EQ(MainForm->Calendar1.Value, TextToDate(MainForm->inputStarting.Text())) << "the active field's";
+  }
 }
 
 TEST_F(MainWindowTest, AnEntryWithoutADateEndsTheAnalysisWithAWord) {

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/Regional.h"
 #include "settings/Registry_Functions.h"
 #include "support/Cases.h"
 #include "support/ErrorOf.h"
@@ -183,6 +184,21 @@ TEST_F(ReportWindow, EachReportKeepsItsPlaceFontAndColumns) {
   EXPECT_EQ(Widths(form), (std::vector<int>{0, 2222, 1000, 700, 1000, 1000, 2000, 6000})) << "Notes as ever";
 }
 
+// At 9 points a digit is about 100 twips wide.
+TEST_F(ReportWindow, DatesAndTimesHaveTheirRoomUntilTheUserSetsAWidth) {
+  Region.ShortDatePattern = "dddd, d MMMM yyyy";
+  frmReport& form = ShowFresh();
+  form.mnuDetails.UserClick();
+  const auto date = [&form] { return form.ListView1.Columns()[3]; };
+  EXPECT_EQ(date().Width, 700) << "what is stored is what it was";
+  EXPECT_GT(date().Least, 2000) << "Monday, 1 March 1999";
+  EXPECT_GT(form.ListView1.Columns()[4].Least, 1000) << "9:00:30 AM";
+  form.ListView1.UserColumnWidth(4, 900);
+  EXPECT_EQ(date().Least, 0);
+  form.mnuDetails.UserClick();
+  EXPECT_EQ(std::pair(date().Width, date().Least), std::pair(900, 0)) << "built again";
+}
+
 TEST_F(ReportWindow, TheTextFormatLosesNothingThatTheListHad) {
   ReportListView = false;
   DetailViewSettings.FontSize = 12;
@@ -255,8 +271,8 @@ TEST_F(ReportWindow, ShowsSavesAndPrintsAnOpenedReportAsItIsAndRemembersNothingO
   EXPECT_EQ(form.ReportTextBox.Text(), old);
   EXPECT_TRUE(form.ReportTextBox.Visible() && !form.ListView1.Visible() && !form.fraReportHeader.Visible());
   EXPECT_EQ(Disabled(form),
-            "mnuSummary mnuDetails mnuFormatStd mnuListView mnuNumConnections mnuAutoArrange mnuFont "
-            "7 8 10 11 13 14 16");
+            "mnuSummary mnuDetails mnuRefresh mnuFormatStd mnuListView mnuNumConnections mnuAutoArrange "
+            "mnuFont 7 8 10 11 13 14 16");
   host.paths = {folder.Path("copy.txt")};
   form.mnuSaveAS.UserClick();
   EXPECT_TRUE(host.Showed("save: M\xC3\xA4rz.txt"));

@@ -82,6 +82,7 @@ TEST_F(SetupServicesTest, ADeletedServiceLeavesItsCostsToTheNext) {
   AddService("B", "2", "22").ServiceRate = 2;
   AddService("C", "3", "33").ServiceRate = 3;
   frmSetup& window = Open();
+  EXPECT_EQ(window.lblServiceNotice.Caption(), "Without any costs so far: A, B, C");
   host.answers = {Answer::No, Answer::Yes};
   window.btnDelete.UserClick();
   EXPECT_EQ(host.messages.at(0).Text, "Are you sure you want to delete A?");
@@ -91,8 +92,11 @@ TEST_F(SetupServicesTest, ADeletedServiceLeavesItsCostsToTheNext) {
   EXPECT_EQ(List(), "[B  2]C  3;");
   EXPECT_EQ(Services[0].ServiceAltNumber + Services[1].ServiceAltNumber, "2233");
   EXPECT_EQ(std::tuple(Services[0].ServiceRate, Services[1].ServiceRate), std::tuple(1, 2));
+  const std::string notice = "Each service that stood below A now has the costs";
+  EXPECT_TRUE(window.lblServiceNotice.Caption().starts_with(notice));
   window.lstServices.UserSelect(2);
   PressDelete();
+  EXPECT_TRUE(window.lblServiceNotice.Caption().starts_with(notice)) << "nothing stood behind the last one";
   EXPECT_EQ(List(), "[B  2]");
   EXPECT_EQ(host.messages.size(), 2u) << "the key asks nothing";
   window.TabStrip1.UserSelectTab(1);
@@ -103,6 +107,30 @@ TEST_F(SetupServicesTest, ADeletedServiceLeavesItsCostsToTheNext) {
   EXPECT_FALSE(host.Showed("beep") || window.btnDelete.Enabled);
   PressDelete();
   EXPECT_TRUE(host.Showed("beep"));
+}
+
+TEST_F(SetupServicesTest, ServicesThatCostNothingAreNamed) {
+  AddService("Call", "1", "").DialOption = 1;
+  Services[0].DialFixedTariff = .1;
+  AddService("Tariff", "2", "").DialOption = 2;
+  Services[1].UsedTariffs = 2;
+  Services[1].Tariffs[1].PerMinuteRate = .1;
+  AddService("Flexi", "3", "").ServiceOption = 2;
+  Services[2].FlexRate2 = .1;
+  AddService("Data", "4", "").PerMeg = .1;
+  AddService("E", "5", "").DialOption = 2;  // the prices of the way of charging that is not in use
+  Services[4].DialFixedTariff = Services[4].FlexRate = Services[4].Tariffs[0].DialRate = 1;
+  for (const char* name : {"F", "G", "H"}) AddService(name, "6", "");
+  frmSetup& window = Open();
+  EXPECT_EQ(window.lblServiceNotice.Caption(), "Without any costs so far: E, F, G and 1 more");
+  host.actions = {[] {
+    Services[4].UsedTariffs = 1;
+    ServiceEditCancelled = false;
+    ServiceForm->Unload();
+  }};
+  window.lstServices.UserSelect(5);
+  window.btnEdit.UserClick();
+  EXPECT_EQ(window.lblServiceNotice.Caption(), "Without any costs so far: F, G, H");
 }
 
 TEST_F(SetupServicesTest, ACopyKeepsWhatItsPlaceHeld) {

@@ -266,6 +266,8 @@ TEST_F(SetupWindowTest, HolidaysStandInOrderOnceEachFromTodayOn) {
   frmSetup& window = OpenOptions(HolidaysTab);
   EXPECT_EQ(window.CalHolidays.Value(), today + 10);
   EXPECT_EQ(window.lblUsedHolidays.Caption(), "2 Holidays (Max 100)");
+  EXPECT_TRUE(window.lblPastHolidays.Visible &&
+              window.lblPastHolidays.Caption().starts_with("1 holiday that"));
   const struct {
     Date day;
     const char *list, *chosen;
@@ -293,6 +295,7 @@ TEST_F(SetupWindowTest, HolidaysStandInOrderOnceEachFromTodayOn) {
   EXPECT_EQ(Holidays[0], today - 1) << "not before saving";
   window.btnSave.UserClick();
   EXPECT_EQ(std::tuple(UsedHolidays, Holidays[0]), std::tuple(3, today));
+  EXPECT_FALSE(OpenOptions(HolidaysTab).lblPastHolidays.Visible);
 }
 
 TEST_F(SetupWindowTest, TheHundredAndFirstHolidayIsRefused) {

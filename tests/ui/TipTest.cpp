@@ -56,6 +56,8 @@ TEST_F(TipTest, TheBoxKeepsTipsFromComingUp) {
   TipShown = false;
   Show(usable);
   EXPECT_FALSE(TipForm.IsLoaded());
+  MainForm->mnuTip.UserClick();
+  EXPECT_TRUE(TipForm.IsLoaded()) << "it can be asked for";
 }
 
 TEST_F(TipTest, ItComesUpOnceARunWhenThereIsNothingToComplainOf) {

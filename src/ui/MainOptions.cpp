@@ -1,0 +1,144 @@
+// The main window's side of the options: their window, and the files that save them and bring them back.
+#include <optional>
+#include <string>
+
+#include "core/EndProgram.h"
+#include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/Host.h"
+#include "platform/RegistryFile.h"
+#include "platform/TextConversion.h"
+#include "settings/Settings.h"
+#include "settings/SettingsFile.h"
+#include "ui/frmMain.h"
+#include "ui/frmSetup.h"
+
+namespace qel {
+
+namespace {
+
+constexpr char RegistryFilter[] = "Registry File (*.reg)|*.reg";
+
+void TellExported(const std::string& path) {
+  const std::string lines[] = {
+      "QEL stores all of it's options/settings in the Windows Registry. ",
+      "These paramters have been exported to:",
+      PathText(path),
+      "Keep this file in a safe place as it can be used to restore all of ",
+      "your settings and options including service definitions. It may ",
+      "also be used to transfer all your QEL settings to another PC.",
+      "To restore, make sure QEL is closed and simply double click",
+      "the " + PathText(FileNamePart(path)) + " file.",
+  };
+  std::string text;
+  for (const auto& line : lines) text += (text.empty() ? "" : NewLine) + line;
+  MsgBox({text, "QEL Options Saved", Icon::Information});
+}
+
+void TellNotImported(const std::string& path, const std::string& why) {
+  MsgBox({"These QEL options were not imported:\r\n" + PathText(path) +
+              "\r\n"
+              "\r\n" +
+              why +
+              "\r\n"
+              "\r\n"
+              "Your settings are as they were.",
+          "QEL Options Not Imported", Icon::Exclamation});
+}
+
+void TellImported(const std::string& path, const SettingsFile& file) {
+  std::string text = NumberText(file.Values) + " values were imported from\r\n" + PathText(path) +
+                     "\r\n"
+                     "and are in use from now on.";
+  if (file.PassedOver > 0)
+    text += "\r\n\r\nKeys that are not QEL's own were passed over: " + NumberText(file.PassedOver);
+  MsgBox({text, "QEL Options Imported", Icon::Information});
+}
+
+// The file is judged as a whole: it is taken as it stands, or not at all.
+std::optional<SettingsFile> ReadImport(const std::string& path) {
+  std::string why;
+  try {
+    return ReadSettingsFile(ReadWholeFile(path));
+  } catch (const RegistryFileError& error) {
+    why = error.what();
+  } catch (const SettingsFileError& error) {
+    why = error.what();
+  } catch (const RunTimeError& error) {
+    why = error.Description();
+  }
+  TellNotImported(path, why);
+  return std::nullopt;
+}
+
+// As the start reads them.
+void LoadSettingsAnew() {
+  ResetSettings();
+  ReadUserParameters();
+  FillMissingSettings();
+  SettleMissingLogPath();
+  SettingsDirty = false;
+}
+
+}  // namespace
+
+// The window comes back to the front once, when it shows what the options have changed, and not before.
+void frmMain::mnuSetup_Click() {
+  SetTrace("frmMain", "mnuSetup_Click");
+  OptionsChanged = false;
+  optionsOpen = true;
+  SetupForm->ShowModal();
+  CurrentHost().Paint();
+  if (LogPathChanged) UseNewDefaultLog();
+  optionsOpen = false;
+  ShowAnew();
+  if (!OptionsChanged) return;
+  MsgBox({"Some changed options will NOT take\neffect until the program is re-started.", "QEL Options"});
+  OptionsChanged = false;
+}
+
+// Makes the log of the options the one that is read; while an archive is open, the one to go back to.
+void frmMain::UseNewDefaultLog() {
+  const std::string archive = CurrentLogPath;
+  ReadDefaultLog(ModemLogDir, ModemLogFile);
+  if (!ArchiveOpen) return;
+  defaultLogFile = ModemLogFile;
+  defaultLogDir = ModemLogDir;
+  defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
+  SetCurrentLog(archive);
+  ReadArchive();
+}
+
+// Brings the window into line with what the options have changed, and to the front.
+void frmMain::ShowAnew() {
+  Form_Load();
+  ActiveForm = nullptr;
+  Activate();
+  ShowActiveDate();
+}
+
+void frmMain::mnuExport_Click() {
+  SetTrace("frmMain", "ExportOptions");
+  const auto path = CurrentHost().AskSaveFile({RegistryFilter, AppPath, "QEL.reg"});
+  if (path && Attempt([&path] { ReplaceFile(*path, ExportedOptions()); })) TellExported(*path);
+}
+
+void frmMain::mnuImport_Click() {
+  SetTrace("frmMain", "ImportOptions");
+  const auto path = CurrentHost().AskOpenFile({RegistryFilter, AppPath, ""});
+  if (!path) return;
+  const auto file = ReadImport(*path);
+  if (!file || !Attempt([&file] { ImportOptions(*file); })) return;
+  SaveRegistry();
+  const std::string before = ModemLogDir + ModemLogFile;
+  LoadSettingsAnew();
+  if (ModemLogDir + ModemLogFile != before) UseNewDefaultLog();
+  TellImported(*path, *file);
+  ShowAnew();
+}
+
+}  // namespace qel
