@@ -1,4 +1,7 @@
+#include <utility>
+
 #include "analysis/QELAnalyse.h"
+#include "core/ProgramState.h"
 
 namespace qel {
 
@@ -19,12 +22,16 @@ double DialCostNow = 0, ServiceCostNow = 0, DataCostNow = 0;
 bool KeepReading = false;
 Int32 EntriesProcessed, ProgressChunk, NextProgress;
 bool ServicesExceeded = false, ConnectionsExceeded = false;
-bool LogErrorsFound = false, TariffIncomplete = false, ShowBlocks = false;
+bool LogErrorsFound = false, TariffIncomplete = false, UndatedLineMet = false, ShowBlocks = false;
 bool SummaryBuilt = false, DetailBuilt = false;
 
 void UsageTable::Make(Int16 lastService) {
   byService.Make(lastService);
   for (int i = 0; i <= lastService; ++i) byService[i].Make(LastPeriod);
+}
+
+void ForgetUndatedLine() {
+  if (std::exchange(UndatedLineMet, false)) LogCorrupt = false;
 }
 
 void ClearAnalysisVars() {
@@ -55,6 +62,7 @@ void ClearAnalysisArrays() {
 }
 
 void ResetAnalysis() {
+  ForgetUndatedLine();
   Connections = {};
   ServiceTotals = {};
   Penalties = {};

@@ -61,7 +61,7 @@ bool TakeLine(std::string_view line) {
   LineDate = DateOf(line);
   if (LineDate == 0) {
     KeepReading = false;
-    LogCorrupt = true;
+    if (!LogCorrupt) LogCorrupt = UndatedLineMet = true;
     return false;
   }
   Attempt([] { ++EntriesProcessed; });

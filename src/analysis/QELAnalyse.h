@@ -84,6 +84,7 @@ extern Int32 NextProgress;   // the entry that gives the next one
 extern bool ServicesExceeded, ConnectionsExceeded;
 extern bool LogErrorsFound;    // a connection was closed without a disconnect line
 extern bool TariffIncomplete;  // a connection could not be fully priced
+extern bool UndatedLineMet;    // LogCorrupt stands for a line that this analysis met, and for nothing else
 extern bool ShowBlocks;        // the Summary shows blocks, not data; some connection has blocks
 
 // Which reports show this analysis already.
@@ -93,6 +94,9 @@ extern bool SummaryBuilt, DetailBuilt;
 // its progress and that a report can be shown, and the user of limits, incomplete tariffs and exceeded
 // warnings. LogEntries must be known.
 void Analyse();
+
+// Takes back what an analysis has found of the log's health: the next one may never come to the same line.
+void ForgetUndatedLine();
 
 // The vars of one connection, but for LastService.
 void ClearAnalysisVars();

@@ -177,6 +177,7 @@ void frmMain::mnuDefaultDate_Click() {
 
 void frmMain::btnProcess_Click() {
   btnProcess.Enabled = false;
+  ForgetUndatedLine();
   TellCorrupt();
   const bool knownCorrupt = LogCorrupt;
   Analyse();

@@ -48,6 +48,18 @@ class DisplayInstead {
   Display& before;
 };
 
+// For as long as it lives.
+class Building {
+ public:
+  explicit Building(bool& flag) : flag(flag) { flag = true; }
+  ~Building() { flag = false; }
+  Building(const Building&) = delete;
+  Building& operator=(const Building&) = delete;
+
+ private:
+  bool& flag;
+};
+
 std::vector<ListColumn> ListColumns(const std::vector<ReportColumn>& columns) {
   std::vector<ListColumn> made;
   made.reserve(columns.size());
@@ -117,6 +129,7 @@ void frmReport::ShowFormat(bool list) {
 
 void frmReport::BuildReport(const Kind& kind) {
   const DisplayInstead here(*this);
+  const Building now(building);
   Attempt([&] {
     ShowDocument(kind.Build());
     // Also while the list is hidden: StoreSettings reads it back all the same.

@@ -93,7 +93,7 @@ void frmReport::Form_Activate() {
   const bool fresh = content != Content::File && !SummaryBuilt && !DetailBuilt && !AnalysisUnderWay;
   if (fresh) fileName = CurrentLogFile;
   Caption = CaptionOf(fileName);
-  if (content == Content::File || AnalysisUnderWay) return;
+  if (content == Content::File || AnalysisUnderWay || building) return;
   if (mnuDetails.Checked && !DetailBuilt) mnuDetails_Click();
   if (mnuSummary.Checked && !SummaryBuilt) mnuSummary_Click();
 }

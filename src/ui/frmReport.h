@@ -138,6 +138,7 @@ class frmReport : public Form, private Display {
   Content content = Content::Nothing;
   std::string fileName;  // of the log that was analysed, or of the report that was opened
   bool AutoArrangeOn = false;
+  bool building = false;  // a report; it yields, and coming to the front then must not build it anew
 };
 
 extern TheForm<frmReport> ReportForm;

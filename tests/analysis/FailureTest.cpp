@@ -55,15 +55,6 @@ std::string Differences(const State& one, const State& other) {
 
 }  // namespace
 
-// Meddles with an analysis under way, before each entry but the first.
-class Meddler : public ScriptedHost {
- public:
-  std::function<void()> meddle;
-  void Yield() override {
-    if (meddle && EntriesProcessed > 1) meddle();
-  }
-};
-
 class FailingStatements : public AnalysisTest {
  protected:
   FailingStatements() {
@@ -99,7 +90,6 @@ class FailingStatements : public AnalysisTest {
     return StateNow();
   }
 
-  Meddler host;
   const std::string calls = LogText(
       "5 10:00 D555; 5 10:01 C; 5 10:16 U; 5 10:16:01 R1048576; 5 10:16:02 W2048; 5 11:00 A; 5 11:01 C; "
       "5 11:02 D777; 5 11:03 C; 5 11:04 C; 5 11:05 U; 5 12:00 D666; 5 12:01 C");
@@ -157,7 +147,9 @@ TEST_F(FailingStatements, PassedOverLeaveOutOneEffectAndRepeatedRepeatNone) {
       SetPeriod(Jan(5), Jan(6));
       NoDisconData = 1024, NoDisconDuration = 900;
       host.messages.clear();
-      host.meddle = meddle;
+      host.yielded = [&meddle = meddle] {
+        if (EntriesProcessed > 1) meddle();
+      };
       Answer(answers);
       return After(calls);
     };

@@ -46,7 +46,9 @@ class ScriptedHost : public Host, public Display {
   void PlaySoundFile(const std::string& path) override { transcript.push_back("sound: " + path); }
   void Beep() override { transcript.push_back("beep"); }
   void SetMousePointer(MousePointer shape) override { pointer = shape; }
-  void Yield() override {}
+  void Yield() override {
+    if (yielded) yielded();
+  }
 
   std::optional<std::string> AskOpenFile(const FileDialog& dialog) override {
     return NextPath("open", dialog);
@@ -70,6 +72,7 @@ class ScriptedHost : public Host, public Display {
 
   std::deque<Answer> answers;                    // to the next message boxes; then Ignore or OK
   std::deque<std::function<void()>> actions;     // what the user does while modal windows are in front
+  std::function<void()> yielded;                 // what happens meanwhile
   std::deque<std::optional<std::string>> paths;  // to the next file dialogues; then cancelled
   std::deque<Font> fonts;                        // to the next font dialogues; then cancelled
   std::vector<FileDialog> dialogs;

@@ -165,12 +165,19 @@ TEST_F(MainWindowTest, TheOptionsAreExportedToAFileThatRestoresThem) {
 }
 
 TEST_F(MainWindowTest, AnEntryWithoutADateEndsTheAnalysisWithAWord) {
-  Show("01-05-1999 10:00:00.00 - a\r\nno date\r\n" + usable);
+  Show("01-05-1999 10:00:00.00 - a\r\n01-06-1999 10:00:00.00 - b\r\nno date\r\n" + usable);
   host.messages.clear();
   MainForm->btnProcess.UserClick();
   EXPECT_EQ(host.messages.at(0).Text.substr(0, 22), "Corruption Detected in");
   EXPECT_EQ(Status(), "Corruption Detected in Modem Log File!");
   EXPECT_TRUE(MainForm->btnProcess.Enabled && !ReportForm.IsLoaded());
+  host.messages.clear();
+  SetPeriod(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5));  // which ends before that entry
+  MainForm->btnProcess.UserClick();
+  EXPECT_TRUE(host.messages.empty() && !LogCorrupt && ReportForm.IsLoaded());
+  LogCorrupt = true;  // as the test for bytes sets it
+  Analyse();
+  EXPECT_TRUE(LogCorrupt) << "that is for the repair to take back";
 }
 
 TEST_F(MainWindowTest, TheReportIsOfTheLogThatWasAnalysedAndOfAllOfIt) {

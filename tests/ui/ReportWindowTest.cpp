@@ -60,6 +60,28 @@ class ReportWindow : public FreshProgram {
   TheForm<frmReport> window;
 };
 
+TEST_F(ReportWindow, DetailsShowTheirProgressAndAreBuiltOnce) {
+  std::vector<std::string> seen;
+  host.yielded = [&] {
+    if (window->ProgressBar1.Visible) seen.push_back(std::to_string(window->ProgressBar1.Value()));
+    ActiveForm = nullptr;
+    window->Activate();  // comes to the front meanwhile
+  };
+  UserReportPref = 1;
+  OpenLog(folder.Content("test.log") +
+          "03-02-1999 09:00:30.00 - Connection established at 28800bps.\r\n"
+          "03-02-1999 09:20:30.00 - Hanging up the modem.\r\n");
+  ShowFresh();
+  EXPECT_EQ(seen, (std::vector<std::string>{"50", "100"}));
+  EXPECT_TRUE(DetailBuilt && !window->ProgressBar1.Visible && window->StatusBar1.Visible);
+  bool closed = false;  // closing stores the settings, which yields too
+  host.yielded = [&] {
+    if (!std::exchange(closed, true)) window->Unload();
+  };
+  window->mnuDetails.UserClick();
+  EXPECT_FALSE(window.IsLoaded()) << "closed while it was built";
+}
+
 TEST_F(ReportWindow, EachViewShowsAndEnablesWhatBelongsToIt) {
   frmReport& form = ShowFresh();
   for (const auto& [report, format, disabled] : Cases<3>("ui/ReportViews")) {
