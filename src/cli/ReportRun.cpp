@@ -6,6 +6,7 @@
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "analysis/ResetProgram.h"
+#include "analysis/TariffDays.h"
 #include "cli/LogSelection.h"
 #include "cli/ReportOutput.h"
 #include "core/CurrencyFormat.h"
@@ -13,6 +14,7 @@
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
+#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/RegistryFile.h"
 #include "platform/RegistryStore.h"
@@ -47,6 +49,19 @@ void LoadSettings() {
   ReadUserParameters();
   FillMissingSettings();
   SettleMissingLogPath();
+}
+
+// Tariffs keep their days in the words of whoever wrote them, and a run by a schedule often has no language.
+// Such a tariff would change the costs without a word.
+void TellUnknownDays() {
+  constexpr int byTariffs = 2;
+  for (Int16 i = 0; i < UsedServices; ++i)
+    for (Int16 t = 0; t < Services[i].UsedTariffs; ++t) {
+      const TariffRecord& tariff = Services[i].Tariffs[t];
+      if (Services[i].DialOption == byTariffs && !AreKnownDays(tariff.AppliesDays))
+        Complain(ToUtf8(Services[i].ServiceName + ": the tariff '" + tariff.Description + "' never holds: '" +
+                        tariff.AppliesDays + "' names no days in English or in the language of this run"));
+    }
 }
 
 // The two date fields without a window: what is not granted is said on standard error.
@@ -93,6 +108,7 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   if (arguments.stats)
     return WriteOut(StatisticsOutput(arguments.format), arguments.output) ? WholeReport : NoReport;
   if (!ChoosePeriod(arguments)) return NoReport;
+  TellUnknownDays();
   Analyse();
   if (LogCorrupt)
     Complain(ShownPath(CurrentLogPath) + ": entry " + std::to_string(EntriesProcessed + 1) +

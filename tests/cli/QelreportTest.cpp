@@ -64,6 +64,32 @@ TEST_F(Qelreport, WritesTheWholeReportInUtf8) {
   }
 }
 
+// Settings of another region cost the same; a tariff whose days nobody can read is told.
+TEST_F(Qelreport, CostsTheSameByTheSettingsOfAnyRegion) {
+  const std::string settings = folder.Content("week.reg"), day = "\"Tariff1-1AppliesDays\"=\"Everyday\"";
+  const auto put = [&](const std::string& days) {
+    std::string text = settings;
+    folder.Put("week.reg",
+               text.replace(text.find(day), day.size(), "\"Tariff1-1AppliesDays\"=\"" + days + '"'));
+    folder.Put("german.reg",
+               text +
+                   "\r\n[HKEY_CURRENT_USER\\Control Panel\\International]\r\n"
+                   "\"sDecimal\"=\",\"\r\n\"sThousand\"=\".\"\r\n\"sShortDate\"=\"dd. MM. yyyy\"\r\n"
+                   "\"sTimeFormat\"=\"HH.mm.ss\"\r\n\"s1159\"=\"\"\r\n\"s2359\"=\"\"\r\n");
+  };
+  const std::string arguments = "--log log --format csv --settings ";
+  put("Mon - Tue");
+  const Result own = Run(arguments + "week.reg");
+  EXPECT_EQ(Run(arguments + "german.reg").out, own.out);
+  EXPECT_EQ(own.err, "");
+  put("Mo - Di");
+  const Result foreign = Run(arguments + "week.reg");
+  EXPECT_NE(foreign.out, own.out);
+  EXPECT_EQ(foreign.err,
+            "qelreport: Lighthouse Net 1: the tariff 'Day' never holds: 'Mo - Di' names no days in "
+            "English or in the language of this run\n");
+}
+
 TEST_F(Qelreport, WritesAPageOfEitherReport) {
   for (const char* report : {"summary", "details"}) {
     const Result run = Run(std::string("--log log --settings week.reg --format html --report ") + report);
