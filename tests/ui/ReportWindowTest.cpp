@@ -75,7 +75,10 @@ TEST_F(ReportWindow, DetailsShowTheirProgressAndAreBuiltOnce) {
   ShowFresh();
   EXPECT_EQ(seen, (std::vector<std::string>{"50", "100"}));
   EXPECT_TRUE(DetailBuilt && !window->ProgressBar1.Visible && window->StatusBar1.Visible);
-  host.yielded = [&] { window->Unload(); };
+  bool closed = false;  // closing stores the settings, which yields too
+  host.yielded = [&] {
+    if (!std::exchange(closed, true)) window->Unload();
+  };
   window->mnuDetails.UserClick();
   EXPECT_FALSE(window.IsLoaded()) << "closed while it was built";
 }
