@@ -7,6 +7,7 @@
 
 #include "core/Display.h"
 #include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogLine.h"
 #include "platform/Files.h"
@@ -130,6 +131,20 @@ void GetLogStats(bool keepPointer) {
   Attempt(ReadEntries);
   LogInvalid = FirstEntryDate == 0 || LastEntryDate == 0;
   if (!keepPointer) CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+void Examine(LogHealth health, bool keepPointer) {
+  LogExists = LogCorrupt = LogEmpty = false;
+  ResetLogStatistics();
+  Attempt([] { LogExists = FileExists(CurrentLogPath); });
+  if (!LogExists) {
+    LogTooBig = LogInvalid = false;
+    return;
+  }
+  const bool told = health == LogHealth::UnknownTold;
+  const bool tested = told || health == LogHealth::Unknown;
+  LogCorrupt = tested ? CheckCorruption(told) : health == LogHealth::Corrupt;
+  if (!LogCorrupt) GetLogStats(keepPointer);
 }
 
 }  // namespace qel

@@ -1,5 +1,5 @@
-// The health and the statistics of the current log. Corruption means a byte that no text log can hold;
-// nothing of the log's structure is tested.
+// What there is to know of the current log: its health and its statistics. Corruption means a byte that no
+// text log can hold; nothing of the log's structure is tested.
 #pragma once
 
 #include "platform/Calendar.h"
@@ -23,5 +23,14 @@ bool CheckCorruption(bool showProgress);
 // Reads the current log line by line and sets LogLength, LogEmpty, LogTooBig, LogEntries, the two dates and
 // LogInvalid. With `keepPointer` the hourglass stays for a caller that goes on working.
 void GetLogStats(bool keepPointer);
+
+// What is known of a log's bytes before it is examined. They are tested where nothing is (Told: the splash
+// window hears of it), and taken as they are known else: an archive may be longer than the test can bear.
+enum class LogHealth { Unknown, UnknownTold, Sound, Corrupt };
+
+// Examines the current log, the one way for all: whether it is there, corrupt, and unless it is, its
+// statistics. Sets all that ProgramState.h has of it. What is corrupt has none: they would call it invalid,
+// and its repair would be out of reach. An empty log keeps being too big or invalid.
+void Examine(LogHealth health, bool keepPointer = false);
 
 }  // namespace qel

@@ -6,6 +6,7 @@
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "maintenance/LogSwap.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/CodePage.h"
 #include "platform/Files.h"
@@ -114,13 +115,6 @@ void frmMain::ToolbarMain_ButtonClick(const std::string& key) {
   items.at(key)->Click();
 }
 
-// What was found in one file says nothing of the next. The statistics alone would not do: they leave some of
-// it standing for an empty file, and are not gathered for a corrupt one.
-void frmMain::ForgetFindings() {
-  LogExists = LogCorrupt = LogTooBig = LogEmpty = LogInvalid = false;
-  ResetLogStatistics();
-}
-
 void frmMain::mnuOpenArchive_Click() {
   if (const auto path = CurrentHost().AskOpenFile({ArchiveFilter, AppPath, ""})) OpenArchive(*path);
 }
@@ -128,6 +122,7 @@ void frmMain::mnuOpenArchive_Click() {
 void frmMain::OpenArchive(const std::string& path) {
   SetTrace("frmMain", "OpenArchive");
   StepTrace = PathText(path);
+  Attempt([&path] { MendInterruptedSwap(path); });
   if (!CanBeOpened(path)) return;
   if (!ArchiveOpen) {
     defaultLogFile = CurrentLogFile;
@@ -135,9 +130,7 @@ void frmMain::OpenArchive(const std::string& path) {
     defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
   }
   SetCurrentLog(path);
-  ForgetFindings();
-  LogExists = true;
-  GetLogStats(true);
+  Examine(LogHealth::Sound, true);
   ArchiveOpen = true;
   AddRecentFile(CurrentLogFile, CurrentLogDir, "A");
   ShowRecentFiles();
@@ -159,10 +152,7 @@ void frmMain::mnuOpenLog_Click() {
 // Makes a default log the current file and looks into it as the start does.
 void frmMain::ReadDefaultLog(const std::string& folder, const std::string& file) {
   SetCurrentLog(folder, file);
-  ForgetFindings();
-  Attempt([] { LogExists = FileExists(CurrentLogPath); });
-  LogCorrupt = LogExists && CheckCorruption(false);
-  if (LogExists && !LogCorrupt) GetLogStats(false);
+  Examine(LogHealth::Unknown);
 }
 
 // The window comes back to the front once, when it shows what the options have changed, and not before.

@@ -23,6 +23,7 @@ frmPurge::frmPurge() : Form("frmPurge") {
 }
 
 void frmPurge::Form_Load() {
+  SetTrace("frmPurge", "Form_Load");
   LogChanged = false;
   for (Field& field : fields) field.Input.Mask = DateMask;
   optPurge[0].Value = true;
@@ -30,6 +31,7 @@ void frmPurge::Form_Load() {
 
 // The ends that the option fixes are valid at once; the others are what its fields say.
 void frmPurge::optPurge_Click(int option) {
+  SetTrace("frmPurge", "optPurge_Click");
   ChosenOption = Int16(option);
   for (std::size_t i = 0; i < FraPurge.size(); ++i) FraPurge[i].Enabled = static_cast<int>(i) + 1 == option;
   FromValid = ToValid = false;
@@ -98,6 +100,7 @@ bool frmPurge::ProceedWithPurge() const {
 }
 
 void frmPurge::btnOK_Click() {
+  SetTrace("frmPurge", "btnOK_Click");
   Hide();
   if (ProceedWithPurge()) {
     DoPurge(PurgeFrom, PurgeTo);
