@@ -23,6 +23,9 @@ class DiskFile {
   void Open(const std::string& path, int flags, mode_t mode = 0);
   bool IsOpen() const { return handle >= 0; }
 
+  // The path that errors speak of, where it is not the one that was opened.
+  void NameInErrors(const std::string& name) { path = name; }
+
   // The rest raise 52 where the file is not open.
 
   // The number of bytes read, 0 at the end of the file.

@@ -66,9 +66,11 @@ class Replacement {
       temporary = TemporaryBegin(target) + std::to_string(getpid()) + "-" + std::to_string(number);
       temporary += TemporaryEnd;
       try {
-        return file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
+        file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
+        return file.NameInErrors(target);
       } catch (const RunTimeError& error) {
-        if (error.SystemError() != EEXIST || number == MostLeftBehind) throw;
+        if (error.SystemError() != EEXIST || number == MostLeftBehind)
+          RaiseDiskError(error.SystemError(), target);
       }
     }
   }

@@ -67,9 +67,11 @@ void frmMain::mnuClearLog_Click() {
   std::optional<FileStamp> asked;  // what the user agrees to lose
   IgnoreErrors([&asked] { asked = StampOf(CurrentLogPath); });
   if (MsgBox(question) != Answer::Yes || !ClearsUnsavedLog()) return;
-  if (Attempt(
-          [&asked] { WriteLog(CurrentLogPath, NewLogEntry(), asked ? *asked : StampOf(CurrentLogPath)); })) {
+  const bool cleared = Attempt(
+      [&asked] { WriteLog(CurrentLogPath, NewLogEntry(), asked ? *asked : StampOf(CurrentLogPath)); });
+  if (cleared) {
     LogCorrupt = false;
+    lastArchive.reset();
     MsgBox({"Current modem log has been deleted.\nNew blank modem log has been created!", ProgramTitle});
   }
   ReadLogAgain();

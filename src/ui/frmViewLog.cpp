@@ -234,12 +234,13 @@ void frmViewLog::mnuSaveArchive_Click() {
   SetTrace("frmViewLog", "mnuSaveArchive_Click");
   const auto path = CurrentHost().AskSaveFile({ArchiveFilter, AppPath, ToUtf8(archiveName), "qel"});
   if (!path) return;
-  const std::string failure = ReasonOfFailure([&] {
+  std::string failure = ReasonOfFailure([&] {
     const bool ownFile = IsSameFile(*path, shownPath);
     WriteLog(*path, TextViewLog.Text() + NewLine, ownFile ? std::optional(opened) : std::nullopt);
   });
+  if (const std::string named = PathText(*path) + ": "; failure.starts_with(named))
+    failure.erase(0, named.size());  // which the user has just given
   StatusBar1.SetPanelCount(failure.empty() ? ToldPanels : ToldPanels + 1);
-  StatusBar1.ToolTipText = failure;
   if (!failure.empty()) {
     StatusBar1.SetPanel(ToldPanels + 1, "Archive NOT saved: " + failure);
     CurrentHost().Beep();
