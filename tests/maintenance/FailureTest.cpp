@@ -27,22 +27,22 @@ class FailureTest : public ToolRuns {
 };
 
 TEST_P(FailureTest, EveryFailingOperationLeavesAWholeLogAndIsTold) {
+  const DiskInPlace inPlace(disk);
   for (const Tool& tool : Tools) {
     const std::string result = ResultOf(tool);
     for (const bool forGood : {false, true}) {
-      for (int n = 1; n == 1 || disk.Failed(); ++n) {
+      bool failed = true;
+      for (int n = 1; failed; ++n) {
         const std::string when = "operation " + std::to_string(n);
         Begin();
-        bool succeeded = false;
-        {
-          const DiskInPlace inPlace(disk);
-          forGood ? disk.FailFrom(n, ENOSPC) : disk.FailNth(n, ENOSPC);
-          succeeded = Run(tool);
-        }
+        forGood ? disk.FailFrom(n, ENOSPC) : disk.FailNth(n, ENOSPC);
+        const bool succeeded = Run(tool);
+        failed = disk.Failed();
+        disk.Mend();
         EXPECT_TRUE(!succeeded || Log() == result) << tool.name << ", " << when;
         ExpectNothingLost(tool, result, when);
         for (const char* left : {PurgedName, OptimizedName, RepairedName})
-          EXPECT_TRUE(forGood || !disk.Failed() || succeeded || !folder.Has(std::string("app/") + left));
+          EXPECT_TRUE(forGood || !failed || succeeded || !folder.Has(std::string("app/") + left));
         seen = StampOf(CurrentLogPath);
         Run(tool);
         EXPECT_EQ(Log(), result) << "the next run of " << tool.name << " after " << when;

@@ -14,6 +14,7 @@ class ToolRuns : public FreshProgram, public ::testing::WithParamInterface<const
  protected:
   ToolRuns() {
     AppPath = folder.Path("app");
+    disk.Flushes = false;
     SetCurrentLog(folder.Path(GetParam()) + "/", "log.txt");
   }
 
