@@ -99,6 +99,60 @@ TEST_P(OtherWritersTest, ALineWrittenBeforeAnyOperationIsInTheLogOrTheRunSaysSo)
   }
 }
 
+// Does something of another's before a renaming to a path.
+class Meddler : public TwoVolumes {
+ public:
+  int RenameNew(const std::string& from, const std::string& to) override {
+    moved += to.substr(to.rfind('.'));
+    if (to == at) std::exchange(deed, [] {})();
+    return TwoVolumes::RenameNew(from, to);
+  }
+  std::string at, moved;
+  std::function<void()> deed = [] {};
+};
+
+TEST_P(OtherWritersTest, WhatHappensInTheMidstHasOneOutcome) {
+  const std::string line = "01-06-1999 11:00:00.00 - READS 3\r\n", path = CurrentLogPath;
+  const std::string result = ResultOf(Tools[0]);
+  std::optional<Writer> writer;
+  const auto append = [&] { writer->WriteNow(line); };
+  const struct {
+    std::string at;
+    std::function<void()> deed;
+    std::string log, kept, safety, moved;
+  } cases[] = {
+      {path + ".qel-new", append, log + line, "", "older", ".qel-new"},
+      {path + ".qel-old", append, log + line, "", "older", ".qel-new.qel-old.txt"},
+      {path, append, result, log + line, "older", ".qel-new.qel-old.txt.txt.kept"},
+      {path, [&] { MendInterruptedSwap(path); }, result, "", log,
+       ".qel-new.qel-old.txt"},  // another QEL starts
+      {"", [] {}, result, "", log, ".qel-new.qel-old.txt"},
+  };
+  Meddler meddler;
+  meddler.NoLeases = true;
+  const DiskInPlace inPlace(meddler);
+  for (const auto& c : cases) {
+    Begin();
+    folder.Put("app/ModemLog.old", "older");
+    writer.emplace(path, true);
+    meddler.at = c.at;
+    meddler.deed = c.deed;
+    meddler.moved.clear();
+    Purge();
+    EXPECT_EQ(Log(), c.log) << c.moved;
+    EXPECT_EQ(Kept(), c.kept) << c.moved;
+    EXPECT_EQ(folder.Content("app/ModemLog.old"), c.safety) << c.moved;
+    EXPECT_EQ(meddler.moved, c.moved);
+  }
+  {
+    const LogSwap ofAnotherQEL(path);
+    EXPECT_FALSE(Purge());
+  }
+  // As a run leaves it that ended between giving the second name and taking the first.
+  std::filesystem::create_hard_link(path, path + ".qel-old");
+  EXPECT_TRUE(Purge() && Kept().empty());
+}
+
 TEST_P(OtherWritersTest, NoLineIsMissingWithoutAWordAfterManyRewrites) {
   const char* const wanted = std::getenv("QEL_REWRITES");
   const int rewrites = wanted ? std::atoi(wanted) : 40;
