@@ -32,8 +32,8 @@ constexpr std::int64_t LargestFile = 32 * 1024 * 1024;  // bytes
 // Of a window's height or width as it is stored: screens have outgrown it.
 constexpr int LargestSize = 32767;  // twips
 
-// Font, edit state and two locks; a fifth comes where an archive could not be saved.
-constexpr int ToldPanels = 4;
+// Behind font, edit state and two locks: that an archive could not be saved. An empty panel is not seen.
+constexpr int ArchivePanel = 5;
 
 constexpr char ArchiveFilter[] = "Qelmark Modem Log Archive (*.qel)|*.qel";
 
@@ -41,7 +41,7 @@ constexpr char ArchiveFilter[] = "Qelmark Modem Log Archive (*.qel)|*.qel";
 
 frmViewLog::frmViewLog() : Form("frmViewLog") {
   HelpContextID = HelpLogViewer;
-  StatusBar1.SetPanelCount(ToldPanels);
+  StatusBar1.SetPanelCount(ArchivePanel);
   mnuSave.Click = [this] { mnuSave_Click(); };
   mnuSaveArchive.Click = [this] { mnuSaveArchive_Click(); };
   mnuExit.Click = [this] { Unload(); };
@@ -240,11 +240,8 @@ void frmViewLog::mnuSaveArchive_Click() {
   });
   if (const std::string named = PathText(*path) + ": "; failure.starts_with(named))
     failure.erase(0, named.size());  // which the user has just given
-  StatusBar1.SetPanelCount(failure.empty() ? ToldPanels : ToldPanels + 1);
-  if (!failure.empty()) {
-    StatusBar1.SetPanel(ToldPanels + 1, "Archive NOT saved: " + failure);
-    CurrentHost().Beep();
-  }
+  StatusBar1.SetPanel(ArchivePanel, failure.empty() ? "" : "Archive NOT saved: " + failure);
+  if (!failure.empty()) CurrentHost().Beep();
   if (MainForm.IsLoaded()) MainForm->TakeArchiveTry({shownPath, opened, failure});
 }
 

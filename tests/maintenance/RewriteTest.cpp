@@ -5,7 +5,6 @@
 #include "maintenance/LogSwap.h"
 #include "maintenance/Repair.h"
 #include "platform/CodePage.h"
-#include "platform/Disk.h"
 #include "platform/TextConversion.h"
 #include "support/Cases.h"
 #include "support/ErrorOf.h"
@@ -114,34 +113,6 @@ TEST_F(RewriteTest, LimitsAreFailuresThatLeaveTheLogAlone) {
   EXPECT_EQ(host.messages.size(), 2u) << "32767 lines";
   Open(std::string(3276750, 'x'));
   EXPECT_EQ(ErrorOf([this] { Repair(); }), Overflow);
-}
-
-// Appends to the log while the tool reads it, as the modem's driver does.
-class GrowingLog : public Disk {
- public:
-  explicit GrowingLog(std::string log) : log(std::move(log)) {}
-  ssize_t Read(int file, void* buffer, std::size_t size) override {
-    if (!std::exchange(grown, true)) std::ofstream(log, std::ios::app) << "01-09-1999 new\r\n";
-    return Disk::Read(file, buffer, size);
-  }
-
- private:
-  std::string log;
-  bool grown = false;
-};
-
-TEST_F(RewriteTest, ALogThatGrowsMeanwhileStaysAsItIs) {
-  const std::string log = "01-05-1999 a\r\n01-06-1999 b\r\n";
-  const std::function<void()> tools[] = {[] { Purge(5, 5); }, DoOptimize,
-                                         [this] { ErrorOf([this] { Repair(); }); }};
-  for (const auto& tool : tools) {
-    Open(log);
-    GrowingLog disk(CurrentLogPath);
-    const DiskInPlace inPlace(disk);
-    tool();
-    EXPECT_EQ(Log(), log + "01-09-1999 new\r\n");
-  }
-  EXPECT_EQ(host.messages.size(), 2u);
 }
 
 TEST_F(RewriteTest, AFileOfTheToolsOwnIsNotRewritten) {
