@@ -1,6 +1,5 @@
 #include "maintenance/LogSwap.h"
 
-#include <cstring>
 #include <fcntl.h>
 #include <iostream>
 
@@ -92,9 +91,7 @@ void RefuseOwnFile(std::initializer_list<const char*> names) {
 
 std::string WhyItFailed(const RunTimeError& error) {
   if (const auto* failure = dynamic_cast<const LogFailure*>(&error)) return failure->Reason();
-  if (error.SystemError() == 0) return error.Description();
-  const std::string reason = PathText(std::strerror(error.SystemError()));
-  return error.Path().empty() ? reason : PathText(error.Path()) + ": " + reason;
+  return PathText((error.Path().empty() ? "" : error.Path() + ": ") + ReasonOf(error));
 }
 
 LogSwap::LogSwap(const std::string& path, const std::optional<FileStamp>& seen)
