@@ -40,12 +40,8 @@ bool SelectLog(const std::optional<std::string>& named) {
     SetCurrentLog(ModemLogDir, ModemLogFile);
   ArchiveOpen = named.has_value();
   if (!CanBeRead()) return false;
-  LogExists = true;
-  if (!ArchiveOpen) {
-    LogCorrupt = CheckCorruption(false);
-    if (LogCorrupt) return Refuse("the log is corrupt: it holds a byte that no text log can hold");
-  }
-  GetLogStats(false);
+  Examine(ArchiveOpen ? LogHealth::Sound : LogHealth::Unknown);
+  if (LogCorrupt) return Refuse("the log is corrupt: it holds a byte that no text log can hold");
   if (LogEmpty) return Refuse("the log is empty");
   if (LogInvalid) return Refuse("this is no modem log: its first or last entry has no date");
   if (!ArchiveOpen) ShowLogTooBig();

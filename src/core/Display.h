@@ -15,7 +15,9 @@ class Display {
   virtual void StatusText(const std::string&) {}  // StatusBarMain
   virtual void ShowProgress(bool /*visible*/) {}  // ProgressBar1
   virtual void Progress(Int16 /*percent*/) {}     // 0 to 100
-  virtual void ShowReport() {}                    // frmReport: the analysis has a report to show
+  virtual void WorkFailed(const std::string& /*reason*/) {
+  }                             // beside the message that it did, which gives none
+  virtual void ShowReport() {}  // frmReport: the analysis has a report to show
 };
 
 Display& CurrentDisplay();

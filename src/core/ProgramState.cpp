@@ -59,6 +59,8 @@ void SetCurrentLog(const std::string& folder, const std::string& file) {
   CurrentLogFile = file;
   CurrentLogDir = folder;
   CurrentLogPath = folder + file;
+  // What was found in one file says nothing of the next.
+  LogExists = LogCorrupt = LogTooBig = LogEmpty = LogInvalid = false;
 }
 
 void SetCurrentLog(const std::string& path) {

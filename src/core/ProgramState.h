@@ -40,7 +40,8 @@ extern std::string ActiveLogDir;
 extern std::string CurrentLogFile;
 extern std::string CurrentLogDir;
 extern std::string CurrentLogPath;
-// Makes a file the current one: folder (with a separator at its end) and name, or a whole path.
+// Makes a file the current one, of which nothing is known yet: folder (with a separator at its end) and name,
+// or a whole path.
 void SetCurrentLog(const std::string& folder, const std::string& file);
 void SetCurrentLog(const std::string& path);
 

@@ -1,18 +1,15 @@
 #include "maintenance/LogRewrite.h"
 
-#include <functional>
-#include <new>
-#include <optional>
-#include <string_view>
-
 #include "core/Display.h"
 #include "core/ProgramState.h"
+#include "maintenance/LinePass.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LineClassifier.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/CheckedInteger.h"
 #include "platform/CodePage.h"
+#include "platform/FileLock.h"
 #include "platform/Host.h"
 #include "platform/TextConversion.h"
 
@@ -33,15 +30,11 @@ struct Tool {
   std::string FailureLine;
 };
 
-// What a line becomes; nothing where it goes.
-using LineRule = std::function<std::optional<std::string>(std::string_view line)>;
-
 class Progress {
  public:
   explicit Progress(std::string doing) : doing(std::move(doing)) {}
 
-  void CountLine() {
-    ++lines;
+  void CountLine(Int16 lines) {
     if (LogEntries <= 0) return;
     const Int16 percent(static_cast<double>(lines) / static_cast<double>(LogEntries) * 100);
     if (percent == told) return;
@@ -53,21 +46,8 @@ class Progress {
 
  private:
   const std::string doing;
-  Int16 lines;
   Int16 told = -1;
 };
-
-void RewriteInto(const std::string& working, const Tool& tool, const LineRule& rule) {
-  LineReader log(CurrentLogPath);
-  FileWriter result(working);
-  Progress progress(tool.Doing);
-  for (std::string_view line; log.Next(line);) {
-    if (const auto kept = rule(line)) result.Write(*kept + NewLine);
-    progress.CountLine();
-  }
-  log.Close();
-  result.Close();
-}
 
 void TellFailure(const Tool& tool) {
   MsgBox({tool.FailureLine + "\n\n"
@@ -79,23 +59,24 @@ void TellFailure(const Tool& tool) {
           tool.FailureTitle});
 }
 
+void RewriteLog(const Tool& tool, const LineRule& rule) {
+  RefuseOwnFile({tool.WorkingName, tool.SafetyName});
+  const FileLock lock(WorkingPath(LockName));
+  LogSwap swap(CurrentLogPath);
+  const WorkingFile working(tool.WorkingName);
+  CloseAllFiles();
+  Progress progress(tool.Doing);
+  RewriteLines(CurrentLogPath, working.Path, rule,
+               [&progress](Int16 lines, std::size_t) { progress.CountLine(lines); });
+  swap.PutInPlace(working.Path, WorkingPath(tool.SafetyName));
+}
+
 void Rewrite(const Tool& tool, const LineRule& rule) {
-  const std::string working = WorkingPath(tool.WorkingName);
-  bool failed = false;
   CurrentDisplay().ShowProgress(true);
-  try {
-    RefuseOwnFile({tool.WorkingName, tool.SafetyName});
-    if (PathExists(working)) RemoveFile(working);
-    CloseAllFiles();
-    const FileStamp read = StampOf(CurrentLogPath);
-    RewriteInto(working, tool, rule);
-    SwapInLog(working, WorkingPath(tool.SafetyName), read);
-  } catch (const RunTimeError&) {
-    failed = true;
-  } catch (const std::bad_alloc&) {
-    failed = true;
+  if (const std::string reason = ReasonOfFailure([&] { RewriteLog(tool, rule); }); !reason.empty()) {
+    CurrentDisplay().WorkFailed(reason);
+    TellFailure(tool);
   }
-  if (failed) TellFailure(tool);
   CurrentDisplay().ShowProgress(false);
   CurrentDisplay().StatusText(tool.Finished);
   CurrentHost().SetMousePointer(MousePointer::Default);

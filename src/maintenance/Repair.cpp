@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "core/ProgramState.h"
-#include "maintenance/LogSwap.h"
+#include "maintenance/LinePass.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/CodePage.h"
@@ -23,11 +23,12 @@ Int16 PercentOf(Int32 part, Int32 whole) { return Int16(100.0 * int{part} / int{
 void LogRepair::FixCorruption() {
   SetTrace("frmFileRepair", "FixCorruption");
   RefuseOwnFile({CleanedName, RepairedName, SafetyCopyName});
-  read = StampOf(CurrentLogPath);
-  LogLength = Int32(read.Length);
-  const Int16 interval(LogLength / 100.0);
+  lock.emplace(WorkingPath(LockName));
+  swap.emplace(CurrentLogPath);
+  LogLength = Int32(FileLength(CurrentLogPath));
+  const Int16 interval = UpdateInterval();
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  progress("Please Wait.... Reading Modem Log", 0);
+  progress("Please Wait.... Reading Modem Log", std::nullopt);
   const std::string log = ReadWholeFile(CurrentLogPath);
   std::string kept;
   kept.reserve(log.size());
@@ -39,13 +40,13 @@ void LogRepair::FixCorruption() {
     const Int16 percent = PercentOf(position, LogLength);
     progress("Repairing Modem Log......... " + NumberText(percent) + "%", percent);
   }
-  if (kept.empty()) Raise(SubscriptOutOfRange);
+  if (kept.empty()) throw LogFailure(SubscriptOutOfRange, "the log holds nothing that could be kept");
   kept.pop_back();
-  const std::string path = WorkingPath(CleanedName);
-  if (PathExists(path)) RemoveFile(path);
-  FileWriter cleaned(path);
-  cleaned.Write(kept);
-  cleaned.Close();
+  WorkingFile cleaned(CleanedName);
+  FileWriter writer(cleaned.Path, WorkingFileMode);
+  writer.Write(kept);
+  writer.Close();
+  cleaned.Keep();
   CloseAllFiles();
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
@@ -54,25 +55,31 @@ void LogRepair::CheckEntries() {
   SetTrace("frmFileRepair", "CheckEntries");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   LogLength = Int32(FileLength(CurrentLogPath));
-  LineReader cleaned(WorkingPath(CleanedName));
-  FileWriter repaired(WorkingPath(RepairedName));
-  Int16 lines, told = -1;
+  Int16 told = -1;
   Int32 bytes;
-  for (std::string_view line; cleaned.Next(line);) {
-    ++lines;
-    bytes += Int32(line.size() + 2);
+  const auto keepDated = [](std::string_view line) -> std::optional<std::string> {
     if (line.ends_with('\r')) line.remove_suffix(1);  // the last line has lost the rest of its end
-    if (!Trim(line).empty() && GetLineDate(line) != 0) repaired.Write(std::string(line) + NewLine);
+    if (Trim(line).empty() || GetLineDate(line) == 0) return std::nullopt;
+    return std::string(line);
+  };
+  const WorkingFile repaired(RepairedName);
+  RewriteLines(WorkingPath(CleanedName), repaired.Path, keepDated, [&](Int16, std::size_t length) {
+    bytes += Int32(length + 2);
     const Int16 percent = LogLength > 0 ? PercentOf(bytes, LogLength) : Int16(0);
-    if (percent == told) continue;
+    if (percent == told) return;
     told = percent;
     progress("Checking Entries......... " + NumberText(percent) + "%", percent);
-  }
-  progress("Checking Entries......... 100%", 100);
-  cleaned.Close();
-  repaired.Close();
-  SwapInLog(WorkingPath(RepairedName), WorkingPath(SafetyCopyName), read);
+  });
+  progress(std::nullopt, 100);
+  swap->PutInPlace(repaired.Path, WorkingPath(SafetyCopyName));
   CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+// In bytes.
+Int16 LogRepair::UpdateInterval() const {
+  constexpr int TooLong = 3276750;
+  if (LogLength >= TooLong) throw LogFailure(Overflow, "the log is longer than 3,276,749 bytes");
+  return Int16(LogLength / 100.0);
 }
 
 }  // namespace qel

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "maintenance/LogSwap.h"
 #include "platform/CheckedInteger.h"
-#include "platform/Files.h"
+#include "platform/FileLock.h"
 
 namespace qel {
 
@@ -15,8 +17,9 @@ inline constexpr char RepairedName[] = "ModemLog.fx2";  // lines without a date 
 
 class LogRepair {
  public:
-  // Told what is being done, and how many percent of it; a percentage above 100 is in the text alone.
-  using Progress = std::function<void(const std::string& text, Int16 percent)>;
+  // Told what is being done, and how many percent of it, where they change; a percentage above 100 is in the
+  // text alone.
+  using Progress = std::function<void(const std::optional<std::string>& text, std::optional<Int16> percent)>;
 
   explicit LogRepair(Progress progress) : progress(std::move(progress)) {}
 
@@ -30,8 +33,11 @@ class LogRepair {
   void CheckEntries();
 
  private:
+  Int16 UpdateInterval() const;
+
   Progress progress;
-  FileStamp read;  // the log as the first pass found it
+  std::optional<FileLock> lock;
+  std::optional<LogSwap> swap;  // of the log as the first pass found it
 };
 
 }  // namespace qel

@@ -83,13 +83,22 @@ Date TimeOfLine(std::string_view line) {
 Int32 GetReadBytes(std::string_view line) { return BytesBehind(line, ModemReads); }
 Int32 GetWriteBytes(std::string_view line) { return BytesBehind(line, ModemWrites); }
 
-void NewModemLog(const std::string& path) {
+std::string NewLogEntry() {
   const Date now = Now();
-  FileWriter file(path);
-  file.Write(FormatDate(now, "mm-dd-yyyy") + " " + FormatDate(now, "hh\\:nn\\:ss") + ".00 - " +
-             "New modem log file created by QEL (Qelmark) v" + std::to_string(VersionMajor) + "." +
-             std::to_string(VersionMinor) + NewLine);
-  file.Close();
+  return FormatDate(now, "mm-dd-yyyy") + " " + FormatDate(now, "hh\\:nn\\:ss") + ".00 - " +
+         "New modem log file created by QEL (Qelmark) v" + std::to_string(VersionMajor) + "." +
+         std::to_string(VersionMinor) + NewLine;
+}
+
+bool NewModemLog(const std::string& path) {
+  if (PathExists(path) && !IsFolder(path)) return false;
+  try {
+    CreateFile(path, NewLogEntry());
+    return true;
+  } catch (const RunTimeError& error) {
+    if (error.Number() == FileAlreadyExists && !IsFolder(path)) return false;
+    throw;
+  }
 }
 
 }  // namespace qel

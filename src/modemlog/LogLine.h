@@ -31,7 +31,11 @@ inline bool IsBlankLine(std::string_view line) {
   return (line.empty() || line.front() == ' ') && line.find_first_not_of(' ') == std::string_view::npos;
 }
 
-// Writes a log of one entry that says so, emptying what stood at `path`. Raises the disk's errors.
-void NewModemLog(const std::string& path);
+// The one entry of a new log, with its end: that it is new.
+std::string NewLogEntry();
+
+// Makes a new log where there is none. False where there is one, or the modem's driver makes one meanwhile;
+// it stays as it is. Raises the disk's errors.
+bool NewModemLog(const std::string& path);
 
 }  // namespace qel

@@ -7,6 +7,7 @@
 
 #include "core/Display.h"
 #include "core/ErrorHandler.h"
+#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogLine.h"
 #include "platform/Files.h"
@@ -85,6 +86,16 @@ void ReadEntries() {
 
 }  // namespace
 
+std::string LengthText(std::int64_t bytes) {
+  const auto rounded = [bytes](double unit) {
+    return static_cast<std::int64_t>(RoundHalfEven(static_cast<double>(bytes) / unit));
+  };
+  constexpr std::int64_t mostKilobytes = 32767;
+  const bool fits = rounded(1024) <= mostKilobytes;
+  return std::to_string(bytes) + " Bytes (" + std::to_string(fits ? rounded(1024) : rounded(1024 * 1024)) +
+         (fits ? "KB)" : "MB)");
+}
+
 void ResetLogStatistics() {
   LogLength = 0;
   LogEntries = 0;
@@ -132,6 +143,20 @@ void GetLogStats(bool keepPointer) {
   Attempt(ReadEntries);
   LogInvalid = FirstEntryDate == 0 || LastEntryDate == 0;
   if (!keepPointer) CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+void Examine(LogHealth health, bool keepPointer) {
+  LogExists = LogCorrupt = LogEmpty = false;
+  ResetLogStatistics();
+  Attempt([] { LogExists = FileExists(CurrentLogPath); });
+  if (!LogExists) {
+    LogTooBig = LogInvalid = false;
+    return;
+  }
+  const bool told = health == LogHealth::UnknownTold;
+  const bool tested = told || health == LogHealth::Unknown;
+  LogCorrupt = tested ? CheckCorruption(told) : health == LogHealth::Corrupt;
+  if (!LogCorrupt) GetLogStats(keepPointer);
 }
 
 }  // namespace qel

@@ -1,8 +1,9 @@
-// The health and the statistics of the current log. Corruption means a byte that no text log can hold;
-// nothing of the log's structure is tested.
+// What there is to know of the current log: its health and its statistics. Corruption means a byte that no
+// text log can hold; nothing of the log's structure is tested.
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/Calendar.h"
 #include "platform/CheckedInteger.h"
@@ -14,10 +15,9 @@ extern float LogEntries;     // lines that are not blank; exact up to 16777216
 extern Date FirstEntryDate;  // of the first entry that has a date; 0 when none has
 extern Date LastEntryDate;   // of the last entry; 0 when it has none
 
-// The length of a log in whole kilobytes, as it is shown: to the nearest, ties to the even one.
-inline std::int64_t Kilobytes(std::int64_t bytes) {
-  return static_cast<std::int64_t>(RoundHalfEven(static_cast<double>(bytes) / 1024));
-}
+// The length of a log as it is shown: "4058 Bytes (4KB)", to the nearest kilobyte, ties to the even one; in
+// megabytes where 16 bits do not hold the kilobytes.
+std::string LengthText(std::int64_t bytes);
 
 void ResetLogStatistics();
 
@@ -30,5 +30,14 @@ bool CheckCorruption(bool showProgress);
 // Reads the current log line by line and sets LogLength, LogEmpty, LogTooBig, LogEntries, the two dates and
 // LogInvalid. With `keepPointer` the hourglass stays for a caller that goes on working.
 void GetLogStats(bool keepPointer);
+
+// What is known of a log's bytes before it is examined. They are tested where nothing is (Told: the splash
+// window hears of it), and taken as they are known else: an archive may be longer than the test can bear.
+enum class LogHealth { Unknown, UnknownTold, Sound, Corrupt };
+
+// Examines the current log, the one way for all: whether it is there, corrupt, and unless it is, its
+// statistics. Sets all that ProgramState.h has of it. What is corrupt has none: they would call it invalid,
+// and its repair would be out of reach. An empty log keeps being too big or invalid.
+void Examine(LogHealth health, bool keepPointer = false);
 
 }  // namespace qel

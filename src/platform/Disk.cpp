@@ -1,5 +1,7 @@
 #include "platform/Disk.h"
 
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
@@ -13,6 +15,22 @@ namespace {
 Disk systemDisk;
 Disk* current = &systemDisk;
 
+// Where the file system knows no renaming that spares what is there: by a second name; where it knows none
+// of these either, by looking first, which leaves an instant to whoever makes the file meanwhile.
+int RenameByLink(const std::string& from, const std::string& to) {
+  if (::link(from.c_str(), to.c_str()) == 0) {
+    if (::unlink(from.c_str()) == 0) return 0;
+    const int systemError = errno;
+    ::unlink(to.c_str());
+    errno = systemError;
+    return -1;
+  }
+  if (errno != EPERM && errno != ENOTSUP && errno != EOPNOTSUPP && errno != ENOSYS) return -1;
+  if (::access(to.c_str(), F_OK) != 0) return std::rename(from.c_str(), to.c_str());
+  errno = EEXIST;
+  return -1;
+}
+
 }  // namespace
 
 int Disk::Open(const std::string& path, int flags, mode_t mode) {
@@ -22,7 +40,26 @@ ssize_t Disk::Read(int file, void* buffer, std::size_t size) { return ::read(fil
 ssize_t Disk::Write(int file, const void* data, std::size_t size) { return ::write(file, data, size); }
 int Disk::Sync(int file) { return ::fsync(file); }
 int Disk::SetMode(int file, mode_t mode) { return ::fchmod(file, mode); }
-int Disk::Lock(int file) { return ::flock(file, LOCK_EX); }
+int Disk::SetOwner(int file, uid_t owner, gid_t group) { return ::fchown(file, owner, group); }
+int Disk::StatusOf(int file, struct stat* status) { return ::fstat(file, status); }
+int Disk::Lock(int file, int operation) { return ::flock(file, operation); }
+int Disk::SetLease(int file, int kind) {
+#ifdef F_SETLEASE
+  // By a signal that is passed over: the default one would end the program when a writer comes.
+  if (kind != F_UNLCK && ::fcntl(file, F_SETSIG, SIGURG) < 0) return -1;
+  return ::fcntl(file, F_SETLEASE, kind);
+#else
+  errno = ENOTSUP;
+  return -1;
+#endif
+}
+int Disk::LeaseOf(int file) {
+#ifdef F_GETLEASE
+  return ::fcntl(file, F_GETLEASE);
+#else
+  return F_UNLCK;
+#endif
+}
 int Disk::Close(int file) { return ::close(file); }
 int Disk::Status(const std::string& path, struct stat* status) { return ::stat(path.c_str(), status); }
 ssize_t Disk::ReadLink(const std::string& path, char* buffer, std::size_t size) {
@@ -30,6 +67,13 @@ ssize_t Disk::ReadLink(const std::string& path, char* buffer, std::size_t size) 
 }
 int Disk::Rename(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str());
+}
+int Disk::RenameNew(const std::string& from, const std::string& to) {
+#ifdef RENAME_NOREPLACE
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (errno != EINVAL && errno != ENOSYS) return -1;
+#endif
+  return RenameByLink(from, to);
 }
 int Disk::Remove(const std::string& path) { return ::unlink(path.c_str()); }
 int Disk::MakeFolder(const std::string& path, mode_t mode) { return ::mkdir(path.c_str(), mode); }

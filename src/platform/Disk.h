@@ -22,11 +22,16 @@ class Disk {
   virtual ssize_t Write(int file, const void* data, std::size_t size);
   virtual int Sync(int file);
   virtual int SetMode(int file, mode_t mode);
-  virtual int Lock(int file);  // waits for an exclusive lock, which closing the file gives back
+  virtual int SetOwner(int file, uid_t owner, gid_t group);
+  virtual int StatusOf(int file, struct stat* status);
+  virtual int Lock(int file, int operation);  // those of flock(2); closing the file gives a lock back
+  virtual int SetLease(int file, int kind);   // fcntl(2): F_RDLCK to take one, F_UNLCK to give it back
+  virtual int LeaseOf(int file);              // the kind that may be kept: F_UNLCK where a writer waits
   virtual int Close(int file);
   virtual int Status(const std::string& path, struct stat* status);
   virtual ssize_t ReadLink(const std::string& path, char* buffer, std::size_t size);
   virtual int Rename(const std::string& from, const std::string& to);
+  virtual int RenameNew(const std::string& from, const std::string& to);  // EEXIST where `to` is there
   virtual int Remove(const std::string& path);
   virtual int MakeFolder(const std::string& path, mode_t mode);
   virtual int List(const std::string& folder, std::vector<std::string>& names);  // in no order

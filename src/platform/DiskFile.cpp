@@ -1,6 +1,8 @@
 #include "platform/DiskFile.h"
 
 #include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <utility>
 
 #include "platform/Disk.h"
@@ -59,19 +61,52 @@ void DiskFile::SetMode(mode_t mode) {
   if (CurrentDisk().SetMode(Handle(), mode) < 0) RaiseDiskError(errno, path);
 }
 
+void DiskFile::TakeOwner(uid_t owner, gid_t group) {
+  constexpr uid_t Unchanged = static_cast<uid_t>(-1);
+  const int file = Handle();
+  if (CurrentDisk().SetOwner(file, owner, group) < 0) CurrentDisk().SetOwner(file, Unchanged, group);
+}
+
+struct stat DiskFile::Status() {
+  struct stat status {};
+  if (CurrentDisk().StatusOf(Handle(), &status) < 0) RaiseDiskError(errno, path);
+  return status;
+}
+
 void DiskFile::Lock() {
   const int file = Handle();
-  if (Repeated([&] { return CurrentDisk().Lock(file); }) < 0) RaiseDiskError(errno, path);
+  if (Repeated([&] { return CurrentDisk().Lock(file, LOCK_EX); }) < 0) RaiseDiskError(errno, path);
 }
+
+bool DiskFile::TryLock() {
+  const int file = Handle();
+  return Repeated([&] { return CurrentDisk().Lock(file, LOCK_EX | LOCK_NB); }) == 0 || errno != EWOULDBLOCK;
+}
+
+DiskFile::Barrier DiskFile::HoldWritersBack() {
+  hasBarrier = CurrentDisk().SetLease(Handle(), F_RDLCK) == 0;
+  if (hasBarrier) return Barrier::Stands;
+  return errno == EAGAIN ? Barrier::Refused : Barrier::Unknown;
+}
+
+bool DiskFile::WriterWaits() { return hasBarrier && CurrentDisk().LeaseOf(Handle()) == F_UNLCK; }
 
 void DiskFile::Close() {
   if (!IsOpen()) return;
+  LetWritersGoOn();
   // An interrupted close has closed the file all the same; a second one might close a stranger's.
   if (CurrentDisk().Close(std::exchange(handle, -1)) < 0 && errno != EINTR) RaiseDiskError(errno, path);
 }
 
 void DiskFile::CloseQuietly() noexcept {
-  if (IsOpen()) CurrentDisk().Close(std::exchange(handle, -1));
+  if (!IsOpen()) return;
+  LetWritersGoOn();
+  CurrentDisk().Close(std::exchange(handle, -1));
+}
+
+// Closing alone would not do where a process that was started meanwhile has the file as well.
+void DiskFile::LetWritersGoOn() noexcept {
+  if (std::exchange(hasBarrier, false)) CurrentDisk().SetLease(handle, F_UNLCK);
 }
 
 int DiskFile::Handle() const {

@@ -23,6 +23,9 @@ class DiskFile {
   void Open(const std::string& path, int flags, mode_t mode = 0);
   bool IsOpen() const { return handle >= 0; }
 
+  // The path that errors speak of, where it is not the one that was opened.
+  void NameInErrors(const std::string& name) { path = name; }
+
   // The rest raise 52 where the file is not open.
 
   // The number of bytes read, 0 at the end of the file.
@@ -35,9 +38,22 @@ class DiskFile {
   // Waits until the disk has it. A pipe or a device that knows no such thing is content at once.
   void Sync();
   void SetMode(mode_t mode);
+  // As far as this user may.
+  void TakeOwner(uid_t owner, gid_t group);
+  struct stat Status();
 
   // Waits for the exclusive lock, which closing gives back.
   void Lock();
+  // The same without waiting: false where another program has it. True where the volume knows no locks.
+  bool TryLock();
+
+  // Holds back whoever opens the file for writing, until closing lets them go on, or for as long as the
+  // system lets them wait. Refused: somebody has the file open for writing already, or the volume refuses
+  // all. Unknown: neither can be had here, and nothing is held back.
+  enum class Barrier { Stands, Refused, Unknown };
+  Barrier HoldWritersBack();
+  // Whether a writer waits before the barrier. False where there is none.
+  bool WriterWaits();
 
   // The file is closed whatever this raises; a file closed already is left alone.
   void Close();
@@ -45,8 +61,10 @@ class DiskFile {
 
  private:
   int Handle() const;
+  void LetWritersGoOn() noexcept;
 
   int handle = -1;
+  bool hasBarrier = false;
   std::string path;
 };
 

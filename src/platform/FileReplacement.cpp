@@ -15,11 +15,10 @@ namespace {
 
 constexpr mode_t PermissionBits = 07777;
 
-void SyncFolder(const std::string& path) {
-  DiskFile folder;
-  folder.Open(path, O_RDONLY | O_DIRECTORY);
-  folder.Sync();
-  folder.Close();
+// A change of the owner may take permissions away, so these come last.
+void GiveOwnerAndMode(DiskFile& file, const struct stat& status) {
+  file.TakeOwner(status.st_uid, status.st_gid);
+  file.SetMode(status.st_mode & PermissionBits);
 }
 
 // Of the temporary files beside a target: "registry.reg.1234-1.tmp", with the number of the process.
@@ -54,15 +53,10 @@ class Replacement {
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
 
-  void SetMode(mode_t mode) { file.SetMode(mode & PermissionBits); }
+  void TakeOwnerAndMode(const struct stat& status) { GiveOwnerAndMode(file, status); }
   void Write(std::string_view text) { file.Write(text); }
-  void Finish() {
-    file.Sync();
-    file.Close();
-    if (CurrentDisk().Rename(temporary, target) < 0) RaiseDiskError(errno, target);
-    finished = true;
-    SyncFolder(FolderOf(target));
-  }
+  void Finish() { FinishBy(&Disk::Rename); }
+  void FinishAsNew() { FinishBy(&Disk::RenameNew); }
 
  private:
   // Under a name of its own: a process of the same number may have left a file behind when it crashed.
@@ -72,11 +66,20 @@ class Replacement {
       temporary = TemporaryBegin(target) + std::to_string(getpid()) + "-" + std::to_string(number);
       temporary += TemporaryEnd;
       try {
-        return file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
+        file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
+        return file.NameInErrors(target);
       } catch (const RunTimeError& error) {
-        if (error.SystemError() != EEXIST || number == MostLeftBehind) throw;
+        if (error.SystemError() != EEXIST || number == MostLeftBehind)
+          RaiseDiskError(error.SystemError(), target);
       }
     }
+  }
+
+  void FinishBy(int (Disk::*rename)(const std::string&, const std::string&)) {
+    file.Sync();
+    file.Close();
+    if ((CurrentDisk().*rename)(temporary, target) < 0) RaiseDiskError(errno, target);
+    finished = true;
   }
 
   std::string target, temporary;
@@ -90,16 +93,45 @@ void WriteThrough(const std::string& path, std::string_view content) {
   writer.Close();
 }
 
-void MoveAcrossVolumes(const std::string& from, const std::string& to) {
+struct stat StatusOf(const std::string& path) {
   struct stat status {};
-  if (!FindStatus(from, status)) RaiseDiskError(ENOENT, from);
+  if (!FindStatus(path, status)) RaiseDiskError(ENOENT, path);
+  return status;
+}
+
+template <class Target>
+void CopyInto(Target& target, const std::string& from) {
   BlockReader reader(from);
-  Replacement replacement(to, status.st_mode & PermissionBits);
-  replacement.SetMode(status.st_mode);
-  for (auto block = reader.Next(); !block.empty(); block = reader.Next()) replacement.Write(block);
+  for (auto block = reader.Next(); !block.empty(); block = reader.Next()) target.Write(block);
   reader.Close();
+}
+
+void MoveAcrossVolumes(const std::string& from, const std::string& to) {
+  const struct stat status = StatusOf(from);
+  Replacement replacement(to, status.st_mode & PermissionBits);
+  replacement.TakeOwnerAndMode(status);
+  CopyInto(replacement, from);
   replacement.Finish();
+  FlushFolder(FolderOf(to));
   RemoveFile(from);
+}
+
+void MoveAcrossVolumesToNew(const std::string& from, const std::string& to) {
+  const struct stat status = StatusOf(from);
+  DiskFile copy;
+  copy.Open(to, O_WRONLY | O_CREAT | O_EXCL, status.st_mode & PermissionBits);
+  try {
+    GiveOwnerAndMode(copy, status);
+    CopyInto(copy, from);
+    copy.Sync();
+    copy.Close();
+    FlushFolder(FolderOf(to));
+    RemoveFile(from);
+  } catch (const RunTimeError&) {
+    copy.CloseQuietly();
+    CurrentDisk().Remove(to);
+    throw;
+  }
 }
 
 }  // namespace
@@ -108,11 +140,12 @@ void ReplaceFile(const std::string& path, std::string_view content, int newMode)
   struct stat status {};
   const bool exists = FindStatus(path, status);
   if (exists && !S_ISREG(status.st_mode)) return WriteThrough(path, content);
-  Replacement replacement(BehindLinks(path),
-                          exists ? status.st_mode & PermissionBits : static_cast<mode_t>(newMode));
-  if (exists) replacement.SetMode(status.st_mode);
+  const std::string target = BehindLinks(path);
+  Replacement replacement(target, exists ? status.st_mode & PermissionBits : static_cast<mode_t>(newMode));
+  if (exists) replacement.TakeOwnerAndMode(status);
   replacement.Write(content);
   replacement.Finish();
+  FlushFolder(FolderOf(target));
 }
 
 void RemoveStrayTemporaries(const std::string& path) {
@@ -127,22 +160,56 @@ void RemoveStrayTemporaries(const std::string& path) {
   }
 }
 
-void CopyMode(const std::string& from, const std::string& to) {
-  struct stat status {};
-  if (!FindStatus(from, status)) RaiseDiskError(ENOENT, from);
+void CreateFile(const std::string& path, std::string_view content, int newMode) {
+  const std::string target = BehindLinks(path);
+  Replacement replacement(target, static_cast<mode_t>(newMode));
+  replacement.Write(content);
+  replacement.FinishAsNew();
+  FlushFolder(FolderOf(target));
+}
+
+void CopyOwnerAndMode(const std::string& from, const std::string& to) {
+  const struct stat status = StatusOf(from);
   DiskFile file;
   file.Open(to, O_RDONLY);
-  file.SetMode(status.st_mode & PermissionBits);
+  GiveOwnerAndMode(file, status);
   file.Close();
 }
 
 void RenameFile(const std::string& from, const std::string& to) {
   const std::string source = BehindLinks(from);
   const std::string target = BehindLinks(to);
-  if (CurrentDisk().Rename(source, target) == 0) return SyncFolder(FolderOf(target));
+  if (CurrentDisk().Rename(source, target) == 0) return;
   const int systemError = errno;
   if (systemError == EXDEV) return MoveAcrossVolumes(source, target);
   RaiseDiskError(systemError, PathExists(source) ? to : from);
+}
+
+void RenameToNew(const std::string& from, const std::string& to) {
+  if (CurrentDisk().RenameNew(from, to) == 0) return;
+  const int systemError = errno;
+  if (systemError == EXDEV) return MoveAcrossVolumesToNew(from, to);
+  RaiseDiskError(systemError, PathExists(from) ? to : from);
+}
+
+std::string RenameToFreeName(const std::string& from, const std::string& wanted) {
+  constexpr int MostTaken = 1000;
+  for (int number = 1;; ++number) {
+    const std::string name = number == 1 ? wanted : wanted + "-" + std::to_string(number);
+    try {
+      RenameToNew(from, name);
+      return name;
+    } catch (const RunTimeError& error) {
+      if (error.SystemError() != EEXIST || number == MostTaken) throw;
+    }
+  }
+}
+
+void FlushFolder(const std::string& path) {
+  DiskFile folder;
+  folder.Open(path, O_RDONLY | O_DIRECTORY);
+  folder.Sync();
+  folder.Close();
 }
 
 }  // namespace qel

@@ -38,6 +38,10 @@ std::int64_t FileLength(const std::string& path) {
 FileStamp StampOf(const std::string& path) {
   struct stat status {};
   if (CurrentDisk().Status(path, &status) < 0) RaiseDiskError(errno, path);
+  return StampOf(status);
+}
+
+FileStamp StampOf(const struct stat& status) {
   return {status.st_size, status.st_mtim.tv_sec * std::int64_t{1'000'000'000} + status.st_mtim.tv_nsec};
 }
 

@@ -44,6 +44,7 @@ struct FileStamp {
 
 // Raises 53 where there is no file.
 FileStamp StampOf(const std::string& path);
+FileStamp StampOf(const struct stat& status);
 
 // Makes a folder and the folders above it that are missing, each with `mode`.
 void MakeFolders(const std::string& path, int mode = 0777);
@@ -117,12 +118,14 @@ class BlockReader : public OpenFile {
   std::vector<char> buffer;
 };
 
-// Writes a file from its beginning, emptying what stood there. Writes are gathered in blocks; Close writes
+// Writes a file from its beginning, emptying what stood there, or a new file with the permissions `newMode`,
+// which raises 58 where something stands. Writes are gathered in blocks; Close writes
 // the rest, flushes to the disk and raises what went wrong. A file that is not closed is not complete. A
 // Write that failed has taken nothing of its text, so it can be run again when the disk has room.
 class FileWriter : public OpenFile {
  public:
   explicit FileWriter(const std::string& path);
+  FileWriter(const std::string& path, int newMode);
   void Write(std::string_view text);
   void Close();
 
@@ -137,9 +140,12 @@ std::string ReadWholeFile(const std::string& path);
 
 // Replaces a file's content so that a crash at any instant leaves the old content or the new, whole: a
 // temporary file beside it, flush, rename, flush of the folder. A symbolic link is resolved, and the file
-// behind it keeps its mode. New files get `newMode` less the process's umask. What is no regular file, such
-// as a pipe, is written to.
+// behind it keeps its mode and, where this user may give it, its owner. New files get `newMode` less the
+// process's umask. What is no regular file, such as a pipe, is written to.
 void ReplaceFile(const std::string& path, std::string_view content, int newMode = 0644);
+
+// Makes a file in the same way where there is none. Raises 58 where there is one, or comes one meanwhile.
+void CreateFile(const std::string& path, std::string_view content, int newMode = 0644);
 
 // Removes what programs that crashed while they replaced this file have left beside it; temporary files of
 // programs that still run stay. A failure is passed over: nothing waits for it.
@@ -148,11 +154,22 @@ void RemoveStrayTemporaries(const std::string& path);
 // Renames a file; an existing file at `to` is replaced. Symbolic links at either end stay where they are: it
 // is the file behind the link that moves, and the file behind the other link that is replaced or made. Across
 // volumes it is copied beside `to`, flushed, renamed there and removed here, in that order, so that one whole
-// copy always stands.
+// copy always stands. Where it raises, the file is still at `from`; a crash may undo what is not flushed.
 void RenameFile(const std::string& from, const std::string& to);
 
-// Gives a file the permissions of another.
-void CopyMode(const std::string& from, const std::string& to);
+// Renames a file where nothing stands at `to`. Raises 58 where something does, at whatever instant it came,
+// and leaves both alone then. Links are not followed. Across volumes the file is copied to `to` and flushed
+// before it is removed here; a crash may leave part of it there.
+void RenameToNew(const std::string& from, const std::string& to);
+
+// Renames a file to the first name that is free of `wanted`, `wanted`-2, `wanted`-3, ..., and returns it.
+std::string RenameToFreeName(const std::string& from, const std::string& wanted);
+
+// Waits until the disk has the names that were given and taken in a folder.
+void FlushFolder(const std::string& path);
+
+// Gives a file the permissions of another and, where this user may give it, its owner.
+void CopyOwnerAndMode(const std::string& from, const std::string& to);
 
 // Removes a file. Raises 53 where there is none.
 void RemoveFile(const std::string& path);

@@ -31,6 +31,10 @@ std::string_view BlockReader::Next() { return {buffer.data(), file.Read(buffer.d
 
 FileWriter::FileWriter(const std::string& path) { OpenWith(path, O_WRONLY | O_CREAT | O_TRUNC, 0666); }
 
+FileWriter::FileWriter(const std::string& path, int newMode) {
+  OpenWith(path, O_WRONLY | O_CREAT | O_EXCL, newMode);
+}
+
 void FileWriter::Write(std::string_view text) {
   if (!file.IsOpen()) Raise(BadFileName);
   if (pending.size() >= BlockSize) WriteOut();

@@ -13,7 +13,7 @@ std::vector<LogFigure> LogFigures() {
   const auto length = FileLength(CurrentLogPath);
   return {{"Path", ShownPath(CurrentLogDir)},
           {"Name", ShownPath(CurrentLogFile)},
-          {"Length", std::to_string(length) + " Bytes (" + std::to_string(Kilobytes(length)) + "KB)"},
+          {"Length", LengthText(length)},
           {"Entries", ToUtf8(NumberText(LogEntries))},
           {"First Entry", ToUtf8(FormatDate(FirstEntryDate, "Short Date"))},
           {"Last Entry", ToUtf8(FormatDate(LastEntryDate, "Short Date"))},

@@ -90,40 +90,19 @@ void SettleLogPath() {
   ModemLogFile = ActiveLogFile;
   ModemLogDir = ActiveLogDir;
   SettingsDirty = true;
-  const std::string path = ModemLogDir + ModemLogFile;
   bool madeNew = false;
-  Attempt([&] {
-    if (FileExists(path)) return;
-    NewModemLog(path);
-    madeNew = true;
-  });
+  const std::string path = ModemLogDir + ModemLogFile;
+  Attempt([&path] { MendInterruptedSwap(path); });
+  Attempt([&] { madeNew = NewModemLog(path); });
   if (madeNew) TellNewLog();
-}
-
-// A run that was ended while it put a rewritten log in its place has left that place empty.
-void MendInterruptedSwap() {
-  SetTrace("QELMain", "MendInterruptedSwap");
-  bool mended = false;
-  Attempt([&mended] { mended = UndoInterruptedSwap(CurrentLogPath); });
-  if (!mended) return;
-  MsgBox(
-      {"QEL was interrupted while it was rewriting your modem log.\r\n"
-       "\r\n"
-       "The log has been put back as it was before. Please run\r\n"
-       "the tool from the TOOLS menu again.",
-       "Modem Log", Icon::Information});
 }
 
 void ExamineLog() {
   SetTrace("QELMain", "ExamineLog");
   TellStep("Please Wait . . . Checking Modem Log");
   SetCurrentLog(ModemLogDir, ModemLogFile);
-  MendInterruptedSwap();
-  Attempt([] { LogExists = FileExists(CurrentLogPath); });
-  if (LogExists) {
-    LogCorrupt = CheckCorruption(true);
-    if (!LogCorrupt) GetLogStats(false);
-  }
+  Attempt([] { MendInterruptedSwap(CurrentLogPath); });
+  Examine(LogHealth::UnknownTold);
 }
 
 // Settings that cannot be read stay as they are: the program runs on those that are built in, and stores

@@ -6,6 +6,7 @@
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "maintenance/LogSwap.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/CodePage.h"
 #include "platform/DateConversion.h"
@@ -103,13 +104,6 @@ void frmMain::ToolbarMain_ButtonClick(const std::string& key) {
   items.at(key)->Click();
 }
 
-// What was found in one file says nothing of the next. The statistics alone would not do: they leave some of
-// it standing for an empty file, and are not gathered for a corrupt one.
-void frmMain::ForgetFindings() {
-  LogExists = LogCorrupt = LogTooBig = LogEmpty = LogInvalid = false;
-  ResetLogStatistics();
-}
-
 void frmMain::mnuOpenArchive_Click() {
   if (const auto path = CurrentHost().AskOpenFile({ArchiveFilter, AppPath, ""})) OpenArchive(*path);
 }
@@ -117,6 +111,7 @@ void frmMain::mnuOpenArchive_Click() {
 void frmMain::OpenArchive(const std::string& path) {
   SetTrace("frmMain", "OpenArchive");
   StepTrace = PathText(path);
+  Attempt([&path] { MendInterruptedSwap(path); });
   if (!CanBeOpened(path)) return;
   if (!ArchiveOpen) {
     defaultLogFile = CurrentLogFile;
@@ -124,19 +119,13 @@ void frmMain::OpenArchive(const std::string& path) {
     defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
   }
   SetCurrentLog(path);
-  ReadArchive();
+  Examine(LogHealth::Sound, true);
   ArchiveOpen = true;
   AddRecentFile(CurrentLogFile, CurrentLogDir, "A");
   ShowRecentFiles();
   Form_Load();
   ShowActiveDate();
   CurrentHost().SetMousePointer(MousePointer::Default);
-}
-
-void frmMain::ReadArchive() {
-  ForgetFindings();
-  LogExists = true;
-  GetLogStats(true);
 }
 
 // The file may have grown, or have come into being, since it was looked into. The dates stay where they can.
@@ -147,7 +136,7 @@ void frmMain::mnuRefresh_Click() {
   if (!ArchiveOpen)
     ReadDefaultLog(CurrentLogDir, CurrentLogFile);
   else if (CanBeOpened(CurrentLogPath))
-    ReadArchive();
+    Examine(LogHealth::Sound, true);
   Form_Load();
   if (inputStarting.Enabled && IsDate(dates[0]) && IsDate(dates[1])) {
     inputStarting.Text = dates[0];
@@ -174,10 +163,7 @@ void frmMain::mnuOpenLog_Click() {
 // Makes a default log the current file and looks into it as the start does.
 void frmMain::ReadDefaultLog(const std::string& folder, const std::string& file) {
   SetCurrentLog(folder, file);
-  ForgetFindings();
-  Attempt([] { LogExists = FileExists(CurrentLogPath); });
-  LogCorrupt = LogExists && CheckCorruption(false);
-  if (LogExists && !LogCorrupt) GetLogStats(false);
+  Examine(LogHealth::Unknown);
 }
 
 void frmMain::mnuOpenReport_Click() {

@@ -110,7 +110,7 @@ void frmMain::UseNewDefaultLog() {
   defaultLogDir = ModemLogDir;
   defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
   SetCurrentLog(archive);
-  ReadArchive();
+  Examine(LogHealth::Sound, true);
 }
 
 // Brings the window into line with what the options have changed, and to the front.

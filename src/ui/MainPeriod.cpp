@@ -21,12 +21,15 @@ namespace qel {
 
 namespace {
 
+// What has no date, as an empty log, stands today.
+Date OrToday(Date date) { return date != 0 ? date : Today(); }
+
 // Where the user wants periods to begin; `fallback` for a preference that names no day.
 Date PreferredStart(Date fallback) {
   const Date today = Today();
   const CalendarDay parts = DayOf(today);
-  if (UserStartPref == "First Log Entry") return FirstEntryDate != 0 ? FirstEntryDate : today;
-  if (UserStartPref == "Last Log Entry") return LastEntryDate != 0 ? LastEntryDate : today;
+  if (UserStartPref == "First Log Entry") return OrToday(FirstEntryDate);
+  if (UserStartPref == "Last Log Entry") return OrToday(LastEntryDate);
   if (UserStartPref == "User Defined") return UserStartDate;
   if (UserStartPref == "Start of Week") {
     const int wanted = int{UserStartOfWeek} + 1;  // 1 is Monday
@@ -87,8 +90,8 @@ void frmMain::WirePeriod() {
   };
   mnuPlusMonth.Click = stepMonth(&Calendar::NextMonth);
   mnuMinusMonth.Click = stepMonth(&Calendar::PreviousMonth);
-  mnuLogStart.Click = [this] { SetActiveField(FirstEntryDate); };
-  mnuLogEnd.Click = [this] { SetActiveField(LastEntryDate); };
+  mnuLogStart.Click = [this] { SetActiveField(OrToday(FirstEntryDate)); };
+  mnuLogEnd.Click = [this] { SetActiveField(OrToday(LastEntryDate)); };
   mnuDefaultDate.Click = [this] { mnuDefaultDate_Click(); };
   btnProcess.Click = [this] { btnProcess_Click(); };
 }

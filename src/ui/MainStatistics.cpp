@@ -34,18 +34,14 @@ void frmMain::ShowStatLabels(bool visible) {
 void frmMain::SetStatDisplay() {
   SetTrace("frmMain", "SetStatDisplay");
   const bool found = LogExists || ArchiveOpen;
-  for (Label* heading : {&LabelHeading, &LabelHeading2})
-    heading->Caption = ArchiveOpen ? "Archive/Log Details" : "Modem Log Details";
+  LabelHeading.Caption = ArchiveOpen ? "Archive/Log Details" : "Modem Log Details";
   LabelLogName2.Caption = found ? PathText(CurrentLogFile) : "Log Not Found";
   LabelLogPath2.Caption = PathText(CurrentLogDir);
   LabelLogName2.ToolTipText = LabelLogPath2.ToolTipText = PathText(CurrentLogPath);
   for (Label* label : {&LabelLogLength2, &LabelLogEntries2, &LabelLogFirst2, &LabelLogLast2, &LabelLogSpan2})
     label->Caption = "N/A";
   if (LogCorrupt || LogInvalid) return;
-  Attempt([this] {
-    LabelLogLength2.Caption =
-        NumberText(LogLength) + " Bytes (" + NumberText(Int16(Kilobytes(LogLength))) + "KB)";
-  });
+  LabelLogLength2.Caption = LengthText(LogLength);
   LabelLogEntries2.Caption = NumberText(LogEntries);
   if (found && !LogEmpty) SetDateStatistics();
 }
@@ -107,11 +103,15 @@ void frmMain::StatusText(const std::string& text) {
 }
 
 void frmMain::ShowProgress(bool visible) {
+  if (visible) StatusBarMain.ToolTipText = "";
   ProgressBar1.SetValue(0);
   ProgressBar1.Visible = visible;
   // The user may look at the report window meanwhile.
   if (ReportForm.IsLoaded()) ReportForm->AnalysisUnderWay = visible;
 }
+
+// Until the next work begins; the told text stands in the bar.
+void frmMain::WorkFailed(const std::string& reason) { StatusBarMain.ToolTipText = reason; }
 
 void frmMain::Progress(Int16 percent) { ProgressBar1.SetValue(percent); }
 

@@ -4,11 +4,11 @@
 #include "core/ProgramState.h"
 #include "core/Version.h"
 #include "maintenance/LogRewrite.h"
+#include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
-#include "platform/SymbolicLinks.h"
 #include "settings/Settings.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmMain.h"
@@ -31,6 +31,7 @@ void frmMain::WireTools() {
 }
 
 void frmMain::btnViewLog_Click() {
+  SetTrace("frmMain", "btnViewLog_Click");
   if (ViewerOpen)
     ViewLogForm->Unload();
   else
@@ -63,20 +64,41 @@ void frmMain::mnuClearLog_Click() {
       Buttons::YesNo,
       0,
       2};
-  if (MsgBox(question) != Answer::Yes) return;
-  const bool removed = Attempt([] { RemoveFile(BehindLinks(CurrentLogPath)); });  // the link stays
-  if (removed) LogCorrupt = false;
-  if (removed && Attempt([] { NewModemLog(CurrentLogPath); }))
+  std::optional<FileStamp> asked;  // what the user agrees to lose
+  IgnoreErrors([&asked] { asked = StampOf(CurrentLogPath); });
+  if (MsgBox(question) != Answer::Yes || !ClearsUnsavedLog()) return;
+  const bool cleared = Attempt(
+      [&asked] { WriteLog(CurrentLogPath, NewLogEntry(), asked ? *asked : StampOf(CurrentLogPath)); });
+  if (cleared) {
+    LogCorrupt = false;
+    lastArchive.reset();
     MsgBox({"Current modem log has been deleted.\nNew blank modem log has been created!", ProgramTitle});
+  }
   ReadLogAgain();
 }
 
+// The told question advises to save the log first. Who tried and could not, or saved what has grown since, is
+// asked again.
+bool frmMain::ClearsUnsavedLog() {
+  if (!lastArchive || lastArchive->Log != CurrentLogPath) return true;
+  bool grown = false;
+  IgnoreErrors([&] { grown = StampOf(CurrentLogPath) != lastArchive->Text; });
+  if (lastArchive->Failure.empty() && !grown) return true;
+  const std::string why = lastArchive->Failure.empty()
+                              ? "The log has changed since the text that you saved as an archive was read."
+                              : "The log was not saved as an archive:\n" + lastArchive->Failure;
+  return MsgBox({why + "\n\nDo you want to delete it all the same?", "Delete Modem Log", Icon::Exclamation,
+                 Buttons::YesNo, 0, 2}) == Answer::Yes;
+}
+
 void frmMain::mnuPurgeLog_Click() {
+  SetTrace("frmMain", "mnuPurgeLog_Click");
   PurgeForm->ShowModal();
   if (LogChanged) ReadLogAgain();
 }
 
 void frmMain::mnuOptimize_Click() {
+  SetTrace("frmMain", "mnuOptimize_Click");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   KeepWindowSize();
   Optimize();
@@ -96,11 +118,13 @@ void frmMain::Optimize() {
 }
 
 void frmMain::mnuRepairLog_Click() {
+  SetTrace("frmMain", "mnuRepairLog_Click");
   FileRepairForm->ShowModal();
   ReadLogAgain();
 }
 
 void frmMain::mnuModemWizard_Click() {
+  SetTrace("frmMain", "mnuModemWizard_Click");
   if (OSName.find("NT") != std::string::npos)
     MsgBox({"Sorry .... This option is not yet available for Windows NT.", "Modem Configuration Wizard",
             Icon::Information});
@@ -128,14 +152,9 @@ void frmMain::KeepWindowSize() {
   MainWinHeight = Height();
 }
 
-// Whether the log is corrupt is the caller's to say. Of a corrupt one no statistics are gathered: they would
-// call it invalid, and its repair would be out of reach.
+// Whether the log is corrupt is the caller's to say.
 void frmMain::ReadLogAgain() {
-  const bool corrupt = LogCorrupt;
-  ForgetFindings();
-  Attempt([] { LogExists = FileExists(CurrentLogPath); });
-  LogCorrupt = corrupt && LogExists;
-  if (LogExists && !LogCorrupt) GetLogStats(false);
+  Examine(LogCorrupt ? LogHealth::Corrupt : LogHealth::Sound);
   Form_Load();
 }
 

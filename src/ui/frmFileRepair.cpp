@@ -1,9 +1,8 @@
 #include "ui/frmFileRepair.h"
 
-#include <new>
-
 #include "core/EndProgram.h"
 #include "core/ProgramState.h"
+#include "maintenance/LinePass.h"
 #include "maintenance/Repair.h"
 #include "platform/Host.h"
 #include "ui/HelpContexts.h"
@@ -19,17 +18,15 @@ frmFileRepair::frmFileRepair() : Form("frmFileRepair") {
 
 void frmFileRepair::Form_Activate() {
   if (running || btnOK.Enabled) return;  // once
+  SetTrace("frmFileRepair", "Form_Activate");
   running = true;
   CurrentHost().Yield();
-  try {
-    LogRepair repair([this](const std::string& text, Int16 percent) { Tell(text, percent); });
+  const std::string reason = ReasonOfFailure([this] {
+    LogRepair repair([this](const auto& text, const auto& percent) { Tell(text, percent); });
     repair.FixCorruption();
     repair.CheckEntries();
-  } catch (const RunTimeError&) {
-    RepairFailure();
-  } catch (const std::bad_alloc&) {
-    RepairFailure();
-  }
+  });
+  if (!reason.empty()) RepairFailure(reason);
   CurrentHost().Beep();
   LogCorrupt = false;
   lblFileRepair.Caption = "Modem File Successfully Repaired!";
@@ -37,14 +34,17 @@ void frmFileRepair::Form_Activate() {
   running = false;
 }
 
-void frmFileRepair::Tell(const std::string& text, Int16 percent) {
-  lblFileRepair.Caption = text;
-  if (percent < 101) ProgressBar.SetValue(percent);
+void frmFileRepair::Tell(const std::optional<std::string>& text, const std::optional<Int16>& percent) {
+  if (text) lblFileRepair.Caption = *text;
+  if (percent && *percent < 101) ProgressBar.SetValue(*percent);
   CurrentHost().Yield();
 }
 
-void frmFileRepair::RepairFailure() {
+// The window stays beside the message, which gives no reason.
+void frmFileRepair::RepairFailure(const std::string& reason) {
+  SetTrace("frmFileRepair", "RepairFailure");
   running = false;
+  lblFileRepair.Caption = lblFileRepair.ToolTipText = reason;
   MsgBox(
       {"QEL was unable to repair your modem log file!\n"
        "\n"

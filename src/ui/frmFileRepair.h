@@ -1,6 +1,9 @@
 // The progress of a log's repair, which runs as soon as the window is there.
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
 #include "controls/Form.h"
@@ -22,8 +25,8 @@ class frmFileRepair : public Form {
   void Form_Activate() override;
   // Stays until the repair is done.
   bool Form_Unload() override { return !running; }
-  void Tell(const std::string& text, Int16 percent);
-  [[noreturn]] void RepairFailure();
+  void Tell(const std::optional<std::string>& text, const std::optional<Int16>& percent);
+  [[noreturn]] void RepairFailure(const std::string& reason);
 
   bool running = false;
 };

@@ -7,7 +7,9 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "analysis/ReportPeriod.h"
 #include "controls/Bars.h"
@@ -16,6 +18,7 @@
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
 #include "core/Display.h"
+#include "platform/Files.h"
 
 namespace qel {
 
@@ -110,6 +113,14 @@ class frmMain : public Form, public Display, public PeriodFields {
   // file is open by then; while it shows another text file, they are off.
   void NameLogCommands();
 
+  // The last try of this run to save a log as an archive.
+  struct ArchiveTry {
+    std::string Log;      // path
+    FileStamp Text;       // the log as the text was read from it
+    std::string Failure;  // why it could not be saved; empty where it was
+  };
+  void TakeArchiveTry(ArchiveTry made) { lastArchive = std::move(made); }
+
   // Reads an archive or another log in place of the default log.
   void OpenArchive(const std::string& path);
   // Shows a saved report in the report window.
@@ -138,6 +149,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   void StatusText(const std::string& text) override;
   void ShowProgress(bool visible) override;
   void Progress(Int16 percent) override;
+  void WorkFailed(const std::string& reason) override;
   void ShowReport() override;
 
   // PeriodFields
@@ -187,14 +199,13 @@ class frmMain : public Form, public Display, public PeriodFields {
   void DisableControls() { EnableControls(false); }
   void EnableControls(bool enabled);
   void EnableRecentMenu(bool state);
+  bool ClearsUnsavedLog();
   void KeepWindowSize();
-  static void ReadArchive();
   void UseNewDefaultLog();
   void ShowAnew();
   void ShowActiveDate();
   void ReadLogAgain();
   static void ReadDefaultLog(const std::string& folder, const std::string& file);
-  static void ForgetFindings();
 
   void HideStatDisplay() { ShowStatLabels(false); }
   void DisplayStats() { ShowStatLabels(true); }
@@ -210,6 +221,8 @@ class frmMain : public Form, public Display, public PeriodFields {
   // The default log while an archive is open, and whether it can be gone back to.
   std::string defaultLogFile, defaultLogDir;
   bool defaultLogUsable = false;
+
+  std::optional<ArchiveTry> lastArchive;
 
   Int16 animFrame;
   bool animBackward = false;

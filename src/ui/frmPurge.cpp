@@ -32,6 +32,7 @@ void frmPurge::Form_Load() {
 
 // The ends that the option fixes are valid at once; the others are what its fields say.
 void frmPurge::optPurge_Click(int option) {
+  SetTrace("frmPurge", "optPurge_Click");
   ChosenOption = Int16(option);
   for (std::size_t i = 0; i < FraPurge.size(); ++i) FraPurge[i].Enabled = static_cast<int>(i) + 1 == option;
   FromValid = ToValid = false;

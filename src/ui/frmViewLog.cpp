@@ -6,6 +6,8 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/Version.h"
+#include "maintenance/LinePass.h"
+#include "maintenance/LogSwap.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/CodePage.h"
 #include "platform/FormatMask.h"
@@ -30,13 +32,16 @@ constexpr std::int64_t LargestFile = 32 * 1024 * 1024;  // bytes
 // Of a window's height or width as it is stored: screens have outgrown it.
 constexpr int LargestSize = 32767;  // twips
 
+// Behind font, edit state and two locks: that an archive could not be saved. An empty panel is not seen.
+constexpr int ArchivePanel = 5;
+
 constexpr char ArchiveFilter[] = "Qelmark Modem Log Archive (*.qel)|*.qel";
 
 }  // namespace
 
 frmViewLog::frmViewLog() : Form("frmViewLog") {
   HelpContextID = HelpLogViewer;
-  StatusBar1.SetPanelCount(4);
+  StatusBar1.SetPanelCount(ArchivePanel);
   mnuSave.Click = [this] { mnuSave_Click(); };
   mnuSaveArchive.Click = [this] { mnuSaveArchive_Click(); };
   mnuExit.Click = [this] { Unload(); };
@@ -130,12 +135,25 @@ bool frmViewLog::OpenLogFile(const std::string& path) {
 bool frmViewLog::SaveLogFile(const std::string& path) {
   SetTrace("frmViewLog", "SaveLogFile");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  const bool saved = Attempt([&] {
-    ReplaceFile(path, TextViewLog.Text() + NewLine);
-    opened = StampOf(path);
+  std::string inOtherHands;
+  const bool ran = Attempt([&] {
+    try {
+      WriteLog(path, TextViewLog.Text() + NewLine, PathExists(path) ? std::optional(opened) : std::nullopt);
+      opened = StampOf(path);
+    } catch (const LogFailure& failure) {
+      inOtherHands = failure.Reason();
+    }
   });
   CurrentHost().SetMousePointer(MousePointer::Default);
+  const bool saved = ran && inOtherHands.empty();
   if (saved) EnableSave(false);
+  // The handler would end the program, and the changes with it.
+  if (!inOtherHands.empty())
+    MsgBox({"Your changes have not been saved:\r\n" + inOtherHands +
+                ".\r\n"
+                "\r\n"
+                "They stay in the viewer. Please try again later, or save them as an archive.",
+            ProgramTitle, Icon::Exclamation});
   return saved;
 }
 
@@ -207,26 +225,35 @@ void frmViewLog::KeepSettings() {
 
 // False where the user wanted to save and could not.
 bool frmViewLog::mnuSave_Click() {
+  SetTrace("frmViewLog", "mnuSave_Click");
   if (MsgBox({"Save Changes to Modem Log File?", ProgramTitle, Icon::None, Buttons::YesNo}) != Answer::Yes)
     return true;
-  if (StampHasChanged() && MsgBox({"The file has changed since it was opened.\r\n"
-                                   "Saving writes over what was added to it meanwhile.\r\n"
-                                   "\r\n"
-                                   "Save all the same?",
-                                   "WARNING", Icon::Exclamation, Buttons::YesNo}) != Answer::Yes)
+  FileStamp now = opened;
+  IgnoreErrors([&] { now = StampOf(shownPath); });
+  if (now != opened && MsgBox({"The file has changed since it was opened.\r\n"
+                               "Saving writes over what was added to it meanwhile.\r\n"
+                               "\r\n"
+                               "Save all the same?",
+                               "WARNING", Icon::Exclamation, Buttons::YesNo}) != Answer::Yes)
     return false;
+  opened = now;  // the user knows
   return SaveLogFile(shownPath);
 }
 
-bool frmViewLog::StampHasChanged() const {
-  bool changed = false;
-  IgnoreErrors([&] { changed = StampOf(shownPath) != opened; });
-  return changed;
-}
-
+// A failure is no reason to leave the viewer: its bar says so, and clearing the log asks again.
 void frmViewLog::mnuSaveArchive_Click() {
+  SetTrace("frmViewLog", "mnuSaveArchive_Click");
   const auto path = CurrentHost().AskSaveFile({ArchiveFilter, AppPath, ToUtf8(archiveName)});
-  if (path) IgnoreErrors([&] { ReplaceFile(*path, TextViewLog.Text() + NewLine); });
+  if (!path) return;
+  std::string failure = ReasonOfFailure([&] {
+    const bool ownFile = IsSameFile(*path, shownPath);
+    WriteLog(*path, TextViewLog.Text() + NewLine, ownFile ? std::optional(opened) : std::nullopt);
+  });
+  if (const std::string named = PathText(*path) + ": "; failure.starts_with(named))
+    failure.erase(0, named.size());  // which the user has just given
+  StatusBar1.SetPanel(ArchivePanel, failure.empty() ? "" : "Archive NOT saved: " + failure);
+  if (!failure.empty()) CurrentHost().Beep();
+  if (MainForm.IsLoaded()) MainForm->TakeArchiveTry({shownPath, opened, failure});
 }
 
 void frmViewLog::mnuCopy_Click() { CurrentHost().SetClipboardText(TextViewLog.SelText()); }
@@ -249,6 +276,7 @@ void frmViewLog::mnuRestore_Click() {
 }
 
 void frmViewLog::mnuSearchFind_Click() {
+  SetTrace("frmViewLog", "mnuSearchFind_Click");
   const std::string selected = TextViewLog.SelText();
   FindForm->Load();
   FindForm->Text1.Text = selected.empty() ? FindText : selected;

@@ -56,7 +56,6 @@ class frmViewLog : public Form {
   bool OpenLogFile(const std::string& path);
   bool SaveLogFile(const std::string& path);
   bool mnuSave_Click();
-  bool StampHasChanged() const;
   void ApplyEditState();
   void ShowEditState();
   void ApplyFont();

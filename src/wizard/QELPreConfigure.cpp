@@ -4,6 +4,7 @@
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
 #include "platform/CodePage.h"
 #include "platform/Host.h"
@@ -158,10 +159,8 @@ void CheckLogFile(Int16 number) {
     DefaultLogDir = LogFolder(Modems[0].LoggingPath);
   }
   Attempt([] {
-    const std::string path = DefaultLogDir + DefaultLogFile;
-    if (FileExists(path)) return;
-    NewModemLog(path);
-    NewLogStarted = true;
+    MendInterruptedSwap(DefaultLogDir + DefaultLogFile);
+    if (NewModemLog(DefaultLogDir + DefaultLogFile)) NewLogStarted = true;
   });
 }
 

@@ -74,5 +74,42 @@ TEST(RenameFile, ReplacesWithinAVolumeAndAcross) {
   EXPECT_EQ(ErrorOf([&] { RenameFile(folder.Path("source"), folder.Path("near")); }), FileNotFound);
 }
 
+// Who has to undo a renaming asks no more than whether it raised.
+TEST(RenameFile, RaisesOnlyWhereTheFileIsWhereItWas) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder.Path("far"));
+  TwoVolumes disk;
+  const DiskInPlace inPlace(disk);
+  for (void (*rename)(const std::string&, const std::string&) : {RenameFile, RenameToNew}) {
+    for (const char* target : {"near", "far/log"}) {
+      for (int n = 1; n == 1 || disk.Failed(); ++n) {
+        folder.Put("source", "content");
+        fs::remove(folder.Path(target));
+        disk.FailNth(n);
+        const bool raised = ErrorOf([&] { rename(folder.Path("source"), folder.Path(target)); }) != 0;
+        EXPECT_EQ(folder.Has("source"), raised) << target << n;
+        EXPECT_TRUE(raised || folder.Content(target) == "content") << target << n;
+        EXPECT_FALSE(raised && rename == RenameToNew && folder.Has(target)) << target << n;
+      }
+    }
+  }
+}
+
+TEST(RenameToNew, SparesWhatIsThere) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder.Path("far"));
+  TwoVolumes disk;
+  const DiskInPlace inPlace(disk);
+  for (const char* target : {"near", "far/log"}) {
+    folder.Put(target, "there");
+    folder.Put("source", "content");
+    EXPECT_EQ(ErrorOf([&] { RenameToNew(folder.Path("source"), folder.Path(target)); }), FileAlreadyExists);
+    EXPECT_EQ(RenameToFreeName(folder.Path("source"), folder.Path(target)), folder.Path(target) + "-2");
+    EXPECT_EQ(folder.Content(target) + folder.Content(target + std::string("-2")), "therecontent");
+  }
+  EXPECT_EQ(ErrorOf([&] { CreateFile(folder.Path("near"), "new"); }), FileAlreadyExists);
+  EXPECT_EQ(folder.Content("near"), "there");
+}
+
 }  // namespace
 }  // namespace qel

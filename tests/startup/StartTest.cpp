@@ -158,16 +158,30 @@ TEST_F(StartTest, TheEndOfTheProgramStoresNoOptionsThatWereNotSaved) {
   EXPECT_EQ(Stored("\\General", "MaxConnections"), "200");
 }
 
-TEST_F(StartTest, AnInterruptedRewriteIsUndoneAndTold) {
-  folder.Put("ModemLog.old", usable);
-  Start();
-  EXPECT_FALSE(folder.Has("ModemLog.txt")) << "somebody took the log away, no tool";
-  folder.Put("ModemLog.pge", "half");
-  Start();
-  EXPECT_EQ(folder.Content("ModemLog.txt"), usable);
-  ASSERT_EQ(host.messages.size(), 1u);
-  EXPECT_EQ(host.messages[0].Title, "Modem Log");
-  EXPECT_TRUE(MainForm->btnProcess.Enabled);
+TEST_F(StartTest, WhatAnEndedRewriteLeftIsSetRightAndTold) {
+  const struct {
+    std::vector<std::string> left;
+    std::string log, kept, told;  // the files' names, as what they hold; a part of the message
+  } cases[] = {
+      {{"ModemLog.old", "ModemLog.pge"}, "", "", "Qelmark Cannot Locate"},  // no proof of anything
+      {{"ModemLog.txt.qel-old"}, "ModemLog.txt.qel-old", "", "has been put back"},
+      {{"ModemLog.txt.qel-old", "ModemLog.txt.qel-new"}, "ModemLog.txt.qel-old", "", "has been put back"},
+      {{"ModemLog.txt.qel-new", "ModemLog.txt"}, "ModemLog.txt", "", ""},
+      {{"ModemLog.txt.qel-old", "ModemLog.txt"}, "ModemLog.txt", "ModemLog.txt.qel-old", "ModemLog.txt.kept"},
+  };
+  for (const auto& c : cases) {
+    folder.Empty();
+    for (const std::string& name : c.left) folder.Put(name, usable + "01-20-1999 " + name + "\r\n");
+    host.messages.clear();
+    Start();
+    if (SplashForm.IsLoaded()) SplashForm->Picture1.UserClick();
+    const auto content = [](const std::string& of) { return of.empty() ? "" : "01-20-1999 " + of + "\r\n"; };
+    EXPECT_TRUE(Log().ends_with(content(c.log)) && Log().empty() == c.log.empty()) << c.told;
+    EXPECT_TRUE(folder.Content("ModemLog.txt.kept").ends_with(content(c.kept))) << c.told;
+    EXPECT_FALSE(folder.Has("ModemLog.txt.qel-old") || folder.Has("ModemLog.txt.qel-new"));
+    ASSERT_EQ(host.messages.size(), c.told.empty() ? 0u : 1u);
+    EXPECT_NE((c.told.empty() ? "" : host.messages[0].Text).find(c.told), std::string::npos);
+  }
 }
 
 TEST_F(StartTest, FromAFreshHomeToASavedReportAndBack) {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cerrno>
+#include <functional>
 #include <unistd.h>
 
 #include "platform/Disk.h"
@@ -19,6 +20,10 @@ class FailingDisk : public Disk {
   void FailFrom(int operation, int systemError = EIO) { Plan(operation, systemError, Then::KeepFailing); }
   void EndProcessAt(int operation) { Plan(operation, 0, Then::EndProcess); }
   void Mend() { Plan(0, 0, Then::Recover); }
+
+  std::function<void(int operation)> Before;  // what others do in front of an operation
+  bool NoLeases = false;                      // as on a volume that knows none
+  bool Flushes = true;                        // no power fails in a test: it may go without the wait
 
   int Operations() const { return operations; }
   bool Failed() const { return failed; }
@@ -41,9 +46,19 @@ class FailingDisk : public Disk {
     halfWritten = true;
     return Disk::Write(file, data, size / 2);
   }
-  int Sync(int file) override { return Fails() ? -1 : Disk::Sync(file); }
+  int Sync(int file) override { return Fails() ? -1 : Flushes ? Disk::Sync(file) : 0; }
   int SetMode(int file, mode_t mode) override { return Fails() ? -1 : Disk::SetMode(file, mode); }
-  int Lock(int file) override { return Fails() ? -1 : Disk::Lock(file); }
+  int SetOwner(int file, uid_t owner, gid_t group) override {
+    return Fails() ? -1 : Disk::SetOwner(file, owner, group);
+  }
+  int StatusOf(int file, struct stat* status) override { return Fails() ? -1 : Disk::StatusOf(file, status); }
+  int Lock(int file, int operation) override { return Fails() ? -1 : Disk::Lock(file, operation); }
+  int SetLease(int file, int kind) override {
+    if (!NoLeases) return Fails() ? -1 : Disk::SetLease(file, kind);
+    errno = EINVAL;
+    return -1;
+  }
+  int LeaseOf(int file) override { return Fails() ? -1 : Disk::LeaseOf(file); }
   int Close(int file) override {
     const bool fails = Fails();  // which closes it none the less
     const int result = Disk::Close(file);
@@ -58,6 +73,9 @@ class FailingDisk : public Disk {
   }
   int Rename(const std::string& from, const std::string& to) override {
     return Fails() ? -1 : Disk::Rename(from, to);
+  }
+  int RenameNew(const std::string& from, const std::string& to) override {
+    return Fails() ? -1 : Disk::RenameNew(from, to);
   }
   int Remove(const std::string& path) override { return Fails() ? -1 : Disk::Remove(path); }
   int MakeFolder(const std::string& path, mode_t mode) override {
@@ -80,6 +98,7 @@ class FailingDisk : public Disk {
 
   bool Fails() {
     ++operations;
+    if (Before) Before(operations);
     const bool fails = operations == failAt || (operations > failAt && failed && then == Then::KeepFailing);
     if (!fails) return false;
     if (then == Then::EndProcess) ::_exit(0);
@@ -100,13 +119,18 @@ class FailingDisk : public Disk {
 class TwoVolumes : public FailingDisk {
  public:
   int Rename(const std::string& from, const std::string& to) override {
-    if (IsFar(from) == IsFar(to)) return FailingDisk::Rename(from, to);
-    errno = EXDEV;
-    return -1;
+    return AreApart(from, to) ? -1 : FailingDisk::Rename(from, to);
+  }
+  int RenameNew(const std::string& from, const std::string& to) override {
+    return AreApart(from, to) ? -1 : FailingDisk::RenameNew(from, to);
   }
 
  private:
   static bool IsFar(const std::string& path) { return path.find("/far/") != std::string::npos; }
+  static bool AreApart(const std::string& from, const std::string& to) {
+    errno = EXDEV;
+    return IsFar(from) != IsFar(to);
+  }
 };
 
 }  // namespace qel

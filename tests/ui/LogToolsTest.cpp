@@ -94,20 +94,70 @@ TEST_F(LogToolsTest, ClearingLeavesAUsableLogOfOneEntry) {
   EXPECT_EQ(MainForm->inputEnding.Text(), "01/15/1999");
 }
 
-TEST_F(LogToolsTest, AClearedLogThatCannotBeMadeAnewIsMissing) {
+TEST_F(LogToolsTest, ALogThatCannotBeClearedStays) {
   Show(usable);
-  LogTooBig = true;
   FailingDisk full;
-  full.FailNth(3, ENOSPC);  // once the log is removed
-  host.answers = {Answer::Yes};
-  {
-    const DiskInPlace inPlace(full);
-    MainForm->mnuClearLog.UserClick();
+  for (int n = 2; n == 2 || full.Failed(); ++n) {  // behind the question
+    host.messages.clear();
+    host.answers = {Answer::Yes};
+    {
+      const DiskInPlace inPlace(full);
+      full.FailNth(n, ENOSPC);
+      MainForm->mnuClearLog.UserClick();
+    }
+    EXPECT_TRUE(Log() == usable || Log().ends_with("v1.0\r\n")) << n;
+    folder.Put("ModemLog.txt", usable);
   }
-  EXPECT_TRUE(full.Failed() && !folder.Has("ModemLog.txt"));
-  EXPECT_EQ(MainForm->LabelLogName2.Caption(), "Log Not Found");
-  EXPECT_EQ(MainForm->LabelLogLength2.Caption(), "0 Bytes (0KB)");
-  EXPECT_FALSE(MainForm->mnuTools.Enabled || MainForm->btnViewLog.Enabled || LogTooBig);
+  std::ofstream driver(folder.Path("ModemLog.txt"), std::ios::app);
+  host.messages.clear();
+  host.answers = {Answer::Yes};
+  EXPECT_THROW(MainForm->mnuClearLog.UserClick(), ProgramEnd);
+  EXPECT_EQ(host.messages.at(1).Title, "QEL - Lock Error");
+  EXPECT_EQ(Log(), usable);
+}
+
+TEST_F(LogToolsTest, AFailureGivesItsReasonBesideTheToldMessage) {
+  std::string many;
+  for (int i = 0; i < 32768; ++i) many += "01-05-1999 a\r\n";
+  Show(many);
+  host.answers = {Answer::Yes};
+  MainForm->mnuOptimize.UserClick();
+  EXPECT_EQ(host.messages.at(1).Title, "Optimization Failed");
+  EXPECT_EQ(MainForm->StatusBarMain.ToolTipText(), "the log has more than 32,767 lines");
+  folder.Put("ModemLog.txt", usable);
+  host.answers = {Answer::Yes};
+  MainForm->mnuOptimize.UserClick();
+  EXPECT_EQ(MainForm->StatusBarMain.ToolTipText(), "") << "that was another run";
+  EXPECT_TRUE(LogTooBig && LogEmpty) << "an empty log keeps what was found before";
+}
+
+TEST_F(LogToolsTest, ClearingAsksAgainWhereTheLogIsInNoArchive) {
+  const struct {
+    const char* archive;  // where the user saves it
+    const char* added;    // to the log meanwhile
+    std::string asks;
+  } cases[] = {
+      {"log.qel", "", ""},
+      {"log.qel", "01-21-1999 a\r\n", "The log has changed since the text that you saved"},
+      {"no/such/folder.qel", "", "The log was not saved as an archive:\n"},
+  };
+  for (const auto& c : cases) {
+    ResetWindows();
+    Show(usable);
+    MainForm->btnViewLog.UserClick();
+    host.paths = {folder.Path(c.archive)};
+    ViewLogForm->mnuSaveArchive.UserClick();
+    const bool failed = c.asks.ends_with(":\n");
+    EXPECT_EQ(host.Showed("beep"), failed);
+    EXPECT_EQ(ViewLogForm->StatusBar1.Panels().back().starts_with("Archive NOT saved: "), failed);
+    ViewLogForm->Unload();
+    if (*c.added) folder.Put("ModemLog.txt", usable + c.added);
+    host.answers = {Answer::Yes, Answer::No};
+    host.messages.clear();
+    MainForm->mnuClearLog.UserClick();
+    EXPECT_TRUE(host.messages.at(1).Text.starts_with(c.asks.empty() ? "Current modem log has" : c.asks));
+    EXPECT_EQ(Log() == usable + c.added, !c.asks.empty());
+  }
 }
 
 TEST_F(LogToolsTest, ARepairThatFailsEndsTheProgramAndLeavesTheLog) {

@@ -88,6 +88,18 @@ TEST_F(MainWindowTest, ThePanelShowsTheStatisticsOfTheFile) {
   MainForm->OpenArchive(PathOf("empty.qel", ""));
   EXPECT_EQ(values(), "empty.qel|0 Bytes (0KB)|0|N/A|N/A|N/A|");
   EXPECT_EQ(MainForm->LabelHeading.Caption(), "Archive/Log Details");
+  EXPECT_EQ(MainForm->LabelHeading2.Caption(), "") << "is the design's";
+  host.messages.clear();
+  for (const auto& [length, shown] : std::vector<std::pair<int, std::string>>{
+           {33554431, "33554431 Bytes (32MB)"}, {33553919, "33553919 Bytes (32767KB)"}}) {
+    const std::string large = PathOf("large.qel", usable);
+    std::filesystem::resize_file(large, static_cast<std::uintmax_t>(length) - usable.size());
+    std::ofstream(large, std::ios::app) << "\n" << usable.substr(1);
+    MainForm->OpenArchive(large);
+    EXPECT_EQ(MainForm->LabelLogLength2.Caption(), shown);
+  }
+  EXPECT_TRUE(host.messages.empty());
+  EXPECT_EQ(MainForm->LabelHeading.Caption(), "Archive/Log Details");
   MainForm.Reset();
   ArchiveOpen = false;
   Show("01-05-1999 \x01\r\n");

@@ -152,6 +152,15 @@ TEST_F(PeriodTest, DateCommandsMoveTheActiveField) {
   }
 }
 
+TEST_F(PeriodTest, AnEmptyLogBeginsAndEndsToday) {
+  WindowTest::Show("");
+  for (MenuItem* command : {&MainForm->mnuLogStart, &MainForm->mnuLogEnd}) {
+    command->UserClick();
+    EXPECT_EQ(Period(), "01/15/1999 - 01/15/1999");
+  }
+  EXPECT_TRUE(host.messages.empty());
+}
+
 TEST_F(PeriodTest, TheStartingDateBecomesTheDefaultWhenTheUserAgrees) {
   Show();
   MainForm->inputStarting.UserText("01/08/1999");

@@ -49,6 +49,22 @@ TEST_F(ViewerTest, ChangesThatCannotBeSavedKeepTheWindow) {
   std::filesystem::create_directory(folder.Path());
 }
 
+TEST_F(ViewerTest, ALogInOtherHandsKeepsTheChangesInTheWindow) {
+  View(usable);
+  Text().UserType("new ");
+  host.answers = {Answer::Yes};
+  {
+    std::ofstream driver(folder.Path("ModemLog.txt"), std::ios::app);
+    EXPECT_FALSE(ViewLogForm->Unload());
+  }
+  EXPECT_EQ(Log(), usable);
+  EXPECT_TRUE(host.messages.at(1).Text.starts_with("Your changes have not been saved:"));
+  host.answers = {Answer::Yes};
+  EXPECT_TRUE(ViewLogForm->Unload());
+  EXPECT_EQ(Log(), "new " + usable + "\r\n");
+  EXPECT_EQ(folder.Entries(), 1) << "nothing is left beside it";
+}
+
 TEST_F(ViewerTest, WithoutEditingTheTextIsLocked) {
   EditLog = false;
   View(usable);
