@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
+#include <memory>
 
 namespace qel {
 
@@ -77,13 +78,13 @@ QWidget* TakeContent(QVBoxLayout& layout, int width) {
   const int kept = layout.count() > 1 && IsRowWithin(*layout.itemAt(layout.count() - 1), inner) ? 1 : 0;
   while (layout.count() > kept) {
     const int stretch = layout.stretch(0);
-    QLayoutItem* const item = layout.takeAt(0);
-    if (item->layout())
-      inside->addLayout(item->layout(), stretch);
-    else if (item->widget())
-      inside->addWidget(item->widget(), stretch, item->alignment());
+    std::unique_ptr<QLayoutItem> item(layout.takeAt(0));
+    if (QWidget* const widget = item->widget())
+      inside->addWidget(widget, stretch, item->alignment());
+    else if (item->layout())
+      inside->addLayout(item.release()->layout(), stretch);
     else
-      inside->addItem(item);
+      inside->addItem(item.release());
   }
   return content;
 }

@@ -10,9 +10,8 @@
 //   there    -             -             nothing
 //   there    -             there         it had not begun: log.qel-new goes
 //   missing  there         -/there       log.qel-old is the log: it is put back
-//   there    there         -/there       the log is another one, or whole, and log.qel-old may hold lines
-//   that
-//                                        it lacks: it is kept under a free name (log.kept), and the user told
+//   there    there         -/there       the log is another one, or whole, and log.qel-old may hold what it
+//                                        lacks: it is kept under a free name (log.kept), and the user told
 //   missing  -             -/there       nothing of ours: the log was taken away by somebody else
 #pragma once
 

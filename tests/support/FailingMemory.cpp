@@ -24,14 +24,19 @@ bool RefusedMemory() {
 
 }  // namespace qel
 
-// In a source of their own: inlined where memory is used, compilers take the pair for a mismatch.
-void* operator new(std::size_t size) {
+// In a source of their own: inlined where memory is used, compilers take the pairs for a mismatch. All forms
+// stand here, since the sanitizers bring their own for those that are missing.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   if (untilRefusal > 0 && --untilRefusal == 0) {
     refused = true;
-    throw std::bad_alloc();
+    return nullptr;
   }
-  if (void* memory = std::malloc(size > 0 ? size : 1)) return memory;
+  return std::malloc(size > 0 ? size : 1);
+}
+void* operator new(std::size_t size) {
+  if (void* memory = operator new(size, std::nothrow)) return memory;
   throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
