@@ -1,6 +1,6 @@
 #include "cli/SettingsImport.h"
 
-#include <optional>
+#include <string>
 
 #include "analysis/ResetProgram.h"
 #include "cli/CommandLineHost.h"
@@ -8,8 +8,6 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/CodePage.h"
-#include "platform/Files.h"
-#include "platform/RegistryFile.h"
 #include "platform/RegistryStore.h"
 #include "settings/SettingsFile.h"
 
@@ -19,21 +17,6 @@ namespace {
 
 std::string Counted(int count, const char* noun) {
   return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-std::optional<SettingsFile> ReadImport(const std::string& path) {
-  std::string why;
-  try {
-    return ReadSettingsFile(ReadWholeFile(path));
-  } catch (const RegistryFileError& error) {
-    why = error.what();
-  } catch (const SettingsFileError& error) {
-    why = ToUtf8(error.what());
-  } catch (const RunTimeError& error) {
-    why = ReasonOf(error);
-  }
-  Complain("cannot import " + ShownPath(path) + ": " + why);
-  return std::nullopt;
 }
 
 void TellSetAsideStores() {
@@ -52,8 +35,12 @@ bool ImportSettings(const std::string& path) {
   Registry.Reset();
   IgnoreErrors([&] { Registry.Open(store, RegistryStore::Access::ReadOnly); });
   GetCurrencySymbolInfo();
-  const auto file = ReadImport(path);
-  if (!file) return false;
+  std::string why;
+  const auto file = FindSettingsFile(path, why);
+  if (!file) {
+    Complain("cannot import " + ShownPath(path) + ": " + ToUtf8(why));
+    return false;
+  }
   try {
     Registry.Open(store, RegistryStore::Access::Shared);
     ImportOptions(*file);

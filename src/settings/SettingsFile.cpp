@@ -1,5 +1,7 @@
 #include "settings/SettingsFile.h"
 
+#include "platform/CodePage.h"
+#include "platform/Files.h"
 #include "platform/RegistryFile.h"
 #include "platform/RegistryStore.h"
 #include "platform/RunTimeError.h"
@@ -60,6 +62,19 @@ SettingsFile ReadSettingsFile(const std::string& content) {
 }
 
 // A file of the old system has no unambiguous names; those that stand in the store would win over its values.
+std::optional<SettingsFile> FindSettingsFile(const std::string& path, std::string& why) {
+  try {
+    return ReadSettingsFile(ReadWholeFile(path));
+  } catch (const RegistryFileError& error) {
+    why = error.what();
+  } catch (const SettingsFileError& error) {
+    why = error.what();
+  } catch (const RunTimeError& error) {
+    why = FromUtf8Lossy(ReasonOf(error));
+  }
+  return std::nullopt;
+}
+
 void ImportOptions(const SettingsFile& file) {
   Registry.Refresh();
   for (const auto& [key, values] : file.Own) {

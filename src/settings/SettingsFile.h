@@ -1,6 +1,7 @@
 // The program's settings in a file of their own, which saves them or brings them to another machine.
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -29,6 +30,10 @@ struct SettingsFile {
 // program knows must be of its types and convert; dates and times by the regional values of this machine.
 // Raises SettingsFileError, and RegistryFileError for a text of another format.
 SettingsFile ReadSettingsFile(const std::string& content);
+
+// The same of a file on the disk, judged as a whole: nothing where it cannot be taken as it stands, and `why`
+// says so in one line for the user, in Windows-1252.
+std::optional<SettingsFile> FindSettingsFile(const std::string& path, std::string& why);
 
 // Puts the program's keys and values into the store, which keeps all others. Flush brings them to the disk.
 void ImportOptions(const SettingsFile& file);

@@ -10,7 +10,6 @@
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
-#include "platform/RegistryFile.h"
 #include "platform/TextConversion.h"
 #include "settings/Settings.h"
 #include "settings/SettingsFile.h"
@@ -57,22 +56,6 @@ void TellImported(const std::string& path, const SettingsFile& file) {
   if (file.PassedOver > 0)
     text += "\r\n\r\nKeys that are not QEL's own were passed over: " + NumberText(file.PassedOver);
   MsgBox({text, "QEL Options Imported", Icon::Information});
-}
-
-// The file is judged as a whole: it is taken as it stands, or not at all.
-std::optional<SettingsFile> ReadImport(const std::string& path) {
-  std::string why;
-  try {
-    return ReadSettingsFile(ReadWholeFile(path));
-  } catch (const RegistryFileError& error) {
-    why = error.what();
-  } catch (const SettingsFileError& error) {
-    why = error.what();
-  } catch (const RunTimeError& error) {
-    why = error.Description();
-  }
-  TellNotImported(path, why);
-  return std::nullopt;
 }
 
 // As the start reads them.
@@ -131,8 +114,10 @@ void frmMain::mnuImport_Click() {
   SetTrace("frmMain", "ImportOptions");
   const auto path = CurrentHost().AskOpenFile({RegistryFilter, AppPath, ""});
   if (!path) return;
-  const auto file = ReadImport(*path);
-  if (!file || !Attempt([&file] { ImportOptions(*file); })) return;
+  std::string why;
+  const auto file = FindSettingsFile(*path, why);
+  if (!file) return TellNotImported(*path, why);
+  if (!Attempt([&file] { ImportOptions(*file); })) return;
   SaveRegistry();
   const std::string before = ModemLogDir + ModemLogFile;
   LoadSettingsAnew();

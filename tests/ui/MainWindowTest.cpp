@@ -186,7 +186,7 @@ TEST_F(MainWindowTest, OptionsAreImportedWholeAndUsedAtOnceOrNotAtAll) {
   WriteUserParameters();
   folder.Put("bad.reg", head + "\"MaxConnections\"=dword:00000014\r\n\"MaxServices\"=\"twenty\"\r\n");
   host.paths = {std::nullopt, folder.Path("none.reg"), folder.Path("bad.reg")};
-  for (const char* said : {"", "File not found", "\"MaxServices\""}) {
+  for (const char* said : {"", "No such file", "\"MaxServices\""}) {
     host.messages.clear();
     MainForm->mnuImport.UserClick();
     EXPECT_EQ(host.messages.size(), *said ? 1u : 0u);
