@@ -1,6 +1,7 @@
 #include "settings/ServiceRecords.h"
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 #include "core/ErrorHandler.h"
@@ -226,7 +227,13 @@ bool IsOfTariff(std::string_view name, std::string_view field) {
 // The number comes from the loop over the services, which ends one past the last.
 std::string SoundFileName(int services) { return "WarningSoundFile" + std::to_string(services + 1); }
 
-Counts ServiceCounts() { return CountsOf(GeneralKey, "UsedServices"); }
+// What no program could read is no count.
+Counts ServiceCounts() {
+  Counts counts = CountsOf(GeneralKey, "UsedServices");
+  for (int* count : {&counts.Before, &counts.Now})
+    if (*count > std::numeric_limits<std::int16_t>::max()) *count = 0;
+  return counts;
+}
 
 // Other programs that change the number of services move the sound to another name.
 void FollowSound(const Counts& counts) {

@@ -336,6 +336,7 @@ TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
 }
 
 TEST_F(SettingsTest, AValueThatCannotBeReadIsNamedAndNotWrittenOver) {
+  WarningSoundFile = "a.wav";
   WriteUserParameters();
   const std::string general = std::string(SettingsKey) + "\\General";
   SetKeyValue(SettingsRoot, general, "UsedServices", Int32(65535), REG_DWORD);
@@ -350,6 +351,7 @@ TEST_F(SettingsTest, AValueThatCannotBeReadIsNamedAndNotWrittenOver) {
   const auto stored = [&] { return TextOf(QueryValue(SettingsRoot, general, "UsedServices")); };
   WriteUserParameters();
   EXPECT_EQ(stored(), "65535");
+  EXPECT_EQ(WarningSoundFile + Content("\\Services"), "a.wavWarningSoundFile1=a.wav;");
   EXPECT_EQ(TextOf(QueryValue(SettingsRoot, general, "MaxConnections")), "200") << "a default took its place";
   AddService("A", "1", "");
   WriteUserParameters();
