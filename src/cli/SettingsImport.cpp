@@ -47,6 +47,7 @@ bool ImportSettings(const std::string& path) {
     Registry.Flush();
     TellSetAsideStores();
   } catch (const RunTimeError& error) {
+    TellSetAsideStores();
     Complain("cannot write the settings to " + ShownPath(store) + ": " + ReasonOf(error));
     return false;
   }

@@ -1,6 +1,7 @@
 #include "settings/ServiceRecords.h"
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 #include "core/ErrorHandler.h"
@@ -18,6 +19,7 @@ Int16 UsedHolidays;
 
 namespace {
 
+const std::string GeneralKey = std::string(SettingsKey) + "\\General";
 const std::string ServicesKey = std::string(SettingsKey) + "\\Services";
 const std::string HolidaysKey = std::string(SettingsKey) + "\\Holidays";
 
@@ -223,7 +225,24 @@ bool IsOfTariff(std::string_view name, std::string_view field) {
 }
 
 // The number comes from the loop over the services, which ends one past the last.
-std::string SoundFileName() { return "WarningSoundFile" + std::to_string(StoredServiceCount() + 1); }
+std::string SoundFileName(int services) { return "WarningSoundFile" + std::to_string(services + 1); }
+
+// What no program could read is no count.
+Counts ServiceCounts() {
+  Counts counts = CountsOf(GeneralKey, "UsedServices");
+  for (int* count : {&counts.Before, &counts.Now})
+    if (*count > std::numeric_limits<std::int16_t>::max()) *count = 0;
+  return counts;
+}
+
+// Other programs that change the number of services move the sound to another name.
+void FollowSound(const Counts& counts) {
+  const auto ours =
+      Registry.VersionsOf(KeyPath(SettingsRoot, ServicesKey), SoundFileName(counts.Before)).Ours;
+  const bool changed = WarningSoundFile != (ours ? TextOf(Decoded(*ours).value()) : "");
+  if (counts.Now == counts.Before || changed) return;
+  Attempt([&] { LoadSetting(ServicesKey, SoundFileName(counts.Now), StoredAs::Text, &WarningSoundFile); });
+}
 
 void ReadService(ServiceRecord& service, int number, int count) {
   const std::string behind = std::to_string(number);
@@ -287,24 +306,31 @@ void ReadServices() {
       Services, UsedServices,
       [count](ServiceRecord& service, int number) { ReadService(service, number, count); },
       [](int number) { return IsStored(ServicesKey, "ServiceName" + std::to_string(number)); });
-  Attempt([] { LoadSetting(ServicesKey, SoundFileName(), StoredAs::Text, &WarningSoundFile); });
+  Attempt([] {
+    LoadSetting(ServicesKey, SoundFileName(StoredServiceCount()), StoredAs::Text, &WarningSoundFile);
+  });
 }
 
+// The count that stands in the store governs: another program may have changed it where this one did not.
 void WriteServices() {
-  const int count = StoredServiceCount();
-  WriteUsed(Services, UsedServices,
-            [count](ServiceRecord& service, int number) { WriteService(service, number, count); });
-  Attempt([] { StoreSetting(ServicesKey, SoundFileName(), StoredAs::Text, &WarningSoundFile); });
+  const int count = ServiceCounts().Now;
+  WriteUsed(Services, UsedServices, [count](ServiceRecord& service, int number) {
+    if (number <= count) WriteService(service, number, count);
+  });
+  Attempt([count] { StoreSetting(ServicesKey, SoundFileName(count), StoredAs::Text, &WarningSoundFile); });
 }
 
 void MergeServices() {
-  const auto [before, now] = CountsOf(std::string(SettingsKey) + "\\General", "UsedServices");
+  const auto [before, now] = ServiceCounts();
+  FollowSound({before, now});
   std::vector<ServiceRecord> all = AllOf(Services, UsedServices);
   if (now <= before || static_cast<int>(all.size()) == before) return;
   std::vector<ServiceRecord> added;
   for (int number = before + 1;
        number <= now && IsStored(ServicesKey, "ServiceName" + std::to_string(number)); ++number)
     ReadService(added.emplace_back(), number, now);
+  static_cast<void>(
+      IsStored(GeneralKey, "UsedServices"));  // known from here: the sum may be what it was before
   const std::size_t kept = std::min(all.size(), static_cast<std::size_t>(before));
   all.insert(all.begin() + static_cast<std::ptrdiff_t>(kept), added.begin(), added.end());
   Spread(all, Services, UsedServices);

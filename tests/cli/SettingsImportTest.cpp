@@ -109,6 +109,12 @@ TEST_F(SettingsImport, EveryFailingStepLeavesTheOldOrTheNewStore) {
     EXPECT_TRUE(content == imported || (content == old && !taken)) << "operation " << n;
     EXPECT_NE(told, "") << "operation " << n;
     if (!taken) ++failures;
+    std::filesystem::remove(folder.Path("registry.reg.bad"));
+    folder.Put("registry.reg", "damaged");
+    disk.FailNth(n);
+    Import("one.reg");
+    EXPECT_EQ(folder.Has("registry.reg.bad"), told.find("registry.reg.bad\n") != std::string::npos)
+        << "operation " << n << ": " << told;
   }
   EXPECT_GT(failures, 5);
 }

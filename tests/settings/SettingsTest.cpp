@@ -197,29 +197,41 @@ TEST_F(SettingsTest, ThreeProgramsThatAddInTurnKeepAllThatWasAdded) {
   Holidays[1] = 36510;
   StoreAndRestart();
   std::vector<Program> programs(3, {Registry, Services, Holidays, UsedServices, UsedHolidays});
+  const auto change = [](Program& program) {
+    std::swap(Registry, program.Store);
+    std::swap(Services, program.Services);
+    std::swap(Holidays, program.Holidays);
+    std::swap(UsedServices, program.UsedServices);
+    std::swap(UsedHolidays, program.UsedHolidays);
+  };
   for (int step = 0; step < 6; ++step) {
     Program& program = programs[static_cast<std::size_t>(step) % 3];
-    const auto change = [&] {
-      std::swap(Registry, program.Store);
-      std::swap(Services, program.Services);
-      std::swap(Holidays, program.Holidays);
-      std::swap(UsedServices, program.UsedServices);
-      std::swap(UsedHolidays, program.UsedHolidays);
-    };
-    change();
+    change(program);
     AddService("step " + std::to_string(step), "1", "").PerMeg = 10 + step;
     Holidays[UsedHolidays] = 36501 + 2 * step;
     ++UsedHolidays;
     if (step == 4) Holidays[0] = Holidays[1];  // the first one goes
     WriteUserParameters();
     WriteUserParameters();
-    change();
+    change(program);
   }
+  // One deletes a service while others have added some, and chooses a sound.
+  change(programs[1]);
+  for (int i = 1; i < UsedServices; ++i) Services[i - 1] = Services[i];
+  --UsedServices;
+  WarningSoundFile = "a.wav";
+  WriteUserParameters();
+  // Another that knows nothing of it stores something else.
+  change(programs[2]);
+  WarningSoundFile.clear();
+  MaxConnectDays = 7;
+  WriteUserParameters();
   Registry.Open(path, RegistryStore::Access::Shared);
   Restart();
   std::string all;
   for (int i = 0; i < UsedServices; ++i) all += All(Services[i].ServiceName, Services[i].PerMeg);
-  EXPECT_EQ(all, "first 1\nstep 0 10\nstep 1 11\nstep 2 12\nstep 3 13\nstep 4 14\nstep 5 15\n");
+  EXPECT_EQ(all, "step 0 10\nstep 1 11\nstep 2 12\nstep 3 13\nstep 4 14\nstep 5 15\n");
+  EXPECT_EQ(WarningSoundFile, "a.wav");
   all.clear();
   for (int i = 0; i < UsedHolidays; ++i) all += NumberText(Holidays[i]) + " ";
   EXPECT_EQ(all, "36501 36503 36505 36507 36509 36510 36511 ");
@@ -257,6 +269,30 @@ TEST_F(SettingsTest, AValueNameThatTwoServicesShareLosesNeither) {
   ImportOptions({.Own = {{root + "\\Services", {{"FlexRate21", {REG_DWORD, DwordBytes(70000)}}}}}});
   Restart();
   EXPECT_EQ(std::tuple(Services[0].FlexRate2, Services[20].FlexRate), std::tuple(7, 7));
+}
+
+TEST_F(SettingsTest, AServiceAddedElsewhereSparesTheRateThatSharesItsName) {
+  const std::string path = folder.Path("registry.reg");
+  Registry.Open(path, RegistryStore::Access::Shared);
+  MaxServices = 30;
+  Services.Make(MaxServices);
+  for (int i = 1; i <= 20; ++i) AddService("S", "1", "").FlexRate2 = i;
+  StoreAndRestart();
+  const RegistryStore store = Registry;
+  for (const int services : {21, 20}) {
+    if (services > UsedServices)
+      AddService("S", "1", "").FlexRate = 70;
+    else
+      UsedServices = services;
+    WriteUserParameters();
+    std::tie(Registry, UsedServices) = std::tuple(store, 20);  // another program, which has not heard of it
+    MaxConnectDays = services;
+    WriteUserParameters();
+    Registry.Open(path, RegistryStore::Access::Shared);
+    Restart();
+    EXPECT_EQ(std::tuple(UsedServices, Services[0].FlexRate2, Services[20].FlexRate),
+              std::tuple(services, 1, services == 21 ? 70 : 0));
+  }
 }
 
 TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
@@ -300,6 +336,7 @@ TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
 }
 
 TEST_F(SettingsTest, AValueThatCannotBeReadIsNamedAndNotWrittenOver) {
+  WarningSoundFile = "a.wav";
   WriteUserParameters();
   const std::string general = std::string(SettingsKey) + "\\General";
   SetKeyValue(SettingsRoot, general, "UsedServices", Int32(65535), REG_DWORD);
@@ -314,6 +351,7 @@ TEST_F(SettingsTest, AValueThatCannotBeReadIsNamedAndNotWrittenOver) {
   const auto stored = [&] { return TextOf(QueryValue(SettingsRoot, general, "UsedServices")); };
   WriteUserParameters();
   EXPECT_EQ(stored(), "65535");
+  EXPECT_EQ(WarningSoundFile + Content("\\Services"), "a.wavWarningSoundFile1=a.wav;");
   EXPECT_EQ(TextOf(QueryValue(SettingsRoot, general, "MaxConnections")), "200") << "a default took its place";
   AddService("A", "1", "");
   WriteUserParameters();
