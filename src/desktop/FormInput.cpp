@@ -41,6 +41,12 @@ bool TakesEnter(const QWidget* widget) {
   return isIn("QPlainTextEdit") || isIn("QTextBrowser") || isIn("QCalendarWidget");
 }
 
+// An access key that no control of the window has. The toolkit would write its letter into the text.
+bool IsVacantAccessKey(const QKeyEvent& event) {
+  const QString text = event.text();
+  return event.modifiers().testFlag(Qt::AltModifier) && !text.isEmpty() && text.front().isPrint();
+}
+
 }  // namespace
 
 bool FormFace::eventFilter(QObject* watched, QEvent* event) {
@@ -171,7 +177,7 @@ bool FormFace::TakeKey(QWidget& widget, const QKeyEvent& event) {
     Control* const active = model.ActiveControl();
     if (!press.Handled && active) active->UserKey(press);
   });
-  return !form || press.Handled || TakeHelpKey(press) || TakeEnterOrEscape(press);
+  return !form || press.Handled || TakeHelpKey(press) || TakeEnterOrEscape(press) || IsVacantAccessKey(event);
 }
 
 bool FormFace::TakeHelpKey(const KeyPress& press) {

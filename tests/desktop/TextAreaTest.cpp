@@ -39,6 +39,8 @@ TEST_F(TextArea, AnEditReachesTheModelWhateverTheLineBreaksAre) {
     Press(Qt::Key_Return);
     EXPECT_EQ(form.txtReport.Text(), c.after);
     EXPECT_EQ(form.txtReport.SelStart(), c.start) << c.before;
+    Press(Qt::Key_Q, Qt::AltModifier);
+    EXPECT_EQ(form.txtReport.Text(), c.after) << "nobody's access key writes nothing";
     Press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(form.txtReport.SelLength(), static_cast<int>(form.txtReport.Text().size())) << c.before;
     Press(Qt::Key_Delete);
