@@ -56,6 +56,7 @@ void frmMain::Form_Load() {
   DisplayStats();
   StatusIndex = 1;  // dates that the window was given are nobody's mistake
   FormLoading = false;
+  ForgetComplaint();
 }
 
 // There is a log, and its first and last entries have dates; nothing of the sort is asked of an archive.

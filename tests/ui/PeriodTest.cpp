@@ -77,8 +77,11 @@ TEST_F(PeriodTest, AComplaintGoesWithItsReasonAndComesOnlyWithOne) {
   window.Calendar1.UserPick(DateSerial(1999, 1, 10));
   EXPECT_EQ(Period(), "01/06/1999 - 01/10/1999") << "a way out";
   EXPECT_EQ(Status(), StatusMessages[2].Text);
+  window.inputEnding.UserPaste("2/1/1999");
+  EXPECT_TRUE(window.StatusHold) << "behind the log";
   folder.Put("old.qel", LogOf("02-05-1998", "02-06-1998"));
   window.OpenArchive(folder.Path("old.qel"));
+  EXPECT_EQ(Status(), StatusMessages[1].Text) << "both dates were set anew";
   window.mnuAbout.UserClick();
   ActiveForm = nullptr;
   window.Activate();
