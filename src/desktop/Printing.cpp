@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <QTextDocument>
 #include <algorithm>
 
@@ -50,6 +51,7 @@ void PreviewAndPrint(const PrintJob& job) {
   printer.setDocName(ToQt(job.Title));
   QPrintPreviewDialog preview(&printer);
   preview.setWindowTitle(ToQt(job.Title));
+  preview.resize(preview.screen()->availableSize() * 3 / 4);  // of its own it would show a stamp
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                    [&job](QPrinter* pages) { PrintPages(job, *pages); });
   RunDialogue(preview);

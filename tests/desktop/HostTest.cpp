@@ -177,6 +177,12 @@ TEST_F(HostOfDesktop, LinesArePrintedWholeWhereTheTypeCanShrinkAndPagesFollow) {
   EXPECT_EQ(PagesOf("one line"), 1);
   EXPECT_LE(PagesOf(longLines), PagesOf(shortLines)) << "smaller, not wrapped";
   EXPECT_EQ(PagesOf(wrapped), 2) << "three lines for one";
+  Then([] {
+    QWidget& preview = *QApplication::activeModalWidget();
+    EXPECT_GT(preview.height(), preview.screen()->availableSize().height() / 2) << "a page can be read";
+    QTest::keyClick(&preview, Qt::Key_Escape);
+  });
+  PreviewAndPrint({"Report", shortLines, {"", 10}, 567});
 }
 
 }  // namespace
