@@ -61,6 +61,10 @@ void TabStrip::SelectNextTab() {
   if (!tabs.empty()) SelectTab(selected % static_cast<int>(tabs.size()) + 1);
 }
 
+void TabStrip::SelectPreviousTab() {
+  if (!tabs.empty()) SelectTab(selected > 1 ? selected - 1 : static_cast<int>(tabs.size()));
+}
+
 void TabStrip::UserSelectTab(int tab) {
   if (!Usable() || tab == selected) return;
   SetFocus();

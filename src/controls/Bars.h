@@ -82,8 +82,9 @@ class TabStrip : public Control {
   const std::vector<Tab>& Tabs() const { return tabs; }
   void SetTabs(std::vector<Tab> wanted);
   int SelectedTab() const { return selected; }
-  void SelectTab(int tab);  // raises 9 for a tab that is none
-  void SelectNextTab();     // after the last comes the first
+  void SelectTab(int tab);   // raises 9 for a tab that is none
+  void SelectNextTab();      // after the last comes the first
+  void SelectPreviousTab();  // before the first stands the last
   void UserSelectTab(int tab);
 
  private:

@@ -11,7 +11,7 @@ bool SelectNextTabByKey(TabStrip& strip, KeyPress& press) {
   if (press.Character != '\t' || !press.Control) return false;
   press.Handled = true;
   strip.SetFocus();
-  if (strip.HasFocus()) strip.SelectNextTab();
+  if (strip.HasFocus()) press.Shift ? strip.SelectPreviousTab() : strip.SelectNextTab();
   return true;
 }
 

@@ -12,8 +12,8 @@ namespace qel {
 // Brings the page of the selected tab to the front.
 void ShowSelectedPage(const TabStrip& strip, std::span<Frame> pages);
 
-// Ctrl with Tab selects the next tab, after the last one the first, unless a field keeps the focus. Answers
-// whether it was that key.
+// Ctrl with Tab selects the next tab, after the last one the first, unless a field keeps the focus; with
+// Shift the one before. Answers whether it was that key.
 bool SelectNextTabByKey(TabStrip& strip, KeyPress& press);
 
 }  // namespace qel

@@ -225,6 +225,11 @@ TEST_F(SetupWindowTest, ATabBringsItsPageAndItsButton) {
     window.KeyDown(press);
   }
   EXPECT_EQ(window.TabStrip1.SelectedTab(), General);
+  for (const int tab : {Report, HolidaysTab}) {
+    KeyPress press{.Character = '\t', .Shift = true, .Control = true};
+    window.KeyDown(press);
+    EXPECT_EQ(window.TabStrip1.SelectedTab(), tab);
+  }
 }
 
 TEST_F(SetupWindowTest, TheIconsOpenTheSystemsSettingsWhereThereAreAny) {
