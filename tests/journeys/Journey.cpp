@@ -1,0 +1,289 @@
+#include "journeys/Journey.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+
+#include "core/EndProgram.h"
+#include "journeys/ControlNames.h"
+#include "journeys/Design.h"
+#include "platform/CodePage.h"
+#include "platform/RegistryStore.h"
+#include "settings/Registry_Functions.h"
+
+namespace qel {
+
+namespace {
+
+const char* const AnswerNames[] = {"", "OK", "Cancel", "Abort", "Retry", "Ignore", "Yes", "No"};
+const char* const IconNames[] = {"", "critical", "question", "exclamation", "information"};
+
+std::vector<Answer> AnswersOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::OK:
+      return {Answer::OK};
+    case Buttons::OKCancel:
+      return {Answer::OK, Answer::Cancel};
+    case Buttons::AbortRetryIgnore:
+      return {Answer::Abort, Answer::Retry, Answer::Ignore};
+    case Buttons::YesNo:
+      return {Answer::Yes, Answer::No};
+  }
+  return {};
+}
+
+std::string ValueText(const RegistryValue& value) {
+  if (value.Type == REG_SZ) return '"' + ToUtf8(value.Data.substr(0, value.Data.find('\0'))) + '"';
+  return std::to_string(static_cast<std::int32_t>(DwordOf(value.Data))) +
+         (value.Type == REG_DWORD ? "" : " of type " + std::to_string(value.Type));
+}
+
+// "\General\" for the program's own keys, the whole path for others.
+std::string KeyText(const std::string& key) {
+  const std::string own = KeyPath(SettingsRoot, SettingsKey);
+  return (key.starts_with(own) ? key.substr(own.size()) : key) + "\\";
+}
+
+}  // namespace
+
+Journey::Journey(Script& script, const TemporaryFolder& folder, std::function<void()> newProcess)
+    : script(script), folder(folder), newProcess(std::move(newProcess)) {
+  SetHost(*this);
+  AttachFace = [](Form& form) { Design::Of(form).TellTo(form); };
+  diskInPlace.emplace(failing);
+}
+
+Journey::~Journey() { AttachFace = nullptr; }
+
+void Journey::Play() {
+  while (next < script.Acts().size()) {
+    try {
+      PlayAct();
+    } catch (const ProgramEnd&) {
+      depth = 0;
+      Tell("the program ends");
+      TellConsequences();
+    }
+  }
+  if (!answers.empty() || !paths.empty()) Fail(script.Acts().back(), "answers that nobody asked for");
+}
+
+void Journey::PlayAct() {
+  current = next++;
+  const Act& act = script.Acts()[current];
+  const auto handler = Acts().find(act.Words[0]);
+  if (handler == Acts().end()) Fail(act, "no such act");
+  ++depth;
+  (this->*handler->second)(act);
+  if (HasEnded()) throw ProgramEnd();
+  if (--depth == 0) BringToTheFront();
+  TellConsequences();
+}
+
+// As the window system does where the window in front has gone: the one before it comes. Where the control
+// that had the focus has gone, another one has it.
+void Journey::BringToTheFront() {
+  if (ActiveForm) {
+    const Control* const active = ActiveForm->ActiveControl();
+    if (active && !active->CanHaveFocus()) ActiveForm->MoveFocusOn();
+    return;
+  }
+  for (auto name = fronts.rbegin(); name != fronts.rend(); ++name)
+    if (Form* form = LoadedForm(*name); form && form->Visible()) return form->Activate();
+  for (Form* form : LoadedForms)
+    if (form->Visible()) return form->Activate();
+}
+
+void Journey::Fail(const Act& act, const std::string& why) {
+  const std::string place = "line " + std::to_string(act.Line) + ": " + act.Words[0] + ": ";
+  Stop(place + why);
+  throw std::runtime_error(place + why);
+}
+
+void Journey::Tell(std::string line) {
+  line.erase(line.find_last_not_of(' ') + 1);
+  script.Acts()[current].Now.push_back(Shortened(std::move(line)));
+}
+
+std::string Journey::Shortened(std::string text) const {
+  for (std::size_t at = 0; (at = text.find(folder.Path(), at)) != std::string::npos;)
+    text.replace(at, folder.Path().size(), "~");
+  return text;
+}
+
+// The lines of a text, however they are divided. A pilcrow makes blanks at the end of a line visible.
+void Journey::TellLines(const std::string& text) {
+  const auto tell = [this](const std::string& line) {
+    Tell("| " + ToUtf8(line) + (line.ends_with(' ') ? "\u00B6" : ""));
+  };
+  std::string line;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r' && text[i] != '\n') {
+      line += text[i];
+      continue;
+    }
+    tell(std::exchange(line, ""));
+    if (text.compare(i, 2, "\r\n") == 0) ++i;
+  }
+  if (!line.empty()) tell(line);
+}
+
+void Journey::TellConsequences() {
+  TellWindows();
+  TellStore();
+  TellDisk();
+}
+
+// What changed on the windows; all of a window that came up since is one `show` away.
+void Journey::TellWindows() {
+  std::map<std::string, std::vector<Shown>> now;
+  for (const Form* form : LoadedForms) {
+    if (!form->Visible()) continue;
+    const std::string& name = form->Name();
+    auto& controls = now[name] = WindowText(*form, false);
+    const std::string caption = name + " \"" + ToUtf8(form->Caption()) + '"';
+    if (!windows.contains(name)) {
+      Tell(caption + " opens" + (form->IsModal() ? ", modal" : ""));
+    } else {
+      if (captions[name] != caption) Tell(caption);
+      const auto& before = windows[name];
+      for (const Shown& control : controls)
+        if (std::ranges::find(before, control) == before.end()) TellChanged(control);
+      std::string gone;
+      for (const Shown& control : before)
+        if (std::ranges::find(controls, control.Name, &Shown::Name) == controls.end())
+          gone += (gone.empty() ? "  gone: " : ", ") + control.Name;
+      if (!gone.empty()) Tell(gone);
+    }
+    captions[name] = caption;
+  }
+  for (const auto& [name, controls] : windows)
+    if (!now.contains(name)) Tell(name + " closes");
+  windows = std::move(now);
+  TellFocus();
+  if (pointer != pointerTold) Tell(pointer == MousePointer::Hourglass ? "hourglass" : "arrow");
+  pointerTold = pointer;
+}
+
+void Journey::TellFocus() {
+  if (!ActiveForm || windows.empty()) return;
+  const std::string inFront = ActiveForm->Name();
+  if (inFront != front && windows.size() > 1) Tell(inFront + " is in front");
+  front = inFront;
+  std::erase(fronts, inFront);
+  fronts.push_back(inFront);
+  const Control* const active = ActiveForm->ActiveControl();
+  const std::string now = active ? inFront + "." + NameOf(*active) : "";
+  if (now != focus && active) Tell("  focus on " + NameOf(*active));
+  focus = now;
+}
+
+// Where it stands in its window does not matter here.
+void Journey::TellChanged(const Shown& control) {
+  const auto indent = control.Lines.front().find_first_not_of(' ');
+  for (const std::string& line : control.Lines) Tell("  " + line.substr(indent));
+}
+
+void Journey::TellStore() {
+  const RegistryTree& tree = Registry.Tree();
+  for (const auto& [key, values] : tree) {
+    const auto before = store.find(key);
+    for (const auto& [name, value] : values) {
+      const bool isNew = before == store.end() || !before->second.contains(name);
+      if (isNew || before->second.find(name)->second != value)
+        Tell("setting " + KeyText(key) + name + " = " + ValueText(value));
+    }
+    if (before != store.end())
+      for (const auto& [name, value] : before->second)
+        if (!values.contains(name)) Tell("setting " + KeyText(key) + name + " is gone");
+  }
+  store = tree;
+}
+
+void Journey::TellDisk() {
+  std::map<std::string, std::string> now;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path()))
+    if (entry.is_regular_file() && entry.path().extension() != ".lock") {
+      const std::string name = entry.path().lexically_relative(folder.Path()).string();
+      now[name] = folder.Content(name);
+    }
+  for (const auto& [name, content] : now)
+    if (!files.contains(name) || files[name] != content)
+      Tell(name == "registry.reg" ? "settings saved"
+                                  : "file " + name + ", " + std::to_string(content.size()) + " bytes");
+  for (const auto& [name, content] : files)
+    if (!now.contains(name)) Tell("file " + name + " is gone");
+  files = std::move(now);
+}
+
+Answer Journey::MessageBox(const Message& message) {
+  TellWindows();
+  std::string line = "message \"" + ToUtf8(message.Title) + '"';
+  if (message.icon != Icon::None) line += std::string(" ") + IconNames[static_cast<int>(message.icon)];
+  const std::vector<Answer> possible = AnswersOf(message.buttons);
+  for (std::size_t i = 0; i < possible.size(); ++i)
+    line += std::string(" [") + AnswerNames[static_cast<int>(possible[i])] +
+            (possible.size() > 1 && static_cast<int>(i) + 1 == message.DefaultButton ? "*]" : "]");
+  if (message.HelpContext != 0) line += " [Help " + std::to_string(message.HelpContext) + "]";
+  Tell(line);
+  TellLines(message.Text);
+  if (possible.size() == 1) return possible.front();
+  const Act& act = script.Acts()[current];
+  if (answers.empty()) Fail(act, "nobody answers \"" + message.Title + '"');
+  const Answer answer = answers.front();
+  answers.pop_front();
+  if (std::ranges::find(possible, answer) == possible.end()) Fail(act, "an answer that no button gives");
+  Tell(std::string("answered ") + AnswerNames[static_cast<int>(answer)]);
+  return answer;
+}
+
+// The script goes on in the modal window.
+void Journey::RunModal(const std::function<bool()>& done) {
+  PlayWhile([&] { return !done(); });
+}
+
+void Journey::PlayWhile(const std::function<bool()>& goesOn) {
+  TellConsequences();
+  while (goesOn() && next < script.Acts().size()) {
+    PlayAct();
+    if (goesOn()) BringToTheFront();
+  }
+}
+
+void Journey::SetMousePointer(MousePointer shape) { pointer = shape; }
+
+void Journey::SetClipboardText(const std::string& text) {
+  clipboard = text;
+  Tell("clipboard");
+  TellLines(text);
+}
+
+void Journey::PlaySoundFile(const std::string& path) { Tell("sound " + path); }
+
+std::optional<std::string> Journey::NextPath(const std::string& kind, const FileDialog& dialog) {
+  Tell(kind + " dialogue, in \"" + dialog.Folder + "\", \"" + dialog.FileName + "\", " +
+       ToUtf8(dialog.Filter));
+  if (paths.empty()) Fail(script.Acts()[current], "nobody names a file");
+  const auto path = paths.front();
+  paths.pop_front();
+  return path;
+}
+
+std::optional<std::string> Journey::AskOpenFile(const FileDialog& dialog) { return NextPath("open", dialog); }
+std::optional<std::string> Journey::AskSaveFile(const FileDialog& dialog) { return NextPath("save", dialog); }
+
+std::optional<Font> Journey::AskFont(const Font& font) {
+  Tell("font dialogue, " + font.Name);
+  if (fonts.empty()) return std::nullopt;
+  const Font chosen = fonts.front();
+  fonts.pop_front();
+  return chosen;
+}
+
+void Journey::Print(const PrintJob& job) {
+  Tell("print \"" + ToUtf8(job.Title) + "\", " + job.Font.Name);
+  TellLines(job.Text);
+}
+
+}  // namespace qel

@@ -1,0 +1,343 @@
+// What the lines of a journey do.
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "controls/Bars.h"
+#include "controls/Buttons.h"
+#include "controls/ListView.h"
+#include "controls/Lists.h"
+#include "controls/Pickers.h"
+#include "controls/TextControls.h"
+#include "journeys/ControlNames.h"
+#include "journeys/Design.h"
+#include "journeys/Journey.h"
+#include "platform/Clock.h"
+#include "platform/CodePage.h"
+#include "platform/RegistryFile.h"
+#include "platform/RegistryStore.h"
+#include "startup/QELMain.h"
+#include "ui/frmHelp.h"
+
+namespace qel {
+
+namespace {
+
+// "1999-01-15" or "1999-01-15 12:30:00".
+Date MomentOf(const std::string& text) {
+  const auto part = [&text](std::size_t at, std::size_t size) { return std::stoi(text.substr(at, size)); };
+  const Date day = DateSerial(part(0, 4), part(5, 2), part(8, 2));
+  return text.size() < 19 ? day : day + TimeSerial(part(11, 2), part(14, 2), part(17, 2));
+}
+
+const struct {
+  const char* name;
+  Key key;
+} KeyNames[] = {
+    {"Enter", Key::Enter}, {"Escape", Key::Escape}, {"Up", Key::Up},
+    {"Down", Key::Down},   {"PageUp", Key::PageUp}, {"PageDown", Key::PageDown},
+    {"Home", Key::Home},   {"End", Key::End},       {"F1", Key::F1},
+    {"F3", Key::F3},       {"Delete", Key::Delete},
+};
+
+KeyPress PressOf(std::string name) {
+  KeyPress press;
+  const auto take = [&name](const std::string& modifier) {
+    const bool there = name.starts_with(modifier) && name.size() > modifier.size();
+    if (there) name.erase(0, modifier.size());
+    return there;
+  };
+  press.Control = take("Ctrl+");
+  press.Alt = take("Alt+");
+  press.Shift = take("Shift+");
+  for (const auto& row : KeyNames)
+    if (name == row.name) press.key = row.key;
+  if (name == "Tab") press.Character = '\t';
+  if (name == "Space") press.Character = ' ';
+  if (name.size() == 1) press.Character = name.front();
+  return press;
+}
+
+// The menu item that a key stands beside, by its design; nullptr where none does.
+Control* ShortcutOf(const Form& form, const std::string& key) {
+  for (Control* control : form.Controls())
+    if (const Element* element = Design::Of(form).Of(*control);
+        element && element->Property("shortcut") == key)
+      return control;
+  return nullptr;
+}
+
+// The button that the design marks, for Enter ("default") or for Escape.
+Control* MarkedButton(const Form& form, const char* mark) {
+  for (Control* control : form.Controls())
+    if (const Element* element = Design::Of(form).Of(*control); element && element->IsSet(mark))
+      return control;
+  return nullptr;
+}
+
+}  // namespace
+
+const std::map<std::string, Journey::Handler>& Journey::Acts() {
+  static const std::map<std::string, Handler> acts = {
+      {"file", &Journey::file},
+      {"remove", &Journey::remove},
+      {"today", &Journey::today},
+      {"region", &Journey::region},
+      {"answer", &Journey::answer},
+      {"path", &Journey::path},
+      {"font", &Journey::font},
+      {"clip", &Journey::clip},
+      {"disk", &Journey::disk},
+      {"set", &Journey::set},
+      {"start", &Journey::start},
+      {"click", &Journey::click},
+      {"double-click", &Journey::doubleclick},
+      {"type", &Journey::type},
+      {"key", &Journey::key},
+      {"choose", &Journey::choose},
+      {"pick", &Journey::pick},
+      {"column", &Journey::column},
+      {"up", &Journey::up},
+      {"down", &Journey::down},
+      {"follow", &Journey::follow},
+      {"resize", &Journey::resize},
+      {"close", &Journey::close},
+      {"activate", &Journey::activate},
+      {"tick", &Journey::tick},
+      {"show", &Journey::show},
+  };
+  return acts;
+}
+
+Form& Journey::FormNamed(const std::string& name) const {
+  if (Form* form = LoadedForm(name); form && form->Visible()) return *form;
+  throw std::runtime_error("no window " + name);
+}
+
+// "btnOK", "optFormat(1)", "frmReport.mnuSummary".
+Control& Journey::Named(const Act& act, std::size_t place) {
+  std::string name = act.Word(place);
+  Form* form = ActiveForm;
+  if (const auto dot = name.find('.'); dot != std::string::npos) {
+    form = &FormNamed(name.substr(0, dot));
+    name.erase(0, dot + 1);
+    if (form != ActiveForm && ActiveForm && ActiveForm->IsModal()) Fail(act, "a modal window is in front");
+    form->Activate();
+  }
+  if (!form) Fail(act, "no window is in front");
+  for (Control* control : form->Controls())
+    if (NameOf(*control) == name) {
+      if (!control->IsShown()) Fail(act, name + " is not to be seen");
+      return *control;
+    }
+  Fail(act, form->Name() + " has no " + name);
+}
+
+bool Journey::CanUse(const Control& control) {
+  const Design& design = Design::Of(control.Parent());
+  for (const Control* menu : control.Parent().Controls())
+    if (const Element* element = design.Of(*menu); element && !menu->Usable())
+      for (const Element& item : element->Children)
+        if (item.Tag == "addaction" && item.Name() == control.Name())
+          return Tell(NameOf(*menu) + " is off"), false;
+  if (!control.Usable()) Tell(NameOf(control) + " is off");
+  return control.Usable();
+}
+
+template <class Kind>
+Kind& Journey::NamedAs(const Act& act) {
+  if (auto* control = dynamic_cast<Kind*>(&Named(act))) return *control;
+  Fail(act, act.Word(1) + " is of another kind");
+}
+
+// file NAME, with its lines behind "> ", or copied from a file of the project, where "~" is the folder.
+void Journey::file(const Act& act) {
+  std::string content;
+  if (act.WordOr(2, "") == "from") {
+    std::ifstream source(std::string(QEL_SOURCE_DIR) + "/" + act.Word(3), std::ios::binary);
+    if (!source) Fail(act, "no " + act.Word(3));
+    content.assign(std::istreambuf_iterator<char>(source), {});
+    for (std::size_t at = 0; (at = content.find("~/", at)) != std::string::npos;)
+      content.replace(at, 1, folder.Path());
+  }
+  for (const std::string& line : act.Content) content += line + "\r\n";
+  folder.Put(act.Word(1), content);
+  files[act.Word(1)] = content;
+}
+
+void Journey::remove(const Act& act) {
+  std::filesystem::remove_all(folder.Path(act.Word(1)));
+  files.erase(act.Word(1));
+}
+
+void Journey::today(const Act& act) { StopClockAt(MomentOf(act.Word(1) + " " + act.WordOr(2, "12:00:00"))); }
+
+void Journey::region(const Act& act) { setenv("LC_ALL", act.Word(1).c_str(), 1); }
+
+void Journey::answer(const Act& act) {
+  static const std::map<std::string, Answer> names = {{"OK", Answer::OK},         {"Cancel", Answer::Cancel},
+                                                      {"Abort", Answer::Abort},   {"Retry", Answer::Retry},
+                                                      {"Ignore", Answer::Ignore}, {"Yes", Answer::Yes},
+                                                      {"No", Answer::No}};
+  for (std::size_t i = 1; i < act.Words.size(); ++i) answers.push_back(names.at(act.Words[i]));
+}
+
+// path NAME in the folder, or "path cancel".
+void Journey::path(const Act& act) {
+  if (act.Word(1) == "cancel")
+    paths.push_back(std::nullopt);
+  else
+    paths.push_back(folder.Path(act.Word(1)));
+}
+
+void Journey::font(const Act& act) {
+  fonts.push_back({act.Word(1), std::stof(act.WordOr(2, "10")), act.WordOr(3, "") == "bold", false});
+}
+
+void Journey::clip(const Act& act) { clipboard = FromUtf8Lossy(act.Word(1)); }
+
+// disk fails N: the Nth operation from here; disk fails from N; disk works.
+void Journey::disk(const Act& act) {
+  if (act.Word(1) == "works") return failing.Mend();
+  if (act.Word(2) == "from") return failing.FailFrom(std::stoi(act.Word(3)), EIO);
+  failing.FailNth(std::stoi(act.Word(2)), EIO);
+}
+
+// set KEY NAME VALUE: in the settings file, before the program starts.
+void Journey::set(const Act& act) {
+  RegistryTree tree;
+  if (folder.Has("registry.reg")) tree = ParseRegistryFile(folder.Content("registry.reg"));
+  const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\" + act.Word(1);
+  const std::string& value = act.Word(3);
+  const bool isNumber = value.find_first_not_of("0123456789") == std::string::npos && act.Words.size() == 4;
+  MakeKey(tree, key)[act.Word(2)] =
+      isNumber ? RegistryValue{REG_DWORD, DwordBytes(static_cast<std::uint32_t>(std::stoul(value)))}
+               : RegistryValue{REG_SZ, FromUtf8Lossy(value) + '\0'};
+  folder.Put("registry.reg", WriteRegistryFile(tree));
+  files["registry.reg"] = folder.Content("registry.reg");
+}
+
+// The program as a process of its own; one that runs is gone first, as if it had been killed.
+void Journey::start(const Act&) {
+  newProcess();
+  SetHost(*this);
+  windows.clear();
+  fronts.clear();
+  front.clear();
+  store.clear();
+  if (folder.Has("registry.reg")) store = ParseRegistryFile(folder.Content("registry.reg"));
+  Start();
+}
+
+void Journey::Start() { qel::StartProgram(); }
+
+void Journey::click(const Act& act) {
+  Control& control = Named(act);
+  if (!CanUse(control)) return;
+  if (auto* bar = dynamic_cast<Toolbar*>(&control)) {
+    if (!bar->Button(act.Word(2)).Enabled) return Tell(act.Word(2) + " is off");
+    return ClickTool(*bar, act.Word(2));
+  }
+  if (auto* list = dynamic_cast<ListView*>(&control)) return ClickRow(*list, std::stoi(act.Word(2)));
+  if (auto* strip = dynamic_cast<TabStrip*>(&control)) {
+    for (std::size_t i = 0; i < strip->Tabs().size(); ++i)
+      if (strip->Tabs()[i].Caption == act.Word(2)) return ClickTab(*strip, static_cast<int>(i) + 1);
+    Fail(act, "no tab " + act.Word(2));
+  }
+  Click(control);
+}
+
+void Journey::doubleclick(const Act& act) {
+  if (Control& control = Named(act); CanUse(control)) DoubleClick(control);
+}
+
+// type FIELD TEXT
+void Journey::type(const Act& act) {
+  if (Control& control = Named(act); CanUse(control)) Type(control, FromUtf8Lossy(act.Word(2)));
+}
+
+void Journey::key(const Act& act) { Press(*ActiveForm, act.Word(1)); }
+
+// choose LIST ENTRY
+void Journey::choose(const Act& act) {
+  ListBox& list = NamedAs<ListBox>(act);
+  const std::string wanted = FromUtf8Lossy(act.Word(2));
+  const auto found =
+      std::ranges::find_if(list.Items(), [&](const auto& item) { return Trim(item) == wanted; });
+  if (found == list.Items().end()) Fail(act, "no entry " + act.Word(2));
+  if (CanUse(list)) Choose(list, static_cast<int>(found - list.Items().begin()));
+}
+
+void Journey::pick(const Act& act) { Pick(NamedAs<Calendar>(act), MomentOf(act.Word(2))); }
+void Journey::column(const Act& act) { ClickColumn(NamedAs<ListView>(act), std::stoi(act.Word(2))); }
+void Journey::up(const Act& act) { Step(NamedAs<UpDown>(act), true); }
+void Journey::down(const Act& act) { Step(NamedAs<UpDown>(act), false); }
+void Journey::follow(const Act& act) { Follow(NamedAs<Document>(act), act.Word(2)); }
+
+// As people do: everything selected, the new text over it. Nothing typed is the delete key.
+void Journey::Type(Control& control, const std::string& text) {
+  control.SetFocus();
+  if (!control.HasFocus()) return Tell(NameOf(*ActiveForm->ActiveControl()) + " keeps the focus");
+  if (auto* combo = dynamic_cast<ComboBox*>(&control)) return combo->UserText(text);
+  auto& box = dynamic_cast<TextBox&>(control);
+  const int length = static_cast<int>(box.Text().size());
+  if (text.empty()) return box.UserReplace(0, length, "");
+  box.Select(0, length);
+  box.UserType(text);
+}
+
+// A key goes to the window, then to the control that has the focus, as the face hands it on.
+void Journey::Press(Form& form, const std::string& key) {
+  if (Control* item = ShortcutOf(form, key)) return item->UserClick();
+  KeyPress press = PressOf(key);
+  if (press.Character == '\t') return form.MoveFocusOn(press.Shift);
+  form.KeyDown(press);
+  Control* const active = form.ActiveControl();
+  if (active && !press.Handled) active->UserKey(press);
+  if (press.Handled || !form.IsLoaded()) return;
+  if (press.key == Key::F1) return ShowHelpOn(form);
+  Control* button = nullptr;
+  if (press.key == Key::Escape) button = MarkedButton(form, "escape");
+  if (press.key == Key::Enter)
+    button = dynamic_cast<Button*>(active) ? active : MarkedButton(form, "default");
+  if (press.Character == ' ' && !dynamic_cast<TextBox*>(active)) button = active;
+  if (button) button->UserClick();
+}
+
+void Journey::Choose(ListBox& list, int index) {
+  list.SetFocus();
+  list.UserChoose(index);
+}
+
+// resize WINDOW WIDTH HEIGHT, in twips.
+void Journey::resize(const Act& act) {
+  Form& form = FormNamed(act.Word(1));
+  form.Width = std::stoi(act.Word(2));
+  form.Height = std::stoi(act.Word(3));
+}
+
+void Journey::close(const Act& act) { Close(FormNamed(act.Word(1))); }
+void Journey::activate(const Act& act) { Activate(FormNamed(act.Word(1))); }
+void Journey::tick(const Act& act) { NamedAs<Timer>(act).Tick(); }
+
+// show WINDOW [with tips]; show file NAME
+void Journey::show(const Act& act) {
+  if (act.Word(1) == "file") {
+    if (!folder.Has(act.Word(2))) return Tell("no such file");
+    const std::string content = folder.Content(act.Word(2));
+    return TellLines(IsUtf8(content) ? FromUtf8Lossy(content) : content);
+  }
+  const Form& form = FormNamed(act.Word(1));
+  // A window whose layout decides its size has none that the program knows.
+  const std::string size = std::to_string(form.Width()) + " x " + std::to_string(form.Height());
+  Tell(form.Name() + " \"" + ToUtf8(form.Caption()) + '"' + (Design::Of(form).HasSize() ? " " + size : ""));
+  for (const Shown& control : WindowText(form, act.WordOr(2, "") == "with"))
+    for (const std::string& line : control.Lines) Tell("  " + line);
+  if (const Control* active = form.ActiveControl()) Tell("  focus on " + NameOf(*active));
+}
+
+}  // namespace qel
