@@ -83,6 +83,7 @@ Control* MarkedButton(const Form& form, const char* mark) {
 
 const std::map<std::string, Journey::Handler>& Journey::Acts() {
   static const std::map<std::string, Handler> acts = {
+      // The scene.
       {"file", &Journey::file},
       {"folder", &Journey::makefolder},
       {"remove", &Journey::remove},
@@ -96,6 +97,7 @@ const std::map<std::string, Journey::Handler>& Journey::Acts() {
       {"hold", &Journey::hold},
       {"release", &Journey::release},
       {"set", &Journey::set},
+      // The user.
       {"start", &Journey::start},
       {"click", &Journey::click},
       {"double-click", &Journey::doubleclick},
