@@ -208,7 +208,10 @@ void Journey::path(const Act& act) {
 }
 
 void Journey::font(const Act& act) {
-  fonts.push_back({act.Word(1), std::stof(act.WordOr(2, "10")), act.WordOr(3, "") == "bold", false});
+  const auto says = [&act](const char* word) {
+    return std::ranges::find(act.Words, word) != act.Words.end();
+  };
+  fonts.push_back({act.Word(1), std::stof(act.WordOr(2, "10")), says("bold"), says("italic")});
 }
 
 void Journey::clip(const Act& act) { clipboard = FromUtf8Lossy(act.Word(1)); }
