@@ -103,7 +103,10 @@ void Journey::Fail(const Act& act, const std::string& why) {
 
 void Journey::Tell(std::string line) {
   line.erase(line.find_last_not_of(' ') + 1);
-  script.Acts()[current].Now.push_back(Shortened(std::move(line)));
+  constexpr std::size_t Most = 2000;  // some messages come again for as long as their cause stands
+  auto& now = script.Acts()[current].Now;
+  if (now.size() == Most) Fail(script.Acts()[current], "it does not end");
+  now.push_back(Shortened(std::move(line)));
 }
 
 std::string Journey::Shortened(std::string text) const {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <deque>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <optional>
@@ -73,11 +74,13 @@ class Journey : public Host {
   void TellWindows();
   void TellFocus();
   void TellChanged(const Shown& control);
+  RegistryTree StoredTree() const;
   void TellStore();
   void TellDisk();
   void Tell(std::string line);
   void TellLines(const std::string& text);
   std::string Shortened(std::string text) const;
+  std::string WithFolder(std::string text) const;
 
   // Host
   Answer MessageBox(const Message& message) override;
@@ -96,6 +99,7 @@ class Journey : public Host {
 
   // Acts that set the scene
   void file(const Act& act);
+  void makefolder(const Act& act);
   void remove(const Act& act);
   void today(const Act& act);
   void region(const Act& act);
@@ -104,6 +108,8 @@ class Journey : public Host {
   void font(const Act& act);
   void clip(const Act& act);
   void disk(const Act& act);
+  void hold(const Act& act);
+  void release(const Act& act);
   void set(const Act& act);
 
   // Acts of the user
@@ -111,6 +117,7 @@ class Journey : public Host {
   void click(const Act& act);
   void doubleclick(const Act& act);
   void type(const Act& act);
+  void select(const Act& act);
   void key(const Act& act);
   void choose(const Act& act);
   void pick(const Act& act);
@@ -145,6 +152,7 @@ class Journey : public Host {
   std::deque<Font> fonts;
   std::string clipboard;
   MousePointer pointer = MousePointer::Default;
+  std::map<std::string, std::ofstream> held;
   FailingDisk failing;
   std::optional<DiskInPlace> diskInPlace;
 

@@ -83,7 +83,9 @@ Control* MarkedButton(const Form& form, const char* mark) {
 
 const std::map<std::string, Journey::Handler>& Journey::Acts() {
   static const std::map<std::string, Handler> acts = {
+      // The scene.
       {"file", &Journey::file},
+      {"folder", &Journey::makefolder},
       {"remove", &Journey::remove},
       {"today", &Journey::today},
       {"region", &Journey::region},
@@ -92,11 +94,15 @@ const std::map<std::string, Journey::Handler>& Journey::Acts() {
       {"font", &Journey::font},
       {"clip", &Journey::clip},
       {"disk", &Journey::disk},
+      {"hold", &Journey::hold},
+      {"release", &Journey::release},
       {"set", &Journey::set},
+      // The user.
       {"start", &Journey::start},
       {"click", &Journey::click},
       {"double-click", &Journey::doubleclick},
       {"type", &Journey::type},
+      {"select", &Journey::select},
       {"key", &Journey::key},
       {"choose", &Journey::choose},
       {"pick", &Journey::pick},
@@ -154,6 +160,12 @@ Kind& Journey::NamedAs(const Act& act) {
   Fail(act, act.Word(1) + " is of another kind");
 }
 
+std::string Journey::WithFolder(std::string text) const {
+  for (std::size_t at = 0; (at = text.find("~/", at)) != std::string::npos;)
+    text.replace(at, 1, folder.Path());
+  return text;
+}
+
 // file NAME, with its lines behind "> ", or copied from a file of the project, where "~" is the folder.
 void Journey::file(const Act& act) {
   std::string content;
@@ -161,13 +173,14 @@ void Journey::file(const Act& act) {
     std::ifstream source(std::string(QEL_SOURCE_DIR) + "/" + act.Word(3), std::ios::binary);
     if (!source) Fail(act, "no " + act.Word(3));
     content.assign(std::istreambuf_iterator<char>(source), {});
-    for (std::size_t at = 0; (at = content.find("~/", at)) != std::string::npos;)
-      content.replace(at, 1, folder.Path());
+    content = WithFolder(content);
   }
   for (const std::string& line : act.Content) content += line + "\r\n";
   folder.Put(act.Word(1), content);
   files[act.Word(1)] = content;
 }
+
+void Journey::makefolder(const Act& act) { std::filesystem::create_directories(folder.Path(act.Word(1))); }
 
 void Journey::remove(const Act& act) {
   std::filesystem::remove_all(folder.Path(act.Word(1)));
@@ -195,30 +208,47 @@ void Journey::path(const Act& act) {
 }
 
 void Journey::font(const Act& act) {
-  fonts.push_back({act.Word(1), std::stof(act.WordOr(2, "10")), act.WordOr(3, "") == "bold", false});
+  const auto says = [&act](const char* word) {
+    return std::ranges::find(act.Words, word) != act.Words.end();
+  };
+  fonts.push_back({act.Word(1), std::stof(act.WordOr(2, "10")), says("bold"), says("italic")});
 }
 
 void Journey::clip(const Act& act) { clipboard = FromUtf8Lossy(act.Word(1)); }
 
-// disk fails N: the Nth operation from here; disk fails from N; disk works.
+// disk fails N: the Nth operation from here; disk fails from N; full in place of fails; disk works.
 void Journey::disk(const Act& act) {
   if (act.Word(1) == "works") return failing.Mend();
-  if (act.Word(2) == "from") return failing.FailFrom(std::stoi(act.Word(3)), EIO);
-  failing.FailNth(std::stoi(act.Word(2)), EIO);
+  const int error = act.Word(1) == "full" ? ENOSPC : EIO;
+  if (act.Word(2) == "from") return failing.FailFrom(std::stoi(act.Word(3)), error);
+  failing.FailNth(std::stoi(act.Word(2)), error);
 }
 
-// set KEY NAME VALUE: in the settings file, before the program starts.
+// hold NAME: another program opens the file and keeps it open.
+void Journey::hold(const Act& act) { held[act.Word(1)].open(folder.Path(act.Word(1)), std::ios::app); }
+void Journey::release(const Act& act) { held.erase(act.Word(1)); }
+
+// set KEY NAME VALUE: in the settings file, before the program starts or as another program does it.
 void Journey::set(const Act& act) {
-  RegistryTree tree;
-  if (folder.Has("registry.reg")) tree = ParseRegistryFile(folder.Content("registry.reg"));
-  const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\" + act.Word(1);
-  const std::string& value = act.Word(3);
+  RegistryTree tree = StoredTree();
+  const bool isWhole = act.Word(1).starts_with("HKEY_");
+  const std::string key = (isWhole ? "" : "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\") + act.Word(1);
+  const std::string value = WithFolder(act.Word(3));
   const bool isNumber = value.find_first_not_of("0123456789") == std::string::npos && act.Words.size() == 4;
   MakeKey(tree, key)[act.Word(2)] =
       isNumber ? RegistryValue{REG_DWORD, DwordBytes(static_cast<std::uint32_t>(std::stoul(value)))}
                : RegistryValue{REG_SZ, FromUtf8Lossy(value) + '\0'};
   folder.Put("registry.reg", WriteRegistryFile(tree));
   files["registry.reg"] = folder.Content("registry.reg");
+}
+
+// What the settings file holds; nothing where it cannot be read.
+RegistryTree Journey::StoredTree() const {
+  try {
+    return ParseRegistryFile(folder.Content("registry.reg"));
+  } catch (const std::exception&) {
+    return {};
+  }
 }
 
 // The program as a process of its own; one that runs is gone first, as if it had been killed.
@@ -228,8 +258,8 @@ void Journey::start(const Act&) {
   windows.clear();
   fronts.clear();
   front.clear();
-  store.clear();
-  if (folder.Has("registry.reg")) store = ParseRegistryFile(folder.Content("registry.reg"));
+  pointer = pointerTold = MousePointer::Default;
+  store = StoredTree();
   Start();
 }
 
@@ -258,6 +288,13 @@ void Journey::doubleclick(const Act& act) {
 // type FIELD TEXT
 void Journey::type(const Act& act) {
   if (Control& control = Named(act); CanUse(control)) Type(control, FromUtf8Lossy(act.Word(2)));
+}
+
+// select FIELD FROM LENGTH
+void Journey::select(const Act& act) {
+  auto& box = NamedAs<TextBox>(act);
+  box.SetFocus();
+  box.Select(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
 }
 
 void Journey::key(const Act& act) { Press(*ActiveForm, act.Word(1)); }
@@ -297,6 +334,7 @@ void Journey::Press(Form& form, const std::string& key) {
   if (press.Character == '\t') return form.MoveFocusOn(press.Shift);
   form.KeyDown(press);
   Control* const active = form.ActiveControl();
+  if (auto* box = dynamic_cast<TextBox*>(active); box && key == "Ctrl+V") return box->UserPaste(clipboard);
   if (active && !press.Handled) active->UserKey(press);
   if (press.Handled || !form.IsLoaded()) return;
   if (press.key == Key::F1) return ShowHelpOn(form);
@@ -322,14 +360,25 @@ void Journey::resize(const Act& act) {
 
 void Journey::close(const Act& act) { Close(FormNamed(act.Word(1))); }
 void Journey::activate(const Act& act) { Activate(FormNamed(act.Word(1))); }
-void Journey::tick(const Act& act) { NamedAs<Timer>(act).Tick(); }
 
-// show WINDOW [with tips]; show file NAME
+// tick TIMER [TIMES]
+void Journey::tick(const Act& act) {
+  auto& timer = NamedAs<Timer>(act);
+  if (!timer.Enabled) return Tell(NameOf(timer) + " is off");
+  for (int times = std::stoi(act.WordOr(2, "1")); times > 0; --times) timer.Tick();
+}
+
+// show WINDOW [with tips]; show WINDOW.CONTROL; show file NAME
 void Journey::show(const Act& act) {
   if (act.Word(1) == "file") {
     if (!folder.Has(act.Word(2))) return Tell("no such file");
     const std::string content = folder.Content(act.Word(2));
     return TellLines(IsUtf8(content) ? FromUtf8Lossy(content) : content);
+  }
+  if (const auto dot = act.Word(1).find('.'); dot != std::string::npos) {
+    for (const Shown& control : WindowText(FormNamed(act.Word(1).substr(0, dot)), false))
+      if (control.Name == act.Word(1).substr(dot + 1)) return TellChanged(control);
+    return Tell("not to be seen");
   }
   const Form& form = FormNamed(act.Word(1));
   // A window whose layout decides its size has none that the program knows.
