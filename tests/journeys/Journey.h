@@ -58,6 +58,7 @@ class Journey : public Host {
   virtual void Press(Form& form, const std::string& key);
   virtual void Choose(ListBox& list, int index);
   virtual void Pick(Calendar& calendar, Date day) { calendar.UserPick(day); }
+  virtual void Point(Control& control) { control.MouseMove(); }
   virtual void Step(UpDown& button, bool up) { up ? button.UserUp() : button.UserDown(); }
   virtual void Follow(Document& page, const std::string& target) { page.UserLink(target); }
   virtual void Close(Form& form) { form.Unload(); }
@@ -71,6 +72,7 @@ class Journey : public Host {
   void BringToTheFront();
   void TellConsequences();
   void TellWindows();
+  void TellPlace(const Form& form);
   void TellFocus();
   void TellChanged(const Shown& control);
   void TellStore();
@@ -105,6 +107,7 @@ class Journey : public Host {
   void clip(const Act& act);
   void disk(const Act& act);
   void set(const Act& act);
+  void system(const Act& act);
 
   // Acts of the user
   void start(const Act& act);
@@ -118,7 +121,12 @@ class Journey : public Host {
   void up(const Act& act);
   void down(const Act& act);
   void follow(const Act& act);
+  void point(const Act& act);
+  void width(const Act& act);
+  void move(const Act& act);
   void resize(const Act& act);
+  void maximize(const Act& act);
+  void restore(const Act& act);
   void close(const Act& act);
   void activate(const Act& act);
   void tick(const Act& act);
@@ -150,7 +158,7 @@ class Journey : public Host {
 
   // As it was told last.
   std::map<std::string, std::vector<Shown>> windows;
-  std::map<std::string, std::string> captions;
+  std::map<std::string, std::string> captions, places;
   std::string front, focus;
   std::vector<std::string>
       fronts;  // the windows in the order in which they came to the front, the last one last

@@ -13,6 +13,7 @@
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
+#include "core/ProgramState.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
 #include "journeys/Journey.h"
@@ -83,32 +84,22 @@ Control* MarkedButton(const Form& form, const char* mark) {
 
 const std::map<std::string, Journey::Handler>& Journey::Acts() {
   static const std::map<std::string, Handler> acts = {
-      {"file", &Journey::file},
-      {"remove", &Journey::remove},
-      {"today", &Journey::today},
-      {"region", &Journey::region},
-      {"answer", &Journey::answer},
-      {"path", &Journey::path},
-      {"font", &Journey::font},
-      {"clip", &Journey::clip},
-      {"disk", &Journey::disk},
-      {"set", &Journey::set},
-      {"start", &Journey::start},
-      {"click", &Journey::click},
-      {"double-click", &Journey::doubleclick},
-      {"type", &Journey::type},
-      {"key", &Journey::key},
-      {"choose", &Journey::choose},
-      {"pick", &Journey::pick},
-      {"column", &Journey::column},
-      {"up", &Journey::up},
-      {"down", &Journey::down},
-      {"follow", &Journey::follow},
-      {"resize", &Journey::resize},
-      {"close", &Journey::close},
-      {"activate", &Journey::activate},
-      {"tick", &Journey::tick},
-      {"show", &Journey::show},
+      {"file", &Journey::file},         {"remove", &Journey::remove},
+      {"today", &Journey::today},       {"region", &Journey::region},
+      {"answer", &Journey::answer},     {"path", &Journey::path},
+      {"font", &Journey::font},         {"clip", &Journey::clip},
+      {"disk", &Journey::disk},         {"set", &Journey::set},
+      {"system", &Journey::system},     {"start", &Journey::start},
+      {"click", &Journey::click},       {"double-click", &Journey::doubleclick},
+      {"type", &Journey::type},         {"key", &Journey::key},
+      {"choose", &Journey::choose},     {"pick", &Journey::pick},
+      {"column", &Journey::column},     {"up", &Journey::up},
+      {"down", &Journey::down},         {"follow", &Journey::follow},
+      {"point", &Journey::point},       {"width", &Journey::width},
+      {"move", &Journey::move},         {"resize", &Journey::resize},
+      {"maximize", &Journey::maximize}, {"restore", &Journey::restore},
+      {"close", &Journey::close},       {"activate", &Journey::activate},
+      {"tick", &Journey::tick},         {"show", &Journey::show},
   };
   return acts;
 }
@@ -154,17 +145,17 @@ Kind& Journey::NamedAs(const Act& act) {
   Fail(act, act.Word(1) + " is of another kind");
 }
 
-// file NAME, with its lines behind "> ", or copied from a file of the project, where "~" is the folder.
+// file NAME, copied from a file of the project, with the lines behind "> " below it; "~/" is the folder.
 void Journey::file(const Act& act) {
   std::string content;
   if (act.WordOr(2, "") == "from") {
     std::ifstream source(std::string(QEL_SOURCE_DIR) + "/" + act.Word(3), std::ios::binary);
     if (!source) Fail(act, "no " + act.Word(3));
     content.assign(std::istreambuf_iterator<char>(source), {});
-    for (std::size_t at = 0; (at = content.find("~/", at)) != std::string::npos;)
-      content.replace(at, 1, folder.Path());
   }
   for (const std::string& line : act.Content) content += line + "\r\n";
+  for (std::size_t at = 0; (at = content.find("~/", at)) != std::string::npos;)
+    content.replace(at, 1, folder.Path());
   folder.Put(act.Word(1), content);
   files[act.Word(1)] = content;
 }
@@ -220,6 +211,9 @@ void Journey::set(const Act& act) {
   folder.Put("registry.reg", WriteRegistryFile(tree));
   files["registry.reg"] = folder.Content("registry.reg");
 }
+
+// What the system calls itself, from here.
+void Journey::system(const Act& act) { OSName = act.Word(1); }
 
 // The program as a process of its own; one that runs is gone first, as if it had been killed.
 void Journey::start(const Act&) {
@@ -313,8 +307,35 @@ void Journey::Choose(ListBox& list, int index) {
   list.UserChoose(index);
 }
 
-// resize WINDOW WIDTH HEIGHT, in twips.
+// The mouse moves over a control, or over a place of the window where there is none.
+void Journey::point(const Act& act) {
+  if (ActiveForm && act.Word(1) == ActiveForm->Name()) return ActiveForm->MouseMove();
+  Point(Named(act));
+}
+
+// width TABLE COLUMN TWIPS: the edge of a header is dragged.
+void Journey::width(const Act& act) {
+  NamedAs<ListView>(act).UserColumnWidth(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
+}
+
+// move WINDOW LEFT TOP
+void Journey::move(const Act& act) {
+  Form& form = FormNamed(act.Word(1));
+  form.Left = std::stoi(act.Word(2));
+  form.Top = std::stoi(act.Word(3));
+}
+
+void Journey::maximize(const Act& act) { FormNamed(act.Word(1)).WindowState = WindowState::Maximized; }
+void Journey::restore(const Act& act) { FormNamed(act.Word(1)).WindowState = WindowState::Normal; }
+
+// resize WINDOW WIDTH HEIGHT, in twips; or a control that the window's layout gives other room.
 void Journey::resize(const Act& act) {
+  if (!LoadedForm(act.Word(1))) {
+    Control& control = Named(act);
+    control.Width = std::stoi(act.Word(2));
+    control.Height = std::stoi(act.Word(3));
+    return;
+  }
   Form& form = FormNamed(act.Word(1));
   form.Width = std::stoi(act.Word(2));
   form.Height = std::stoi(act.Word(3));
@@ -322,7 +343,11 @@ void Journey::resize(const Act& act) {
 
 void Journey::close(const Act& act) { Close(FormNamed(act.Word(1))); }
 void Journey::activate(const Act& act) { Activate(FormNamed(act.Word(1))); }
-void Journey::tick(const Act& act) { NamedAs<Timer>(act).Tick(); }
+void Journey::tick(const Act& act) {
+  Timer& timer = NamedAs<Timer>(act);
+  if (!timer.Enabled) return Tell(timer.Name() + " is off");
+  timer.Tick();
+}
 
 // show WINDOW [with tips]; show file NAME
 void Journey::show(const Act& act) {
