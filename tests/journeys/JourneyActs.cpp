@@ -156,6 +156,7 @@ void Journey::file(const Act& act) {
   for (const std::string& line : act.Content) content += line + "\r\n";
   for (std::size_t at = 0; (at = content.find("~/", at)) != std::string::npos;)
     content.replace(at, 1, folder.Path());
+  std::filesystem::create_directories(std::filesystem::path(folder.Path(act.Word(1))).parent_path());
   folder.Put(act.Word(1), content);
   files[act.Word(1)] = content;
 }
