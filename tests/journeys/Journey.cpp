@@ -68,6 +68,10 @@ void Journey::Play() {
       PlayAct();
     } catch (const ProgramEnd&) {
       depth = 0;
+      if (std::exchange(isKilled, false)) {
+        next = current;
+        continue;
+      }
       Tell("the program ends");
       TellConsequences();
     }

@@ -148,6 +148,7 @@ class Journey : public Host {
   std::size_t next = 0;     // act
   std::size_t current = 0;  // act
   int depth = 0;            // of acts under way, each in a modal window of the one before
+  bool isKilled = false;    // with modal windows open, by the start of another process
   std::deque<Answer> answers;
   std::deque<std::optional<std::string>> paths;
   std::deque<Font> fonts;

@@ -13,6 +13,7 @@
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
+#include "core/EndProgram.h"
 #include "core/ProgramState.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
@@ -218,6 +219,10 @@ void Journey::system(const Act& act) { OSName = act.Word(1); }
 
 // The program as a process of its own; one that runs is gone first, as if it had been killed.
 void Journey::start(const Act&) {
+  if (depth > 1) {
+    isKilled = true;
+    throw ProgramEnd();
+  }
   newProcess();
   SetHost(*this);
   windows.clear();
