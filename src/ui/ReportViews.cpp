@@ -79,7 +79,7 @@ int RoomFor(std::size_t column, const ReportDocument& document, float fontSize) 
     const std::string& text = row.SubItems[column - 1];
     if (text.find_first_not_of('.') != std::string::npos) longest = std::max(longest, text.size());
   }
-  const double digit = 0.6 * fontSize * TwipsPerPoint;
+  const double digit = 0.6 * TwipsPerPoint * fontSize;
   return std::min(static_cast<int>(static_cast<double>(longest + 2) * digit), MostRoom);
 }
 

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -171,6 +172,14 @@ void FaceJourney::Pick(Calendar& calendar, Date day) {
       return Settle();
     }
   throw std::runtime_error("no such day on the calendar");
+}
+
+void FaceJourney::Point(Control& control) {
+  auto& widget = WidgetOf<QWidget>(control);
+  const QPoint at = widget.rect().center();
+  QMouseEvent move(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &move);
+  Settle();
 }
 
 void FaceJourney::Step(UpDown& button, bool up) {

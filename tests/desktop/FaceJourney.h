@@ -31,6 +31,7 @@ class FaceJourney : public Journey {
   void Press(Form& form, const std::string& key) override;
   void Choose(ListBox& list, int index) override;
   void Pick(Calendar& calendar, Date day) override;
+  void Point(Control& control) override;
   void Step(UpDown& button, bool up) override;
   void Close(Form& form) override;
   void Activate(Form& form) override;

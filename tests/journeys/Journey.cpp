@@ -10,6 +10,7 @@
 #include "journeys/Design.h"
 #include "platform/CodePage.h"
 #include "platform/RegistryStore.h"
+#include "platform/TextConversion.h"
 #include "settings/Registry_Functions.h"
 
 namespace qel {
@@ -35,8 +36,13 @@ std::vector<Answer> AnswersOf(Buttons buttons) {
 
 std::string ValueText(const RegistryValue& value) {
   if (value.Type == REG_SZ) return '"' + ToUtf8(value.Data.substr(0, value.Data.find('\0'))) + '"';
-  return std::to_string(static_cast<std::int32_t>(DwordOf(value.Data))) +
-         (value.Type == REG_DWORD ? "" : " of type " + std::to_string(value.Type));
+  if (value.Type == REG_BINARY) {
+    std::string bytes = "hex";
+    for (const unsigned char byte : value.Data)
+      bytes += std::string(" ") + "0123456789abcdef"[byte / 16] + "0123456789abcdef"[byte % 16];
+    return bytes;
+  }
+  return std::to_string(static_cast<std::int32_t>(DwordOf(value.Data)));
 }
 
 // "\General\" for the program's own keys, the whole path for others.
@@ -62,6 +68,10 @@ void Journey::Play() {
       PlayAct();
     } catch (const ProgramEnd&) {
       depth = 0;
+      if (std::exchange(isKilled, false)) {
+        next = current;
+        continue;
+      }
       Tell("the program ends");
       TellConsequences();
     }
@@ -159,6 +169,7 @@ void Journey::TellWindows() {
           gone += (gone.empty() ? "  gone: " : ", ") + control.Name;
       if (!gone.empty()) Tell(gone);
     }
+    TellPlace(*form);
     captions[name] = caption;
   }
   for (const auto& [name, controls] : windows)
@@ -167,6 +178,18 @@ void Journey::TellWindows() {
   TellFocus();
   if (pointer != pointerTold) Tell(pointer == MousePointer::Hourglass ? "hourglass" : "arrow");
   pointerTold = pointer;
+}
+
+// Where a window opens is its own affair; told is that it grows or goes elsewhere.
+void Journey::TellPlace(const Form& form) {
+  static const char* const states[] = {"", ", minimized", ", maximized"};
+  const std::string place = std::to_string(form.Width()) + " x " + std::to_string(form.Height()) + " at " +
+                            std::to_string(form.Left()) + ", " + std::to_string(form.Top()) +
+                            states[static_cast<int>(form.WindowState())];
+  std::string& before = places[form.Name()];
+  if (windows.contains(form.Name()) && before != place && Design::Of(form).HasSize())
+    Tell(form.Name() + " " + place);
+  before = place;
 }
 
 void Journey::TellFocus() {
@@ -285,7 +308,7 @@ std::optional<Font> Journey::AskFont(const Font& font) {
 }
 
 void Journey::Print(const PrintJob& job) {
-  Tell("print \"" + ToUtf8(job.Title) + "\", " + job.Font.Name);
+  Tell("print \"" + ToUtf8(job.Title) + "\", " + job.Font.Name + " " + NumberText(job.Font.Size));
   TellLines(job.Text);
 }
 

@@ -59,6 +59,7 @@ class Journey : public Host {
   virtual void Press(Form& form, const std::string& key);
   virtual void Choose(ListBox& list, int index);
   virtual void Pick(Calendar& calendar, Date day) { calendar.UserPick(day); }
+  virtual void Point(Control& control) { control.MouseMove(); }
   virtual void Step(UpDown& button, bool up) { up ? button.UserUp() : button.UserDown(); }
   virtual void Follow(Document& page, const std::string& target) { page.UserLink(target); }
   virtual void Close(Form& form) { form.Unload(); }
@@ -72,6 +73,7 @@ class Journey : public Host {
   void BringToTheFront();
   void TellConsequences();
   void TellWindows();
+  void TellPlace(const Form& form);
   void TellFocus();
   void TellChanged(const Shown& control);
   RegistryTree StoredTree() const;
@@ -111,6 +113,7 @@ class Journey : public Host {
   void hold(const Act& act);
   void release(const Act& act);
   void set(const Act& act);
+  void system(const Act& act);
 
   // Acts of the user
   void start(const Act& act);
@@ -125,7 +128,12 @@ class Journey : public Host {
   void up(const Act& act);
   void down(const Act& act);
   void follow(const Act& act);
+  void point(const Act& act);
+  void width(const Act& act);
+  void move(const Act& act);
   void resize(const Act& act);
+  void maximize(const Act& act);
+  void restore(const Act& act);
   void close(const Act& act);
   void activate(const Act& act);
   void tick(const Act& act);
@@ -147,6 +155,7 @@ class Journey : public Host {
   std::size_t next = 0;     // act
   std::size_t current = 0;  // act
   int depth = 0;            // of acts under way, each in a modal window of the one before
+  bool isKilled = false;    // with modal windows open, by the start of another process
   std::deque<Answer> answers;
   std::deque<std::optional<std::string>> paths;
   std::deque<Font> fonts;
@@ -158,7 +167,7 @@ class Journey : public Host {
 
   // As it was told last.
   std::map<std::string, std::vector<Shown>> windows;
-  std::map<std::string, std::string> captions;
+  std::map<std::string, std::string> captions, places;
   std::string front, focus;
   std::vector<std::string>
       fronts;  // the windows in the order in which they came to the front, the last one last

@@ -13,6 +13,8 @@
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
+#include "core/EndProgram.h"
+#include "core/ProgramState.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
 #include "journeys/Journey.h"
@@ -97,6 +99,7 @@ const std::map<std::string, Journey::Handler>& Journey::Acts() {
       {"hold", &Journey::hold},
       {"release", &Journey::release},
       {"set", &Journey::set},
+      {"system", &Journey::system},
       // The user.
       {"start", &Journey::start},
       {"click", &Journey::click},
@@ -110,7 +113,12 @@ const std::map<std::string, Journey::Handler>& Journey::Acts() {
       {"up", &Journey::up},
       {"down", &Journey::down},
       {"follow", &Journey::follow},
+      {"point", &Journey::point},
+      {"width", &Journey::width},
+      {"move", &Journey::move},
       {"resize", &Journey::resize},
+      {"maximize", &Journey::maximize},
+      {"restore", &Journey::restore},
       {"close", &Journey::close},
       {"activate", &Journey::activate},
       {"tick", &Journey::tick},
@@ -166,16 +174,17 @@ std::string Journey::WithFolder(std::string text) const {
   return text;
 }
 
-// file NAME, with its lines behind "> ", or copied from a file of the project, where "~" is the folder.
+// file NAME, copied from a file of the project, with the lines behind "> " below it; "~/" is the folder.
 void Journey::file(const Act& act) {
   std::string content;
   if (act.WordOr(2, "") == "from") {
     std::ifstream source(std::string(QEL_SOURCE_DIR) + "/" + act.Word(3), std::ios::binary);
     if (!source) Fail(act, "no " + act.Word(3));
     content.assign(std::istreambuf_iterator<char>(source), {});
-    content = WithFolder(content);
   }
   for (const std::string& line : act.Content) content += line + "\r\n";
+  content = WithFolder(std::move(content));
+  std::filesystem::create_directories(std::filesystem::path(folder.Path(act.Word(1))).parent_path());
   folder.Put(act.Word(1), content);
   files[act.Word(1)] = content;
 }
@@ -251,8 +260,15 @@ RegistryTree Journey::StoredTree() const {
   }
 }
 
+// What the system calls itself, from here.
+void Journey::system(const Act& act) { OSName = act.Word(1); }
+
 // The program as a process of its own; one that runs is gone first, as if it had been killed.
 void Journey::start(const Act&) {
+  if (depth > 1) {
+    isKilled = true;
+    throw ProgramEnd();
+  }
   newProcess();
   SetHost(*this);
   windows.clear();
@@ -351,8 +367,35 @@ void Journey::Choose(ListBox& list, int index) {
   list.UserChoose(index);
 }
 
-// resize WINDOW WIDTH HEIGHT, in twips.
+// The mouse moves over a control, or over a place of the window where there is none.
+void Journey::point(const Act& act) {
+  if (ActiveForm && act.Word(1) == ActiveForm->Name()) return ActiveForm->MouseMove();
+  Point(Named(act));
+}
+
+// width TABLE COLUMN TWIPS: the edge of a header is dragged.
+void Journey::width(const Act& act) {
+  NamedAs<ListView>(act).UserColumnWidth(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
+}
+
+// move WINDOW LEFT TOP
+void Journey::move(const Act& act) {
+  Form& form = FormNamed(act.Word(1));
+  form.Left = std::stoi(act.Word(2));
+  form.Top = std::stoi(act.Word(3));
+}
+
+void Journey::maximize(const Act& act) { FormNamed(act.Word(1)).WindowState = WindowState::Maximized; }
+void Journey::restore(const Act& act) { FormNamed(act.Word(1)).WindowState = WindowState::Normal; }
+
+// resize WINDOW WIDTH HEIGHT, in twips; or a control that the window's layout gives other room.
 void Journey::resize(const Act& act) {
+  if (!LoadedForm(act.Word(1))) {
+    Control& control = Named(act);
+    control.Width = std::stoi(act.Word(2));
+    control.Height = std::stoi(act.Word(3));
+    return;
+  }
   Form& form = FormNamed(act.Word(1));
   form.Width = std::stoi(act.Word(2));
   form.Height = std::stoi(act.Word(3));

@@ -20,7 +20,8 @@ namespace {
 
 std::string Quoted(const std::string& text) {
   std::string quoted = ToUtf8(text);
-  for (std::size_t at = 0; (at = quoted.find('\n', at)) != std::string::npos;) quoted.replace(at, 1, "\\n");
+  for (std::size_t at = 0; (at = quoted.find_first_of("\r\n", at)) != std::string::npos;)
+    quoted.replace(at, 1, quoted[at] == '\r' ? "\\r" : "\\n");
   return '"' + quoted + '"';
 }
 
@@ -129,7 +130,7 @@ class Writer {
     if (const auto* page = dynamic_cast<const Document*>(&control)) return Lines(page->Html());
     if (const auto* calendar = dynamic_cast<const Calendar*>(&control)) return DayOf(calendar->Value());
     if (const auto* picture = dynamic_cast<const Picture*>(&control); picture && picture->Frame != 0)
-      return " picture " + std::to_string(picture->Frame());
+      return " " + std::to_string(picture->Frame());
     return "";
   }
 

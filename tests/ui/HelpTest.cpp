@@ -12,104 +12,15 @@ namespace {
 
 const std::string Share = QEL_SOURCE_DIR "/share/";
 
-class HelpTest : public WindowTest {
- protected:
-  void PutHelp() {
-    folder.Put("QEL.HLP",
-               "# no topic\r\n= First\r\n== 3 Blocks & Units\r\n<p>See <a href=\"#12\">costs</a>.</p>\r\n"
-               "== 7 Caps\r\nA block has a cap.\r\n= Last\r\n== 12 Costs\r\n<b>Blocks</b> cost.\r\n");
-  }
-  static std::string Listed() {
-    std::string entries = HelpForm->lblTopics.Caption() + ":";
-    for (const auto& entry : HelpForm->lstTopics.Items()) entries += entry + ";";
-    return entries;
-  }
-  static std::string Shown() { return HelpForm->docTopic.Html().substr(0, 10); }
-};
-
-TEST_F(HelpTest, TopicsAreReachedByTheContentsByLinksAndBackAgain) {
-  PutHelp();
-  Show(usable);
-  MainForm->mnuTopics.UserClick();
-  EXPECT_EQ(Listed(), "Contents:First;    Blocks & Units;    Caps;Last;    Costs;");
-  EXPECT_EQ(HelpForm->docTopic.Html(), "<h2>Blocks &amp; Units</h2><p>See <a href=\"#12\">costs</a>.</p>\n");
-  EXPECT_EQ(HelpForm->lstTopics.ListIndex(), 1);
-  EXPECT_FALSE(HelpForm->btnBack.Enabled);
-
-  HelpForm->docTopic.UserLink("#12");
-  EXPECT_EQ(Shown(), "<h2>Costs<");
-  EXPECT_EQ(HelpForm->lstTopics.ListIndex(), 4);
-  HelpForm->lstTopics.UserChoose(3);  // a chapter stands for its first topic
-  EXPECT_EQ(HelpForm->lstTopics.ListIndex(), 3);
-  HelpForm->lstTopics.UserChoose(2);
-  EXPECT_EQ(Shown(), "<h2>Caps</");
-  HelpForm->btnBack.UserClick();
-  EXPECT_EQ(Shown(), "<h2>Costs<");
-  HelpForm->btnBack.UserClick();
-  EXPECT_EQ(Shown(), "<h2>Blocks");
-  EXPECT_FALSE(HelpForm->btnBack.Enabled);
-  MainForm->mnuReadme.UserClick();
-  EXPECT_TRUE(host.Showed("document: " + folder.Path("readme.htm")));
-}
-
-TEST_F(HelpTest, ASearchListsTheTopicsThatHoldAllWordsTheBestTitlesFirst) {
-  PutHelp();
-  MainForm->mnsSearchHelp.Click();
-  EXPECT_TRUE(HelpForm->txtSearch.HasFocus());
-  const struct {
-    const char *words, *found;
-  } cases[] = {
-      {"BLOCK", "3 topics found:Blocks & Units;Caps;Costs;"},
-      {"cap block", "1 topic found:Caps;"},
-      {"costs", "2 topics found:Costs;Blocks & Units;"},
-      {"href", "No topic found:"},
-      {" ", "No topic found:"},
-  };
-  for (const auto& c : cases) {
-    HelpForm->txtSearch.UserText(c.words);
-    KeyPress enter{.key = Key::Enter};
-    HelpForm->txtSearch.UserKey(enter);
-    EXPECT_EQ(Listed(), c.found) << c.words;
-  }
-  HelpForm->btnContents.UserClick();
-  EXPECT_EQ(Listed().substr(0, 14), "Contents:First");
-}
-
-TEST_F(HelpTest, AFileThatIsMissingOrEmptyIsToldInTheWindow) {
-  for (const bool empty : {false, true}) {
-    if (empty) folder.Put("QEL.HLP", "");
-    HelpForm.Reset();
-    ShowHelp(HelpPurge);
-    EXPECT_NE(HelpForm->docTopic.Html().find("QEL.HLP"), std::string::npos);
-    EXPECT_EQ(Listed(), "Contents:");
-  }
-  EXPECT_TRUE(host.messages.empty());
-}
-
-TEST_F(HelpTest, ComingBackFromItIsNoComingToTheFront) {
-  folder.Put("ModemLog.txt", "no date\r\n");
-  Show("no date\r\n");
-  ASSERT_EQ(host.messages.size(), 1u) << "the log is none";
-  ShowHelpContents();
-  MainForm->Activate();
-  ShowHelpContents();
-  HelpForm->btnClose.UserClick();
-  MainForm->Activate();
-  EXPECT_EQ(host.messages.size(), 1u);
-  ShowHelpContents();
-  MainForm->Unload();
-  EXPECT_FALSE(HelpForm.IsLoaded()) << "it goes with the program";
-}
+class HelpTest : public WindowTest {};
 
 TEST_F(HelpTest, TheActiveControlsTopicComesBeforeTheWindows) {
-  PutHelp();
+  folder.Put("QEL.HLP", "= All\r\n== 7 Window\r\n== 12 Control\r\n");
   PurgeForm->HelpContextID = 7;
   PurgeForm->Show();
-  ShowHelpOn(*PurgeForm);
-  EXPECT_EQ(Shown(), "<h2>Caps</");
   PurgeForm->MaskEdBox1.HelpContextID = 12;
   ShowHelpOn(*PurgeForm);
-  EXPECT_EQ(Shown(), "<h2>Costs<");
+  EXPECT_EQ(HelpForm->docTopic.Html(), "<h2>Control</h2>");
 }
 
 // The help, the tips and the page that come with the program.

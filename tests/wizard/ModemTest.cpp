@@ -41,34 +41,6 @@ class ModemTest : public FreshProgram {
   const Modem good{first, "Internal 33600", "/log/a.txt", true, "ats0=0e1"}, bad{second};
 };
 
-TEST_F(ModemTest, ModemsAreFoundWhereTheDriverKeepsThem) {
-  const auto found = [](const std::vector<Modem>& modems) {
-    StoreOnly(modems);
-    for (const auto& modem : modems) {
-      SetModemText(modem.Key, "ConfigDialog", modem.DriverDesc == "LPT" ? "lpt.dll" : "MoDemUI.dll");
-      SetModemText(modem.Key, "AttachedTo", "COM2");
-    }
-    PreConfigure(false);
-    std::string all;
-    for (int i = 0; i < ModemCount; ++i) all += Modems[i].DriverDesc + Modems[i].AttachedTo + " ";
-    return all;
-  };
-  const Modem port{"\\Ports\\0000", "port"};
-  EXPECT_EQ(found({{second, "b"}, port}), "port ") << "a gap ends the modems, not the ports";
-  EXPECT_EQ(found({{first, "Cable between 2 PCs"}, {second, "b"}}), "bCOM2 ");
-  EXPECT_EQ(found({{"\\Ports\\0000", "LPT"}, {"\\Ports\\0001", "port"}}), "port ");
-  std::vector<Modem> eleven = {port};
-  for (int i = 0; i < 11; ++i) eleven.push_back({"\\Modem\\" + PadLeft(std::to_string(i), '0', 4), "m"});
-  EXPECT_EQ(found(eleven).size(), 10 * std::string("mCOM2 ").size());
-}
-
-TEST_F(ModemTest, NoModemIsToldOnlyToAUserWhoAsks) {
-  EXPECT_FALSE(PreConfigure(false));
-  EXPECT_TRUE(host.messages.empty());
-  EXPECT_FALSE(PreConfigure(true));
-  EXPECT_EQ(host.messages.at(0).Text, "Sorry .... QEL was unable to detect your modem(s).");
-}
-
 TEST_F(ModemTest, TheStartIsQuietWhenWhatItLooksAtIsSetUp) {
   EXPECT_EQ(Start({good}), "/log/|a.txt");
   EXPECT_EQ(Start({good, bad}), "wizard");
@@ -105,36 +77,6 @@ TEST_F(ModemTest, AModemThatIsNotThePreferredOneKeepsWhatItHas) {
     EXPECT_EQ(PreConfigure(interactive), interactive);
     EXPECT_TRUE(ModemConfigOK) << "the others decide nothing";
   }
-}
-
-TEST_F(ModemTest, TheChangedModemGetsALog) {
-  folder.Put("first.log", "kept");
-  const struct {
-    const char *what, *system;
-    std::string firstPath, secondPath, log;
-    bool isNew;
-  } cases[] = {
-      {"without a path", "WIN 95", "", "", "ModemLog.txt", true},
-      {"by now there is a file", "WIN 95", "", "", "ModemLog.txt", false},
-      {"a log a modem", "WIN 98", "", "", "Second modem.log", true},
-      {"the first modem's log", "WIN 98", folder.Path("first.log"), folder.Path("own"), "first.log", false},
-  };
-  for (const auto& c : cases) {
-    StoreOnly({{first, "First", c.firstPath}, {second, "Second modem", c.secondPath}});
-    DefaultLogFile = "ModemLog.txt";
-    OSName = c.system;
-    PreConfigure(true);
-    DoChange(2);
-    EXPECT_EQ(NewLogStarted, c.isNew) << c.what;
-    EXPECT_EQ(DefaultLogFile, c.log) << c.what;
-    EXPECT_TRUE(folder.Has(c.log)) << c.what;
-    const std::string path = c.secondPath.empty() ? folder.Path(c.log) : c.secondPath;
-    EXPECT_NE(ModemValues(second).find("LoggingPath=" + path + ";"), std::string::npos) << c.what;
-  }
-  EXPECT_EQ(folder.Content("first.log"), "kept");
-  EXPECT_FALSE(folder.Has("own"));
-  ReadUserParameters();
-  EXPECT_EQ(PreferredModem, 2) << "stored";
 }
 
 }  // namespace
