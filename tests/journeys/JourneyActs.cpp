@@ -83,31 +83,19 @@ Control* MarkedButton(const Form& form, const char* mark) {
 
 const std::map<std::string, Journey::Handler>& Journey::Acts() {
   static const std::map<std::string, Handler> acts = {
-      {"file", &Journey::file},
-      {"remove", &Journey::remove},
-      {"today", &Journey::today},
-      {"region", &Journey::region},
-      {"answer", &Journey::answer},
-      {"path", &Journey::path},
-      {"font", &Journey::font},
-      {"clip", &Journey::clip},
-      {"disk", &Journey::disk},
-      {"set", &Journey::set},
-      {"start", &Journey::start},
-      {"click", &Journey::click},
-      {"double-click", &Journey::doubleclick},
-      {"type", &Journey::type},
-      {"key", &Journey::key},
-      {"choose", &Journey::choose},
-      {"pick", &Journey::pick},
-      {"column", &Journey::column},
-      {"up", &Journey::up},
-      {"down", &Journey::down},
-      {"follow", &Journey::follow},
-      {"resize", &Journey::resize},
-      {"close", &Journey::close},
-      {"activate", &Journey::activate},
-      {"tick", &Journey::tick},
+      {"file", &Journey::file},           {"remove", &Journey::remove},
+      {"today", &Journey::today},         {"region", &Journey::region},
+      {"answer", &Journey::answer},       {"path", &Journey::path},
+      {"font", &Journey::font},           {"clip", &Journey::clip},
+      {"disk", &Journey::disk},           {"set", &Journey::set},
+      {"installed", &Journey::installed}, {"start", &Journey::start},
+      {"click", &Journey::click},         {"double-click", &Journey::doubleclick},
+      {"type", &Journey::type},           {"key", &Journey::key},
+      {"choose", &Journey::choose},       {"pick", &Journey::pick},
+      {"column", &Journey::column},       {"up", &Journey::up},
+      {"down", &Journey::down},           {"follow", &Journey::follow},
+      {"resize", &Journey::resize},       {"close", &Journey::close},
+      {"activate", &Journey::activate},   {"tick", &Journey::tick},
       {"show", &Journey::show},
   };
   return acts;
@@ -165,6 +153,7 @@ void Journey::file(const Act& act) {
       content.replace(at, 1, folder.Path());
   }
   for (const std::string& line : act.Content) content += line + "\r\n";
+  std::filesystem::create_directories(std::filesystem::path(folder.Path(act.Word(1))).parent_path());
   folder.Put(act.Word(1), content);
   files[act.Word(1)] = content;
 }
@@ -207,13 +196,25 @@ void Journey::disk(const Act& act) {
   failing.FailNth(std::stoi(act.Word(2)), EIO);
 }
 
-// set KEY NAME VALUE: in the settings file, before the program starts.
+// installed COMMAND, of all that the program may want to start; installed none.
+void Journey::installed(const Act& act) { onlyProgram = act.Word(1); }
+
+void Journey::StartProgram(const std::string& command) {
+  if (onlyProgram && *onlyProgram != command) Raise(FileNotFound);
+  Tell("program " + Shortened(command));
+}
+
+// set KEY NAME VALUE: in the settings file, before the program starts. The key "International" is the one
+// that the regional values are read from.
 void Journey::set(const Act& act) {
   RegistryTree tree;
   if (folder.Has("registry.reg")) tree = ParseRegistryFile(folder.Content("registry.reg"));
-  const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\" + act.Word(1);
+  const std::string key = act.Word(1) == "International"
+                              ? "HKEY_CURRENT_USER\\Control Panel\\International"
+                              : "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\" + act.Word(1);
   const std::string& value = act.Word(3);
-  const bool isNumber = value.find_first_not_of("0123456789") == std::string::npos && act.Words.size() == 4;
+  const bool isNumber =
+      !value.empty() && value.find_first_not_of("0123456789") == std::string::npos && act.Words.size() == 4;
   MakeKey(tree, key)[act.Word(2)] =
       isNumber ? RegistryValue{REG_DWORD, DwordBytes(static_cast<std::uint32_t>(std::stoul(value)))}
                : RegistryValue{REG_SZ, FromUtf8Lossy(value) + '\0'};
@@ -257,7 +258,9 @@ void Journey::doubleclick(const Act& act) {
 
 // type FIELD TEXT
 void Journey::type(const Act& act) {
-  if (Control& control = Named(act); CanUse(control)) Type(control, FromUtf8Lossy(act.Word(2)));
+  std::string text = act.Word(2);
+  if (text.starts_with("~/")) text.replace(0, 1, folder.Path());
+  if (Control& control = Named(act); CanUse(control)) Type(control, FromUtf8Lossy(text));
 }
 
 void Journey::key(const Act& act) { Press(*ActiveForm, act.Word(1)); }
@@ -294,7 +297,7 @@ void Journey::Type(Control& control, const std::string& text) {
 void Journey::Press(Form& form, const std::string& key) {
   if (Control* item = ShortcutOf(form, key)) return item->UserClick();
   KeyPress press = PressOf(key);
-  if (press.Character == '\t') return form.MoveFocusOn(press.Shift);
+  if (press.Character == '\t' && !press.Control) return form.MoveFocusOn(press.Shift);
   form.KeyDown(press);
   Control* const active = form.ActiveControl();
   if (active && !press.Handled) active->UserKey(press);
@@ -304,7 +307,10 @@ void Journey::Press(Form& form, const std::string& key) {
   if (press.key == Key::Escape) button = MarkedButton(form, "escape");
   if (press.key == Key::Enter)
     button = dynamic_cast<Button*>(active) ? active : MarkedButton(form, "default");
-  if (press.Character == ' ' && !dynamic_cast<TextBox*>(active)) button = active;
+  auto* const box = dynamic_cast<TextBox*>(active);
+  if (press.Character == ' ' && !box) button = active;
+  if (box && press.Character != 0 && !press.Control && !press.Alt)
+    box->UserType(std::string(1, press.Character));
   if (button) button->UserClick();
 }
 
