@@ -96,7 +96,7 @@ class Journey : public Host {
   std::optional<Font> AskFont(const Font& font) override;
   void Print(const PrintJob& job) override;
   void OpenDocument(const std::string& document) override { Tell("document " + Shortened(document)); }
-  void StartProgram(const std::string& path) override { Tell("program " + Shortened(path)); }
+  void StartProgram(const std::string& command) override;
   std::optional<std::string> NextPath(const std::string& kind, const FileDialog& dialog);
 
   // Acts that set the scene
@@ -114,6 +114,7 @@ class Journey : public Host {
   void release(const Act& act);
   void set(const Act& act);
   void system(const Act& act);
+  void installed(const Act& act);
 
   // Acts of the user
   void start(const Act& act);
@@ -160,6 +161,7 @@ class Journey : public Host {
   std::deque<std::optional<std::string>> paths;
   std::deque<Font> fonts;
   std::string clipboard;
+  std::optional<std::string> onlyProgram;  // that is installed; all are where it is not told
   MousePointer pointer = MousePointer::Default;
   std::map<std::string, std::ofstream> held;
   FailingDisk failing;

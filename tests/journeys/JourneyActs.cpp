@@ -100,6 +100,7 @@ const std::map<std::string, Journey::Handler>& Journey::Acts() {
       {"release", &Journey::release},
       {"set", &Journey::set},
       {"system", &Journey::system},
+      {"installed", &Journey::installed},
       // The user.
       {"start", &Journey::start},
       {"click", &Journey::click},
@@ -237,13 +238,24 @@ void Journey::disk(const Act& act) {
 void Journey::hold(const Act& act) { held[act.Word(1)].open(folder.Path(act.Word(1)), std::ios::app); }
 void Journey::release(const Act& act) { held.erase(act.Word(1)); }
 
-// set KEY NAME VALUE: in the settings file, before the program starts or as another program does it.
+// installed COMMAND, of all that the program may want to start; installed none.
+void Journey::installed(const Act& act) { onlyProgram = act.Word(1); }
+
+void Journey::StartProgram(const std::string& command) {
+  if (onlyProgram && *onlyProgram != command) Raise(FileNotFound);
+  Tell("program " + Shortened(command));
+}
+
+// set KEY NAME VALUE [text]: in the settings file, before the program starts or as another program does it. The key
+// "International" is the one that the regional values are read from.
 void Journey::set(const Act& act) {
   RegistryTree tree = StoredTree();
-  const bool isWhole = act.Word(1).starts_with("HKEY_");
-  const std::string key = (isWhole ? "" : "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\") + act.Word(1);
+  std::string key = act.Word(1);
+  if (key == "International") key = "HKEY_CURRENT_USER\\Control Panel\\International";
+  if (!key.starts_with("HKEY_")) key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\" + key;
   const std::string value = WithFolder(act.Word(3));
-  const bool isNumber = value.find_first_not_of("0123456789") == std::string::npos && act.Words.size() == 4;
+  const bool isNumber =
+      !value.empty() && value.find_first_not_of("0123456789") == std::string::npos && act.Words.size() == 4;
   MakeKey(tree, key)[act.Word(2)] =
       isNumber ? RegistryValue{REG_DWORD, DwordBytes(static_cast<std::uint32_t>(std::stoul(value)))}
                : RegistryValue{REG_SZ, FromUtf8Lossy(value) + '\0'};
@@ -303,7 +315,9 @@ void Journey::doubleclick(const Act& act) {
 
 // type FIELD TEXT
 void Journey::type(const Act& act) {
-  if (Control& control = Named(act); CanUse(control)) Type(control, FromUtf8Lossy(act.Word(2)));
+  std::string text = act.Word(2);
+  if (text.starts_with("~/")) text.replace(0, 1, folder.Path());
+  if (Control& control = Named(act); CanUse(control)) Type(control, FromUtf8Lossy(text));
 }
 
 // select FIELD FROM LENGTH
@@ -347,7 +361,7 @@ void Journey::Type(Control& control, const std::string& text) {
 void Journey::Press(Form& form, const std::string& key) {
   if (Control* item = ShortcutOf(form, key)) return item->UserClick();
   KeyPress press = PressOf(key);
-  if (press.Character == '\t') return form.MoveFocusOn(press.Shift);
+  if (press.Character == '\t' && !press.Control) return form.MoveFocusOn(press.Shift);
   form.KeyDown(press);
   Control* const active = form.ActiveControl();
   if (auto* box = dynamic_cast<TextBox*>(active); box && key == "Ctrl+V") return box->UserPaste(clipboard);
@@ -358,7 +372,10 @@ void Journey::Press(Form& form, const std::string& key) {
   if (press.key == Key::Escape) button = MarkedButton(form, "escape");
   if (press.key == Key::Enter)
     button = dynamic_cast<Button*>(active) ? active : MarkedButton(form, "default");
-  if (press.Character == ' ' && !dynamic_cast<TextBox*>(active)) button = active;
+  auto* const box = dynamic_cast<TextBox*>(active);
+  if (press.Character == ' ' && !box) button = active;
+  if (box && press.Character != 0 && !press.Control && !press.Alt)
+    box->UserType(std::string(1, press.Character));
   if (button) button->UserClick();
 }
 

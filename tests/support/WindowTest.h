@@ -74,24 +74,6 @@ class WindowTest : public FreshProgram {
     MainForm->Show();
   }
 
-  // The options window, opened anew on one of its tabs, and the service editor on the first service.
-  frmSetup& OpenOptions(int tab) {
-    SetupForm.Reset();
-    SetupForm->Show();
-    if (tab > 1) SetupForm->TabStrip1.UserSelectTab(tab);
-    host.transcript.clear();
-    host.messages.clear();
-    return *SetupForm;
-  }
-  static frmService& EditService() {
-    ServiceForm.Reset();
-    NewService = false;
-    SetupForm->lstServices.SetRows({{"Provider", {}}});
-    SetupForm->lstServices.SelectRow(1);
-    ServiceForm->Show();
-    return *ServiceForm;
-  }
-
   std::string Log() const { return folder.Content("ModemLog.txt"); }
   std::string Status() const { return MainForm->StatusBarMain.Text(); }
 
