@@ -246,8 +246,8 @@ void Journey::StartProgram(const std::string& command) {
   Tell("program " + Shortened(command));
 }
 
-// set KEY NAME VALUE [text]: in the settings file, before the program starts or as another program does it. The key
-// "International" is the one that the regional values are read from.
+// set KEY NAME VALUE [text]: in the settings file, before the program starts or as another program does it.
+// The key "International" is the one that the regional values are read from.
 void Journey::set(const Act& act) {
   RegistryTree tree = StoredTree();
   std::string key = act.Word(1);
