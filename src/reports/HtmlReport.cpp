@@ -109,12 +109,12 @@ std::string KeyFigures(const Cells& totals) {
                  {2, "Sessions", true},
                  {5, ShowBlocks ? "Blocks" : "Data read", true},
                  {6, "Cost", CalcCosts}};
-  std::string text = "<dl class=\"figures\">\n";
+  std::string text = "<div class=\"figures\">\n";
   for (const auto& figure : figures)
     if (figure.shown)
-      text += std::string("<div><dt>") + figure.name + "</dt><dd>" + HtmlText(totals[figure.item]) +
-              "</dd></div>\n";
-  return text + "</dl>\n";
+      text += std::string("<dl><dt>") + figure.name + "</dt><dd>" + HtmlText(totals[figure.item]) +
+              "</dd></dl>\n";
+  return text + "</div>\n";
 }
 
 std::string Moment(Date date, Date time) {

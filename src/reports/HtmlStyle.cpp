@@ -31,7 +31,7 @@ header .period { color: var(--ink); font-size: 1.05rem; }
   color: var(--mark); }
 .figures { display: grid; grid-template-columns: repeat(auto-fit, minmax(11rem, 1fr)); gap: 1rem;
   margin: 0 0 2.5rem; }
-.figures div { padding: 1rem 1.25rem; border: 1px solid var(--line); border-radius: .5rem;
+.figures dl { margin: 0; padding: 1rem 1.25rem; border: 1px solid var(--line); border-radius: .5rem;
   background: var(--panel); }
 .figures dt { color: var(--quiet); font-size: .85rem; }
 .figures dd { margin: .1rem 0 0; font-size: 1.6rem; font-weight: 600; line-height: 1.25;
@@ -83,7 +83,7 @@ svg .bar:hover { opacity: .75; }
   .wide { overflow: visible; }
   .figures { grid-template-columns: repeat(4, 1fr); }
   .figures dd { font-size: 1.25rem; }
-  figure, .figures div, tr { break-inside: avoid; }
+  figure, .figures dl, tr { break-inside: avoid; }
   figure svg { min-width: 0; }
   figure details { display: none; }
   .connections table { font-size: 6.5pt; }

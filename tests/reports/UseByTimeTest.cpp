@@ -2,9 +2,10 @@
 #include <map>
 #include <numeric>
 
-#include "core/CurrencyFormat.h"
+#include "platform/FormatMask.h"
 #include "reports/ChartScale.h"
 #include "reports/UseByTime.h"
+#include "support/Cases.h"
 #include "support/FreshProgram.h"
 
 namespace qel {
@@ -12,6 +13,7 @@ namespace qel {
 namespace {
 
 const Date Day = DateSerial(1999, 3, 1);  // the first of a period of three
+const Date Thursday = DateSerial(1998, 10, 1);
 
 struct Line {
   int day, hour, minute;  // day 0 is the first of the period
@@ -58,48 +60,29 @@ TEST(UseByTime, TimeCountsWhereItPassedAndCostWhereItBegan) {
 }
 
 TEST(UseByTime, LongPeriodsAreDividedIntoLongerSpans) {
-  const struct {
-    int days;
-    SpanLength length;
-    std::size_t spans;
-    Date second;  // first day of the second span; the period begins on a Thursday
-  } cases[] = {
-      {100, SpanLength::Day, 100, DateSerial(1998, 10, 2)},
-      {101, SpanLength::Week, 15, DateSerial(1998, 10, 5)},
-      {701, SpanLength::Month, 23, DateSerial(1998, 11, 1)},
-      {3001, SpanLength::Year, 9, DateSerial(1999, 1, 1)},
-      {32767, SpanLength::Year, 91, DateSerial(1999, 1, 1)},
-  };
-  const Date first = DateSerial(1998, 10, 1);
-  for (const auto& c : cases) {
-    const Date last = first + c.days - 1;
-    const UseByTime use(first, last);
-    EXPECT_EQ(use.Length(), c.length) << c.days;
-    EXPECT_EQ(use.Spans().size(), c.spans) << c.days;
-    EXPECT_EQ(use.Spans()[1].First, c.second) << c.days;
-    EXPECT_EQ(use.Spans()[0].Last + 1, c.second) << c.days;
-    EXPECT_EQ(use.Spans().back().Last, last) << c.days;
+  const char* const lengths[] = {"day", "week", "month", "year"};
+  for (const auto& [days, length, count, second] : Cases("reports/Spans")) {
+    const Date last = Thursday + std::stoi(days) - 1;
+    const UseByTime use(Thursday, last);
+    const auto& spans = use.Spans();
+    EXPECT_EQ(lengths[static_cast<int>(use.Length())], length) << days;
+    EXPECT_EQ(std::to_string(spans.size()), count) << days;
+    EXPECT_EQ(FormatDate(spans[1].First, "yyyy-mm-dd"), second) << days;
+    EXPECT_EQ(spans[0].First, Thursday) << days;
+    EXPECT_EQ(spans.back().Last, last) << days;
+    for (std::size_t i = 1; i < spans.size(); ++i) ASSERT_EQ(spans[i - 1].Last + 1, spans[i].First) << days;
   }
 }
 
 struct ChartScaleTest : FreshProgram {};
 
 TEST_F(ChartScaleTest, AFewReadableLinesReachOverTheHighestValue) {
-  const struct {
-    ChartScale scale;
-    int steps;
-    const char *first, *top;
-  } cases[] = {
-      {TimeScale(1), 1, "1 min", "1 min"},        {TimeScale(1368), 3, "10 min", "30 min"},
-      {TimeScale(7200), 4, "30 min", "120 min"},  {TimeScale(7201), 3, "1 h", "3 h"},
-      {TimeScale(345600), 4, "24 h", "96 h"},     {TimeScale(1.8e6), 3, "200 h", "600 h"},
-      {MoneyScale(0.001), 1, "$0.01", "$0.01"},   {MoneyScale(0.09), 2, "$0.05", "$0.10"},
-      {MoneyScale(84.5), 4, "$25.00", "$100.00"}, {MoneyScale(1e6), 4, "$250,000.00", "$1,000,000.00"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(c.scale.Steps, c.steps) << c.top;
-    EXPECT_EQ(c.scale.Label(c.scale.Step), c.first);
-    EXPECT_EQ(c.scale.Label(c.scale.Top()), c.top);
+  for (const auto& [kind, highest, expected] : Cases<3>("reports/Scales")) {
+    const ChartScale scale = (kind == "time" ? TimeScale : MoneyScale)(std::stod(highest));
+    std::string labels;
+    for (int i = 0; i <= scale.Steps; ++i) labels += (i == 0 ? "" : ", ") + scale.Label(i * scale.Step);
+    EXPECT_EQ(labels, expected) << kind << " " << highest;
+    EXPECT_GE(scale.Top(), std::stod(highest));
   }
 }
 

@@ -1,6 +1,8 @@
-// A fixture with the log and the settings of inputs/, its period the three days of which the whole reports
-// tell.
+// A fixture with a log and its settings from inputs/, of which paths tell the same everywhere. At first it is
+// the week's, for the three days of which it tells.
 #pragma once
+
+#include <sstream>
 
 #include "support/FreshProgram.h"
 
@@ -9,12 +11,31 @@ namespace qel {
 class WeekLog : public FreshProgram {
  protected:
   WeekLog() {
-    std::filesystem::create_directory_symlink(QEL_SOURCE_DIR "/tests/reports", folder.Path("reports"));
-    Registry.Open(folder.Path("reports/inputs/week.reg"), RegistryStore::Access::ReadOnly);
+    std::filesystem::current_path(QEL_SOURCE_DIR "/tests/reports");
+    Open("week");
+    SetPeriod(DateSerial(1999, 3, 1), DateSerial(1999, 3, 3));
+  }
+  ~WeekLog() override { std::filesystem::current_path("/"); }
+
+  // `changes` are of the settings: "Costs CalcCosts="False"; International sDecimal=","".
+  void Open(const std::string& name, const std::string& changes = "") {
+    std::string settings = ReadWholeFile("inputs/" + name + ".reg");
+    std::istringstream words(changes);
+    for (std::string key, value; words >> key && std::getline(words >> std::ws, value, ';');) {
+      const bool region = key == "International";
+      settings += region ? "\n[HKEY_CURRENT_USER\\Control Panel\\" : "\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\";
+      settings += key + "]\n\"" + value.insert(value.find('='), "\"") + "\n";
+    }
+    folder.Put("settings.reg", settings);
+    Registry.Open(folder.Path("settings.reg"), RegistryStore::Access::ReadOnly);
+    GetCurrencySymbolInfo();
+    BuildDateMask();
+    BuildDayNames();
     ReadUserParameters();
     FillMissingSettings();
-    OpenLog(folder.Content("reports/inputs/week.log"));
-    SetPeriod(DateSerial(1999, 3, 1), DateSerial(1999, 3, 3));
+    SetCurrentLog("inputs/", name + ".log");
+    LogExists = ArchiveOpen = true;
+    GetLogStats(false);
   }
 };
 
