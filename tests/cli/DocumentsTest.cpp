@@ -77,7 +77,7 @@ class Documents : public Qelreport {
     folder.Put("complete", "source share/completions/qelreport.bash\nCOMP_WORDS=(qelreport " + words +
                                ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_qelreport\n"
                                "((${#COMPREPLY[@]} == 0)) || printf '%s\\n' \"${COMPREPLY[@]}\"\n");
-    const Result run = RunProgram("bash complete");
+    const Result run = Run("bash complete");
     EXPECT_EQ(run.err, "") << words;
     return Lines(run.out);
   }
@@ -92,14 +92,13 @@ TEST_F(Documents, TheReadmeHasAllOptionsAndItsExamplesRun) {
     if (line.starts_with("    qelreport [") || line.starts_with("        ")) usage += line;
     if (!line.starts_with("    ./run --")) continue;
     ++examples;
-    EXPECT_EQ(Run(line.substr(9)).status, 0) << line;
+    EXPECT_EQ(Run("qelreport " + line.substr(9)).status, 0) << line;
   }
   EXPECT_GT(examples, 0);
   EXPECT_EQ(InBrackets(usage), Options());
 }
 
 TEST_F(Documents, AllOfThemTellTheShortFormOfHelp) {
-  EXPECT_EQ(Run("-h").out, HelpText());
   EXPECT_EQ(Completed("-h"), Texts{"-h"});
   const std::pair<const char*, const char*> places[] = {
       {"source/README.md", "`-h`"},
@@ -113,7 +112,7 @@ TEST_F(Documents, AllOfThemTellTheShortFormOfHelp) {
 TEST_F(Documents, TheManualPageHasAllOptionsAndItsExamplesRun) {
   folder.Put("ModemLog.txt", folder.Content("share/samples/ModemLog.txt"));
   folder.Put("QEL.reg", folder.Content("share/samples/QEL.reg"));
-  const std::string program = ".Dl qelreport ";
+  const std::string program = ".Dl ";
   Texts synopsis, explained;
   int examples = 0;
   for (const auto& line : Lines(folder.Content("share/man/qelreport.1"))) {
@@ -138,7 +137,8 @@ TEST_F(Documents, BashCompletesOptionsAndTheirValues) {
     const std::string value = words.size() > 1 ? words[1] : "";
     Texts expected;
     if (value.empty()) expected = WithShort(Names());
-    if (value == "FILE") expected = {"complete", "err", "home", "log", "out", "share", "source", "week.reg"};
+    if (value == "FILE")
+      expected = {"command", "complete", "err", "home", "log", "out", "rc", "share", "source", "week.reg"};
     if (value == "FILE.reg") expected = {"home", "share", "source", "week.reg"};
     if (value.find('|') != std::string::npos) expected = Parts(value, '|');
     Texts proposed = Completed(words[0] + " ''");

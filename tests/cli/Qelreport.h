@@ -1,4 +1,4 @@
-// A fixture for qelreport as a process, with the log and the settings of tests/reports.
+// A fixture for qelreport at a shell, with the log and the settings of tests/reports.
 #pragma once
 
 #include <cstdlib>
@@ -15,7 +15,7 @@ struct Result {
   std::string out, err;
 };
 
-// Runs in a folder of its own, with a fresh home and no locale.
+// Commands run in a folder of its own, with a fresh home and no locale. The file "rc" holds what they know.
 class Qelreport : public ::testing::Test {
  protected:
   Qelreport() {
@@ -23,18 +23,19 @@ class Qelreport : public ::testing::Test {
     std::filesystem::create_directory_symlink(QEL_SOURCE_DIR, folder.Path("source"));
     folder.Put("log", folder.Content("source/tests/reports/inputs/week.log"));
     folder.Put("week.reg", folder.Content("source/tests/reports/inputs/week.reg"));
+    folder.Put(
+        "rc",
+        "qelreport() { '" QELREPORT
+        "' \"$@\"; }\n"
+        "entry() { printf '03-01-1999 10:00:00.00 - %s\\r\\n' \"$1\"; }\n"
+        "settings() { printf '%s\\r\\n' REGEDIT4 '[HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\General]' \"$@\"; }\n");
   }
 
-  Result Run(const std::string& arguments) const { return RunProgram("'" QELREPORT "' " + arguments); }
-
-  Result RunProgram(const std::string& program) const {
-    const std::string command = "cd " + folder.Path() + " && env -i HOME=home " + program;
-    const int result = std::system((command + " >out 2>err").c_str());
+  Result Run(const std::string& command) const {
+    folder.Put("command", ". ./rc\n" + command + "\n");
+    const std::string shell = "cd " + folder.Path() + " && env -i HOME=home PATH=/usr/bin:/bin sh command";
+    const int result = std::system((shell + " >out 2>err").c_str());
     return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, folder.Content("out"), folder.Content("err")};
-  }
-
-  void PutSettings(const std::string& name, const std::string& values) const {
-    folder.Put(name, "REGEDIT4\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\General]\r\n" + values + "\r\n");
   }
 
   TemporaryFolder folder;

@@ -36,15 +36,6 @@ class SettingsImport : public FreshProgram {
 
 }  // namespace
 
-TEST_F(SettingsImport, ReplacesValuesOfTheSameNameAndTellsHowMany) {
-  folder.Put("one.reg", File("\"MaxServices\"=dword:00000014\r\n"));
-  ASSERT_TRUE(Import("one.reg"));
-  EXPECT_EQ(told, "qelreport: " + folder.Path("one.reg") + ": imported 1 value in 1 key\n");
-  EXPECT_TRUE(StoreHolds("\"MaxServices\"=dword:00000014") && StoreHolds("\"Mine\"=\"1\""));
-  ASSERT_TRUE(ImportSettings(QEL_SOURCE_DIR "/share/samples/QEL.reg"));
-  EXPECT_TRUE(StoreHolds("\"ServiceName1\"=\"Harbour Net\"") && !StoreHolds("Control Panel"));
-}
-
 TEST_F(SettingsImport, ARunningProgramPutsNothingBack) {
   const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\General";
   RegistryStore running;
@@ -58,40 +49,6 @@ TEST_F(SettingsImport, ARunningProgramPutsNothingBack) {
     EXPECT_TRUE(StoreHolds("\"MaxServices\"=dword:00000014") && StoreHolds("\"New\"=\"1\""));
     EXPECT_TRUE(StoreHolds("\"Mine\"=\"" + size + "\""));
   }
-}
-
-TEST_F(SettingsImport, AFileThatIsNotTakenLeavesTheStoreToTheByte) {
-  const std::pair<const char*, std::string> files[] = {
-      {"missing.reg", ""},
-      {".", ""},
-      {"empty.reg", ""},
-      {"binary.reg", std::string("\0\1\2", 3)},
-      {"cut.reg", File("\"MaxServices\"=dword:00000014\r\n\"ModemLogFile\"=\"a")},
-      {"foreign.reg", "REGEDIT4\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\r\n\"a\"=\"1\"\r\n"},
-      {"type.reg", File("\"MaxConnections\"=dword:00000014\r\n\"MaxServices\"=\"20\"\r\n")},
-  };
-  for (const auto& [name, content] : files) {
-    if (!content.empty() || name == std::string("empty.reg")) folder.Put(name, content);
-    for (const std::string& store : {old, std::string("damaged")}) {
-      folder.Put("registry.reg", store);
-      EXPECT_FALSE(Import(name)) << name;
-      EXPECT_TRUE(told.starts_with("qelreport: cannot import ")) << told;
-      EXPECT_EQ(folder.Content("registry.reg"), store) << name;
-    }
-  }
-  EXPECT_FALSE(folder.Has("registry.reg.bad"));
-}
-
-TEST_F(SettingsImport, ADamagedStoreIsSetAsideForAGoodFile) {
-  folder.Put("registry.reg", "damaged");
-  folder.Put("registry.reg.bad", "older");
-  testing::internal::CaptureStderr();
-  ASSERT_TRUE(ImportSettings(QEL_SOURCE_DIR "/share/samples/QEL.reg"));
-  EXPECT_TRUE(testing::internal::GetCapturedStderr().starts_with("qelreport: " + folder.Path("registry.reg") +
-                                                                 " could not be read (line 1: neither"));
-  EXPECT_EQ(folder.Content("registry.reg.bad"), "older");
-  EXPECT_EQ(folder.Content("registry.reg.bad-2"), "damaged");
-  EXPECT_TRUE(StoreHolds("\"ServiceName1\"=\"Harbour Net\""));
 }
 
 TEST_F(SettingsImport, EveryFailingStepLeavesTheOldOrTheNewStore) {
