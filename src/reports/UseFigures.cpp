@@ -1,8 +1,8 @@
 #include "reports/UseFigures.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
+#include <vector>
 
 #include "core/CurrencyFormat.h"
 #include "core/GeneralFunctions.h"
@@ -26,13 +26,13 @@ struct SpanWords {
   const char* Title;
   const char* Column;
   const char* Mask;  // of a span's first day
-  std::array<std::size_t, 5> TickSteps;
+  std::vector<std::size_t> TickSteps;
 };
 
 const SpanWords& WordsFor(SpanLength length) {
-  static const SpanWords words[] = {{"By day", "Day", "Short Date", {1, 2, 7, 14, 14}},
+  static const SpanWords words[] = {{"By day", "Day", "Short Date", {1, 2, 7, 14}},
                                     {"By week", "Week from", "Short Date", {1, 2, 4, 8, 13}},
-                                    {"By month", "Month", "mmm yyyy", {1, 3, 6, 12, 12}},
+                                    {"By month", "Month", "mmm yyyy", {1, 3, 6, 12}},
                                     {"By year", "Year", "yyyy", {1, 2, 5, 10, 20}}};
   return words[static_cast<std::size_t>(length)];
 }

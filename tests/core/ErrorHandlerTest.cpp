@@ -1,57 +1,61 @@
 #include <gtest/gtest.h>
+#include <memory>
 
 #include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/Version.h"
+#include "platform/RegistryStore.h"
+#include "support/Expected.h"
 #include "support/ScriptedHost.h"
+#include "support/TemporaryFolder.h"
 
 namespace qel {
 
-struct ErrorHandlerTest : testing::Test {
+namespace {
+
+// A message as its user meets it, the default button starred.
+std::string Shown(const Message& message) {
+  const char* const icons[] = {"none", "critical", "question", "exclamation", "information"};
+  const std::vector<std::string> buttons[] = {
+      {"OK"}, {"OK", "Cancel"}, {"Abort", "Retry", "Ignore"}, {"Yes", "No"}};
+  std::string text = "  \"" + message.Title + "\", " + icons[static_cast<int>(message.icon)] + ",";
+  int place = 0;
+  for (const auto& button : buttons[static_cast<int>(message.buttons)])
+    text += " [" + button + (++place == message.DefaultButton ? "*]" : "]");
+  text += message.HelpContext == 0 ? "\n" : " help " + std::to_string(message.HelpContext) + "\n";
+  for (const char c : "    " + message.Text)
+    text += c == '\r' ? "\\r" : c == '\n' ? "\n    " : std::string(1, c);
+  return text + "\n";
+}
+
+class ErrorHandlerTest : public testing::Test {
+ protected:
   ErrorHandlerTest() { ModuleTrace = "M", ProcedureTrace = "P", StepTrace = "S", OSName = "WIN 98"; }
   ScriptedHost host;
 };
 
-TEST_F(ErrorHandlerTest, EachDiskErrorHasItsWordsAndButtons) {
-  const Buttons OK = Buttons::OK, OKCancel = Buttons::OKCancel, All = Buttons::AbortRetryIgnore;
-  const std::tuple<int, Buttons, std::string> cases[] = {
-      {52, All, "That filename is illegal."},
-      {54, OK, "Can't open your file for that type of access."},
-      {55, OK, "\nThis file is already open."},
-      {57, OK, "Internal disk error."},
-      {61, All, "Disk is full. Continue?"},
-      {62, All, "Module: M\r\nSub: P\r\nRef: S\r\nVerion: " + VersionText() + "\r\nOS: WIN 98\r\nThis"},
-      {64, All, "That filename is illegal."},
-      {68, OKCancel, "That device appears unavailable."},
-      {70, OK, "QEL cannot gain access to your modem log file!\r\n\r\nEither another application or"},
-      {71, OKCancel, "Insert a disk in the drive and close the door."},
-      {75, OK, "QEL cannot gain access to a file!\r\n\r\nAnother application or Windows process is"},
-      {76, All, "That path doesn't exist."},
-  };
-  for (const auto& [number, buttons, text] : cases) {
-    const bool fatal = number == 70 || number == 75;
-    host.answers = {Answer::Retry};
-    EXPECT_EQ(ErrorHandler(RunTimeError(number)), fatal ? 3 : 0) << number;
-    const Message& shown = host.messages.back();
-    EXPECT_EQ(shown.Text.substr(0, text.size()), text);
-    EXPECT_EQ(shown.Title, !fatal ? "Disk Error" : number == 70 ? "QEL - Lock Error" : "QEL - Access Error");
-    EXPECT_EQ(shown.icon, fatal ? Icon::Critical : Icon::Exclamation) << number;
-    EXPECT_EQ(shown.buttons, buttons) << number;
+}  // namespace
+
+TEST_F(ErrorHandlerTest, EachErrorHasItsWordsButtonsAndResults) {
+  std::string told;
+  for (const int number : {10, 13, 52, 54, 55, 57, 61, 62, 64, 68, 70, 71, 75, 76}) {
+    told += "error " + std::to_string(number) + ": OK, Cancel, Abort, Retry, Ignore, No =";
+    for (const Answer answer :
+         {Answer::OK, Answer::Cancel, Answer::Abort, Answer::Retry, Answer::Ignore, Answer::No}) {
+      host.messages.clear();
+      host.answers.assign(2, answer);
+      told += " " + std::to_string(ErrorHandler(RunTimeError(number, "Disk", 5)));
+    }
+    told += "\n";
+    for (const auto& message : host.messages) told += Shown(message);
   }
+  ExpectFile("core/Errors.expected", told + "clipboard\n" + host.clipboard);
 }
 
-TEST_F(ErrorHandlerTest, AReportIsShownTwiceAndTheSecondAnswerCounts) {
+TEST_F(ErrorHandlerTest, OfAReportShownTwiceTheSecondAnswerCounts) {
   host.answers = {Answer::Abort, Answer::Cancel, Answer::Ignore, Answer::OK, Answer::OK, Answer::No};
-  for (const int result : {1, 0, 3}) EXPECT_EQ(ErrorHandler(RunTimeError(13, "Disk", 5)), result);
-  const std::string report =
-      "An Error has occurred during processing.\r\n\r\nIf you receive this error often then please note the"
-      "\r\nfollowing details and report them to QEL Technical\r\nSupport by emailing support@qel.example.\r\n"
-      "\r\nError code: 13\r\nDescription: Type mismatch\r\nLast DLL Error: 5\r\nModule: M\r\nSub: P\r\n";
-  EXPECT_EQ(host.clipboard, report + "Ref: S\r\nVersion: " + VersionText() + "\r\nOS: WIN 98\r\n");
-  EXPECT_TRUE(host.messages[1].Text.starts_with(host.clipboard + "\r\nThe above information has been"));
-  EXPECT_EQ(std::tuple(host.messages[0].HelpContext, host.messages[1].HelpContext), std::tuple(92, 0));
-  EXPECT_EQ(host.messages[0].Title + ", " + host.messages[1].Title, "Disk - Error, QEL");
+  for (const int result : {1, 0, 3}) EXPECT_EQ(ErrorHandler(RunTimeError(13)), result);
 }
 
 TEST_F(ErrorHandlerTest, AStatementIsRepeatedSkippedOrEndsTheProgram) {
@@ -63,6 +67,20 @@ TEST_F(ErrorHandlerTest, AStatementIsRepeatedSkippedOrEndsTheProgram) {
   EXPECT_THROW(Attempt(failing), ProgramEnd);
   EXPECT_FALSE(Attempt([] { Raise(10); }));
   EXPECT_EQ(host.messages.size(), 4u) << "error 10 is passed over without a word";
+}
+
+TEST_F(ErrorHandlerTest, SettingsThatCannotBeWrittenAreToldOnce) {
+  const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL";
+  const auto folder = std::make_unique<TemporaryFolder>();
+  Registry.Open(folder->Path("none/registry.reg"), RegistryStore::Access::Shared);
+  Registry.CreateKey(key);
+  folder->Put("none", "");
+  testing::internal::CaptureStderr();
+  SaveRegistry();
+  EXPECT_THROW(EndProgram(), ProgramEnd);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "qel: the settings could not be written: Path not found\n");
+  Registry.Reset();
 }
 
 }  // namespace qel

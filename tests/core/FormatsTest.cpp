@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "platform/DateConversion.h"
 #include "platform/FormatMask.h"
 #include "support/Cases.h"
@@ -8,29 +10,53 @@ namespace qel {
 
 using Formats = FreshProgram;
 
-TEST_F(Formats, NumbersAndAmountsFollowTheRegion) {
-  EXPECT_EQ(FormatCurrency(1234.5, "$", 1, 0, 2, 0), "$1,234.50");
-  EXPECT_EQ(FormatCurrency(0.12345, "EUR", 0, 1, 2, 4), "0.1235 EUR");
-  EXPECT_EQ(Format_Dplaces("0.12345", 4), "0.1235");
-  Region = Germany();
-  NumberDecimal = ",", NumberThousand = ".", CurrencyDigits = 0;
-  EXPECT_EQ(FormatCurrency(1234.5, "DM", 0, 1, 0, 2), "1.234,5 DM");
-  EXPECT_EQ(Format_Dplaces("5,25", 4), "5,25");
-  EXPECT_EQ(Format_Dplaces("5 Mark", 4), "");
-  EXPECT_EQ(XVal("1.234,5 k"), 1234.5);
-  EXPECT_EQ(XVal("1,5.3"), 1) << "a decimal symbol before the thousands is none";
+std::string Formatted(const std::string& what, const std::string& given) {
+  std::istringstream words(given);
+  double number = 0;
+  int places = 0, digits = 0;
+  words >> number >> digits >> places;
+  if (what == "before") return FormatCurrency(number, "$", 1, 0, Int16(digits), Int16(places));
+  if (what == "behind") return FormatCurrency(number, "EUR", 0, 1, Int16(digits), Int16(places));
+  if (what == "spaced") return FormatCurrency(number, "Fr", 1, 2, Int16(digits), Int16(places));
+  if (what == "time") return FormatTime(static_cast<float>(number), false);
+  if (what == "no hours") return FormatTime(static_cast<float>(number), true);
+  if (what == "value") return std::to_string(XVal(given));
+  return Format_Dplaces(given, Int16(std::stoi(what)));  // up to so many decimals
 }
 
-TEST_F(Formats, TimesHaveTwoDigitsAtLeast) {
-  EXPECT_EQ(FormatTime(3661, false), "01:01:01");
-  EXPECT_EQ(FormatTime(59.6F, false), "00:00:59");
-  EXPECT_EQ(FormatTime(5400, true), "30:00");
+// The United States, and a region that swaps their decimal symbol and separator and writes no cents.
+TEST_F(Formats, NumbersAndAmountsFollowTheRegion) {
+  for (const auto& [what, given, own, german] : Cases("core/Formats")) {
+    for (const bool inGermany : {false, true}) {
+      Region = inGermany ? Germany() : UnitedStates();
+      NumberDecimal = Region.NumberDecimal, NumberThousand = Region.NumberThousand;
+      CurrencyDigits = inGermany ? 0 : 2;
+      TimeSeparator = inGermany ? "." : ":";
+      EXPECT_EQ(Formatted(what, given), inGermany ? german : own) << what << " " << given;
+    }
+  }
 }
 
 TEST_F(Formats, DatesFitTheirMask) {
   EXPECT_EQ(format_date("1-5 -99", "-"), "01/05/99");
   EXPECT_EQ(format_date("January 5, 1999"), "1/5/1999") << "no separators: the short date";
   EXPECT_THROW(format_date("never"), RunTimeError);
+}
+
+TEST_F(Formats, TextsAreCutAndPadded) {
+  EXPECT_EQ(PadLeft(" 7 ", '0', 3) + PadLeft("1234", '0', 3) + PadLeft("", 'x', 2) + PadLeft("a", 'x', -1),
+            "0071234xxa");
+  EXPECT_EQ(FileNamePart("/a/b") + FileNamePart("b") + FileNamePart("/a/"), "bb");
+  EXPECT_EQ(FolderPart("/a/b") + FolderPart("b") + FolderPart("/a/"), "/a//a/");
+  EXPECT_EQ(TextBefore("a.b.c", ".") + TextBefore("abc", "."), "aabc");
+  std::string days;
+  for (std::size_t i = 0; i < 7; ++i)
+    days += ShortDayNames[i] + std::to_string(DayIndex(LongDayNames[i])) +
+            std::to_string(DayIndex(ShortDayNames[i]));
+  EXPECT_EQ(days, "Mon10Tue20Wed30Thu40Fri50Sat60Sun70");
+  folder.Put("file", "");
+  EXPECT_TRUE(FileExists(folder.Path("file")));
+  EXPECT_FALSE(FileExists("") || FileExists(folder.Path()) || FileExists(folder.Path("none")));
 }
 
 // Mask, short date, field and reading agree, whatever the pattern.

@@ -5,6 +5,7 @@
 #include "platform/FormatMask.h"
 #include "reports/ChartScale.h"
 #include "reports/UseByTime.h"
+#include "reports/UseFigures.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
 
@@ -25,6 +26,16 @@ void Add(UseByTime& use, const Line& given, double cost) {
   connection.StartDate = Day + given.day;
   connection.StartTime = TimeSerial(given.hour, given.minute, 0);
   use.Add({connection, 1, false, given.seconds, 0, 0, 0, cost});
+}
+
+std::string TicksOf(const std::string& chart) {
+  const std::string mark = "<text class=\"middle\"";
+  std::string ticks;
+  for (auto at = chart.find(mark); at != std::string::npos; at = chart.find(mark, at + 1)) {
+    const auto begin = chart.find('>', at) + 1;
+    ticks += (ticks.empty() ? "" : ", ") + chart.substr(begin, chart.find('<', begin) - begin);
+  }
+  return ticks;
 }
 
 double Sum(const std::array<double, 24>& hours) { return std::accumulate(hours.begin(), hours.end(), 0.0); }
@@ -59,11 +70,13 @@ TEST(UseByTime, TimeCountsWhereItPassedAndCostWhereItBegan) {
   }
 }
 
-TEST(UseByTime, LongPeriodsAreDividedIntoLongerSpans) {
+struct ChartTest : FreshProgram {};
+
+TEST_F(ChartTest, LongPeriodsAreDividedIntoLongerSpans) {
   const char* const lengths[] = {"day", "week", "month", "year"};
-  for (const auto& [days, length, count, second] : Cases("reports/Spans")) {
+  for (const auto& [days, length, count, second, ticks] : Cases<5>("reports/Spans")) {
     const Date last = Thursday + std::stoi(days) - 1;
-    const UseByTime use(Thursday, last);
+    UseByTime use(Thursday, last);
     const auto& spans = use.Spans();
     EXPECT_EQ(lengths[static_cast<int>(use.Length())], length) << days;
     EXPECT_EQ(std::to_string(spans.size()), count) << days;
@@ -71,12 +84,12 @@ TEST(UseByTime, LongPeriodsAreDividedIntoLongerSpans) {
     EXPECT_EQ(spans[0].First, Thursday) << days;
     EXPECT_EQ(spans.back().Last, last) << days;
     for (std::size_t i = 1; i < spans.size(); ++i) ASSERT_EQ(spans[i - 1].Last + 1, spans[i].First) << days;
+    Add(use, {0, 10, 0, 600}, 1);
+    EXPECT_EQ(TicksOf(UseOverPeriod(use)), ticks) << days;
   }
 }
 
-struct ChartScaleTest : FreshProgram {};
-
-TEST_F(ChartScaleTest, AFewReadableLinesReachOverTheHighestValue) {
+TEST_F(ChartTest, AFewReadableLinesReachOverTheHighestValue) {
   for (const auto& [kind, highest, expected] : Cases<3>("reports/Scales")) {
     const ChartScale scale = (kind == "time" ? TimeScale : MoneyScale)(std::stod(highest));
     std::string labels;
