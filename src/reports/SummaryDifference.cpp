@@ -143,26 +143,22 @@ Comparisons::Comparisons() {
   AddPassedOver();
 }
 
-std::string MoreOrLess(bool more) { return more ? " more" : " less"; }
-
 // "2 sessions more, $1.20 less"; empty where the reports would show the same.
 std::string DifferenceOf(const ServiceUse& summary, const ServiceUse& connections) {
   std::string text;
-  const auto add = [&text](const std::string& amount, bool more) {
-    text += (text.empty() ? "" : ", ") + amount + MoreOrLess(more);
+  const auto add = [&text](const std::string& amount, double difference) {
+    text += (text.empty() ? "" : ", ") + amount + (difference > 0 ? " more" : " less");
   };
   const long sessions = summary.Sessions - connections.Sessions;
   if (sessions != 0)
     add(std::to_string(std::labs(sessions)) + (std::labs(sessions) == 1 ? " session" : " sessions"),
-        sessions > 0);
-  const long seconds = summary.Seconds - connections.Seconds;
-  if (seconds != 0) add(FormatTime(static_cast<float>(std::labs(seconds)), false), seconds > 0);
-  const long bytes = summary.BytesRead - connections.BytesRead;
-  if (std::labs(bytes) >= 512)
-    add(FormatNumber(static_cast<double>(std::labs(bytes)) / 1024, "#,##0") + "K of data", bytes > 0);
+        static_cast<double>(sessions));
+  const auto seconds = static_cast<double>(summary.Seconds - connections.Seconds);
+  if (seconds != 0) add(FormatTime(static_cast<float>(std::fabs(seconds)), false), seconds);
+  const auto bytes = static_cast<double>(summary.BytesRead - connections.BytesRead);
+  if (std::fabs(bytes) >= 512) add(FormatNumber(std::fabs(bytes) / 1024, "#,##0") + "K of data", bytes);
   const double cost = summary.TotalCost - connections.TotalCost;
-  if (std::fabs(cost) >= 0.5 * std::pow(10.0, -int{CurrencyDigits}))
-    add(MoneyText(std::fabs(cost)), cost > 0);
+  if (std::fabs(cost) >= 0.5 * std::pow(10.0, -int{CurrencyDigits})) add(MoneyText(std::fabs(cost)), cost);
   return text;
 }
 
