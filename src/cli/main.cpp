@@ -39,7 +39,7 @@ int main(int count, char** words) {
     qel::Complain(error.Description());
     return qel::NoReport;
   } catch (const std::bad_alloc&) {
-    qel::Complain("out of memory");
+    qel::Complain(qel::ErrorDescription(qel::OutOfMemory));
     return qel::NoReport;
   }
 }
