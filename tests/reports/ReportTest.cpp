@@ -1,5 +1,6 @@
 // The reports of several logs in all their forms, against whole files, which QEL_ACCEPT=1 makes anew.
 // inputs/week.log and inputs/week.reg tell how its figures come about.
+#include <algorithm>
 #include <sstream>
 
 #include "platform/DateConversion.h"
@@ -103,6 +104,31 @@ TEST_F(ReportTest, AStatementThatIsRepeatedAddsNothingTwice) {
       }
     }
   }
+}
+
+// At each of eight connections the windows are repainted, under the hourglass.
+TEST_F(ReportTest, ProgressIsToldOnceForEveryPercent) {
+  struct Watch : Display {
+    void ShowProgress(bool visible) override { seen += visible ? "shown" : " gone"; }
+    void Progress(Int16 percent) override { seen += " " + std::to_string(percent); }
+    std::string seen;
+  };
+  Analyse();
+  Watch watch;
+  SetDisplay(watch);
+  host.yielded = [&] { watch.seen += host.pointer == MousePointer::Hourglass ? "%" : "?"; };
+  DisplayDetailReport();
+  EXPECT_EQ(watch.seen, "shown 12% 25% 37% 50% 62% 75% 87% 100% gone");
+  watch.seen = "";
+  SummaryPage();
+  EXPECT_EQ(watch.seen, "shown 12? 25? 37? 50? 62? 75? 87? 100? gone");
+  EXPECT_EQ(host.pointer, MousePointer::Default);
+  Open("week", "General MaxConnections=dword:000000c8");
+  Analyse();
+  ConnectionCount = 200;
+  watch.seen = "";
+  SummaryPage();
+  EXPECT_EQ(std::ranges::count(watch.seen, '?'), 100);
 }
 
 TEST_F(ReportTest, ASumThatOverflowsAloneLacksWhatWasIgnored) {
