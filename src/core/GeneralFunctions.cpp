@@ -128,7 +128,7 @@ double XVal(const std::string& text) {
     if (i == decimal && !NumberDecimal.empty()) {
       plain += ".";
       i += NumberDecimal.size();
-    } else if (i < decimal && !NumberThousand.empty() && NumberThousand != NumberDecimal &&
+    } else if (i < decimal && !NumberThousand.empty() &&
                text.compare(i, NumberThousand.size(), NumberThousand) == 0) {
       i += NumberThousand.size();
     } else {

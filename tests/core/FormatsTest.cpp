@@ -37,6 +37,41 @@ TEST_F(Formats, NumbersAndAmountsFollowTheRegion) {
   }
 }
 
+TEST_F(Formats, NumbersNeedNoSeparators) {
+  NumberDecimal = ",";
+  for (const char* thousand : {"", ","}) {
+    NumberThousand = thousand;
+    EXPECT_EQ(XVal("1234,5"), 1234.5);
+  }
+  NumberDecimal = "";
+  EXPECT_EQ(XVal("1234.5"), 1234.5);
+}
+
+// The settings store says it, value by value.
+TEST_F(Formats, TheRegionIsReadOnce) {
+  const std::string key = "HKEY_CURRENT_USER\\Control Panel\\International";
+  Registry.CreateKey(key);
+  for (const auto& [name, value] : {std::pair{"sCountry", "Land"},
+                                    {"sCurrency", "Cur"},
+                                    {"iCurrency", "3"},
+                                    {"iCurrDigits", "4"},
+                                    {"sMonDecimalSep", "d"},
+                                    {"sMonThousandSep", "t"},
+                                    {"sDecimal", "D"},
+                                    {"sThousand", "T"},
+                                    {"sDate", "-"},
+                                    {"sTime", "."},
+                                    {"sShortDate", "d-M-yy"}})
+    Registry.Set(key, name, {REG_SZ, value + std::string(1, '\0')});
+  GetCurrencySymbolInfo();
+  EXPECT_EQ(Country + " " + CurrencySymbol + " " + MoneyDecimal + MoneyThousand + NumberDecimal +
+                NumberThousand + DateSeparator + TimeSeparator + " " + ShortDatePattern,
+            "Land Cur dtDT-. d-M-yy");
+  EXPECT_EQ(std::to_string(SymbolPrecedes) + std::to_string(SymbolSpaced) + std::to_string(CurrencyDigits),
+            "014");
+  EXPECT_EQ(MoneyText(2), "2D0000 Cur");
+}
+
 TEST_F(Formats, DatesFitTheirMask) {
   EXPECT_EQ(format_date("1-5 -99", "-"), "01/05/99");
   EXPECT_EQ(format_date("January 5, 1999"), "1/5/1999") << "no separators: the short date";
