@@ -50,12 +50,14 @@ TEST_F(ErrorHandlerTest, EachErrorHasItsWordsButtonsAndResults) {
     told += "\n";
     for (const auto& message : host.messages) told += Shown(message);
   }
-  ExpectFile("core/Errors.expected", told + "clipboard\n" + host.clipboard);
+  ExpectFile("core/Errors.expected", told);
 }
 
 TEST_F(ErrorHandlerTest, OfAReportShownTwiceTheSecondAnswerCounts) {
   host.answers = {Answer::Abort, Answer::Cancel, Answer::Ignore, Answer::OK, Answer::OK, Answer::No};
   for (const int result : {1, 0, 3}) EXPECT_EQ(ErrorHandler(RunTimeError(13)), result);
+  EXPECT_TRUE(host.messages[1].Text.starts_with(host.clipboard + "\r\nThe above information"));
+  EXPECT_TRUE(host.clipboard.ends_with("\r\nOS: WIN 98\r\n")) << host.clipboard;
 }
 
 TEST_F(ErrorHandlerTest, AStatementIsRepeatedSkippedOrEndsTheProgram) {
