@@ -11,12 +11,12 @@ namespace qel {
 std::string ModuleTrace, ProcedureTrace, StepTrace;
 std::string AppPath, HelpFile, WindowsDir, DefaultLogFile, DefaultLogDir, OSName;
 std::string TimeFormat;
-bool SettingsDirty = false;
+bool SettingsDirty;
 std::string ActiveLogFile, ActiveLogDir;
 std::string CurrentLogFile, CurrentLogDir, CurrentLogPath;
-bool ArchiveOpen = false;
-bool LogExists = false, LogCorrupt = false, LogTooBig = false, LogEmpty = false, LogInvalid = false;
-bool TipShown = false;
+bool ArchiveOpen;
+bool LogExists, LogCorrupt, LogTooBig, LogEmpty, LogInvalid;
+bool TipShown;
 
 namespace {
 
