@@ -5,6 +5,7 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/Version.h"
+#include "platform/Files.h"
 #include "platform/RegistryStore.h"
 #include "support/Expected.h"
 #include "support/ScriptedHost.h"
@@ -83,6 +84,17 @@ TEST_F(ErrorHandlerTest, SettingsThatCannotBeWrittenAreToldOnce) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "qel: the settings could not be written: Path not found\n");
   Registry.Reset();
+}
+
+TEST(EndProgram, ClosesTheFiles) {
+  const auto openFiles = [] {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  };
+  ScriptedHost host;
+  const auto before = openFiles();
+  LineReader file("/dev/null");
+  EXPECT_THROW(EndProgram(), ProgramEnd);
+  EXPECT_EQ(openFiles(), before);
 }
 
 }  // namespace qel
