@@ -15,22 +15,6 @@ namespace {
 Disk systemDisk;
 Disk* current = &systemDisk;
 
-// Where the file system knows no renaming that spares what is there: by a second name; where it knows none
-// of these either, by looking first, which leaves an instant to whoever makes the file meanwhile.
-int RenameByLink(const std::string& from, const std::string& to) {
-  if (::link(from.c_str(), to.c_str()) == 0) {
-    if (::unlink(from.c_str()) == 0) return 0;
-    const int systemError = errno;
-    ::unlink(to.c_str());
-    errno = systemError;
-    return -1;
-  }
-  if (errno != EPERM && errno != ENOTSUP && errno != EOPNOTSUPP && errno != ENOSYS) return -1;
-  if (::access(to.c_str(), F_OK) != 0) return std::rename(from.c_str(), to.c_str());
-  errno = EEXIST;
-  return -1;
-}
-
 }  // namespace
 
 int Disk::Open(const std::string& path, int flags, mode_t mode) {
@@ -69,12 +53,29 @@ int Disk::Rename(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str());
 }
 int Disk::RenameNew(const std::string& from, const std::string& to) {
-#ifdef RENAME_NOREPLACE
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (RenameNewAtOnce(from, to) == 0) return 0;
   if (errno != EINVAL && errno != ENOSYS) return -1;
-#endif
-  return RenameByLink(from, to);
+  if (Link(from, to) == 0) {
+    if (Remove(from) == 0) return 0;
+    const int systemError = errno;
+    Remove(to);
+    errno = systemError;
+    return -1;
+  }
+  if (errno != EPERM && errno != ENOTSUP && errno != EOPNOTSUPP && errno != ENOSYS) return -1;
+  if (::access(to.c_str(), F_OK) != 0) return Rename(from, to);
+  errno = EEXIST;
+  return -1;
 }
+int Disk::RenameNewAtOnce(const std::string& from, const std::string& to) {
+#ifdef RENAME_NOREPLACE
+  return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+#else
+  errno = ENOSYS;
+  return -1;
+#endif
+}
+int Disk::Link(const std::string& from, const std::string& to) { return ::link(from.c_str(), to.c_str()); }
 int Disk::Remove(const std::string& path) { return ::unlink(path.c_str()); }
 int Disk::MakeFolder(const std::string& path, mode_t mode) { return ::mkdir(path.c_str(), mode); }
 int Disk::List(const std::string& folder, std::vector<std::string>& names) {
