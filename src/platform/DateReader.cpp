@@ -80,8 +80,11 @@ bool DateReader::Take(std::string_view text) {
 
 // A whole word: no letter follows.
 bool DateReader::TakeWord(std::string_view word) {
-  if (rest.size() > word.size() && IsLetter(rest[word.size()])) return false;
-  return Take(word);
+  const DateReader before = *this;
+  if (!Take(word)) return false;
+  if (rest.empty() || !IsLetter(rest.front())) return true;
+  *this = before;
+  return false;
 }
 
 std::optional<DateReader::Piece> DateReader::TakeNumber() {
@@ -102,7 +105,7 @@ std::optional<DateReader::Piece> DateReader::TakeMonthName() {
     if (name.ends_with('.')) name.remove_suffix(1);
     return TakeWord(name);
   };
-  for (std::size_t month = 0; month < 12; ++month) {
+  for (std::size_t month = 0; month < EnglishMonths.size(); ++month) {
     const std::string_view english = EnglishMonths[month];
     if (take(Region.LongMonths[month]) || take(Region.ShortMonths[month]) || take(english) ||
         take(english.substr(0, 3))) {

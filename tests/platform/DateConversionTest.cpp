@@ -59,14 +59,13 @@ TEST_F(TextToDateTest, NoTextIsTooStrange) {
   for (const RegionalValues& region : {UnitedStates(), Germany(), Finland(), bare}) {
     Region = region;
     for (const std::string& seed : seeds)
-      for (std::size_t i = 0; i < seed.size() * bytes.size(); ++i) {
-        const std::size_t at = i / bytes.size();
+      for (std::size_t at = 0; at < seed.size(); ++at) {
         std::string text = seed;
-        text[at] = bytes[i % bytes.size()];
+        text[at] = bytes[at * 7 % bytes.size()];
         for (const std::string& damaged : {text, text.substr(0, at + 1), text.substr(at)}) {
           if (!IsDate(damaged)) continue;
           const Date date = TextToDate(damaged);
-          EXPECT_TRUE(date >= DateSerial(100, 1, 1) && date < DateSerial(9999, 12, 31) + 1) << damaged;
+          EXPECT_TRUE(date >= FirstDate && date < LastDate + 1) << damaged;
         }
       }
   }
