@@ -51,6 +51,9 @@ class ToldDisk : public Disk {
   int RenameNew(const std::string& from, const std::string& to) override {
     return Tell("rename", Short(from), "to the free " + Short(to)), Disk::RenameNew(from, to);
   }
+  int MakeFolder(const std::string& path, mode_t mode) override {
+    return Tell("folder", Short(path), Octal(mode)), Disk::MakeFolder(path, mode);
+  }
   int Remove(const std::string& path) override { return Tell("remove", Short(path)), Disk::Remove(path); }
 
   std::string Transcript;
