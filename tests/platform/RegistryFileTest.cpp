@@ -50,6 +50,12 @@ TEST(RegistryFile, KeysLieAtMost512Deep) {
   EXPECT_FALSE(IsKeyPath(path + "\\a"));
 }
 
+TEST(RegistryTree, ANumberHasUpToFourBytesTheLowOneFirst) {
+  EXPECT_EQ(DwordBytes(0x80000001), "\x01\0\0\x80"s);
+  EXPECT_EQ(DwordOf("\x01\x02"), 0x0201u);
+  EXPECT_EQ(DwordOf("\x01\x02\x03\x84\x05"), 0x84030201u);
+}
+
 TEST(RegistryFile, ReadsTheEncodingsOfVersion5) {
   const std::string content =
       Heading5 + "\r\n\r\n[HKEY_X]\r\n@=\"caf\xE9\"\r\n" +

@@ -62,6 +62,7 @@ class SharedStores : public RegistryStoreTest {
     if (what == "delete") store.DeleteValue(Key, name);
     if (what == "changed") Tell(who + (store.ChangedElsewhere(Key) ? " changed" : " unchanged"));
     if (what == "spoil") folder.Put("registry.reg", "spoilt");
+    if (what == "open") store.Open(path, Access::Shared);
     if (what == "refresh") store.Refresh();
     if (what == "flush") store.Flush();
   }
@@ -108,7 +109,8 @@ TEST_F(SharedStores, LoseNoneOfEachOthersChanges) {
 
 TEST_F(RegistryStoreTest, WhatTheFileCannotHoldIsRefused) {
   RegistryStore store;
-  for (const std::string key : {"", "SOFTWARE\\QEL", "HKEY_X\\\\A", "HKEY_X\\a\nb", "HKEY_X\\a] ;b"})
+  for (const std::string key :
+       {"", "SOFTWARE\\QEL", "HKEY_X\\\\A", "HKEY_X\\a\nb", "HKEY_X\\a] ;b", "HKEY_X\\a];b", "HKEY_X\\a]];b"})
     EXPECT_THROW(store.CreateKey(key), RunTimeError) << key;
   store.CreateKey(Key);
   EXPECT_THROW(store.Set(Key, std::string("a\0b", 3), Text("1")), RunTimeError);
@@ -215,6 +217,7 @@ TEST_F(RegistryStoreTest, EveryFailingStepOfAFlushLeavesTheOldOrTheNewFileAndThe
       once ? disk.FailNth(n) : disk.FailFrom(n);
       const bool flushed = ErrorOf([&] { store.Flush(); }) == 0;
       EXPECT_TRUE(flushed || disk.Failed());
+      EXPECT_EQ(store.FlushFailed(), !flushed);
       const RegistryTree after = OnDisk();
       EXPECT_TRUE(after == store.Tree() || (after == before && !flushed)) << "operation " << n;
       if (!disk.Failed()) break;
