@@ -1,6 +1,7 @@
 #include "platform/PatternSeparator.h"
 
 #include <algorithm>
+#include <cctype>
 #include <set>
 
 #include "platform/CodePage.h"
@@ -65,9 +66,8 @@ std::string SeparatorAmong(const std::vector<Part>& parts) {
 }
 
 std::string Quoted(std::string_view text) {
-  const bool plain = std::none_of(text.begin(), text.end(), [](char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '\'';
-  });
+  const bool plain = std::none_of(text.begin(), text.end(),
+                                  [](unsigned char c) { return c == '\'' || std::isalpha(c) != 0; });
   if (plain) return std::string(text);
   std::string quoted = "'";
   for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);

@@ -14,7 +14,7 @@
 namespace qel {
 namespace {
 
-class ToldDisk : public Disk {
+class ToldDisk : public TwoVolumes {
  public:
   explicit ToldDisk(std::string folder) : folder(std::move(folder)) {}
 
@@ -39,22 +39,23 @@ class ToldDisk : public Disk {
   int SetOwner(int file, uid_t owner, gid_t) override {
     Tell("owner", names[file], owner == static_cast<uid_t>(-1) ? "of the group alone" : "");
     errno = EPERM;
-    return -1;
+    return names[file].ends_with(".tmp") ? -1 : 0;
   }
   int Lock(int file, int operation) override {
     return Tell("lock", names[file], operation == LOCK_EX ? "and wait" : ""), Disk::Lock(file, operation);
   }
   int Close(int file) override { return Tell("close", names[file]), Disk::Close(file); }
   int Rename(const std::string& from, const std::string& to) override {
-    return Tell("rename", Short(from), "to " + Short(to)), Disk::Rename(from, to);
+    Tell("rename", Short(from), "to " + Short(to));
+    return AreApart(from, to) ? -1 : Disk::Rename(from, to);
   }
   int RenameNew(const std::string& from, const std::string& to) override {
-    return Tell("rename", Short(from), "to the free " + Short(to)), Disk::RenameNew(from, to);
+    Tell("rename", Short(from), "to the free " + Short(to));
+    return AreApart(from, to) ? -1 : Disk::RenameNew(from, to);
   }
   int MakeFolder(const std::string& path, mode_t mode) override {
     return Tell("folder", Short(path), Octal(mode)), Disk::MakeFolder(path, mode);
   }
-  int Remove(const std::string& path) override { return Tell("remove", Short(path)), Disk::Remove(path); }
 
   std::string Transcript;
 
@@ -101,7 +102,11 @@ TEST(DiskOperations, AreTheseInThisOrder) {
          writer.Write("text");
          writer.Close();
        }},
-      {"a store opened", [&] { store.Open(folder.Path("qel/registry.reg"), RegistryStore::Access::Shared); }},
+      {"a file moved to another volume", [&] { RenameFile(file, folder.Path("far/file")); }},
+      {"a file moved to a free name on another volume",
+       [&] { RenameToNew(other, folder.Path("far/other")); }},
+      {"a store opened",
+       [&] { store.Open(folder.Path("config/qel/registry.reg"), RegistryStore::Access::Shared); }},
       {"a store flushed without a change", [&] { store.Flush(); }},
       {"a store flushed",
        [&] {
@@ -110,6 +115,7 @@ TEST(DiskOperations, AreTheseInThisOrder) {
        }},
   };
   const std::string wanted = ReadWholeFile(QEL_SOURCE_DIR "/tests/platform/DiskOperations.expected");
+  std::filesystem::create_directory(folder.Path("far"));
   ToldDisk disk(folder.Path());
   const DiskInPlace inPlace(disk);
   for (const auto& [name, work] : works) {
@@ -119,38 +125,45 @@ TEST(DiskOperations, AreTheseInThisOrder) {
   EXPECT_EQ(disk.Transcript, wanted);
 }
 
-// A volume that cannot rename without looking, with or without second names.
+// A volume that cannot rename without looking, has second names or none, and may keep a file where it is.
 class OldVolume : public Disk {
  public:
-  bool KnowsLinks = true;
+  bool KnowsLinks = true, KeepsFiles = false;
 
  private:
-  int RenameNewAtOnce(const std::string&, const std::string&) override {
-    errno = EINVAL;
-    return -1;
-  }
+  int RenameNewAtOnce(const std::string&, const std::string&) override { return Refused(EINVAL); }
   int Link(const std::string& from, const std::string& to) override {
-    errno = EPERM;
-    return KnowsLinks ? Disk::Link(from, to) : -1;
+    return KnowsLinks ? Disk::Link(from, to) : Refused(EPERM);
+  }
+  int Remove(const std::string& path) override {
+    return KeepsFiles && path.ends_with("from") ? Refused(EACCES) : Disk::Remove(path);
+  }
+  static int Refused(int systemError) {
+    errno = systemError;
+    return -1;
   }
 };
 
 TEST(DiskOperations, NothingIsRenamedOntoAFileOnAnyVolume) {
   const TemporaryFolder folder;
   OldVolume disk;
+  const auto rename = [&](const char* to) {
+    return disk.RenameNew(folder.Path("from"), folder.Path(to)) == 0 ? 0 : errno;
+  };
   for (const bool links : {true, false}) {
     disk.KnowsLinks = links;
     folder.Put("from", "moved");
     folder.Put("there", "there");
-    EXPECT_EQ(disk.RenameNew(folder.Path("from"), folder.Path("there")), -1);
-    EXPECT_EQ(errno, EEXIST);
+    EXPECT_EQ(rename("there"), EEXIST);
     EXPECT_EQ(folder.Content("from") + folder.Content("there"), "movedthere");
-    EXPECT_EQ(disk.RenameNew(folder.Path("from"), folder.Path("free")), 0);
+    disk.KeepsFiles = links;
+    EXPECT_EQ(rename("free"), links ? EACCES : 0);
+    disk.KeepsFiles = false;
+    EXPECT_EQ(folder.Has("free"), !links);
+    EXPECT_EQ(rename("free"), links ? 0 : EEXIST);
     EXPECT_EQ(folder.Content("free"), "moved");
     EXPECT_EQ(folder.Entries(), 2);
     folder.Empty();
-    EXPECT_EQ(disk.RenameNew(folder.Path("from"), folder.Path("free")), -1);
-    EXPECT_EQ(errno, ENOENT);
   }
 }
 

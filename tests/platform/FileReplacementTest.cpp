@@ -81,6 +81,9 @@ TEST(RenameToNew, SparesWhatIsThere) {
     EXPECT_EQ(ErrorOf([&] { RenameToNew(folder.Path("source"), folder.Path(target)); }), FileAlreadyExists);
     EXPECT_EQ(RenameToFreeName(folder.Path("source"), folder.Path(target)), folder.Path(target) + "-2");
     EXPECT_EQ(folder.Content(target) + folder.Content(target + std::string("-2")), "therecontent");
+    folder.Put("source", "content");
+    EXPECT_EQ(RenameToFreeName(folder.Path("source"), folder.Path(target) + "-3"),
+              folder.Path(target) + "-3");
   }
   EXPECT_EQ(ErrorOf([&] { CreateFile(folder.Path("near"), "new"); }), FileAlreadyExists);
   EXPECT_EQ(folder.Content("near"), "there");

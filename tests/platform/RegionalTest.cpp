@@ -105,7 +105,9 @@ TEST(SystemLocale, TextsComeInWindows1252) {
     std::optional<std::string> result;
   } cases[] = {
       {"M\xC3\xA4rz", "UTF-8", "M\xE4rz"},
-      {"\u202F", "UTF-8", "\xA0"},
+      {"1\u202F234", "UTF-8",
+       "1\xA0"
+       "234"},
       {"K\u010D", "UTF-8", {}},
       {"M\xE4rz", "ISO-8859-1", "M\xE4rz"},
       {"\xA4", "ISO-8859-15", "\x80"},

@@ -229,29 +229,5 @@ TEST_F(RegistryStoreTest, EveryFailingStepOfAFlushLeavesTheOldOrTheNewFileAndThe
   }
 }
 
-TEST_F(RegistryStoreTest, AProcessThatEndsInTheMiddleLeavesAWholeFile) {
-  FailingDisk disk;
-  const DiskInPlace inPlace(disk);
-  PutOld();
-  RegistryStore old = Opened();
-  bool ended = true;
-  for (int n = 1; ended; ++n) {
-    PutOld();
-    RegistryStore store = Opened();
-    store.Set(Key, "a", Text("2"));
-    const pid_t child = ::fork();
-    if (child == 0) {
-      disk.EndProcessAt(n);
-      store.Flush();
-      ::_exit(1);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ended = WEXITSTATUS(status) == 0;
-    const RegistryTree after = OnDisk();
-    EXPECT_TRUE(after == store.Tree() || (after == old.Tree() && ended)) << "operation " << n;
-  }
-}
-
 }  // namespace
 }  // namespace qel
