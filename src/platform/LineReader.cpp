@@ -25,7 +25,8 @@ bool LineReader::NextOverBlocks(std::string_view& line) {
 
 bool LineReader::Fill() {
   end -= begin;
-  std::memmove(buffer.data(), buffer.data() + begin, end);
+  if (begin > 0)
+    std::memmove(buffer.data(), buffer.data() + begin, end);  // else in the middle of a long line
   begin = 0;
   if (end == buffer.size()) buffer.resize(2 * buffer.size());
   const std::size_t count = file.Read(buffer.data() + end, std::min(BlockSize, buffer.size() - end));
