@@ -14,6 +14,9 @@ using std::chrono::year_month_day;
 
 constexpr sys_days DayZero = sys_days{std::chrono::year{1899} / 12 / 30};
 
+// The time of day in whole seconds. 86400 within half a second of the next midnight, which is that day's.
+double RoundedSeconds(Date date) { return std::round(std::fabs(date - std::trunc(date)) * SecondsPerDay); }
+
 // Seconds since midnight of day 0, with the date part taken whole: dates before day 0 count their time of day
 // forward, as the platform does.
 double TotalSeconds(Date date) { return WholeDay(date) * SecondsPerDay + SecondOfDay(date); }
@@ -23,16 +26,11 @@ double TotalSeconds(Date date) { return WholeDay(date) * SecondsPerDay + SecondO
 Date DateSerial(int year, int month, int day) {
   if (year >= 0 && year < 30) year += 2000;
   if (year >= 30 && year < 100) year += 1900;
-  const int months = month - 1;
-  const int carry = months >= 0 ? months / 12 : (months - 11) / 12;
-  year += carry;
-  const auto monthOfYear = static_cast<unsigned>(months - carry * 12 + 1);
   if (year < 100 || year > 9999) Raise(InvalidCall);
-  const auto first = sys_days{std::chrono::year{year} / static_cast<int>(monthOfYear) / 1};
-  const auto result = first + days{day - 1};
-  const year_month_day ymd{result};
-  if (int(ymd.year()) < 100 || int(ymd.year()) > 9999) Raise(InvalidCall);
-  return static_cast<double>((result - DayZero).count());
+  const auto first = std::chrono::year{year} / 1 / 1 + std::chrono::months{month - 1};
+  const Date date = static_cast<double>((sys_days{first} + days{day - 1} - DayZero).count());
+  if (date < FirstDate || date > LastDate) Raise(InvalidCall);
+  return date;
 }
 
 Date TimeSerial(int hour, int minute, int second) {
@@ -40,16 +38,10 @@ Date TimeSerial(int hour, int minute, int second) {
 }
 
 Date WholeDay(Date date) {
-  // A time within half a second of the next midnight belongs to that day.
-  const double whole = std::trunc(date);
-  const double seconds = std::round(std::fabs(date - whole) * SecondsPerDay);
-  return seconds >= SecondsPerDay ? whole + (date < 0 ? -1 : 1) : whole;
+  return std::trunc(date) + std::copysign(std::floor(RoundedSeconds(date) / SecondsPerDay), date);
 }
 
-int SecondOfDay(Date date) {
-  const double seconds = std::round(std::fabs(date - std::trunc(date)) * SecondsPerDay);
-  return seconds >= SecondsPerDay ? 0 : static_cast<int>(seconds);
-}
+int SecondOfDay(Date date) { return static_cast<int>(RoundedSeconds(date)) % SecondsPerDay; }
 
 CalendarDay DayOf(Date date) {
   const year_month_day ymd{DayZero + days{static_cast<int>(WholeDay(date))}};
@@ -73,18 +65,21 @@ int DaysInMonth(int year, int month) {
   return month == 2 && IsLeapYear(year) ? 29 : Lengths[month - 1];
 }
 
+Date AtTime(Date day, Date time) { return day + std::copysign(time, day); }
+
 Date AddSeconds(Date date, double seconds) {
   const double total = TotalSeconds(date) + std::round(seconds);
   const double day = std::floor(total / SecondsPerDay);
   const double time = (total - day * SecondsPerDay) / SecondsPerDay;
-  return day < 0 ? day - time : day + time;
+  return AtTime(day, time);
 }
 
 Date AddMonths(Date date, int months) {
   const CalendarDay from = DayOf(date);
-  const CalendarDay first = DayOf(DateSerial(from.year, from.month + months, 1));
-  const int day = std::min(from.day, DaysInMonth(first.year, first.month));
-  return DateSerial(first.year, first.month, day) + (date - WholeDay(date));
+  const Date first = DateSerial(from.year, from.month + months, 1);
+  const CalendarDay month = DayOf(first);
+  const int day = std::min(from.day, DaysInMonth(month.year, month.month));
+  return first + (day - 1) + (date - WholeDay(date));
 }
 
 Int32 SecondsBetween(Date from, Date to) { return Int32(TotalSeconds(to) - TotalSeconds(from)); }

@@ -11,6 +11,9 @@ using Date = double;
 
 inline constexpr int SecondsPerDay = 86400;
 
+inline constexpr Date FirstDate = -657434;  // 1 January 100
+inline constexpr Date LastDate = 2958465;   // 31 December 9999
+
 struct CalendarDay {
   int year, month, day;  // month 1 to 12, day 1 to 31
 };
@@ -21,7 +24,7 @@ struct ClockTime {
 
 // The date of a year, month and day with the usual carry: month 13 is January of the next year, day 0 the
 // last day of the month before. Years 0 to 29 mean 2000 to 2029, 30 to 99 mean 1930 to 1999. Raises 5
-// (invalid call) outside the years 100 to 9999.
+// (invalid call) for a year or a day outside the years 100 to 9999.
 Date DateSerial(int year, int month, int day);
 
 // The time of day of hours, minutes and seconds, which may run past a day.
@@ -40,6 +43,9 @@ int SecondOfDay(Date date);
 int Weekday(Date date);
 int DaysInMonth(int year, int month);  // month 1 to 12
 bool IsLeapYear(int year);
+
+// The date of a whole day and a time of day, which counts forward before day 0 too.
+Date AtTime(Date day, Date time);
 
 // Rounds to whole seconds.
 Date AddSeconds(Date date, double seconds);

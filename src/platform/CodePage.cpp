@@ -26,11 +26,8 @@ constexpr auto LowerCaseTable = [] {
 
 unsigned char Byte(char character) { return static_cast<unsigned char>(character); }
 
+// A character of 80 to FFFF.
 void AppendUtf8(std::string& utf8, char32_t codePoint) {
-  if (codePoint < 0x80) {
-    utf8 += static_cast<char>(codePoint);
-    return;
-  }
   if (codePoint < 0x800) {
     utf8 += static_cast<char>(0xC0 | (codePoint >> 6));
   } else {
@@ -108,7 +105,6 @@ std::string ToCleanUtf8(std::string_view text) { return Utf8Of(text, true); }
 
 std::optional<std::string> FromUtf8(std::string_view utf8) {
   std::string text;
-  text.reserve(utf8.size());
   while (!utf8.empty()) {
     const auto codePoint = TakeUtf8(utf8);
     const auto character = codePoint ? FromUnicode(*codePoint) : std::nullopt;
@@ -120,7 +116,6 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
 
 std::string FromUtf8Lossy(std::string_view utf8) {
   std::string text;
-  text.reserve(utf8.size());
   while (!utf8.empty()) {
     const auto codePoint = TakeUtf8(utf8);
     const auto character = codePoint ? FromUnicode(*codePoint) : std::nullopt;

@@ -45,9 +45,8 @@ std::string_view BehindWeekday(std::string_view text) {
 // Some weekdays are abbreviated as some months are, so the name of a month is tried first.
 std::optional<Date> DateIn(std::string_view text) {
   text = Trim(text);
-  if (const auto date = ReadDate(text)) return date;
-  const std::string_view behind = BehindWeekday(text);
-  return behind.size() < text.size() ? ReadDate(behind) : std::nullopt;
+  const auto date = ReadDate(text);
+  return date ? date : ReadDate(BehindWeekday(text));
 }
 
 // The region's separator, unless a time written with it would read as a date.

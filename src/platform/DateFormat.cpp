@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <utility>
 
 #include "platform/CodePage.h"
@@ -19,12 +20,9 @@ struct Moment {
   int weekday;  // 1 is Monday
 };
 
-constexpr Date FirstDay = -657434;  // 1 January 100
-constexpr Date LastDay = 2958465;   // 31 December 9999
-
 Moment MomentOf(Date date) {
   const Date day = WholeDay(date);
-  if (!(day >= FirstDay && day <= LastDay)) Raise(Overflow);
+  if (!(day >= FirstDate && day <= LastDate)) Raise(Overflow);
   return {DayOf(date), TimeOf(date), Weekday(date)};
 }
 
@@ -45,10 +43,7 @@ void AppendNamed(std::string& text, int number, int width, const std::array<std:
     text += (width == 3 ? shortNames : longNames)[static_cast<std::size_t>(index - 1)];
 }
 
-void AppendDayHalf(std::string& text, int hour, int width) {
-  const std::string& mark = hour < 12 ? Region.AM : Region.PM;
-  text.append(mark, 0, width == 1 ? 1 : mark.size());
-}
+const std::string& DayHalfMark(int hour) { return hour < 12 ? Region.AM : Region.PM; }
 
 void AppendPlace(std::string& text, const Moment& moment, Place place, int width) {
   const int hour = moment.time.hour;
@@ -69,7 +64,8 @@ void AppendPlace(std::string& text, const Moment& moment, Place place, int width
     case Place::Second:
       return AppendDigits(text, moment.time.second, width);
     case Place::DayHalf:
-      return AppendDayHalf(text, hour, width);
+      text.append(DayHalfMark(hour), 0, width == 1 ? 1 : std::string::npos);
+      return;
   }
 }
 
@@ -96,15 +92,15 @@ const Letter* FindLetter(const Letter (&letters)[Count], char c) {
   return found == letters + Count ? nullptr : found;
 }
 
-char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+char Small(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
 
 char AsItIs(char c) { return c; }
 
 // How often the character at `from` stands there in a row, `fold` making alike what counts as the same.
 int RunAt(std::string_view text, std::size_t from, char (*fold)(char)) {
-  std::size_t end = from + 1;
-  while (end < text.size() && fold(text[end]) == fold(text[from])) ++end;
-  return static_cast<int>(end - from);
+  const std::string_view run = text.substr(from);
+  const auto isOther = [&](char c) { return fold(c) != fold(run.front()); };
+  return static_cast<int>(std::find_if(run.begin(), run.end(), isOther) - run.begin());
 }
 
 std::size_t DayHalfMarkAt(std::string_view mask, std::size_t from) {
@@ -117,7 +113,7 @@ bool HasDayHalfMark(std::string_view mask) {
   for (std::size_t i = 0; i < mask.size(); ++i) {
     if (mask[i] == '\\')
       ++i;
-    else if (Small(mask[i]) == 'a' && DayHalfMarkAt(mask, i) > 0)
+    else if (DayHalfMarkAt(mask, i))
       return true;
   }
   return false;
@@ -129,7 +125,6 @@ class MaskWriter {
       : date(date), mask(mask), moment(MomentOf(date)), halfDays(HasDayHalfMark(mask)) {}
 
   std::string Write() {
-    text.reserve(mask.size() + 16);
     for (std::size_t at = 0; at < mask.size();) at += WriteOne(at);
     return std::move(text);
   }
@@ -138,11 +133,10 @@ class MaskWriter {
   // Writes what stands at `at` in the mask and answers how long it is there.
   std::size_t WriteOne(std::size_t at) {
     const char c = Small(mask[at]);
-    if (c == 'a')
-      if (const std::size_t length = DayHalfMarkAt(mask, at)) {
-        WriteDayHalf();
-        return length;
-      }
+    if (const std::size_t length = DayHalfMarkAt(mask, at)) {
+      WriteDayHalf();
+      return length;
+    }
     if (const std::size_t length = WriteWholeForm(at, c)) return length;
     if (const Letter* letter = FindLetter(MaskLetters, c)) return WritePlace(at, *letter);
     if (c == '\\' && at + 1 < mask.size()) {
@@ -187,7 +181,7 @@ class MaskWriter {
     if (Region.AM == Region.PM)
       text += moment.time.hour < 12 ? "AM" : "PM";
     else
-      AppendDayHalf(text, moment.time.hour, 2);
+      text += DayHalfMark(moment.time.hour);
   }
 
   Date date;
@@ -218,7 +212,6 @@ constexpr NamedForm NamedForms[] = {
 std::string FormatByPattern(Date date, std::string_view pattern) {
   const Moment moment = MomentOf(date);
   std::string text;
-  text.reserve(pattern.size() + 16);
   bool quoted = false;
   for (std::size_t i = 0; i < pattern.size(); ++i) {
     const char c = pattern[i];

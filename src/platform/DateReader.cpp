@@ -1,10 +1,13 @@
 #include "platform/DateReader.h"
 
 #include <algorithm>
+#include <cctype>
+#include <string>
 #include <utility>
 
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
+#include "platform/PatternSeparator.h"
 #include "platform/Regional.h"
 
 namespace qel {
@@ -12,9 +15,7 @@ namespace qel {
 namespace {
 
 // Every byte of the upper half counts as a letter: it can only be part of a name.
-bool IsLetter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || static_cast<unsigned char>(c) >= 0x80;
-}
+bool IsLetter(char c) { return (c & 0x80) != 0 || std::isalpha(c) != 0; }
 
 bool CanDivide(std::string_view separator) {
   return !separator.empty() &&
@@ -32,20 +33,10 @@ struct Order {
 };
 
 Order RegionalOrder() {
-  const std::string& pattern = Region.ShortDatePattern;
-  std::size_t day = std::string::npos, month = std::string::npos, year = std::string::npos;
-  bool quoted = false;
-  for (std::size_t i = 0; i < pattern.size(); ++i) {
-    const char c = pattern[i];
-    if (c == '\'') quoted = !quoted;
-    if (quoted || (c != 'd' && c != 'M' && c != 'y')) continue;
-    const std::size_t end = std::min(pattern.find_first_not_of(c, i), pattern.size());
-    std::size_t& place = c == 'd' ? day : c == 'M' ? month : year;
-    const bool isWeekday = c == 'd' && end - i > 2;
-    if (place == std::string::npos && !isWeekday) place = i;
-    i = end - 1;
-  }
-  return {day < month, (day < year ? 1u : 0u) + (month < year ? 1u : 0u)};
+  std::string letters;
+  for (const DatePlace& place : DatePlacesOf(Region.ShortDatePattern))
+    if (letters.find(place.Letter) == std::string::npos) letters += place.Letter;
+  return {letters.find('d') < letters.find('M'), std::min<std::size_t>(letters.find('y'), 2)};
 }
 
 }  // namespace
@@ -73,7 +64,7 @@ std::optional<Date> DateReader::Read() {
   if (count == 1 || timeInside) return std::nullopt;
   const auto date = DateOfPieces();
   if (!date || !time) return date;
-  return *date < 0 ? *date - *time : *date + *time;
+  return AtTime(*date, *time);
 }
 
 void DateReader::SkipBlanks() {
@@ -89,8 +80,11 @@ bool DateReader::Take(std::string_view text) {
 
 // A whole word: no letter follows.
 bool DateReader::TakeWord(std::string_view word) {
-  if (rest.size() > word.size() && IsLetter(rest[word.size()])) return false;
-  return Take(word);
+  const DateReader before = *this;
+  if (!Take(word)) return false;
+  if (rest.empty() || !IsLetter(rest.front())) return true;
+  *this = before;
+  return false;
 }
 
 std::optional<DateReader::Piece> DateReader::TakeNumber() {
@@ -111,7 +105,7 @@ std::optional<DateReader::Piece> DateReader::TakeMonthName() {
     if (name.ends_with('.')) name.remove_suffix(1);
     return TakeWord(name);
   };
-  for (std::size_t month = 0; month < 12; ++month) {
+  for (std::size_t month = 0; month < EnglishMonths.size(); ++month) {
     const std::string_view english = EnglishMonths[month];
     if (take(Region.LongMonths[month]) || take(Region.ShortMonths[month]) || take(english) ||
         take(english.substr(0, 3))) {

@@ -20,7 +20,7 @@ DecimalForm WholeForm(double number) {
   char text[20];
   const auto end = std::to_chars(text, text + sizeof text, static_cast<long long>(std::fabs(number)));
   DecimalForm form;
-  form.Negative = number < 0;
+  form.Negative = std::signbit(number);
   form.Digits.assign(text, end.ptr);
   form.Point = static_cast<int>(form.Digits.size());
   DropZerosBehind(form);

@@ -1,10 +1,12 @@
 #include "platform/Disk.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
+#include <iterator>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -15,20 +17,12 @@ namespace {
 Disk systemDisk;
 Disk* current = &systemDisk;
 
-// Where the file system knows no renaming that spares what is there: by a second name; where it knows none
-// of these either, by looking first, which leaves an instant to whoever makes the file meanwhile.
-int RenameByLink(const std::string& from, const std::string& to) {
-  if (::link(from.c_str(), to.c_str()) == 0) {
-    if (::unlink(from.c_str()) == 0) return 0;
-    const int systemError = errno;
-    ::unlink(to.c_str());
-    errno = systemError;
-    return -1;
-  }
-  if (errno != EPERM && errno != ENOTSUP && errno != EOPNOTSUPP && errno != ENOSYS) return -1;
-  if (::access(to.c_str(), F_OK) != 0) return std::rename(from.c_str(), to.c_str());
-  errno = EEXIST;
-  return -1;
+constexpr int Failed = -1;
+
+// What a file system answers that has no such operation; some of it has other causes too.
+bool IsBeyondTheVolume(int systemError) {
+  static constexpr int Answers[] = {EINVAL, ENOSYS, EPERM, ENOTSUP, EOPNOTSUPP};
+  return std::ranges::find(Answers, systemError) != std::end(Answers);
 }
 
 }  // namespace
@@ -46,11 +40,11 @@ int Disk::Lock(int file, int operation) { return ::flock(file, operation); }
 int Disk::SetLease(int file, int kind) {
 #ifdef F_SETLEASE
   // By a signal that is passed over: the default one would end the program when a writer comes.
-  if (kind != F_UNLCK && ::fcntl(file, F_SETSIG, SIGURG) < 0) return -1;
+  if (kind != F_UNLCK && ::fcntl(file, F_SETSIG, SIGURG) < 0) return Failed;
   return ::fcntl(file, F_SETLEASE, kind);
 #else
   errno = ENOTSUP;
-  return -1;
+  return Failed;
 #endif
 }
 int Disk::LeaseOf(int file) {
@@ -69,17 +63,34 @@ int Disk::Rename(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str());
 }
 int Disk::RenameNew(const std::string& from, const std::string& to) {
-#ifdef RENAME_NOREPLACE
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-  if (errno != EINVAL && errno != ENOSYS) return -1;
-#endif
-  return RenameByLink(from, to);
+  if (RenameNewAtOnce(from, to) == 0) return 0;
+  if (!IsBeyondTheVolume(errno)) return Failed;
+  if (Link(from, to) == 0) {
+    if (Remove(from) == 0) return 0;
+    const int systemError = errno;
+    Remove(to);
+    errno = systemError;
+    return Failed;
+  }
+  if (!IsBeyondTheVolume(errno)) return Failed;
+  if (::access(to.c_str(), F_OK) != 0) return Rename(from, to);
+  errno = EEXIST;
+  return Failed;
 }
+int Disk::RenameNewAtOnce(const std::string& from, const std::string& to) {
+#ifdef RENAME_NOREPLACE
+  return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+#else
+  errno = ENOSYS;
+  return Failed;
+#endif
+}
+int Disk::Link(const std::string& from, const std::string& to) { return ::link(from.c_str(), to.c_str()); }
 int Disk::Remove(const std::string& path) { return ::unlink(path.c_str()); }
 int Disk::MakeFolder(const std::string& path, mode_t mode) { return ::mkdir(path.c_str(), mode); }
 int Disk::List(const std::string& folder, std::vector<std::string>& names) {
   DIR* const entries = ::opendir(folder.c_str());
-  if (entries == nullptr) return -1;
+  if (entries == nullptr) return Failed;
   while (const dirent* entry = ::readdir(entries)) names.emplace_back(entry->d_name);
   return ::closedir(entries);
 }

@@ -35,6 +35,13 @@ class Disk {
   virtual int Remove(const std::string& path);
   virtual int MakeFolder(const std::string& path, mode_t mode);
   virtual int List(const std::string& folder, std::vector<std::string>& names);  // in no order
+
+ protected:
+  // What RenameNew does where the file system can. EINVAL or ENOSYS where it knows no such renaming: then it
+  // goes by a second name; and where it knows none of these either, by looking first, which leaves an instant
+  // to whoever makes the file meanwhile.
+  virtual int RenameNewAtOnce(const std::string& from, const std::string& to);
+  virtual int Link(const std::string& from, const std::string& to);
 };
 
 Disk& CurrentDisk();

@@ -42,8 +42,7 @@ std::size_t DiskFile::Read(char* buffer, std::size_t size) {
 std::size_t DiskFile::WriteSome(std::string_view text) {
   const int to = Handle();
   const ssize_t count = Repeated([&] { return CurrentDisk().Write(to, text.data(), text.size()); });
-  if (count < 0) RaiseDiskError(errno, path);
-  if (count == 0) RaiseDiskError(ENOSPC, path);
+  if (count <= 0) RaiseDiskError(count < 0 ? errno : ENOSPC, path);
   return static_cast<std::size_t>(count);
 }
 

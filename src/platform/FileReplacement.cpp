@@ -46,9 +46,7 @@ class Replacement {
  public:
   Replacement(const std::string& target, mode_t newMode) : target(target) { OpenBeside(newMode); }
   ~Replacement() {
-    if (finished) return;
-    file.CloseQuietly();
-    CurrentDisk().Remove(temporary);
+    if (!finished) CurrentDisk().Remove(temporary);
   }
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
@@ -128,7 +126,6 @@ void MoveAcrossVolumesToNew(const std::string& from, const std::string& to) {
     FlushFolder(FolderOf(to));
     RemoveFile(from);
   } catch (const RunTimeError&) {
-    copy.CloseQuietly();
     CurrentDisk().Remove(to);
     throw;
   }

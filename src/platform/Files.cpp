@@ -1,5 +1,6 @@
 #include "platform/Files.h"
 
+#include <algorithm>
 #include <cerrno>
 
 #include "platform/Disk.h"
@@ -56,7 +57,7 @@ void MakeFolders(const std::string& path, int mode) {
 std::string FolderOf(const std::string& path) {
   const std::size_t separator = path.rfind(PathSeparator);
   if (separator == std::string::npos) return ".";
-  return path.substr(0, separator == 0 ? 1 : separator);
+  return path.substr(0, std::max<std::size_t>(separator, 1));
 }
 
 std::string ReadWholeFile(const std::string& path) {

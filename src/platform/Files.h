@@ -62,7 +62,7 @@ class OpenFile {
  protected:
   OpenFile();
   virtual ~OpenFile();  // closes without looking at the outcome; Close() looks
-  void OpenWith(const std::string& path, int flags, int mode);
+  void OpenWith(const std::string& path, int flags, int mode = 0);
 
   friend void CloseAllFiles();
 
@@ -100,7 +100,8 @@ class LineReader : public OpenFile {
     if (length > 0 && line.back() == '\r') line.remove_suffix(1);
   }
   bool NextOverBlocks(std::string_view& line);
-  bool Fill();  // reads on behind what is left of the buffer; false when the file gives no more
+  bool
+  Fill();  // reads on behind what is left, which then begins the buffer; false when the file gives no more
 
   std::vector<char> buffer;
   std::size_t begin = 0;  // of what is not handed out yet

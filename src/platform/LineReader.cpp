@@ -6,35 +6,29 @@
 
 namespace qel {
 
-LineReader::LineReader(const std::string& path) : buffer(BlockSize) { OpenWith(path, O_RDONLY, 0); }
+LineReader::LineReader(const std::string& path) : buffer(BlockSize) { OpenWith(path, O_RDONLY); }
 
 bool LineReader::NextOverBlocks(std::string_view& line) {
   for (;;) {
     const std::size_t searched = end - begin;
     if (!Fill()) break;
-    const char* from = buffer.data() + begin;
-    const auto* feed = static_cast<const char*>(std::memchr(from + searched, '\n', end - begin - searched));
+    const char* from = buffer.data();
+    const auto* feed = static_cast<const char*>(std::memchr(from + searched, '\n', end - searched));
     if (feed == nullptr) continue;
     HandOut(line, static_cast<std::size_t>(feed - from));
     return true;
   }
-  if (begin == end) return false;
-  line = std::string_view(buffer.data() + begin, end - begin);
+  line = std::string_view(buffer.data(), end);
   begin = end;
-  return true;
+  return !line.empty();
 }
 
 bool LineReader::Fill() {
-  const std::size_t left = end - begin;
-  if (begin > 0) std::memmove(buffer.data(), buffer.data() + begin, left);
+  end -= begin;
+  if (begin > 0)
+    std::memmove(buffer.data(), buffer.data() + begin, end);  // else in the middle of a long line
   begin = 0;
-  end = left;
-  if (left == buffer.size()) {
-    buffer.resize(2 * buffer.size());
-  } else if (left < BlockSize && buffer.size() > BlockSize) {  // a long line has been handed out
-    buffer.resize(BlockSize);
-    buffer.shrink_to_fit();
-  }
+  if (end == buffer.size()) buffer.resize(2 * buffer.size());
   const std::size_t count = file.Read(buffer.data() + end, std::min(BlockSize, buffer.size() - end));
   end += count;
   return count > 0;

@@ -70,7 +70,6 @@ std::string FormatNumber(double number, std::string_view mask) {
   DecimalForm form = ToDecimalForm(number);
   RoundToPlaces(form, static_cast<int>(PlacesIn(fraction)));
   std::string text;
-  text.reserve(32);
   if (form.Negative) text += '-';
   AppendWhole(text, form, whole);
   if (hasPoint) {

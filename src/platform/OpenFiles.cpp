@@ -25,7 +25,7 @@ void CloseAllFiles() {
   for (OpenFile* open : openFiles) open->file.CloseQuietly();
 }
 
-BlockReader::BlockReader(const std::string& path) : buffer(BlockSize) { OpenWith(path, O_RDONLY, 0); }
+BlockReader::BlockReader(const std::string& path) : buffer(BlockSize) { OpenWith(path, O_RDONLY); }
 
 std::string_view BlockReader::Next() { return {buffer.data(), file.Read(buffer.data(), buffer.size())}; }
 

@@ -1,7 +1,8 @@
 #include "platform/PatternSeparator.h"
 
 #include <algorithm>
-#include <vector>
+#include <cctype>
+#include <set>
 
 #include "platform/CodePage.h"
 
@@ -65,9 +66,8 @@ std::string SeparatorAmong(const std::vector<Part>& parts) {
 }
 
 std::string Quoted(std::string_view text) {
-  const bool plain = std::none_of(text.begin(), text.end(), [](char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '\'';
-  });
+  const bool plain = std::none_of(text.begin(), text.end(),
+                                  [](unsigned char c) { return c == '\'' || std::isalpha(c) != 0; });
   if (plain) return std::string(text);
   std::string quoted = "'";
   for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
@@ -78,18 +78,19 @@ std::string Quoted(std::string_view text) {
 
 std::string SeparatorIn(std::string_view pattern) { return SeparatorAmong(PartsOf(pattern)); }
 
-std::optional<std::array<DatePlace, 3>> DatePlacesIn(std::string_view pattern) {
-  std::array<DatePlace, 3> places{};
-  std::size_t count = 0;
-  for (const Part& part : PartsOf(pattern)) {
-    if (!IsDatePlace(part)) continue;
-    const char letter = part.text.front();
-    for (std::size_t i = 0; i < count; ++i)
-      if (places[i].Letter == letter) return std::nullopt;
-    places[count++] = {letter, static_cast<int>(part.text.size())};
-  }
-  if (count < places.size()) return std::nullopt;
+std::vector<DatePlace> DatePlacesOf(std::string_view pattern) {
+  std::vector<DatePlace> places;
+  for (const Part& part : PartsOf(pattern))
+    if (IsDatePlace(part)) places.push_back({part.text.front(), static_cast<int>(part.text.size())});
   return places;
+}
+
+std::optional<std::array<DatePlace, 3>> DatePlacesIn(std::string_view pattern) {
+  const std::vector<DatePlace> places = DatePlacesOf(pattern);
+  std::set<char> letters;
+  for (const DatePlace& place : places) letters.insert(place.Letter);
+  if (letters.size() < 3 || places.size() > 3) return std::nullopt;
+  return std::array{places[0], places[1], places[2]};
 }
 
 bool HasOneSeparator(std::string_view pattern) {

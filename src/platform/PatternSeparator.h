@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qel {
 
@@ -18,6 +19,9 @@ struct DatePlace {
   char Letter;
   int Width;
 };
+
+// All of them in the pattern's order; the weekday is none.
+std::vector<DatePlace> DatePlacesOf(std::string_view pattern);
 
 // Day, month and year in the pattern's order. Nothing where one of them is missing or comes twice.
 std::optional<std::array<DatePlace, 3>> DatePlacesIn(std::string_view pattern);

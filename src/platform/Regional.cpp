@@ -50,7 +50,7 @@ std::optional<std::string> FilledText(const RegistryStore& store, const char* na
 std::optional<int> StoredNumber(const RegistryStore& store, const char* name, int most) {
   const auto text = FilledText(store, name);
   if (!text) return std::nullopt;
-  int number = 0;
+  int number{};
   const char* end = text->data() + text->size();
   const auto read = std::from_chars(text->data(), end, number);
   const bool whole = read.ec == std::errc{} && read.ptr == end;

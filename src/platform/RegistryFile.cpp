@@ -22,7 +22,6 @@ std::string FromUtf16(std::string_view pairs, std::size_t high) {
                                  static_cast<unsigned char>(pairs[at + 1 - high]));
   };
   std::string text;
-  text.reserve(pairs.size() / 2);
   for (std::size_t at = 0; at + 1 < pairs.size(); at += 2) {
     const char32_t unit = unitAt(at);
     text += FromUnicode(unit).value_or('?');
@@ -176,7 +175,7 @@ class Parser {
 
   std::uint32_t ReadHexNumber(std::size_t mostDigits) {
     const std::string_view digits = rest.substr(0, mostDigits);
-    std::uint32_t number = 0;
+    std::uint32_t number{};
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);
     if (error != std::errc()) Fail("a hexadecimal number is missing");
     rest.remove_prefix(static_cast<std::size_t>(end - digits.data()));

@@ -59,10 +59,8 @@ void RegistryStore::Open(const std::string& path, Access access) {
     tree = ReadTree(path);
   } catch (const RegistryFileError&) {
     this->path = path;
-    if (access == Access::ReadOnly || !SetAsideNow()) {
-      Reset();
+    if (access == Access::ReadOnly || !SetAsideNow())
       std::throw_with_nested(RunTimeError(DeviceError, "QEL", 0, path));
-    }
   }
   known = tree;
   this->path = path;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <climits>
 #include <cstdlib>
 #include <langinfo.h>
@@ -159,7 +160,7 @@ constexpr Conversion Conversions[] = {
 
 // A character of a format that stands for itself: letters are quoted, or they would be places of the pattern.
 void AppendLiteral(std::string& pattern, char c, bool& quoted) {
-  const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+  const bool letter = std::isalpha(static_cast<unsigned char>(c)) != 0;
   if (letter != quoted && c != '\'') {
     pattern += '\'';
     quoted = letter;

@@ -18,17 +18,18 @@ bool IsSign(char c) { return c == '+' || c == '-'; }
 bool IsExponentMark(char c) { return c == 'e' || c == 'E' || c == 'd' || c == 'D'; }
 
 std::size_t DigitsAt(std::string_view text, std::size_t from) {
-  std::size_t end = from;
-  while (end < text.size() && IsDigit(text[end])) ++end;
-  return end - from;
+  const std::string_view rest = text.substr(from);
+  return static_cast<std::size_t>(std::find_if_not(rest.begin(), rest.end(), IsDigit) - rest.begin());
 }
 
 // The length of a whole exponent ("E+10") at `from`, 0 where there is none.
 std::size_t ExponentAt(std::string_view text, std::size_t from) {
-  if (from >= text.size() || !IsExponentMark(text[from])) return 0;
-  const std::size_t sign = from + 1 < text.size() && IsSign(text[from + 1]) ? 1 : 0;
-  const std::size_t digits = DigitsAt(text, from + 1 + sign);
-  return digits > 0 ? 1 + sign + digits : 0;
+  const std::string_view rest = text.substr(from);
+  if (rest.empty() || !IsExponentMark(rest.front())) return 0;
+  const std::string_view behind = rest.substr(1);
+  const std::size_t begin = !behind.empty() && IsSign(behind.front()) ? 2 : 1;
+  const std::size_t digits = DigitsAt(rest, begin);
+  return digits > 0 ? begin + digits : 0;
 }
 
 // Whether a number too far from 1 for a double is too large, not too small. The mantissa is not zero.
@@ -46,16 +47,10 @@ bool IsTooLarge(std::string_view mantissa, std::string_view exponent) {
 // The value of digits, one "." and a whole exponent or none; infinite where it is too large, 0 where too
 // small.
 double ValueOf(std::string_view mantissa, std::string_view exponent) {
-  double value = 0;
-  std::from_chars_result result{};
-  if (exponent.empty()) {
-    result = std::from_chars(mantissa.data(), mantissa.data() + mantissa.size(), value);
-  } else {
-    std::string text(mantissa);
-    text += 'e';
-    text += exponent.substr(1);
-    result = std::from_chars(text.data(), text.data() + text.size(), value);
-  }
+  std::string text(mantissa);
+  if (!exponent.empty()) text.append("e").append(exponent.substr(1));
+  double value{};
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   if (result.ec != std::errc::result_out_of_range) return value;
   return IsTooLarge(mantissa, exponent) ? std::numeric_limits<double>::infinity() : 0;
 }
@@ -66,11 +61,11 @@ std::string TextOf(double number, std::string_view decimalSymbol) {
   std::string text = form.Negative ? "-" : "";
   const int size = static_cast<int>(form.Digits.size());
   const int exponent = form.Point - 1;
-  if (exponent < -15 || exponent >= 15) {
+  const char* const mark = exponent < -15 ? "E-" : exponent >= 15 ? "E+" : nullptr;
+  if (mark) {
     text += form.Digits.front();
     if (size > 1) text.append(decimalSymbol).append(form.Digits, 1);
-    text += exponent < 0 ? "E-" : "E+";
-    text += std::to_string(std::abs(exponent));
+    text.append(mark).append(std::to_string(std::abs(exponent)));
   } else if (form.Point <= 0) {
     text.append("0")
         .append(decimalSymbol)

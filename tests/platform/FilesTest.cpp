@@ -91,6 +91,8 @@ TEST(Files, FailuresHaveTheNumbersOfThePlatform) {
       EXPECT_EQ(ErrorOf([&] { ReplaceFile(path, "new"); }), c.number) << c.name;
     }
   }
+  EXPECT_EQ(ErrorOf([&] { MakeFolders(folder.Path("file")); }), PathNotFound);
+  EXPECT_EQ(FolderOf("/root") + FolderOf("near") + FolderOf("/a/b"), "/./a");
   FailingDisk disk;
   const DiskInPlace inPlace(disk);
   disk.FailFrom(2, EACCES);
@@ -112,24 +114,6 @@ TEST(Files, ClosedAllAtOnceTheyRaise52) {
   EXPECT_EQ(ErrorOf([&] { writer.Write("more"); }), BadFileName);
   EXPECT_EQ(ErrorOf([&] { writer.Close(); }), BadFileName);
   EXPECT_EQ(Lines(folder.Path("log")).size(), 3u);
-}
-
-TEST(FileWriter, RaisesWhateverStepFails) {
-  const TemporaryFolder folder;
-  const std::string content(BlockSize + 100, 'x');
-  FailingDisk disk;
-  const DiskInPlace inPlace(disk);
-  for (int n = 1; n == 1 || disk.Failed(); ++n) {
-    disk.FailNth(n, ENOSPC);
-    const int number = ErrorOf([&] {
-      FileWriter writer(folder.Path("out"));
-      writer.Write(content);
-      writer.Write("the end");
-      writer.Close();
-    });
-    EXPECT_EQ(number, disk.Failed() ? DiskFull : 0) << "operation " << n;
-  }
-  EXPECT_EQ(folder.Content("out"), content + "the end");
 }
 
 TEST(FileWriter, GoesOnWhereItStoppedWhenTheDiskHasRoomAgain) {

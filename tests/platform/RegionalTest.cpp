@@ -1,10 +1,11 @@
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is POSIX's
 #include <sstream>
 #include <string>
-#include <utility>
-#include <vector>
 
+#include "platform/CodePage.h"
 #include "platform/PatternSeparator.h"
 #include "platform/Regional.h"
 #include "platform/RegistryStore.h"
@@ -14,89 +15,71 @@
 namespace qel {
 namespace {
 
-using namespace std::string_literals;
-
 constexpr const char* Key = "HKEY_CURRENT_USER\\Control Panel\\International";
+
+// The fields that are not those of the United States, each by its name.
+std::string Differences(const RegionalValues& values) {
+  const RegionalValues usual;
+  std::ostringstream all;
+  const auto tell = [&](const std::string& name, const auto& value, const auto& other) {
+    if (value != other) all << (all.tellp() > 0 ? "; " : "") << name << "=" << value;
+  };
+  const auto tellEach = [&](const std::string& name, const auto& texts, const auto& others) {
+    for (std::size_t i = 0; i < texts.size(); ++i) tell(name + std::to_string(i + 1), texts[i], others[i]);
+  };
+  tell("Country", values.Country, usual.Country);
+  tell("CurrencySymbol", values.CurrencySymbol, usual.CurrencySymbol);
+  tell("SymbolPrecedes", values.SymbolPrecedes, usual.SymbolPrecedes);
+  tell("SymbolSpaced", values.SymbolSpaced, usual.SymbolSpaced);
+  tell("CurrencyDigits", values.CurrencyDigits, usual.CurrencyDigits);
+  tell("MoneyDecimal", values.MoneyDecimal, usual.MoneyDecimal);
+  tell("MoneyThousand", values.MoneyThousand, usual.MoneyThousand);
+  tell("NumberDecimal", values.NumberDecimal, usual.NumberDecimal);
+  tell("NumberThousand", values.NumberThousand, usual.NumberThousand);
+  tell("DateSeparator", values.DateSeparator, usual.DateSeparator);
+  tell("TimeSeparator", values.TimeSeparator, usual.TimeSeparator);
+  tell("ShortDatePattern", values.ShortDatePattern, usual.ShortDatePattern);
+  tell("LongDatePattern", values.LongDatePattern, usual.LongDatePattern);
+  tell("TimePattern", values.TimePattern, usual.TimePattern);
+  tell("AM", values.AM, usual.AM);
+  tell("PM", values.PM, usual.PM);
+  tellEach("ShortDay", values.ShortDays, usual.ShortDays);
+  tellEach("LongDay", values.LongDays, usual.LongDays);
+  tellEach("ShortMonth", values.ShortMonths, usual.ShortMonths);
+  tellEach("LongMonth", values.LongMonths, usual.LongMonths);
+  return ToUtf8(all.str());
+}
 
 class RegionalValuesTest : public testing::Test {
  protected:
-  RegionalValuesTest() {
-    setenv("LC_ALL", "C", 1);
-    store.CreateKey(Key);
-  }
+  RegionalValuesTest() { setenv("LC_ALL", "C", 1); }
   ~RegionalValuesTest() override { unsetenv("LC_ALL"); }
-
-  using Texts = std::vector<std::pair<const char*, std::string>>;
-  RegionalValues ReadWith(const Texts& texts) {
-    for (const auto& [name, text] : texts) store.Set(Key, name, {REG_SZ, text + '\0'});
-    return ReadRegionalValues(store);
-  }
-
-  RegistryStore store;
 };
 
-TEST_F(RegionalValuesTest, WithoutStoreAndLocaleAreThoseOfTheUnitedStates) {
-  for (const char* locale : {"C", "POSIX", "C.UTF-8", "xx_NOT_INSTALLED.UTF-8"}) {
-    setenv("LC_ALL", locale, 1);
-    const RegionalValues values = ReadRegionalValues(store);
-    EXPECT_EQ(values.ShortDatePattern, "M/d/yyyy") << locale;
-    EXPECT_EQ(values.CurrencySymbol, "$") << locale;
-    EXPECT_EQ(values.LongDays[6], "Sunday") << locale;
-  }
-}
-
-TEST_F(RegionalValuesTest, TheStoreGoesFirst) {
-  const std::pair<const char*, std::string RegionalValues::*> cases[] = {
-      {"sCurrency", &RegionalValues::CurrencySymbol},
-      {"sMonDecimalSep", &RegionalValues::MoneyDecimal},
-      {"sMonThousandSep", &RegionalValues::MoneyThousand},
-      {"sDecimal", &RegionalValues::NumberDecimal},
-      {"sThousand", &RegionalValues::NumberThousand},
-      {"s1159", &RegionalValues::AM},
-      {"s2359", &RegionalValues::PM}};
-  for (const auto& [name, field] : cases) EXPECT_EQ(ReadWith({{name, "text\0junk"s}}).*field, "text") << name;
-}
-
-TEST_F(RegionalValuesTest, EmptyTextsStandOnlyWhereTheyMakeSense) {
-  const RegionalValues values = ReadWith({{"sDecimal", ""},
-                                          {"sShortDate", ""},
-                                          {"sDate", ""},
-                                          {"iCurrDigits", ""},
-                                          {"sThousand", ""},
-                                          {"s2359", ""}});
-  EXPECT_EQ(values.NumberDecimal, ".");
-  EXPECT_EQ(values.ShortDatePattern, "M/d/yyyy");
-  EXPECT_EQ(values.DateSeparator, "/");
-  EXPECT_EQ(values.CurrencyDigits, 2);
-  EXPECT_EQ(values.NumberThousand + values.PM, "");
-}
-
-TEST_F(RegionalValuesTest, TheCurrencyNumberTellsSideAndBlank) {
-  const struct {
-    const char* number;
-    int precedes, spaced;
-  } cases[] = {{"0", 1, 0}, {"1", 0, 0}, {"2", 1, 1}, {"3", 0, 1}, {"4", 1, 0}, {"x", 1, 0}, {"-1", 1, 0}};
-  for (const auto& c : cases) {
-    const RegionalValues values = ReadWith({{"iCurrency", c.number}});
-    EXPECT_EQ(values.SymbolPrecedes, c.precedes) << c.number;
-    EXPECT_EQ(values.SymbolSpaced, c.spaced) << c.number;
-  }
-  store.Set(Key, "iCurrDigits", {REG_DWORD, std::string("\3\0\0\0", 4)});
-  EXPECT_EQ(ReadRegionalValues(store).CurrencyDigits, 3);
-  store.Set(Key, "iCurrDigits", {REG_DWORD, std::string("\xFF\xFF\xFF\xFF", 4)});
-  EXPECT_EQ(ReadRegionalValues(store).CurrencyDigits, 2);
-}
-
-TEST_F(RegionalValuesTest, PatternAndSeparatorNeverDisagree) {
-  for (const auto& [stored, date, time] : Cases<3>("platform/StoredPatterns")) {
-    store.DeleteKey(Key);
+TEST_F(RegionalValuesTest, WhatStandsInTheStoreGoesFirst) {
+  for (auto& [stored, wanted] : Cases<2>("platform/StoredRegions")) {
+    RegistryStore store;
     store.CreateKey(Key);
-    std::istringstream words(stored);
-    for (std::string name, text; std::getline(words >> std::ws, name, '=') && words >> text;)
-      store.Set(Key, name, {REG_SZ, text + '\0'});
-    const RegionalValues values = ReadRegionalValues(store);
-    EXPECT_EQ(values.ShortDatePattern + " " + values.DateSeparator, date) << stored;
-    EXPECT_EQ(values.TimePattern + " " + values.TimeSeparator, time) << stored;
+    std::ranges::replace(stored, '~', '\0');
+    std::istringstream texts(stored);
+    for (std::string name, text;
+         std::getline(texts >> std::ws, name, '=') && std::getline(texts, text, ';');) {
+      if (text.starts_with('#'))
+        store.Set(Key, name, {REG_DWORD, DwordBytes(static_cast<std::uint32_t>(std::stoi(text.substr(1))))});
+      else
+        store.Set(Key, name, {REG_SZ, text + '\0'});
+    }
+    EXPECT_EQ(Differences(ReadRegionalValues(store)), wanted) << stored;
+  }
+}
+
+TEST_F(RegionalValuesTest, TheLocaleComesNext) {
+  for (const auto& [name, wanted] : Cases<2>("platform/Locales")) {
+    const locale_t locale = newlocale(LC_ALL_MASK, name.c_str(), locale_t{});
+    if (!locale && !wanted.empty()) continue;
+    if (locale) freelocale(locale);
+    setenv("LC_ALL", name.c_str(), 1);
+    EXPECT_EQ(Differences(ReadRegionalValues(RegistryStore())), wanted) << name;
   }
 }
 
@@ -122,7 +105,9 @@ TEST(SystemLocale, TextsComeInWindows1252) {
     std::optional<std::string> result;
   } cases[] = {
       {"M\xC3\xA4rz", "UTF-8", "M\xE4rz"},
-      {"\u202F", "UTF-8", "\xA0"},
+      {"1\u202F234", "UTF-8",
+       "1\xA0"
+       "234"},
       {"K\u010D", "UTF-8", {}},
       {"M\xE4rz", "ISO-8859-1", "M\xE4rz"},
       {"\xA4", "ISO-8859-15", "\x80"},

@@ -1,11 +1,14 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <map>
+#include <sstream>
 #include <sys/wait.h>
 
-#include "platform/Disk.h"
+#include "platform/Files.h"
 #include "platform/RegistryFile.h"
 #include "platform/RegistryStore.h"
+#include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/FailingDisk.h"
 #include "support/TemporaryFolder.h"
@@ -39,150 +42,94 @@ class RegistryStoreTest : public testing::Test {
   std::string path = folder.Path("registry.reg");
 };
 
-TEST_F(RegistryStoreTest, KeysAndValuesIgnoreCaseAndKeepIt) {
-  RegistryStore store;
-  EXPECT_FALSE(store.Set(Key, "a", Text("1")));
-  store.CreateKey(Key);
-  store.CreateKey("hkey_local_machine\\software\\qel\\Tariffs\\Home");
-  store.CreateKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL Two");
-  EXPECT_TRUE(store.Set("HKEY_LOCAL_MACHINE\\Software\\qel\\", "Name", Text("1")));
-  EXPECT_TRUE(store.Set(Key, "NAME", Text("2")));
-  EXPECT_TRUE(store.Set(Key, "", Text("default")));
-  EXPECT_EQ(*store.Query(Key, "name"), Text("2"));
-  EXPECT_EQ(store.ValueNames(Key), (Names{"", "Name"}));
-  EXPECT_EQ(store.SubKeys("HKEY_LOCAL_MACHINE\\software"), (Names{"QEL", "QEL Two"}));
-  EXPECT_EQ(store.SubKeys(Key), Names{"Tariffs"});
-  EXPECT_EQ(store.Tree().find(Key + "\\Tariffs\\Home")->first, Key + "\\Tariffs\\Home");
-  store.DeleteValue(Key, "nAME");
-  EXPECT_EQ(store.Query(Key, "Name"), nullptr);
-  store.DeleteKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\qel");
-  EXPECT_EQ(store.SubKeys("HKEY_LOCAL_MACHINE\\SOFTWARE"), Names{"QEL Two"});
-  EXPECT_FALSE(store.KeyExists(Key + "\\Tariffs\\Home"));
+// Programs that share the file: "reader" only reads, the others take turns.
+class SharedStores : public RegistryStoreTest {
+ protected:
+  void Do(const std::string& who, RegistryStore& store, const std::string& what, const std::string& name,
+          const std::string& text) {
+    const std::size_t last = name.rfind('\\');
+    const std::string below = last == std::string::npos ? "" : "\\" + name.substr(0, last);
+    if (what == "set" && !store.Set(Key + below, name.substr(last + 1), Text(text)))
+      Tell(who + " has no " + name.substr(0, last));
+    if (what == "read") {
+      const RegistryValue* value = store.Query(Key + "\\", name);
+      Tell(who + " " + name + (value ? "=" + value->Data.substr(0, value->Data.size() - 1) : " is missing"));
+    }
+    if (what == "names") Tell(who + Joined(store.ValueNames(Key)));
+    if (what == "keys") Tell(who + Joined(store.SubKeys(Key)));
+    if (what == "key") store.CreateKey(Key + "\\" + name);
+    if (what == "drop") store.DeleteKey(name == "QEL" ? Key : Key + "\\" + name);
+    if (what == "delete") store.DeleteValue(Key, name);
+    if (what == "changed") Tell(who + (store.ChangedElsewhere(Key) ? " changed" : " unchanged"));
+    if (what == "spoil") folder.Put("registry.reg", "spoilt");
+    if (what == "open") store.Open(path, Access::Shared);
+    if (what == "refresh") store.Refresh();
+    if (what == "flush") store.Flush();
+  }
+
+  void TellFile() {
+    std::string file = "file";
+    if (folder.Content("registry.reg") == "spoilt") return Tell(file + " spoilt");
+    for (const auto& [key, values] : OnDisk()) {
+      if (key.size() > Key.size()) file += " [" + key.substr(Key.size() + 1) + "]";
+      for (const auto& [name, value] : values) file += " " + name + "=" + value.Data.c_str();
+    }
+    Tell(file + (folder.Content("registry.reg.bad") == "spoilt" ? ", beside it registry.reg.bad" : ""));
+  }
+
+  std::string told;
+
+ private:
+  void Tell(const std::string& what) { told += (told.empty() ? "" : "; ") + what; }
+  static std::string Joined(const Names& names) {
+    std::string joined;
+    for (const std::string& name : names) joined += " " + name;
+    return joined;
+  }
+};
+
+TEST_F(SharedStores, LoseNoneOfEachOthersChanges) {
+  for (const auto& [steps, wanted] : Cases<2>("platform/SharedStores")) {
+    folder.Empty();
+    PutOld();
+    told.clear();
+    std::map<std::string, RegistryStore> stores;
+    for (const char* who : {"one", "two", "three"}) stores[who].Open(path, Access::Shared);
+    stores["reader"].Open(path, Access::ReadOnly);
+    std::istringstream all(steps);
+    for (std::string step; std::getline(all, step, ';');) {
+      std::string who, what, name, text;
+      std::istringstream(step) >> who >> what >> name >> text;
+      Do(who, stores[who], what, name, text);
+    }
+    TellFile();
+    EXPECT_EQ(told, wanted) << steps;
+  }
 }
 
 TEST_F(RegistryStoreTest, WhatTheFileCannotHoldIsRefused) {
   RegistryStore store;
-  for (const std::string key : {"", "SOFTWARE\\QEL", "HKEY_X\\\\A", "HKEY_X\\a\nb", "HKEY_X\\a] ;b"})
+  for (const std::string key :
+       {"", "SOFTWARE\\QEL", "HKEY_X\\\\A", "HKEY_X\\a\nb", "HKEY_X\\a] ;b", "HKEY_X\\a];b", "HKEY_X\\a]];b"})
     EXPECT_THROW(store.CreateKey(key), RunTimeError) << key;
   store.CreateKey(Key);
   EXPECT_THROW(store.Set(Key, std::string("a\0b", 3), Text("1")), RunTimeError);
 }
 
-TEST_F(RegistryStoreTest, TheFirstFlushMakesAFileForItsOwnerOnly) {
-  path = folder.Path("config/qel/registry.reg");
-  RegistryStore store = Opened();
-  store.Flush();
-  EXPECT_FALSE(folder.Has("config"));
-  store.CreateKey(Key);
-  store.Set(Key, "a", Text("1"));
-  store.Flush();
-  EXPECT_EQ(fs::status(path).permissions(), fs::perms{0600});
-  EXPECT_EQ(fs::status(folder.Path("config/qel")).permissions(), fs::perms{0700});
-  EXPECT_EQ(Opened().Tree(), store.Tree());
-}
-
-TEST_F(RegistryStoreTest, TwoStoresLoseNoneOfEachOthersChanges) {
-  PutOld();
-  RegistryStore one = Opened(), two = Opened();
-  one.Set(Key, "a", Text("one"));
-  one.CreateKey(Key + "\\One");
-  one.Set(Key, "c", Text("one"));
-  two.Set(Key, "a", Text("1"));  // no change
-  two.Set(Key, "b", Text("two"));
-  two.CreateKey(Key + "\\Two");
-  two.Set(Key, "c", Text("two"));
-  one.Flush();
-  two.Flush();
-  EXPECT_EQ(OnDisk().at(Key), (RegistryValues{{"a", Text("one")}, {"b", Text("two")}, {"c", Text("two")}}));
-  EXPECT_EQ(two.SubKeys(Key), (Names{"One", "Two"}));
-
-  one.DeleteKey(Key);
-  one.Flush();
-  EXPECT_FALSE(OnDisk().contains(Key + "\\Two"));
-  two.Set(Key, "b", Text("again"));
-  two.Flush();
-  EXPECT_EQ(OnDisk().at(Key), (RegistryValues{{"b", Text("again")}}));
-}
-
-// Each holds all of its settings in memory and stores all of them each time, as the program does.
-TEST_F(RegistryStoreTest, ThreeProgramsThatWriteInTurnLoseNothing) {
-  PutOld();
-  std::vector<std::pair<RegistryStore, RegistryValues>> programs(3);
-  for (auto& [store, memory] : programs) {
-    store.Open(path, Access::Shared);
-    for (const std::string& name : store.ValueNames(Key)) memory[name] = *store.Query(Key, name);
-  }
-  RegistryValues expected = programs[0].second;
-  for (const std::string round : {"1", "2", "3"}) {
-    for (std::size_t i = 0; i < programs.size(); ++i) {
-      auto& [store, memory] = programs[i];
-      // In the second round nobody has changed anything.
-      const std::string own = "own" + std::to_string(i);
-      if (round != "2") memory[own] = expected[own] = Text(round);
-      if (round == "1" && i == 1) memory["b"] = expected["b"] = Text("new");
-      for (const auto& [name, value] : memory) store.Set(Key, name, value);
-      store.Flush();
-      EXPECT_EQ(OnDisk().at(Key), expected) << "round " << round << ", " << own;
-    }
-  }
-  EXPECT_EQ(programs[2].first.Tree(), OnDisk()) << "what others wrote is known";
-}
-
-TEST_F(RegistryStoreTest, WhatWasReadAnewIsWhatAChangeIsToldFrom) {
-  PutOld();
-  RegistryStore one = Opened(), two = Opened();
-  two.Set(Key, "a", Text("2"));
-  two.Flush();
-  EXPECT_FALSE(one.ChangedElsewhere(Key));
-  one.Set(Key, "b", Text("one"));
-  one.Refresh();
-  EXPECT_TRUE(one.ChangedElsewhere(Key));
-  EXPECT_EQ(*one.Query(Key, "a"), Text("2"));
-  EXPECT_FALSE(one.ChangedElsewhere(Key));
-  one.Set(Key, "a", Text("1"));
-  one.Flush();
-  EXPECT_EQ(OnDisk().at(Key), (RegistryValues{{"a", Text("1")}, {"b", Text("one")}}));
-  folder.Put("registry.reg", "spoilt");
-  one.Refresh();
-  EXPECT_EQ(*one.Query(Key, "a"), Text("1"));
-}
-
-TEST_F(RegistryStoreTest, AReadOnlyStoreWritesNothing) {
-  PutOld();
-  const std::string before = folder.Content("registry.reg");
-  RegistryStore store = Opened(Access::ReadOnly);
-  store.Set(Key, "a", Text("2"));
-  store.Flush();
-  EXPECT_EQ(*store.Query(Key, "a"), Text("2"));
-  EXPECT_EQ(folder.Content("registry.reg"), before);
-  EXPECT_EQ(folder.Entries(), 1);
-}
-
-TEST_F(RegistryStoreTest, AFileThatMakesNoSenseIsSetAside) {
+TEST_F(RegistryStoreTest, AFileThatMakesNoSenseIsSetAsideUnderANameOfItsOwn) {
   folder.Put("registry.reg", "garbage");
-  try {
-    Opened(Access::ReadOnly);
-    ADD_FAILURE() << "opened";
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.Number(), DeviceError);
-    EXPECT_THROW(std::rethrow_if_nested(error), RegistryFileError);
-  }
+  EXPECT_EQ(ErrorOf([this] { Opened(Access::ReadOnly); }), DeviceError);
   EXPECT_EQ(folder.Content("registry.reg"), "garbage");
-
-  // Each under a name of its own, whatever was set aside before.
-  for (const std::string kept : {"registry.reg.bad", "registry.reg.bad-2", "registry.reg.bad-3"}) {
-    const std::string garbage = "REGEDIT4\n" + kept;
-    folder.Put("registry.reg", garbage + "\ngarbage\"");
+  std::string told;
+  for (const char* content : {"one", "REGEDIT4\ntwo", "REGEDIT4\n\nthree"}) {
+    folder.Put("registry.reg", content);
     RegistryStore store = Opened();
-    EXPECT_TRUE(store.Tree().empty());
-    const auto told = store.TakeSetAside();
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_EQ(told[0].Path + told[0].KeptAs, path + folder.Path(kept));
-    EXPECT_EQ(told[0].Why, "line 2: unexpected text");
-    EXPECT_TRUE(folder.Content(kept).starts_with(garbage));
-    EXPECT_FALSE(folder.Has("registry.reg"));
-    EXPECT_TRUE(store.TakeSetAside().empty());
+    for (const auto& file : store.TakeSetAside())
+      told += file.KeptAs.substr(file.Path.size()) + ", " + file.Why.substr(0, 8) +
+              ReadWholeFile(file.KeptAs) + "; ";
+    EXPECT_TRUE(store.Tree().empty() && store.TakeSetAside().empty() && !folder.Has("registry.reg"));
   }
+  EXPECT_EQ(told, ".bad, line 1: one; .bad-2, line 2: REGEDIT4\ntwo; .bad-3, line 3: REGEDIT4\n\nthree; ");
 }
 
 TEST_F(RegistryStoreTest, WhatCannotBeReadIsRaisedAndLeftAsItIs) {
@@ -244,16 +191,6 @@ TEST_F(RegistryStoreTest, AFlushSweepsWhatCrashesLeftAndNothingElse) {
   for (const auto& name : others) EXPECT_TRUE(folder.Has(name)) << name;
 }
 
-TEST_F(RegistryStoreTest, AFileSpoiltMeanwhileIsSetAsideAndWrittenWhole) {
-  PutOld();
-  RegistryStore store = Opened();
-  folder.Put("registry.reg", "spoilt");
-  store.Set(Key, "a", Text("2"));
-  store.Flush();
-  EXPECT_EQ(folder.Content("registry.reg.bad"), "spoilt");
-  EXPECT_EQ(OnDisk().at(Key), (RegistryValues{{"a", Text("2")}, {"b", Text("1")}}));
-}
-
 TEST_F(RegistryStoreTest, AFileThatCannotBeReadIsNotTakenForEmpty) {
   PutOld();
   FailingDisk disk;
@@ -280,6 +217,7 @@ TEST_F(RegistryStoreTest, EveryFailingStepOfAFlushLeavesTheOldOrTheNewFileAndThe
       once ? disk.FailNth(n) : disk.FailFrom(n);
       const bool flushed = ErrorOf([&] { store.Flush(); }) == 0;
       EXPECT_TRUE(flushed || disk.Failed());
+      EXPECT_EQ(store.FlushFailed(), !flushed);
       const RegistryTree after = OnDisk();
       EXPECT_TRUE(after == store.Tree() || (after == before && !flushed)) << "operation " << n;
       if (!disk.Failed()) break;
@@ -288,30 +226,6 @@ TEST_F(RegistryStoreTest, EveryFailingStepOfAFlushLeavesTheOldOrTheNewFileAndThe
       store.Flush();
       EXPECT_EQ(OnDisk(), store.Tree()) << "operation " << n;
     }
-  }
-}
-
-TEST_F(RegistryStoreTest, AProcessThatEndsInTheMiddleLeavesAWholeFile) {
-  FailingDisk disk;
-  const DiskInPlace inPlace(disk);
-  PutOld();
-  RegistryStore old = Opened();
-  bool ended = true;
-  for (int n = 1; ended; ++n) {
-    PutOld();
-    RegistryStore store = Opened();
-    store.Set(Key, "a", Text("2"));
-    const pid_t child = ::fork();
-    if (child == 0) {
-      disk.EndProcessAt(n);
-      store.Flush();
-      ::_exit(1);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ended = WEXITSTATUS(status) == 0;
-    const RegistryTree after = OnDisk();
-    EXPECT_TRUE(after == store.Tree() || (after == old.Tree() && ended)) << "operation " << n;
   }
 }
 

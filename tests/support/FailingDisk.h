@@ -125,12 +125,14 @@ class TwoVolumes : public FailingDisk {
     return AreApart(from, to) ? -1 : FailingDisk::RenameNew(from, to);
   }
 
- private:
-  static bool IsFar(const std::string& path) { return path.find("/far/") != std::string::npos; }
+ protected:
   static bool AreApart(const std::string& from, const std::string& to) {
     errno = EXDEV;
     return IsFar(from) != IsFar(to);
   }
+
+ private:
+  static bool IsFar(const std::string& path) { return path.find("/far/") != std::string::npos; }
 };
 
 }  // namespace qel
