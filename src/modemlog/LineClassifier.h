@@ -42,10 +42,8 @@ class LineClassifier {
     unsigned lineClass;
   };
 
-  static unsigned PairIndex(const char* pair) {
-    const unsigned first = static_cast<unsigned char>(pair[0]);
-    const unsigned second = static_cast<unsigned char>(pair[1]);
-    return first | second << 8;
+  static unsigned PairIndex(char first, char second) {
+    return static_cast<unsigned char>(first) | static_cast<unsigned>(static_cast<unsigned char>(second)) << 8;
   }
   void NotePlaces(const std::string& text);
   unsigned PlacesOf(std::string_view line, std::size_t pair) const;

@@ -119,13 +119,13 @@ class MemoryDisk : public Disk {
 
  private:
   struct Node {
-    mode_t mode;
-    ino_t number;
-    long changed;  // nanoseconds
-    std::string content, flushed;
-    std::string waiting;  // what others append as soon as they may
-    int writers = 0;      // descriptors that write
-    int lockedBy = 0;     // descriptor
+    mode_t mode = 0;
+    int number = 0;
+    int changed = 0;  // nanoseconds
+    std::string content = "", flushed = "";
+    std::string waiting = "";  // what others append as soon as they may
+    int writers = 0;           // descriptors that write
+    int lockedBy = 0;          // descriptor
     bool leased = false;
   };
   using NodePointer = std::shared_ptr<Node>;
@@ -143,14 +143,14 @@ class MemoryDisk : public Disk {
   static int Tell(const Node& node, struct stat* status) {
     *status = {};
     status->st_mode = node.mode;
-    status->st_ino = node.number;
+    status->st_ino = static_cast<ino_t>(node.number);
     status->st_size = static_cast<off_t>(node.content.size());
     status->st_mtim.tv_nsec = node.changed;
     return 0;
   }
   NodePointer Make(const std::string& path, mode_t mode) {
     ++numbers;
-    return names[path] = std::make_shared<Node>(mode, static_cast<ino_t>(numbers), numbers);
+    return names[path] = std::make_shared<Node>(Node{.mode = mode, .number = numbers, .changed = numbers});
   }
   Node& At(int file) { return *open.at(file).node; }
   void Append(Node& node, const std::string& text) {
