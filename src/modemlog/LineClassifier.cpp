@@ -33,7 +33,7 @@ LineClassifier::LineClassifier()
     : LineClassifier({ModemDial, ModemAnswer, ModemConnect, ModemUserDisconnect, ModemHostDisconnect,
                       ModemReads, ModemWrites}) {}
 
-LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) : places(65536) {
+LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) {
   for (std::size_t i = 0; i < texts.size(); ++i) {
     responses[i] = {texts[i], 1u << i};
     if (texts[i].empty()) {

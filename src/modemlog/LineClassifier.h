@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace qel {
 
@@ -53,7 +52,8 @@ class LineClassifier {
   std::array<Response, 7> responses;
   unsigned always = NoClass;  // classes of empty response strings
   std::size_t window = 0;     // characters at each string's end that the looks rest on; 0 without strings
-  std::vector<std::uint8_t> places;  // by pair: a bit for each place that it has in some string's window
+  std::array<std::uint8_t, 65536>
+      places{};  // by pair: a bit for each place that it has in some string's window
 };
 
 }  // namespace qel

@@ -10,49 +10,34 @@ class FailureTest : public ToolRuns {
     MendInterruptedSwap(CurrentLogPath);
     const bool saved = std::string(tool.name) == "save";  // which keeps no safety copy
     EXPECT_TRUE(Log() == log || (Log() == result && (saved || Safety() == log || Kept() == log)))
-        << tool.name << ", " << when << "\n"
+        << when << "\n"
         << Log();
   }
 };
 
-TEST_P(FailureTest, EveryFailingOperationLeavesAWholeLogAndIsTold) {
-  for (const Tool& tool : Tools) {
-    const std::string result = ResultOf(tool);
-    bool failed = true;
-    for (int n = 1; failed; ++n) {
-      const std::string when = "operation " + std::to_string(n);
-      Begin();
-      disk.FailNth(n, ENOSPC);
-      const bool succeeded = Run(tool);
-      failed = disk.Failed();
-      disk.Mend();
-      EXPECT_TRUE(succeeded ? Log() == result : failed) << tool.name << ", " << when;
-      ExpectNothingLost(tool, result, when);
-      EXPECT_TRUE(succeeded || !memory.Has(tool.workingFile)) << tool.name << ", " << when;
-      seen = StampOf(CurrentLogPath);
-      EXPECT_TRUE(Run(tool));
-      EXPECT_EQ(Log(), result) << "the next run of " << tool.name << " after " << when;
-    }
-  }
-}
-
 // A disk that does nothing any more is one whose program has ended, or whose power has gone.
-TEST_P(FailureTest, AProgramThatEndsAtAnyOperationLosesNothing) {
+TEST_P(FailureTest, EveryFailingOperationLeavesAWholeLogAndIsTold) {
+  enum Ending { Fails, Ends, LosesPower };
+  const char* const Endings[] = {" fails at ", " ends at ", " loses power at "};
   for (const Tool& tool : Tools) {
     const std::string result = ResultOf(tool);
-    for (const bool powerFails : {false, true}) {
+    for (const Ending ending : {Fails, Ends, LosesPower}) {
       bool failed = true;
       for (int n = 1; failed; ++n) {
-        const std::string when = (powerFails ? "power at " : "end at ") + std::to_string(n);
+        const std::string when = tool.name + std::string(Endings[ending]) + std::to_string(n);
         Begin();
-        disk.FailFrom(n);
+        ending == Fails ? disk.FailNth(n, ENOSPC) : disk.FailFrom(n);
         const bool succeeded = Run(tool);
         failed = disk.Failed();
         disk.Mend();
-        if (powerFails) memory.FailPower();
-        EXPECT_TRUE(!succeeded || Log() == result) << tool.name << ", " << when;
+        if (ending == LosesPower) memory.FailPower();
+        EXPECT_TRUE(succeeded ? Log() == result : failed) << when;
+        EXPECT_TRUE(ending != Fails || Log() == log || Log() == result) << "rolled back at once, " << when;
         ExpectNothingLost(tool, result, when);
-        EXPECT_TRUE(Run(tool) || tool.workingFile[0] == 0) << tool.name << ", " << when;
+        EXPECT_TRUE(succeeded || ending != Fails || !memory.Has(tool.workingFile)) << when;
+        seen = StampOf(CurrentLogPath);
+        EXPECT_TRUE(Run(tool)) << "the next run after " << when;
+        EXPECT_EQ(Log(), result) << "the next run after " << when;
       }
     }
   }

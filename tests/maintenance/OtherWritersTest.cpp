@@ -72,17 +72,23 @@ class Meddler : public TwoVolumes {
 TEST_P(OtherWritersTest, WhatHappensInTheMidstHasOneOutcome) {
   const std::string path = CurrentLogPath, result = ResultOf(Tools[0]);
   const auto append = [&] { memory.AppendToHeld(line); };
+  const auto anotherStarts = [&] {
+    MendInterruptedSwap(path);
+    EXPECT_TRUE(host.messages.empty()) << "another QEL leaves alone what is in hand";
+  };
+  const char* const changed = "the log changed while it was read";
   const struct {
     std::string at;
     std::function<void()> deed;
-    std::string log, kept, safety, moved;
+    std::string log, kept, safety, moved, reason;
   } cases[] = {
-      {path + ".qel-new", append, log + line, "", "older", ".qel-new"},
-      {path + ".qel-old", append, log + line, "", "older", ".qel-new.qel-old.txt"},
-      {path, append, result, log + line, "older", ".qel-new.qel-old.txt.txt.kept"},
-      {path, [&] { MendInterruptedSwap(path); }, result, "", log,
-       ".qel-new.qel-old.txt"},  // another QEL starts
-      {"", [] {}, result, "", log, ".qel-new.qel-old.txt"},
+      {path + ".qel-new", append, log + line, "", "older", ".qel-new", changed},
+      {path + ".qel-old", append, log + line, "", "older", ".qel-new.qel-old.txt", changed},
+      {path, append, result, log + line, "older", ".qel-new.qel-old.txt.txt.kept", changed},
+      {path, [&] { memory.Append(path, line); }, line, log, "older", ".qel-new.qel-old.txt.txt.kept",
+       "another program began a new log meanwhile"},
+      {path, anotherStarts, result, "", log, ".qel-new.qel-old.txt", ""},
+      {"", [] {}, result, "", log, ".qel-new.qel-old.txt", ""},
   };
   Meddler meddler(memory);
   meddler.NoLeases = true;
@@ -99,11 +105,18 @@ TEST_P(OtherWritersTest, WhatHappensInTheMidstHasOneOutcome) {
     EXPECT_EQ(Kept(), c.kept) << c.moved;
     EXPECT_EQ(Safety(), c.safety) << c.moved;
     EXPECT_EQ(meddler.moved, c.moved);
+    EXPECT_EQ(reason, c.reason) << c.moved;
   }
   {
     const LogSwap ofAnotherQEL(path);
     EXPECT_FALSE(Purge());
+    EXPECT_EQ(reason, "another QEL is rewriting the log");
   }
+  meddler.NoLeases = false;
+  memory.Hold(path);
+  EXPECT_FALSE(Purge());
+  EXPECT_EQ(reason, "another program holds the log open for writing");
+  Begin();
   // As a run leaves it that ended between giving the second name and taking the first.
   memory.Link(path, path + ".qel-old");
   EXPECT_TRUE(Purge() && Kept().empty());

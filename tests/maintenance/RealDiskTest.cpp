@@ -2,15 +2,11 @@
 // to programs that run at the same time.
 #include <atomic>
 #include <chrono>
-#include <csignal>
 #include <fcntl.h>
 #include <random>
-#include <sys/wait.h>
 #include <thread>
 
 #include "maintenance/LogRewrite.h"
-#include "maintenance/LogSwap.h"
-#include "platform/CodePage.h"
 #include "support/FreshProgram.h"
 
 namespace qel {
@@ -30,22 +26,6 @@ class RealDisk : public FreshProgram {
   }
   const std::string log = "01-05-1999 10:00:00.00 - READS 1\r\n01-06-1999 10:00:00.00 - Reads 2\r\n";
 };
-
-TEST_F(RealDisk, AProcessKilledAtAnyInstantLosesNothing) {
-  for (int instant = 0; instant < 60; ++instant) {
-    OpenLog(log);
-    const pid_t child = fork();
-    if (child == 0) {
-      DoOptimize();
-      _exit(0);
-    }
-    usleep(static_cast<useconds_t>(instant * 40));  // a run takes about a millisecond
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    MendInterruptedSwap(CurrentLogPath);
-    EXPECT_EQ(UpperCase(ReadWholeFile(CurrentLogPath)), UpperCase(log)) << instant;
-  }
-}
 
 TEST_F(RealDisk, NoLineIsMissingWithoutAWordAfterManyRewrites) {
   const char* const wanted = std::getenv("QEL_REWRITES");

@@ -11,12 +11,16 @@
 
 namespace qel {
 
-class ToolRuns : public FreshProgram, public ::testing::WithParamInterface<const char*> {
+class ToolRuns : public FreshProgram, public Display, public ::testing::WithParamInterface<const char*> {
  protected:
   ToolRuns() {
+    SetDisplay(*this);
     AppPath = "/app";
     SetCurrentLog(GetParam() + std::string("/"), "log.txt");
   }
+
+  void WorkFailed(const std::string& why) override { reason = why; }
+  std::string reason;  // of the latest failure of a purge or an optimizing
 
   // Each is false where the run failed and said so.
   bool Purge() {
@@ -56,6 +60,7 @@ class ToolRuns : public FreshProgram, public ::testing::WithParamInterface<const
     memory.Put(CurrentLogPath, log);
     seen = StampOf(CurrentLogPath);
     host.messages.clear();
+    reason.clear();
     disk.Mend();
   }
   // What the tool makes of the log when nothing goes wrong.
