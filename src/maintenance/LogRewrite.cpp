@@ -46,7 +46,7 @@ class Progress {
 
  private:
   const std::string doing;
-  Int16 told = -1;
+  std::optional<Int16> told;
 };
 
 void TellFailure(const Tool& tool) {

@@ -31,7 +31,6 @@ void LogRepair::FixCorruption() {
   progress("Please Wait.... Reading Modem Log", std::nullopt);
   const std::string log = ReadWholeFile(CurrentLogPath);
   std::string kept;
-  kept.reserve(log.size());
   Int32 position = 0;
   for (const char byte : log) {
     if (IsKept(byte)) kept += byte;
@@ -55,7 +54,7 @@ void LogRepair::CheckEntries() {
   SetTrace("frmFileRepair", "CheckEntries");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   LogLength = Int32(FileLength(CurrentLogPath));
-  Int16 told = -1;
+  std::optional<Int16> told;
   Int32 bytes;
   const auto keepDated = [](std::string_view line) -> std::optional<std::string> {
     if (line.ends_with('\r')) line.remove_suffix(1);  // the last line has lost the rest of its end

@@ -5,25 +5,31 @@
 
 namespace qel {
 
+namespace {
+
+// Of the first service with this number or alternate number, or -1.
+Int16 IndexOf(std::string_view number) {
+  for (Int16 i = 0; i < UsedServices; ++i)
+    if (number == Services[i].ServiceNumber || number == Services[i].ServiceAltNumber) return i;
+  return -1;
+}
+
+}  // namespace
+
 std::string CutDialledNumber(std::string_view line) {
   const auto marker = line.find(ModemDial);
   if (marker == std::string_view::npos) return "";
   const std::size_t start = marker + ModemDial.size() + 1;
-  if (start + 1 >= line.size()) return "";
-  const std::string_view text = line.substr(start, line.size() - start - 1);
-  return std::string(text.substr(0, text.find('<')));
+  const std::string_view text = line.substr(0, line.size() - 1);
+  if (start > text.size()) return "";
+  return std::string(text.substr(start, text.find('<', start) - start));
 }
 
 bool IsValidNumber(const std::string& text) {
   return UpperCase(text).find_first_not_of("PLTW1234567890,!^()#*-") == std::string::npos;
 }
 
-Int16 GetServiceIndex(const std::string& number) {
-  const std::string_view trimmed = Trim(number);
-  for (Int16 i = 0; i < UsedServices; ++i)
-    if (trimmed == Services[i].ServiceNumber || trimmed == Services[i].ServiceAltNumber) return i;
-  return -1;
-}
+Int16 GetServiceIndex(const std::string& number) { return IndexOf(Trim(number)); }
 
 std::string GetServiceName(const std::string& number) {
   const Int16 index = GetServiceIndex(number);
@@ -31,11 +37,10 @@ std::string GetServiceName(const std::string& number) {
 }
 
 std::string GetAltNumber(const std::string& number) {
-  for (Int16 i = 0; i < UsedServices; ++i) {
-    if (Services[i].ServiceNumber == number) return Services[i].ServiceAltNumber;
-    if (Services[i].ServiceAltNumber == number) return Services[i].ServiceNumber;
-  }
-  return "";
+  const Int16 index = IndexOf(number);
+  if (index < 0) return "";
+  const ServiceRecord& service = Services[index];
+  return number == service.ServiceNumber ? service.ServiceAltNumber : service.ServiceNumber;
 }
 
 }  // namespace qel

@@ -19,13 +19,21 @@ bool EndsAt(std::string_view line, std::size_t end, const std::string& text) {
   return true;
 }
 
+// The letters of which this is the capital; itself, unless it is a small one.
+std::string SpellingsOf(char capital) {
+  std::string letters;
+  for (unsigned letter = 0; letter < 256; ++letter)
+    if (UpperCaseTable[letter] == static_cast<unsigned char>(capital)) letters += static_cast<char>(letter);
+  return letters;
+}
+
 }  // namespace
 
 LineClassifier::LineClassifier()
     : LineClassifier({ModemDial, ModemAnswer, ModemConnect, ModemUserDisconnect, ModemHostDisconnect,
                       ModemReads, ModemWrites}) {}
 
-LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) : places(65536) {
+LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) {
   for (std::size_t i = 0; i < texts.size(); ++i) {
     responses[i] = {texts[i], 1u << i};
     if (texts[i].empty()) {
@@ -41,14 +49,15 @@ LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) : places
 
 // Every spelling of the string's last pairs, in capital and small letters.
 void LineClassifier::NotePlaces(const std::string& text) {
-  const char* const from = text.data() + text.size() - window;
-  for (std::size_t i = 0; i + 1 < window; ++i)
-    for (unsigned first = 0; first < 256; ++first) {
-      if (UpperCaseTable[first] != static_cast<unsigned char>(from[i])) continue;
-      for (unsigned second = 0; second < 256; ++second)
-        if (UpperCaseTable[second] == static_cast<unsigned char>(from[i + 1]))
-          places[first | second << 8] |= static_cast<std::uint8_t>(1u << i);
-    }
+  const std::string_view end = std::string_view(text).substr(text.size() - window);
+  std::string before;
+  for (std::size_t i = 0; i < window; ++i) {
+    const std::string letters = SpellingsOf(end[i]);
+    for (const char first : before)
+      for (const char second : letters)
+        places[PairIndex(first, second)] |= static_cast<std::uint8_t>(1u << (i - 1));
+    before = letters;
+  }
 }
 
 unsigned LineClassifier::ClassesEndingAt(std::string_view line, std::size_t end) const {
@@ -61,11 +70,11 @@ unsigned LineClassifier::ClassesEndingAt(std::string_view line, std::size_t end)
 // The places that a pair can have beside its neighbours, which have the places next to it.
 unsigned LineClassifier::PlacesOf(std::string_view line, std::size_t pair) const {
   const char* const text = line.data() + pair;
-  const unsigned found = places[PairIndex(text)];
+  const unsigned found = places[PairIndex(text[0], text[1])];
   if (found == 0) return 0;
   const unsigned last = 1u << (window - 2);
-  const unsigned behind = pair + 3 <= line.size() ? places[PairIndex(text + 1)] : 0u;
-  const unsigned before = pair > 0 ? places[PairIndex(text - 1)] : 0u;
+  const unsigned behind = pair + 3 <= line.size() ? places[PairIndex(text[1], text[2])] : 0u;
+  const unsigned before = pair > 0 ? places[PairIndex(text[-1], text[0])] : 0u;
   return found & (behind >> 1 | last) & (before << 1 | 1u);
 }
 

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace qel {
 
@@ -42,10 +41,8 @@ class LineClassifier {
     unsigned lineClass;
   };
 
-  static unsigned PairIndex(const char* pair) {
-    const unsigned first = static_cast<unsigned char>(pair[0]);
-    const unsigned second = static_cast<unsigned char>(pair[1]);
-    return first | second << 8;
+  static unsigned PairIndex(char first, char second) {
+    return static_cast<unsigned char>(first) | static_cast<unsigned>(static_cast<unsigned char>(second)) << 8;
   }
   void NotePlaces(const std::string& text);
   unsigned PlacesOf(std::string_view line, std::size_t pair) const;
@@ -55,7 +52,8 @@ class LineClassifier {
   std::array<Response, 7> responses;
   unsigned always = NoClass;  // classes of empty response strings
   std::size_t window = 0;     // characters at each string's end that the looks rest on; 0 without strings
-  std::vector<std::uint8_t> places;  // by pair: a bit for each place that it has in some string's window
+  std::array<std::uint8_t, 65536>
+      places{};  // by pair: a bit for each place that it has in some string's window
 };
 
 }  // namespace qel

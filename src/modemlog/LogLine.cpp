@@ -1,5 +1,7 @@
 #include "modemlog/LogLine.h"
 
+#include <algorithm>
+
 #include "core/ProgramState.h"
 #include "core/Version.h"
 #include "platform/Clock.h"
@@ -25,9 +27,14 @@ int DigitsAt(std::string_view text, std::size_t position, std::size_t count) {
   return value;
 }
 
+// Whether digits stand where the form has zeros, and its own characters elsewhere.
+bool IsLaidOutAs(std::string_view form, std::string_view text) {
+  return std::ranges::equal(form, text, [](char f, char c) { return f == '0' ? IsDigit(c) : f == c; });
+}
+
 // The lenient value of what stands at a place of the line, as a whole number.
 double ValueAt(std::string_view line, std::size_t position, std::size_t count) {
-  return position < line.size() ? RoundHalfEven(Val(line.substr(position, count))) : 0;
+  return RoundHalfEven(Val(line.substr(std::min(position, line.size()), count)));
 }
 
 // For lines that are not laid out as a driver lays them out.
@@ -59,7 +66,7 @@ Date GetLineDate(std::string_view line) {
   const int month = DigitsAt(line, 0, 2);
   const int day = DigitsAt(line, 3, 2);
   const int year = DigitsAt(line, 6, 4);
-  if (day < 1 || month < 1 || year < 100) return DateOfOddLine(line);
+  if (std::min({day, month, year}) < 1) return DateOfOddLine(line);
   try {
     return DateSerial(year, month, day);
   } catch (const RunTimeError&) {
@@ -74,8 +81,7 @@ Date TimeOfLine(std::string_view line) {
   if (stop == std::string_view::npos) Raise(InvalidCall);
   const std::string_view text = line.substr(start, stop - start);
   const int hour = DigitsAt(text, 0, 2), minute = DigitsAt(text, 3, 2), second = DigitsAt(text, 6, 2);
-  const bool plain = text.size() == 8 && text[2] == ':' && text[5] == ':';
-  if (plain && hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60)
+  if (IsLaidOutAs("00:00:00", text) && hour < 24 && minute < 60 && second < 60)
     return TimeSerial(hour, minute, second);
   return TimeSerial(0, 0, SecondOfDay(TextToDate(text)));
 }

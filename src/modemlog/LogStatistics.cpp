@@ -47,18 +47,16 @@ void ShowLoadingUpTo(int position, int before, int step) {
 // True where a byte before the last one of the file is none of a text.
 bool HoldsBadByte(bool showProgress, int step) {
   BlockReader file(CurrentLogPath);
-  int position = 0;  // bytes looked at
-  for (std::string_view block = file.Next(); !block.empty() && position < LogLength - 1;
-       block = file.Next()) {
-    block = block.substr(0, static_cast<std::size_t>(LogLength - 1 - position));
-    if (!std::all_of(block.begin(), block.end(),
-                     [](char c) { return IsTextByte(static_cast<unsigned char>(c)); }))
+  auto left = static_cast<std::size_t>(LogLength - 1);
+  for (;;) {
+    const std::string_view block = file.Next().substr(0, left);
+    if (block.empty()) return false;
+    if (!std::ranges::all_of(block, [](char c) { return IsTextByte(static_cast<unsigned char>(c)); }))
       return true;
-    const int before = position + 1;
-    position += static_cast<int>(block.size());
-    if (showProgress) ShowLoadingUpTo(position + 1, before, step);
+    left -= block.size();
+    const int position = LogLength - static_cast<int>(left);  // of the next byte, counted from 1
+    if (showProgress) ShowLoadingUpTo(position, position - static_cast<int>(block.size()), step);
   }
-  return false;
 }
 
 void ReadEntries() {

@@ -18,7 +18,7 @@ namespace qel {
 inline constexpr char PathSeparator = '/';
 
 // Files are read and written in blocks of this many bytes.
-inline constexpr std::size_t BlockSize = 256 * 1024;
+inline constexpr std::size_t BlockSize = 64 * 1024;
 
 // False where there is nothing at `path`. Raise what else goes wrong, such as a folder on the way that may
 // not be searched.

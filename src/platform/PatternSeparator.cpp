@@ -98,7 +98,7 @@ bool HasOneSeparator(std::string_view pattern) {
   const bool fiveParts = parts.size() == 5 || (parts.size() == 6 && !parts[5].isPlace);
   if (!fiveParts || !DatePlacesIn(pattern)) return false;
   const std::string own = SeparatorAmong(parts);
-  for (const std::size_t i : {1, 3, 5})
+  for (const std::size_t i : {1u, 3u, 5u})
     if (i < parts.size() && WithoutBlanksAround(parts[i].text) != own) return false;
   return IsDatePlace(parts[0]) && IsDatePlace(parts[2]) && IsDatePlace(parts[4]);
 }

@@ -1,6 +1,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "core/Display.h"
+#include "maintenance/LinePass.h"
 #include "maintenance/LogRewrite.h"
 #include "maintenance/LogSwap.h"
 #include "maintenance/Repair.h"
@@ -12,9 +14,21 @@
 
 namespace qel {
 
+// Writes down what it is told of the work.
+class Listener : public Display {
+ public:
+  void StatusText(const std::string& text) override { said += text + "|"; }
+  void ShowProgress(bool visible) override { said += visible ? "begin|" : "end|"; }
+  void Progress(Int16 percent) override { said += "bar " + std::to_string(percent) + "|"; }
+  std::string said;
+};
+
 class RewriteTest : public FreshProgram {
  protected:
-  RewriteTest() { AppPath = folder.Path(); }
+  RewriteTest() {
+    AppPath = folder.Path();
+    SetDisplay(listener);
+  }
 
   void Open(const std::string& log) {
     OpenLog(log);
@@ -24,77 +38,133 @@ class RewriteTest : public FreshProgram {
   static void Purge(int from, int to) { DoPurge(DateSerial(1999, 1, from), DateSerial(1999, 1, to)); }
   void Repair() {
     LogRepair repair([this](const std::optional<std::string>& text, const auto& percent) {
-      said.push_back(text.value_or("bar " + NumberText(percent.value_or(0))));
+      if (text) listener.StatusText(*text);
+      if (percent) listener.Progress(*percent);
     });
+    LogLength = 7;  // which each pass finds out for itself
     repair.FixCorruption();
+    if (between) between();
+    LogLength = 7;
     repair.CheckEntries();
   }
 
-  std::vector<std::string> said;
+  Listener listener;
+  std::string& said = listener.said;
+  std::function<void()> between;  // the passes of a repair
 };
 
-TEST_F(RewriteTest, APurgeTakesWholeDaysAndWhatHasNoDate) {
-  const std::string log = "no date\r\n01-05-1999 a\n\n01-06-1999 b\r\n01-07-1999 c\r\n01-06-1999 d";
-  const struct {
-    int from, to;
-    const char* left;
-  } cases[] = {
-      {5, 5, "01-06-1999 b\r\n01-07-1999 c\r\n01-06-1999 d\r\n"},
-      {6, 6, "01-05-1999 a\r\n01-07-1999 c\r\n"},
-      {5, 7, ""},
-      {8, 9, "01-05-1999 a\r\n01-06-1999 b\r\n01-07-1999 c\r\n01-06-1999 d\r\n"},
+TEST_F(RewriteTest, EachToolKeepsWhatItHasToAndASafetyCopy) {
+  const auto unfolded = [](const std::string& text) {
+    std::string lines;
+    for (const char c : text) lines += c == '|' ? "\r\n" : c == '/' ? "\n" : std::string(1, c);
+    return lines;
   };
-  for (const auto& c : cases) {
-    Open(log);
-    Purge(c.from, c.to);
-    EXPECT_EQ(Log(), c.left) << c.from << " to " << c.to;
-    EXPECT_EQ(folder.Content("ModemLog.old"), log);
-    EXPECT_FALSE(folder.Has("ModemLog.pge"));
+  for (const auto& [tool, log, result, trace] : Cases("maintenance/Rewrites")) {
+    Open(unfolded(log));
+    LineReader left(CurrentLogPath);
+    std::string_view line;
+    if (tool == "repair") {
+      Repair();
+    } else {
+      tool == "optimize" ? DoOptimize() : Purge(tool[6] - '0', tool[8] - '0');
+    }
+    EXPECT_EQ(Log(), unfolded(result)) << tool;
+    EXPECT_EQ(folder.Content("ModemLog.old"), unfolded(log)) << tool;
+    for (const char* working : {PurgedName, OptimizedName, RepairedName}) EXPECT_FALSE(folder.Has(working));
+    EXPECT_EQ(ProcedureTrace, trace);
+    EXPECT_THROW(left.Next(line), RunTimeError) << "open files are closed";
   }
   EXPECT_TRUE(host.messages.empty());
-  EXPECT_EQ(host.transcript.back(), "status: Finished Purging Records!");
+  EXPECT_EQ(std::filesystem::status(folder.Path(CleanedName)).permissions(), std::filesystem::perms{0600});
 }
 
-TEST_F(RewriteTest, OptimizingKeepsInCapitalsWhatTheAnalysisReads) {
-  const std::string time = "01-05-1999 10:00:00.00 - ";
-  std::string log, expected;
-  for (const auto& [text, kept] : Cases<2>("maintenance/Kept")) {
-    log += time + text + "\r\n";
-    if (kept == "yes") expected += UpperCase(time + text) + "\r\n";
+TEST_F(RewriteTest, ProgressIsToldByTheEntriesThatAreKnown) {
+  const std::string doing = "Please Wait .....Purging  ";
+  const struct {
+    int lines;
+    float entries;
+    std::string said;
+    int yields;
+  } cases[] = {
+      {1, 0, "", 0},
+      {1, 1, doing + "100%|bar 100|", 1},
+      {3, 2, doing + "50%|bar 50|" + doing + "100%|bar 100|" + doing + "150%|", 3},
+      {600, 60000, doing + "0%|bar 0|" + doing + "1%|bar 1|", 2},
+  };
+  for (const auto& c : cases) {
+    Open(std::string(static_cast<std::size_t>(c.lines), '\n'));
+    LogEntries = c.entries;
+    said.clear();
+    int yields = 0;
+    host.yielded = [&yields] { ++yields; };
+    host.pointer = MousePointer::Hourglass;
+    Purge(5, 5);
+    EXPECT_EQ(said, "begin|" + c.said + "end|Finished Purging Records!|");
+    EXPECT_EQ(std::pair(yields, host.pointer), std::pair(c.yields, MousePointer::Default)) << c.said;
   }
-  Open(log + "Recv: ATDT5550142\r\n\r\n");
-  DoOptimize();
-  EXPECT_EQ(Log(), expected);
-  DoOptimize();
-  EXPECT_EQ(Log(), expected) << "a second time changes nothing";
+}
+
+TEST_F(RewriteTest, AnArchivesSafetyCopyIsItsOwn) {
+  const std::string log = "01-05-1999 READS\r\n";
+  Open(log);
   ArchiveOpen = true;
   folder.Put("ModemLog.old", "of the default log");
   DoOptimize();
   EXPECT_EQ(folder.Content("ModemLog.old"), "of the default log");
-  EXPECT_EQ(folder.Content("ModemLogArchive.old"), expected);
+  EXPECT_EQ(folder.Content("ModemLogArchive.old"), log);
 }
 
-TEST_F(RewriteTest, ARepairKeepsPrintableLinesWithADate) {
-  const std::string line = "01-05-1999 10:00:00.00 - good";
-  const struct {
-    std::string log, repaired;
-  } cases[] = {
-      {line + "\r\n", line + "\r\n"},
-      {line, line.substr(0, line.size() - 1) + "\r\n"},
-      {line + "\r\n\r\n  \r\nno date\r\n" + line + "\r\n", line + "\r\n" + line + "\r\n"},
-      {"01-05-\t1999\x01 a\x7F\x80\xFF\r\n", "01-05-1999 a\r\n"},
-      {std::string("01-05-1999\0 a\r\n", 15) + line + "\r\n", "01-05-1999 a\r\n" + line + "\r\n"},
-  };
-  for (const auto& c : cases) {
-    Open(c.log);
-    Repair();
-    EXPECT_EQ(Log(), c.repaired);
-    EXPECT_EQ(folder.Content("ModemLog.old"), c.log);
-    EXPECT_FALSE(folder.Has("ModemLog.fx2"));
-    EXPECT_EQ(std::filesystem::status(folder.Path("ModemLog.fx1")).permissions(),
-              std::filesystem::perms{0600});
+TEST_F(RewriteTest, ARepairKeepsPrintableBytes) {
+  std::string log, repaired;
+  for (int byte = 0; byte < 256; ++byte) {
+    if (byte == '\r' || byte == '\n') continue;
+    const std::string text(1, static_cast<char>(byte));
+    log += "01-05-1999" + text + "a\r\n";
+    repaired += "01-05-1999" + (byte >= 32 && byte < 127 ? text : "") + "a\r\n";
   }
-  EXPECT_EQ(said.back(), "bar 100");
+  Open(log);
+  Repair();
+  EXPECT_EQ(Log(), repaired);
+}
+
+TEST_F(RewriteTest, ARepairTellsEveryPercentOfBothPasses) {
+  for (const int interval : {1, 2}) {
+    std::string log, expected = "Please Wait.... Reading Modem Log|";
+    const auto tell = [&expected](const std::string& doing, int percent) {
+      expected += doing + ".... " + std::to_string(percent) + "%|bar " + std::to_string(percent) + "|";
+    };
+    for (int percent = 1; percent <= 100; ++percent) tell("Repairing Modem Log.....", percent);
+    for (const int percent : {25, 50, 75}) tell("Checking Entries.....", percent);
+    tell("Checking Entries.....", interval == 1 ? 101 : 100);  // with an end that the first pass took
+    const std::string end(static_cast<std::size_t>(interval * 25 - 12), 'x');
+    for (int line = 0; line < 4; ++line) log += "01-05-1999" + end + "\r\n";
+    Open(log);
+    said.clear();
+    Repair();
+    EXPECT_EQ(said, expected + "bar 100|");
+    EXPECT_EQ(host.pointer, MousePointer::Default);
+  }
+  Open(std::string(4000, '\n'));
+  said.clear();
+  Repair();
+  EXPECT_EQ(std::ranges::count(said, 'C'), 201) << "200 percent, each told once";
+}
+
+TEST_F(RewriteTest, AReasonIsALineForTheUser) {
+  EXPECT_EQ(ReasonOfFailure([] {}), "");
+  EXPECT_EQ(ReasonOfFailure([] { throw std::bad_alloc(); }), "Out of memory");
+  EXPECT_EQ(ReasonOfFailure([] { RemoveFile("/none"); }), "/none: No such file or directory");
+  Open("\x01\x02");
+  EXPECT_EQ(ReasonOfFailure([this] { Repair(); }), "the log holds nothing that could be kept");
+  Open("01-05-1999 a\r\n");
+  between = [this] {
+    EXPECT_EQ(ProcedureTrace, "FixCorruption");
+    EXPECT_EQ(host.pointer, MousePointer::Default);
+    folder.Put("test.log", "");
+  };
+  EXPECT_EQ(ReasonOfFailure([this] { Repair(); }), "the log changed while it was read");
+  EXPECT_EQ(ProcedureTrace, "CheckEntries");
+  EXPECT_EQ(host.pointer, MousePointer::Hourglass);
 }
 
 TEST_F(RewriteTest, LimitsAreFailuresThatLeaveTheLogAlone) {
@@ -111,35 +181,36 @@ TEST_F(RewriteTest, LimitsAreFailuresThatLeaveTheLogAlone) {
   Open(many.substr(line.size()));
   Purge(6, 6);
   EXPECT_EQ(host.messages.size(), 2u) << "32767 lines";
+  Open(std::string(3276749, 'x'));
+  Repair();
   Open(std::string(3276750, 'x'));
   EXPECT_EQ(ErrorOf([this] { Repair(); }), Overflow);
+}
+
+TEST_F(RewriteTest, ALogIsWrittenAnewOnlyWhereNobodyHasSeenOne) {
+  const std::string path = folder.Path("new.txt");
+  EXPECT_EQ(ErrorOf([&] { WriteLog(path, "text", FileStamp()); }), FileNotFound);
+  WriteLog(path, "text");
+  EXPECT_EQ(folder.Content("new.txt"), "text");
 }
 
 TEST_F(RewriteTest, AFileOfTheToolsOwnIsNotRewritten) {
   const std::string log = "01-05-1999 a\r\n";
   const auto purge = [] { Purge(5, 5); };
   const auto repair = [this] { EXPECT_EQ(ErrorOf([this] { Repair(); }), PermissionDenied); };
-  const struct {
-    const char* name;
-    bool archive;
-    std::function<void()> tool;
-  } cases[] = {
-      {PurgedName, false, purge},
-      {SafetyCopyName, false, purge},
-      {OptimizedName, true, DoOptimize},
-      {CleanedName, false, repair},
-      {ArchiveSafetyCopyName, true, DoOptimize},
-      {RepairedName, false, repair},
-      {SafetyCopyName, false, repair},
-  };
-  for (const auto& c : cases) {
-    folder.Put(c.name, log);
-    for (const bool linked : {false, true}) {
-      CurrentLogPath = folder.Path(linked ? "link" : c.name);
-      if (linked) std::filesystem::create_symlink(folder.Path(c.name), CurrentLogPath);
-      ArchiveOpen = c.archive;
-      c.tool();
-      EXPECT_EQ(folder.Content(c.name), log) << c.name;
+  const std::pair<const char*, std::function<void()>> cases[] = {
+      {PurgedName, purge},         {SafetyCopyName, purge},
+      {OptimizedName, DoOptimize}, {ArchiveSafetyCopyName, DoOptimize},
+      {CleanedName, repair},       {RepairedName, repair},
+      {SafetyCopyName, repair}};
+  for (const auto& [name, tool] : cases) {
+    ArchiveOpen = name == std::string(ArchiveSafetyCopyName);
+    folder.Put(name, log);
+    std::filesystem::create_symlink(folder.Path(name), folder.Path("link"));
+    for (const char* path : {name, "link"}) {
+      CurrentLogPath = folder.Path(path);
+      tool();
+      EXPECT_EQ(folder.Content(name), log) << name;
     }
     std::filesystem::remove(folder.Path("link"));
   }

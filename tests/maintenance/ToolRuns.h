@@ -1,4 +1,4 @@
-// All that rewrites a log, run on one that lies with the program's folder or on another volume.
+// All that rewrites a log, run in memory on one that lies with the program's folder or on another volume.
 #pragma once
 
 #include "maintenance/LinePass.h"
@@ -7,16 +7,20 @@
 #include "maintenance/Repair.h"
 #include "support/FailingDisk.h"
 #include "support/FreshProgram.h"
+#include "support/MemoryDisk.h"
 
 namespace qel {
 
-class ToolRuns : public FreshProgram, public ::testing::WithParamInterface<const char*> {
+class ToolRuns : public FreshProgram, public Display, public ::testing::WithParamInterface<const char*> {
  protected:
   ToolRuns() {
-    AppPath = folder.Path("app");
-    disk.Flushes = false;
-    SetCurrentLog(folder.Path(GetParam()) + "/", "log.txt");
+    SetDisplay(*this);
+    AppPath = "/app";
+    SetCurrentLog(GetParam() + std::string("/"), "log.txt");
   }
+
+  void WorkFailed(const std::string& why) override { reason = why; }
+  std::string reason;  // of the latest failure of a purge or an optimizing
 
   // Each is false where the run failed and said so.
   bool Purge() {
@@ -39,32 +43,38 @@ class ToolRuns : public FreshProgram, public ::testing::WithParamInterface<const
   struct Tool {
     const char* name;
     bool (ToolRuns::*run)();
+    const char* workingFile;
   };
-  static constexpr Tool Tools[] = {{"purge", &ToolRuns::Purge},
-                                   {"optimize", &ToolRuns::Optimize},
-                                   {"repair", &ToolRuns::Repair},
-                                   {"save", &ToolRuns::Save}};
+  static constexpr Tool Tools[] = {{"purge", &ToolRuns::Purge, "/app/ModemLog.pge"},
+                                   {"optimize", &ToolRuns::Optimize, "/app/ModemLog.opt"},
+                                   {"repair", &ToolRuns::Repair, "/app/ModemLog.fx2"},
+                                   {"save", &ToolRuns::Save, ""}};
 
   bool Run(const Tool& tool) { return (this->*tool.run)(); }
-  std::string Log() const { return folder.Content(GetParam() + std::string("/log.txt")); }
-  std::string Kept() const { return folder.Content(GetParam() + std::string("/log.txt.kept")); }
+  std::string Log() const { return memory.Content(CurrentLogPath); }
+  std::string Kept() const { return memory.Content(CurrentLogPath + ".kept"); }
+  std::string Safety() const { return memory.Content("/app/ModemLog.old"); }
   void Begin() {
-    folder.Empty();
-    for (const char* name : {"app", "far"}) std::filesystem::create_directory(folder.Path(name));
-    folder.Put(GetParam() + std::string("/log.txt"), log);
+    memory.Empty();
+    for (const char* name : {"/app", "/far"}) memory.PutFolder(name);
+    memory.Put(CurrentLogPath, log);
     seen = StampOf(CurrentLogPath);
     host.messages.clear();
+    reason.clear();
+    disk.Mend();
   }
   // What the tool makes of the log when nothing goes wrong.
   std::string ResultOf(const Tool& tool) {
     Begin();
-    Run(tool);
+    EXPECT_TRUE(Run(tool)) << tool.name;
     return Log();
   }
 
   const std::string log = "01-05-1999 10:00:00.00 - READS 1\r\n01-06-1999 10:00:00.00 - Reads 2\r\n";
   FileStamp seen;
-  TwoVolumes disk;
+  MemoryDisk memory;
+  TwoVolumes disk{memory};
+  const DiskInPlace inPlace{disk};
 
  private:
   bool Told(const std::function<void()>& run) {

@@ -6,7 +6,10 @@
 #include "platform/CodePage.h"
 #include "platform/FormatMask.h"
 #include "support/Cases.h"
+#include "support/ErrorOf.h"
+#include "support/FailingDisk.h"
 #include "support/FreshProgram.h"
+#include "support/MemoryDisk.h"
 
 namespace qel {
 
@@ -18,8 +21,9 @@ TEST_F(LogLine, DateCarriesOverAndTimeLiesBetweenTheFirstBlankAndThePointBehindI
     EXPECT_EQ(date == 0 ? "" : FormatDate(date, "yyyy-mm-dd"), expectedDate) << line;
     EXPECT_EQ(time.empty() ? "" : std::to_string(SecondOfDay(TimeOfLine(line))), time) << line;
   }
-  for (const char* noTime : {"01-05-1999 10:20:30", "01-05-1999 24:00:00.0", "01-05-1999 soon."})
-    EXPECT_THROW(TimeOfLine(noTime), RunTimeError) << noTime;
+  for (const char* noTime : {"24:00:00.0", "10:60:00.0", "10:20:60.0", "10x20:30.0", "10:20x30.0", "soon."})
+    EXPECT_EQ(ErrorOf([&] { TimeOfLine(std::string("01-05-1999 ") + noTime); }), TypeMismatch) << noTime;
+  EXPECT_EQ(ErrorOf([] { TimeOfLine("01-05-1999 10:20:30"); }), InvalidCall);
 }
 
 TEST_F(LogLine, ByteCountIsTheFirstNumberThatDoesNotEndTheLine) {
@@ -68,8 +72,34 @@ TEST_F(LogLine, AServiceIsFoundByEitherNumberAndTheLowerIndexWins) {
   EXPECT_EQ(GetServiceIndex(" 222 "), 0);
   EXPECT_EQ(GetServiceIndex(" 333"), -1);  // the service's blanks count
   EXPECT_EQ(GetServiceIndex(""), 2);
-  EXPECT_EQ(GetServiceName("111"), "Alpha");
-  EXPECT_EQ(GetAltNumber("222"), "111");
+  EXPECT_EQ(GetServiceName("111") + GetServiceName(" 444") + GetServiceName("5"), "AlphaGamma5");
+  EXPECT_EQ(GetAltNumber("222") + GetAltNumber(" 333") + GetAltNumber("5"), "111222");
+  UsedServices = 2;
+  EXPECT_EQ(GetServiceIndex(""), -1);
+}
+
+TEST_F(LogLine, ANewLogHasOneEntryAndComesInTheWayOfNone) {
+  const std::string entry = "01-15-1999 12:00:00.00 - New modem log file created by QEL (Qelmark) v1.0\r\n";
+  EXPECT_EQ(NewLogEntry(), entry);
+  MemoryDisk memory;
+  FailingDisk disk(memory);
+  const DiskInPlace inPlace(disk);
+  int operations = 0;
+  for (int n = 0; n <= operations; ++n) {  // before which the modem's driver makes one; first never
+    memory.Empty();
+    memory.PutFolder("/");
+    disk.Mend();
+    disk.Before = [&](int operation) {
+      if (operation == n) memory.Append("/log", "the driver's\r\n");
+    };
+    const bool made = NewModemLog("/log");
+    const std::string log = memory.Content("/log");
+    EXPECT_TRUE(made ? log == entry || log == entry + "the driver's\r\n" : n > 0 && log == "the driver's\r\n")
+        << n;
+    if (n == 0) operations = disk.Operations();
+  }
+  EXPECT_EQ(ErrorOf([] { NewModemLog("/"); }), FileAlreadyExists);
+  EXPECT_EQ(ErrorOf([] { NewModemLog("/none/log"); }), PathNotFound);
 }
 
 }  // namespace qel

@@ -15,6 +15,8 @@ namespace qel {
 
 class FailingDisk : public Disk {
  public:
+  explicit FailingDisk(Disk& beneath = CurrentDisk()) : beneath(beneath) {}
+
   // Each starts counting anew; operations count from 1.
   void FailNth(int operation, int systemError = EIO) { Plan(operation, systemError, Then::Recover); }
   void FailFrom(int operation, int systemError = EIO) { Plan(operation, systemError, Then::KeepFailing); }
@@ -23,16 +25,15 @@ class FailingDisk : public Disk {
 
   std::function<void(int operation)> Before;  // what others do in front of an operation
   bool NoLeases = false;                      // as on a volume that knows none
-  bool Flushes = true;                        // no power fails in a test: it may go without the wait
 
   int Operations() const { return operations; }
   bool Failed() const { return failed; }
 
   int Open(const std::string& path, int flags, mode_t mode) override {
-    return Fails() ? -1 : Disk::Open(path, flags, mode);
+    return Fails() ? -1 : beneath.Open(path, flags, mode);
   }
   ssize_t Read(int file, void* buffer, std::size_t size) override {
-    return Fails() ? -1 : Disk::Read(file, buffer, size);
+    return Fails() ? -1 : beneath.Read(file, buffer, size);
   }
   // Half of the data gets to the disk before the failure, as when it fills.
   ssize_t Write(int file, const void* data, std::size_t size) override {
@@ -41,48 +42,50 @@ class FailingDisk : public Disk {
       errno = systemError;
       return -1;
     }
-    if (!Fails()) return Disk::Write(file, data, size);
+    if (!Fails()) return beneath.Write(file, data, size);
     if (size < 2) return -1;
     halfWritten = true;
-    return Disk::Write(file, data, size / 2);
+    return beneath.Write(file, data, size / 2);
   }
-  int Sync(int file) override { return Fails() ? -1 : Flushes ? Disk::Sync(file) : 0; }
-  int SetMode(int file, mode_t mode) override { return Fails() ? -1 : Disk::SetMode(file, mode); }
+  int Sync(int file) override { return Fails() ? -1 : beneath.Sync(file); }
+  int SetMode(int file, mode_t mode) override { return Fails() ? -1 : beneath.SetMode(file, mode); }
   int SetOwner(int file, uid_t owner, gid_t group) override {
-    return Fails() ? -1 : Disk::SetOwner(file, owner, group);
+    return Fails() ? -1 : beneath.SetOwner(file, owner, group);
   }
-  int StatusOf(int file, struct stat* status) override { return Fails() ? -1 : Disk::StatusOf(file, status); }
-  int Lock(int file, int operation) override { return Fails() ? -1 : Disk::Lock(file, operation); }
+  int StatusOf(int file, struct stat* status) override {
+    return Fails() ? -1 : beneath.StatusOf(file, status);
+  }
+  int Lock(int file, int operation) override { return Fails() ? -1 : beneath.Lock(file, operation); }
   int SetLease(int file, int kind) override {
-    if (!NoLeases) return Fails() ? -1 : Disk::SetLease(file, kind);
+    if (!NoLeases) return Fails() ? -1 : beneath.SetLease(file, kind);
     errno = EINVAL;
     return -1;
   }
-  int LeaseOf(int file) override { return Fails() ? -1 : Disk::LeaseOf(file); }
+  int LeaseOf(int file) override { return Fails() ? -1 : beneath.LeaseOf(file); }
   int Close(int file) override {
     const bool fails = Fails();  // which closes it none the less
-    const int result = Disk::Close(file);
+    const int result = beneath.Close(file);
     if (fails) errno = systemError;
     return fails ? -1 : result;
   }
   int Status(const std::string& path, struct stat* status) override {
-    return Fails() ? -1 : Disk::Status(path, status);
+    return Fails() ? -1 : beneath.Status(path, status);
   }
   ssize_t ReadLink(const std::string& path, char* buffer, std::size_t size) override {
-    return Fails() ? -1 : Disk::ReadLink(path, buffer, size);
+    return Fails() ? -1 : beneath.ReadLink(path, buffer, size);
   }
   int Rename(const std::string& from, const std::string& to) override {
-    return Fails() ? -1 : Disk::Rename(from, to);
+    return Fails() ? -1 : beneath.Rename(from, to);
   }
   int RenameNew(const std::string& from, const std::string& to) override {
-    return Fails() ? -1 : Disk::RenameNew(from, to);
+    return Fails() ? -1 : beneath.RenameNew(from, to);
   }
-  int Remove(const std::string& path) override { return Fails() ? -1 : Disk::Remove(path); }
+  int Remove(const std::string& path) override { return Fails() ? -1 : beneath.Remove(path); }
   int MakeFolder(const std::string& path, mode_t mode) override {
-    return Fails() ? -1 : Disk::MakeFolder(path, mode);
+    return Fails() ? -1 : beneath.MakeFolder(path, mode);
   }
   int List(const std::string& folder, std::vector<std::string>& names) override {
-    return Fails() ? -1 : Disk::List(folder, names);
+    return Fails() ? -1 : beneath.List(folder, names);
   }
 
  private:
@@ -107,6 +110,7 @@ class FailingDisk : public Disk {
     return true;
   }
 
+  Disk& beneath;
   int operations = 0;
   int failAt = 0;
   int systemError = EIO;
@@ -118,6 +122,7 @@ class FailingDisk : public Disk {
 // Two volumes: what is called "far" lies on the other one.
 class TwoVolumes : public FailingDisk {
  public:
+  using FailingDisk::FailingDisk;
   int Rename(const std::string& from, const std::string& to) override {
     return AreApart(from, to) ? -1 : FailingDisk::Rename(from, to);
   }

@@ -1,0 +1,116 @@
+#include "FuzzedProgram.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+
+#include "analysis/QELAnalyse.h"
+#include "analysis/ReportPeriod.h"
+#include "core/CurrencyFormat.h"
+#include "core/EndProgram.h"
+#include "core/GeneralFunctions.h"
+#include "core/ProgramState.h"
+#include "modemlog/LogStatistics.h"
+#include "platform/Clock.h"
+#include "reports/DetailReport.h"
+#include "reports/HtmlReport.h"
+#include "reports/ReportExport.h"
+#include "reports/SummaryDifference.h"
+#include "reports/SummaryReport.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+FuzzedProgram::FuzzedProgram() {
+  SetHost(host);
+  std::cerr.rdbuf(nullptr);
+  GetCurrencySymbolInfo();
+  BuildDateMask();
+  BuildDayNames();
+  StopClockAt(DateSerial(1999, 1, 15));
+  AppPath = "/app";
+  SetDefaults();
+}
+
+void FuzzedProgram::OpenLog(std::string_view log) {
+  Disk.Mend();
+  Memory.Empty();
+  Memory.PutFolder("/app");
+  Memory.Put("/app/log.txt", log);
+  SetCurrentLog("/app/", "log.txt");
+}
+
+void SetDefaults() {
+  ResetSettings();
+  FillMissingSettings();
+  Services.Make(MaxServices);
+  ServiceRecord& service = Services[0];
+  service.ServiceName = "Alpha";
+  service.ServiceNumber = "5551234";
+  service.DialOption = 2;
+  service.UsedTariffs = 1;
+  service.Tariffs[0].AppliesDays = "Mon - Fri";
+  service.Tariffs[0].AppliesTimeEnd = TimeSerial(23, 59, 0);
+  service.Tariffs[0].Unit = "Per Unit";
+  service.Tariffs[0].UnitMins = 1;
+  service.Tariffs[0].PerMinuteRate = 0.05;
+  UsedServices = 1;
+}
+
+bool AnalyseAll(int firstDay, int lastDay) {
+  Examine(LogHealth::Unknown);
+  if (LogEmpty || LogInvalid || LogCorrupt) return false;
+  PeriodFields fields;
+  fields.SetStarting(format_date(FirstEntryDate + firstDay));
+  fields.SetEnding(format_date(LastEntryDate - lastDay));
+  if (!checkProcess()) return false;
+  Analyse();
+  return !LogCorrupt;
+}
+
+std::string ReportIn(std::size_t form) {
+  static constexpr std::string (*Forms[])() = {
+      [] { return DisplaySummaryReport().ReportText; },
+      [] { return DisplayDetailReport().ReportText; },
+      [] { return ExportSummary(ExportFormat::Csv); },
+      [] { return ExportDetails(ExportFormat::Csv); },
+      [] { return ExportSummary(ExportFormat::Json); },
+      [] { return ExportDetails(ExportFormat::Json) + ExportStatistics(ExportFormat::Json); },
+      [] { return ExportStatistics(ExportFormat::Csv) + StatisticsPage(); },
+      SummaryPage,
+      DetailsPage,
+      [] {
+        std::string text;
+        for (const auto& line : SummaryDifferences()) text += line;
+        return text;
+      },
+  };
+  static_assert(std::size(Forms) == ReportForms);
+  return Forms[form % ReportForms]();
+}
+
+void Run(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const ProgramEnd&) {
+  } catch (const RunTimeError&) {
+  }
+}
+
+unsigned Choices::Below(unsigned limit) {
+  if (bytes.empty()) return 0;
+  const unsigned byte = static_cast<unsigned char>(bytes.front());
+  bytes.remove_prefix(1);
+  return byte % limit;
+}
+
+void Check(bool holds, const char* rule) {
+  if (holds) return;
+  std::fprintf(stderr, "does not hold: %s\n", rule);
+  std::abort();
+}
+
+}  // namespace qel
+
+// Many small inputs: who asked for a piece of memory is looked up when a run of its own repeats the finding.
+extern "C" const char* __asan_default_options() { return "malloc_context_size=2:quarantine_size_mb=16"; }
