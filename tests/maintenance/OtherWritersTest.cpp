@@ -118,7 +118,7 @@ TEST_P(OtherWritersTest, WhatHappensInTheMidstHasOneOutcome) {
   EXPECT_EQ(reason, "another program holds the log open for writing");
   Begin();
   // As a run leaves it that ended between giving the second name and taking the first.
-  memory.Link(path, path + ".qel-old");
+  memory.PutLink(path, path + ".qel-old");
   EXPECT_TRUE(Purge() && Kept().empty());
 }
 

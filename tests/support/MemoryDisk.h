@@ -30,7 +30,7 @@ class MemoryDisk : public Disk {
   bool Has(const std::string& path) const { return names.contains(path); }
   std::string Content(const std::string& path) const { return Has(path) ? names.at(path)->content : ""; }
   // Gives a file a second name.
-  void Link(const std::string& path, const std::string& other) { names[other] = names.at(path); }
+  void PutLink(const std::string& path, const std::string& other) { names[other] = names.at(path); }
   void FailPower() {
     names = flushed;
     for (const auto& [path, node] : names) node->content = node->flushed;
