@@ -26,7 +26,8 @@ TEST_F(AnalysisTest, LongLinesAndNulsAreTextABadTimeOrNumberIsToldAnUndatedLineI
       "noise\n" + LogText("5 10:03 D666"));
   EXPECT_EQ(ServiceTotals[1].Number, "555");
   EXPECT_EQ(ServiceTotals[1].Connections, 1);
-  EXPECT_EQ(host.messages.size(), 4u);  // an error is shown twice
+  EXPECT_EQ(host.errors, (std::vector<std::string>{"Process, Log Entry: 2: Type mismatch",
+                                                   "Process, Log Entry: 4: Overflow"}));
   EXPECT_EQ(EntriesProcessed, 4);
   EXPECT_TRUE(LogCorrupt && !host.Showed("report"));
 }

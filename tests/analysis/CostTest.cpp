@@ -6,30 +6,10 @@
 
 namespace qel {
 
-// The name "Holidays" says the days; all others are for every day.
-void SetTariffs(ServiceRecord& service, const std::string& text) {
-  service.DialOption = 2;
-  service.UsedTariffs = 0;
-  std::istringstream tariffs(text);
-  for (std::string entry; std::getline(tariffs, entry, ';'); ++service.UsedTariffs) {
-    TariffRecord& t = service.Tariffs[service.UsedTariffs] = {};
-    std::istringstream words(entry);
-    std::string start, end;
-    int number = 0, seconds = 0;
-    words >> t.Description >> start >> end >> t.DialRate >> t.PerMinuteRate >> t.Unit >> number >> seconds;
-    t.AppliesDays = t.Description == "Holidays" ? t.Description : "Everyday";
-    t.AppliesTimeStart = Clock(start);
-    t.AppliesTimeEnd = Clock(end);
-    t.Unit = "Per " + t.Unit;
-    t.After = t.UnitMins = number;
-    t.UnitSecs = seconds;
-  }
-}
-
 TEST_F(AnalysisTest, CallIsPricedPieceByPieceByTheFirstTariffThatHolds) {
   Connections.Make(1);
   for (const auto& [tariffs, call, cost, notes] : Cases("analysis/Calls")) {
-    SetTariffs(service, tariffs);
+    SetTariffs(tariffs);
     std::istringstream words(call);
     int from, to;
     std::string start, end;
@@ -39,7 +19,7 @@ TEST_F(AnalysisTest, CallIsPricedPieceByPieceByTheFirstTariffThatHolds) {
         << tariffs << " => " << call;
     EXPECT_EQ(Connections[1].Notes, notes) << tariffs << " => " << call;
   }
-  SetTariffs(service, "Flat 00:00 23:59 0 1 Unit 0 1");  // more units than 16 bits hold
+  SetTariffs("Flat 00:00 23:59 0 1 Unit 0 1");  // more units than 16 bits hold
   EXPECT_THROW(GetDialupCost("777", Jan(5), Clock("01:00"), Jan(5), Clock("23:00"), 0), RunTimeError);
 }
 
