@@ -15,8 +15,8 @@ namespace qel {
 
 BoundedArray<ModemRecord> Modems;
 Int16 ModemCount;
-bool ModemConfigOK = false;
-bool NewLogStarted = false;
+bool ModemConfigOK{};
+bool NewLogStarted{};
 
 namespace {
 

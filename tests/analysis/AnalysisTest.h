@@ -75,6 +75,8 @@ class AnalysisTest : public FreshProgram {
     NoDisconData = options["Data"];
     ShowErrors = options["HideErrors"] == 0;
     PeriodEnd = Jan(options["To"] > 0 ? static_cast<int>(options["To"]) : 6);
+    MaxConnections = options["Connections"] > 0 ? options["Connections"] : 200;
+    MaxServices = options["Services"] > 0 ? options["Services"] : 20;
   }
 
   // "Day 08:00 17:59 .1 .6 Minute; Eve ...": name, times, charge per call, rate, unit, seconds spared or

@@ -6,6 +6,13 @@
 
 namespace qel {
 
+// With its line ends as they are written in sources.
+std::string OneLine(const std::string& text) {
+  std::string line;
+  for (const char c : text) line += c == '\n' ? "\\n" : c == '\r' ? "\\r" : std::string(1, c);
+  return line;
+}
+
 class ConnectionsTest : public AnalysisTest {
  protected:
   ConnectionsTest() {
@@ -25,7 +32,7 @@ class ConnectionsTest : public AnalysisTest {
     host.messages.clear();
     Run(LogOf(act));
     act.Now = State().Lines();
-    for (const Message& message : host.messages) act.Now.push_back("message " + message.Title + message.Text);
+    for (const Message& message : host.messages) act.Now.push_back(OneLine(message.Text));
     const std::string finished =
         "status:  F I N I S H E D !  -  (" + std::to_string(EntriesProcessed) + " entries processed)";
     for (const auto& told : host.transcript)
