@@ -37,7 +37,7 @@ int FreeSecondsOf(Span free, Span call) {
 }  // namespace
 
 Int32 GetFreeSeconds(const std::string& number, Date start, Date stop) {
-  Int32 seconds = 0;
+  Int32 seconds;
   IgnoreErrors([&] {
     const Int16 index = GetServiceIndex(number);
     if (index < 0 || !Services[index].FreePeriod) return;

@@ -134,7 +134,7 @@ void TakeWrites() {
 }
 
 void Idle(unsigned classes) {
-  DialledPending = classes & DialLine;
+  const bool DialledPending = classes & DialLine;
   AnsweredPending = classes & AnswerLine;
   if (DialledPending || AnsweredPending) {
     NewDial();

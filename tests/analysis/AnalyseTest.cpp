@@ -14,6 +14,11 @@ TEST_F(AnalysisTest, LongLinesAndNulsAreTextABadTimeOrNumberIsToldAnUndatedLineI
                                                    "Process, Log Entry: 4: Overflow"}));
   EXPECT_EQ(EntriesProcessed, 4);
   EXPECT_TRUE(LogCorrupt && !host.Showed("report"));
+  Run(LogText("5 10:00 D555"));
+  EXPECT_FALSE(LogCorrupt) << "an undated line is the log's that has it";
+  LogCorrupt = true;  // as other tests find it
+  Analyse();
+  EXPECT_TRUE(LogCorrupt);
 }
 
 // Keeps the pointer and the progress too.

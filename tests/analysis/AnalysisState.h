@@ -26,7 +26,12 @@ class State {
     Field("Analysis")("EntriesProcessed", EntriesProcessed)("ConnectionCount", ConnectionCount)(
         "TotalsCount", TotalsCount)("Connected", Connected)("ServicesExceeded", ServicesExceeded)(
         "ConnectionsExceeded", ConnectionsExceeded)("LogErrorsFound", LogErrorsFound)(
-        "TariffIncomplete", TariffIncomplete)("ShowBlocks", ShowBlocks)("LogCorrupt", LogCorrupt);
+        "TariffIncomplete", TariffIncomplete)("ShowBlocks", ShowBlocks)("LogCorrupt", LogCorrupt)(
+        "SummaryBuilt", SummaryBuilt)("DetailBuilt", DetailBuilt)("DialCostNow", DialCostNow)(
+        "ServiceCostNow", ServiceCostNow)("DataCostNow", DataCostNow)("LastService", LastService)(
+        "CurrentService", CurrentService)("ConnectSeconds", ConnectSeconds)("BlockMinutes", BlockMinutes)(
+        "BlockCount", BlockCount)("Connect", Stamp(ConnectDate, ConnectTime))(
+        "Disconnect", Stamp(DisconnectDate, DisconnectTime));
   }
 
   bool operator==(const State&) const = default;
@@ -81,13 +86,19 @@ class State {
     return date == 0 && time == 0 ? "" : FormatDate(date, "d ") + FormatDate(time, "hh:nn:ss");
   }
 
+  static std::string Shown(const ConnectionRecord& c, Int16 index) {
+    if (c.StartDate == 0) return "";
+    const int seconds = static_cast<int>(GetConnectionSeconds(index));
+    return std::to_string(seconds) + "s " + TidyNotes(c.Notes) + "|";
+  }
+
   void Tell(const std::string& record, Int16 index) {
     ConnectionRecord& c = Connections[index];
     const std::string notes = c.Notes;
     Field(record)("Start", Stamp(c.StartDate, c.StartTime))("End", Stamp(c.EndDate, c.EndTime))(
         "Number", c.Number)("Answered", c.Answered)("BytesRead", c.BytesRead)("BytesWritten", c.BytesWritten)(
         "FreeSeconds", c.FreeSeconds)("Slot", c.Slot)("SlotNumber", c.SlotNumber)("Notes", notes)(
-        "Shown", GetConnectionSeconds(index))("ShownNotes", c.Notes == notes ? "" : "'" + c.Notes + "'");
+        "Shown", Shown(c, index));
     c.Notes = notes;
   }
 

@@ -30,8 +30,11 @@ class ConnectionsTest : public AnalysisTest {
     if (act.Words[0] == "tariffs") return SetTariffs(act.Rest());
     host.transcript.clear();
     host.messages.clear();
+    host.errors.clear();
+    SummaryBuilt = DetailBuilt = true;  // of the log before
     Run(LogOf(act));
     act.Now = State().Lines();
+    for (const std::string& error : host.errors) act.Now.push_back("error " + error);
     for (const Message& message : host.messages) act.Now.push_back(OneLine(message.Text));
     const std::string finished =
         "status:  F I N I S H E D !  -  (" + std::to_string(EntriesProcessed) + " entries processed)";

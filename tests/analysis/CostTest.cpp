@@ -14,10 +14,10 @@ TEST_F(AnalysisTest, CallIsPricedPieceByPieceByTheFirstTariffThatHolds) {
     int from, to;
     std::string start, end;
     words >> from >> start >> to >> end;
-    Connections[1].Notes.clear();
+    Connections[1].Notes = "R:2K";
     EXPECT_NEAR(GetDialupCost("777", Jan(from), Clock(start), Jan(to), Clock(end), 1), std::stod(cost), 1e-9)
         << tariffs << " => " << call;
-    EXPECT_EQ(Connections[1].Notes, notes) << tariffs << " => " << call;
+    EXPECT_EQ(Connections[1].Notes, "R:2K" + notes) << tariffs << " => " << call;
   }
   SetTariffs("Flat 00:00 23:59 0 1 Unit 0 1");  // more units than 16 bits hold
   EXPECT_THROW(GetDialupCost("777", Jan(5), Clock("01:00"), Jan(5), Clock("23:00"), 0), RunTimeError);
