@@ -86,7 +86,7 @@ class TariffWalk {
     if (day > PeriodEnd) return Outcome::CheckEnd;
     const int tariffEnd = SecondOfDay(tariff.AppliesTimeEnd);
     int segmentEnd = tariffEnd + LastMinute;
-    if (endDay <= day && endSecond <= tariffEnd) {
+    if (endDay < day && endSecond <= tariffEnd) {
       segmentEnd = endSecond;
       covered = true;
     }
@@ -102,7 +102,6 @@ class TariffWalk {
     second = 0;
     firstPiece = false;
     dialAdded = true;
-    cost = 0;
   }
 
   void Price(const TariffRecord& tariff, int seconds, UnitNote form) {

@@ -19,6 +19,8 @@ TEST_F(AnalysisTest, CallIsPricedPieceByPieceByTheFirstTariffThatHolds) {
         << tariffs << " => " << call;
     EXPECT_EQ(Connections[1].Notes, "R:2K" + notes) << tariffs << " => " << call;
   }
+  service.DialOption = 3;  // which is none
+  EXPECT_EQ(GetDialupCost("777", Jan(5), 0, Jan(5), 0, 1), 0);
   SetTariffs("Flat 00:00 23:59 0 1 Unit 0 1");  // more units than 16 bits hold
   EXPECT_THROW(GetDialupCost("777", Jan(5), Clock("01:00"), Jan(5), Clock("23:00"), 0), RunTimeError);
 }
