@@ -136,10 +136,7 @@ void TakeWrites() {
 void Idle(unsigned classes) {
   const bool DialledPending = classes & DialLine;
   AnsweredPending = classes & AnswerLine;
-  if (DialledPending || AnsweredPending) {
-    NewDial();
-    Connected = false;
-  }
+  if (DialledPending || AnsweredPending) NewDial();
   if (classes & ConnectLine) ConnectWithoutDial();
   if (classes & ReadsLine) TakeReads();
   if (classes & WritesLine) TakeWrites();

@@ -92,6 +92,10 @@ TEST_F(AnalysisTest, PeriodIsKeptInsideTheLogAndInOrder) {
         << text;
     EXPECT_EQ(fields.said, complaint) << text;
   }
+  for (std::size_t i = 0; i < StatusMessages.size(); ++i) {
+    const bool isComplaint = i >= 7 && i <= 13;
+    EXPECT_TRUE(StatusMessages[i].Timed == isComplaint && StatusMessages[i].Bold == isComplaint) << i;
+  }
   StartingChanged = true;
   EXPECT_TRUE(checkProcess() && PeriodDays == 7);
   PeriodEnd = PeriodStart + 32767;

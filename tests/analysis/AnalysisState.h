@@ -29,9 +29,9 @@ class State {
         "TariffIncomplete", TariffIncomplete)("ShowBlocks", ShowBlocks)("LogCorrupt", LogCorrupt)(
         "SummaryBuilt", SummaryBuilt)("DetailBuilt", DetailBuilt)("DialCostNow", DialCostNow)(
         "ServiceCostNow", ServiceCostNow)("DataCostNow", DataCostNow)("LastService", LastService)(
-        "CurrentService", CurrentService)("ConnectSeconds", ConnectSeconds)("BlockMinutes", BlockMinutes)(
-        "BlockCount", BlockCount)("Connect", Stamp(ConnectDate, ConnectTime))(
-        "Disconnect", Stamp(DisconnectDate, DisconnectTime));
+        "AnsweredPending", AnsweredPending)("CurrentService", CurrentService)(
+        "ConnectSeconds", ConnectSeconds)("BlockMinutes", BlockMinutes)("BlockCount", BlockCount)(
+        "Connect", Stamp(ConnectDate, ConnectTime))("Disconnect", Stamp(DisconnectDate, DisconnectTime));
   }
 
   bool operator==(const State&) const = default;
