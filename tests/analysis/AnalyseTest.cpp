@@ -41,6 +41,7 @@ TEST_F(AnalysisTest, ManyEntriesShowTenStepsOfProgress) {
 TEST_F(AnalysisTest, WarningsListAllExceededServicesBehindOneSound) {
   ServiceTotals.Make(MaxServices);
   WarningSoundFile = "gong.wav";
+  UsedServices = 0;
   for (int option = 0; option < 5; ++option) {  // of which the last is none
     ServiceRecord& warned = AddService("S" + std::to_string(option), std::to_string(option), "none");
     warned.WarningOption = option;
@@ -54,10 +55,10 @@ TEST_F(AnalysisTest, WarningsListAllExceededServicesBehindOneSound) {
     slot.DialCost = slot.ServiceCost = 1234.5;
     slot.BytesRead = 2048 * 1024;
   }
-  Services[1].WarningSound = Services[3].WarningSound = Services[4].WarningDisplay = true;
+  Services[0].WarningSound = Services[2].WarningSound = Services[3].WarningDisplay = true;
   CheckWarnings();
   EXPECT_TRUE(host.transcript.empty()) << "no service asks for warnings";
-  for (int i = 1; i <= 5; ++i) Services[i].ShowWarnings = true;
+  for (int i = 0; i < 5; ++i) Services[i].ShowWarnings = true;
   CheckWarnings();
   EXPECT_EQ(host.transcript, (std::vector<std::string>{"sound: gong.wav", "message: User Defined Warnings"}));
   EXPECT_EQ(
@@ -66,6 +67,7 @@ TEST_F(AnalysisTest, WarningsListAllExceededServicesBehindOneSound) {
       "S0 - Time on-line exceeded  5Hrs 30Mins\nS1 - Dial-up costs exceeded $1,234.50\n"
       "S2 - Service costs exceeded $1,234.50\nS3 - Data downloaded exceeded 2,048KB\n");
   for (int i = 1; i <= 4; ++i) {  // a little less of each
+    Services[i - 1].WarningDisplay = true;
     --ServiceTotals[i].Seconds;
     ServiceTotals[i].DialCost = ServiceTotals[i].ServiceCost = 1234.4;
     --ServiceTotals[i].BytesRead;

@@ -47,6 +47,7 @@ class AnalysisTest : public FreshProgram {
     SetPeriod(Jan(5), Jan(6));
     Holidays[0] = Jan(5);
     UsedHolidays = 1;
+    Holidays[1] = Jan(6);  // not in use
   }
 
   void Run(const std::string& log) {
