@@ -135,7 +135,6 @@ void ReadModemSettings(Int16 number) {
 }
 
 void DoChange(Int16 number) {
-  SetTrace("QELPreConfigure", "DoChange");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   CheckLogFile(number);
   const ModemRecord& modem = Modems[number - 1];

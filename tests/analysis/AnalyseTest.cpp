@@ -30,8 +30,8 @@ TEST_F(AnalysisTest, ManyEntriesShowTenStepsOfProgress) {
   Analyse();
   std::vector<std::string> expected = {"progress", "hourglass"};
   for (const std::string percent : {"10", "20", "30", "40", "50", "60", "70", "80", "90", "100"})
-    expected.insert(expected.end(),
-                    {"status: Please Wait .....Processing  " + percent + "%", "progress: " + percent});
+    expected.insert(expected.end(), {"status: Please Wait .....Processing  " + percent + "%",
+                                     "progress: " + percent, "yield"});
   const std::string finished = "status:  F I N I S H E D !  -  (20000 entries processed)";
   expected.insert(expected.end(), {"no progress", finished, "report", "pointer"});
   EXPECT_EQ(telling.transcript, expected);
