@@ -12,18 +12,18 @@ Int16 TotalsCount;
 UsageTable Penalties;
 
 std::string CurrentLine, LineDateText;
-Date LineDate = 0, LineTime = 0, ConnectDate = 0, ConnectTime = 0, DisconnectDate = 0, DisconnectTime = 0;
-bool Connected = false;
+Date LineDate{}, LineTime{}, ConnectDate{}, ConnectTime{}, DisconnectDate{}, DisconnectTime{};
+bool Connected{};
 Int16 CurrentService, LastService;
-bool AnsweredPending = false, DialledPending = false;
+bool AnsweredPending{};
 Int32 ConnectSeconds;
 Int16 BlockMinutes, BlockCount;
-double DialCostNow = 0, ServiceCostNow = 0, DataCostNow = 0;
-bool KeepReading = false;
+double DialCostNow{}, ServiceCostNow{}, DataCostNow{};
+bool KeepReading{};
 Int32 EntriesProcessed, ProgressChunk, NextProgress;
-bool ServicesExceeded = false, ConnectionsExceeded = false;
-bool LogErrorsFound = false, TariffIncomplete = false, UndatedLineMet = false, ShowBlocks = false;
-bool SummaryBuilt = false, DetailBuilt = false;
+bool ServicesExceeded{}, ConnectionsExceeded{};
+bool LogErrorsFound{}, TariffIncomplete{}, UndatedLineMet{}, ShowBlocks{};
+bool SummaryBuilt{}, DetailBuilt{};
 
 void UsageTable::Make(Int16 lastService) {
   byService.Make(lastService);
@@ -67,12 +67,10 @@ void ResetAnalysis() {
   ServiceTotals = {};
   Penalties = {};
   ConnectionCount = TotalsCount = 0;
-  CurrentLine.clear();
   LineDateText.clear();
-  LineDate = LineTime = 0;
+  LineTime = 0;
   ClearAnalysisVars();
   LastService = 0;
-  AnsweredPending = DialledPending = KeepReading = false;
   DialCostNow = ServiceCostNow = DataCostNow = 0;
   EntriesProcessed = ProgressChunk = NextProgress = 0;
   ServicesExceeded = ConnectionsExceeded = LogErrorsFound = TariffIncomplete = ShowBlocks = false;

@@ -1,5 +1,6 @@
 #include "analysis/ConnectionClose.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "analysis/ConnectionNotes.h"
@@ -44,11 +45,8 @@ void ForgetTimeBeforePeriod() {
 // A connection over midnight loses the part on a day outside the period; whole days in between always count.
 Int32 SecondsInsidePeriod() {
   if (DisconnectDate == ConnectDate) return SecondsBetween(ConnectTime, DisconnectTime);
-  Int32 seconds = 0;
-  if (ConnectDate + 1 < DisconnectDate) {
-    const Int16 days = DaysBetween(ConnectDate, DisconnectDate);
-    seconds = Int32(days - 1) * SecondsPerDay;
-  }
+  const Int16 days = DaysBetween(ConnectDate, DisconnectDate);
+  Int32 seconds = std::max<Int32>(days - 1, 0) * SecondsPerDay;
   if (ConnectDate >= PeriodStart) seconds += SecondsToMidnight(ConnectTime);
   if (DisconnectDate <= PeriodEnd) seconds += SecondsBetween(0, DisconnectTime);
   return seconds;

@@ -1,5 +1,7 @@
 #include "analysis/ConnectionNotes.h"
 
+#include <algorithm>
+
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ErrorHandler.h"
@@ -32,16 +34,15 @@ std::string TidyNotes(const std::string& text) {
 }
 
 float GetConnectionSeconds(Int16 index) {
-  float seconds = 0;
+  float seconds{};
   IgnoreErrors([&] {
     ConnectionRecord& c = Connections[index];
     if (c.StartDate == c.EndDate) {
       seconds = static_cast<float>(SecondsBetween(c.StartTime, c.EndTime));
       return;
     }
-    Int32 n = 0;
+    Int32 n = std::max<Int32>(Int32(DaysBetween(c.StartDate, c.EndDate)) - 1, 0) * SecondsPerDay;
     std::string notes = c.Notes;
-    if (c.StartDate + 1 < c.EndDate) n = (Int32(DaysBetween(c.StartDate, c.EndDate)) - 1) * SecondsPerDay;
     if (c.StartDate >= PeriodStart) {
       notes = " Time prior to midnight";
       n += SecondsBetween(c.StartTime, TimeSerial(23, 59, 59)) + 1;

@@ -32,13 +32,13 @@ class TariffWalk {
         second(SecondOfDay(startTime)),
         endDay(endDate),
         endSecond(SecondOfDay(endTime)),
-        index(index) {}
+        told(index > 0 ? &Connections[index].Notes : nullptr) {}
 
   double Cost() {
     if (service.UsedTariffs < 1) return 0;  // nothing that could end the walk
-    if (index > 0) notes = Connections[index].Notes;
+    if (told) notes = *told;
     while (!done) TryAllTariffs();
-    if (index > 0) Connections[index].Notes.swap(notes);
+    if (told) told->swap(notes);
     return covered ? cost : 0 - cost;
   }
 
@@ -46,7 +46,6 @@ class TariffWalk {
   enum class Outcome { Miss, CheckEnd, SameTariffAgain };
 
   void TryAllTariffs() {
-    misses = 0;
     for (int t = 0; t < service.UsedTariffs && !done; ++t) {
       const TariffRecord& tariff = service.Tariffs[t];
       Outcome outcome = Try(tariff);
@@ -87,7 +86,7 @@ class TariffWalk {
     if (day > PeriodEnd) return Outcome::CheckEnd;
     const int tariffEnd = SecondOfDay(tariff.AppliesTimeEnd);
     int segmentEnd = tariffEnd + LastMinute;
-    if (endDay <= day && endSecond <= tariffEnd) {
+    if (endDay < day && endSecond <= tariffEnd) {
       segmentEnd = endSecond;
       covered = true;
     }
@@ -103,7 +102,6 @@ class TariffWalk {
     second = 0;
     firstPiece = false;
     dialAdded = true;
-    cost = 0;
   }
 
   void Price(const TariffRecord& tariff, int seconds, UnitNote form) {
@@ -111,7 +109,7 @@ class TariffWalk {
     cost += GetSegmentCost(tariff, seconds, firstPiece, units);
     if (!dialAdded) cost += tariff.DialRate;
     dialAdded = true;
-    if (index > 0) WriteNotes(tariff, units, form);
+    if (told) WriteNotes(tariff, units, form);
   }
 
   void WriteNotes(const TariffRecord& tariff, Int16 units, UnitNote form) {
@@ -136,9 +134,9 @@ class TariffWalk {
   int second;
   const Date endDay;
   const int endSecond;
-  const Int16 index;
+  std::string* const told;  // the connection's notes, or none
 
-  std::string notes;  // the connection's, until they are complete
+  std::string notes;  // what they will be
   double cost = 0;
   bool dialAdded = false;
   bool firstPiece = true;

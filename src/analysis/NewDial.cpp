@@ -58,16 +58,10 @@ void OpenSlot(const std::string& number) {
 }  // namespace
 
 void NewDial() {
-  CurrentService = 0;
-  ServicesExceeded = false;
-  ConnectionsExceeded = false;
   std::string number = "Answered Calls";
   if (!AnsweredPending) {
     number = CutDialledNumber(CurrentLine);
-    if (!IsValidNumber(number)) {
-      Connected = false;
-      return;
-    }
+    if (!IsValidNumber(number)) return;
   }
   OpenConnection(number);
   OpenSlot(number);

@@ -134,12 +134,9 @@ void TakeWrites() {
 }
 
 void Idle(unsigned classes) {
-  DialledPending = classes & DialLine;
+  const bool DialledPending = classes & DialLine;
   AnsweredPending = classes & AnswerLine;
-  if (DialledPending || AnsweredPending) {
-    NewDial();
-    Connected = false;
-  }
+  if (DialledPending || AnsweredPending) NewDial();
   if (classes & ConnectLine) ConnectWithoutDial();
   if (classes & ReadsLine) TakeReads();
   if (classes & WritesLine) TakeWrites();

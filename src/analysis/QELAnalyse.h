@@ -79,7 +79,6 @@ extern bool Connected;
 extern Int16 CurrentService;  // slot of the dial under way; 0 none
 extern Int16 LastService;     // slot of the latest dial; survives the connection, for the byte counts
 extern bool AnsweredPending;  // the dial under way is an incoming call
-extern bool DialledPending;   // the line in hand is a dial line
 extern Int32 ConnectSeconds;  // of the connection being closed, as the next two lines
 extern Int16 BlockMinutes, BlockCount;
 extern double DialCostNow, ServiceCostNow, DataCostNow;

@@ -7,9 +7,9 @@
 
 namespace qel {
 
-Date PeriodStart = 0, PeriodEnd = 0;
+Date PeriodStart{}, PeriodEnd{};
 Int16 PeriodDays;
-bool StartingChanged = false, EndingChanged = false;
+bool StartingChanged{}, EndingChanged{};
 
 const std::array<StatusMessage, 16> StatusMessages = {{
     {"", false, false},

@@ -23,7 +23,6 @@ double FlexibleCost(Int16 index, Int32 seconds, Date date) {
   const Int32 used = sum + seconds;
   const Int32 within = used > limit ? std::max<Int32>(seconds - (used - limit), 0) : seconds;
   sum = used;
-  if (used <= limit) return service.FlexRate * SecondsToHours(static_cast<float>(seconds));
   const double normal = service.FlexRate * SecondsToHours(static_cast<float>(within));
   return service.FlexRate2 * SecondsToHours(static_cast<float>(seconds - within)) + normal;
 }
@@ -52,7 +51,7 @@ Int16 GetPeriodNumber(Date date, const std::string& periodName) {
   double number = 0;
   if (periodName == "Month") {
     const double length = DaysBetween(PeriodStart, AddMonths(PeriodStart, 1));
-    if (length > 0) number = std::floor(days / length);
+    number = std::floor(days / length);
   } else if (periodName == "Week") {
     number = std::floor(days / 7);
   } else if (periodName == "Day") {
@@ -64,7 +63,7 @@ Int16 GetPeriodNumber(Date date, const std::string& periodName) {
 double ApplyMaxCharge(double cost, const std::string& number) {
   const Int16 index = GetServiceIndex(number);
   const double most = index < 0 ? 0 : Services[index].MaxCharge;
-  return most > 0 && cost > most ? most : cost;
+  return most > 0 ? std::min(cost, most) : cost;
 }
 
 Int16 ServiceBlockMinutes(const std::string& number) {

@@ -102,8 +102,9 @@ bool NewModemLog(const std::string& path) {
     CreateFile(path, NewLogEntry());
     return true;
   } catch (const RunTimeError& error) {
-    if (error.Number() == FileAlreadyExists && !IsFolder(path)) return false;
-    throw;
+    if (!PathExists(path) || IsFolder(path)) throw;
+    // It stands there, be it ours, and only the flush of its folder failed, or that of somebody quicker.
+    return error.Number() != FileAlreadyExists;
   }
 }
 

@@ -15,8 +15,8 @@ namespace qel {
 
 BoundedArray<ModemRecord> Modems;
 Int16 ModemCount;
-bool ModemConfigOK = false;
-bool NewLogStarted = false;
+bool ModemConfigOK{};
+bool NewLogStarted{};
 
 namespace {
 
@@ -135,7 +135,6 @@ void ReadModemSettings(Int16 number) {
 }
 
 void DoChange(Int16 number) {
-  SetTrace("QELPreConfigure", "DoChange");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   CheckLogFile(number);
   const ModemRecord& modem = Modems[number - 1];

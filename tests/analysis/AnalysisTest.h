@@ -5,8 +5,11 @@
 #include <map>
 #include <sstream>
 
+#include "analysis/AnalysisState.h"
+#include "journeys/Script.h"
 #include "platform/DateConversion.h"
 #include "platform/FormatMask.h"
+#include "support/AnsweringHost.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
 
@@ -31,12 +34,20 @@ inline std::string LogText(const std::string& shortText) {
   return log;
 }
 
+// Of an act with such a text, or with whole lines.
+inline std::string LogOf(const Act& act) {
+  std::string log = LogText(act.Rest());
+  for (const auto& line : act.Content) log += line + "\n";
+  return log;
+}
+
 class AnalysisTest : public FreshProgram {
  protected:
   AnalysisTest() : service(AddService("Alpha", "555", "777")) {
     SetPeriod(Jan(5), Jan(6));
     Holidays[0] = Jan(5);
     UsedHolidays = 1;
+    Holidays[1] = Jan(6);  // not in use
   }
 
   void Run(const std::string& log) {
@@ -44,6 +55,53 @@ class AnalysisTest : public FreshProgram {
     Analyse();
   }
 
+  // "Block 15 Rate 8" and the like; what is not named is 0.
+  void Set(const std::string& text) {
+    std::map<std::string, double> options;
+    std::istringstream words(text);
+    for (std::string name; words >> name;) words >> options[name];
+    service.DialOption = 1;
+    service.DialFixedTariff = options["Call"];
+    service.ServiceOption = options["Option"];
+    service.ServiceRate = options["Rate"];
+    service.FlexRate = options["Flex"];
+    service.FlexRate2 = options["Flex2"];
+    service.UpToHours = options["UpTo"];
+    service.PerMeg = options["PerMeg"];
+    service.AfterMeg = options["PerSession"] + options["PerMonth"];
+    service.MegPeriod = options["PerMonth"] > 0 ? "Month" : "Session";
+    service.Block = options["Block"];
+    service.MaxCharge = options["Most"];
+    service.FreePeriod = options["Free"] > 0;
+    NoDisconData = options["Data"];
+    ShowErrors = options["HideErrors"] == 0;
+    PeriodEnd = Jan(options["To"] > 0 ? static_cast<int>(options["To"]) : 6);
+    MaxConnections = options["Connections"] > 0 ? options["Connections"] : 200;
+    MaxServices = options["Services"] > 0 ? options["Services"] : 20;
+  }
+
+  // "Day 08:00 17:59 .1 .6 Minute; Eve ...": name, times, charge per call, rate, unit, seconds spared or
+  // minutes of the unit, its seconds. The name "Holidays" says the days; all others are for every day.
+  void SetTariffs(const std::string& text) {
+    service.DialOption = 2;
+    service.UsedTariffs = 0;
+    std::istringstream tariffs(text);
+    for (std::string entry; std::getline(tariffs, entry, ';'); ++service.UsedTariffs) {
+      TariffRecord& t = service.Tariffs[service.UsedTariffs] = {};
+      std::istringstream words(entry);
+      std::string start, end;
+      int number = 0, seconds = 0;
+      words >> t.Description >> start >> end >> t.DialRate >> t.PerMinuteRate >> t.Unit >> number >> seconds;
+      t.AppliesDays = t.Description == "Holidays" ? t.Description : "Everyday";
+      t.AppliesTimeStart = Clock(start);
+      t.AppliesTimeEnd = Clock(end);
+      t.Unit = "Per " + t.Unit;
+      t.After = t.UnitMins = number;
+      t.UnitSecs = seconds;
+    }
+  }
+
+  AnsweringHost host;  // in place of the fresh program's
   ServiceRecord& service;
 };
 

@@ -32,6 +32,12 @@ std::string Act::WordOr(std::size_t place, const std::string& other) const {
   return place < Words.size() ? Words[place] : other;
 }
 
+std::string Act::Rest() const {
+  std::string rest;
+  for (std::size_t place = 1; place < Words.size(); ++place) rest += (place > 1 ? " " : "") + Words[place];
+  return rest;
+}
+
 Script::Script(const std::string& path) : path(path) {
   std::ifstream file(path);
   if (!file) throw std::runtime_error("no journey " + path);

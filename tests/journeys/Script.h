@@ -19,6 +19,8 @@ struct Act {
   // Raises std::runtime_error, with the place, where the act has no such word.
   const std::string& Word(std::size_t place) const;
   std::string WordOr(std::size_t place, const std::string& other) const;
+  // The words behind the first one, a blank between them.
+  std::string Rest() const;
 };
 
 class Script {

@@ -1,3 +1,11 @@
+// What the wizard finds in a store, and what a change writes there, told by modems.wizard; with QEL_ACCEPT=1
+// it is written anew.
+#include <cstdlib>
+
+#include "core/EndProgram.h"
+#include "journeys/Script.h"
+#include "support/AnsweringHost.h"
+#include "support/FailingDisk.h"
 #include "support/FreshProgram.h"
 #include "support/ModemStore.h"
 #include "wizard/QELPreConfigure.h"
@@ -5,78 +13,82 @@
 namespace qel {
 namespace {
 
-using Modem = StoredModem;
-
+// ~ is the folder.
 class ModemTest : public FreshProgram {
  protected:
-  ModemTest() {
+  void Begin(const Act& act) {
+    folder.Empty();
+    Registry.Reset();
     DefaultLogDir = folder.Path() + "/";
     DefaultLogFile = "ModemLog.txt";
-  }
-  static void StoreOnly(const std::vector<Modem>& modems) {
-    Registry.Reset();
-    for (const auto& modem : modems) Store(modem);
-  }
-  // What the start makes of a store: "wizard", or the folder and name of the active log.
-  static std::string Start(const std::vector<Modem>& modems, int preferred = 0) {
-    StoreOnly(modems);
-    PreferredModem = preferred;
     ActiveLogFile = ActiveLogDir = "";
-    const bool opens = PreConfigure(false);
-    EXPECT_EQ(ModemConfigOK, !opens);
-    return opens ? "wizard" : ActiveLogDir + "|" + ActiveLogFile;
+    PreferredModem = act.Words.size() > 1 ? std::stoi(act.Word(1)) : 0;
   }
-  // A modem's values after the change.
-  static std::string Changed(const Modem& modem) {
-    StoreOnly({modem});
-    PreConfigure(true);
-    const bool logging = Modems[0].Logging;
-    DoChange(1);
-    EXPECT_TRUE(ModemConfigOK && Modems[0].Logging == logging) << "the record stays";
-    return ModemValues(modem.Key);
+  // modem KEY NAME LOG LOGGING INIT [PORT or DIALOG], "" for what is missing
+  void Modem(const Act& act) {
+    const std::string &key = act.Word(1), &log = act.Word(3);
+    Store({key, act.Word(2), log.starts_with('~') ? folder.Path() + log.substr(1) : log, act.Word(4) == "on",
+           act.Word(5)});
+    if (act.Word(4) == "bad") SetModemText(key, "Logging", "bad");
+    SetModemText(key, key.starts_with("\\Ports") ? "ConfigDialog" : "AttachedTo", act.WordOr(6, ""));
   }
 
-  const std::string first = "\\Modem\\0000", second = "\\Modem\\0001";
-  const std::string path = folder.Path("ModemLog.txt");
-  const Modem good{first, "Internal 33600", "/log/a.txt", true, "ats0=0e1"}, bad{second};
+  void Tell(Act& act, std::string line) {
+    for (auto at = line.find(folder.Path()); at != std::string::npos; at = line.find(folder.Path()))
+      line.replace(at, folder.Path().size(), "~");
+    act.Now.push_back(line);
+  }
+  void TellAll(Act& act) {
+    for (int i = 0; i < ModemCount; ++i) {
+      const ModemRecord& m = Modems[i];
+      Tell(act, m.DriverDesc + " on " + m.AttachedTo + ", log " + m.LoggingPath + ", init " + m.UserInit +
+                    (m.Logging ? ", logs" : "") + (m.Echo ? ", echoes" : ""));
+      Tell(act, "  " + m.ModemKey + " " + ModemValues(m.ModemKey));
+    }
+    Tell(act, std::string(ModemConfigOK ? "OK" : "not OK") + (NewLogStarted ? ", new log" : ""));
+    Tell(act, "active log " + ActiveLogDir + "|" + ActiveLogFile);
+    Tell(act, "default log " + DefaultLogDir + "|" + DefaultLogFile + " of " +
+                  std::to_string(folder.Content(DefaultLogFile).size()) + " bytes");
+    const std::string general = std::string(SettingsKey) + "\\General";
+    Tell(act, "preferred " + TextOf(QueryValue(SettingsRoot, general, "PreferredModem")));
+    for (const auto& error : host.errors) Tell(act, error);
+    for (const auto& told : host.transcript) Tell(act, told);
+  }
+
+  // change N [full ANSWER]: nothing can be written, and that is the answer; Retry, then Ignore.
+  void Play(Act& act) {
+    const std::string& what = act.Words[0];
+    if (what == "begin") return Begin(act);
+    if (what == "modem") return Modem(act);
+    if (what == "file") return folder.Put(act.Word(1), "kept");
+    host.transcript.clear();
+    const std::string answer = act.WordOr(3, "");
+    host.AnswerErrors({answer == "Retry"   ? Answer::Retry
+                       : answer == "Abort" ? Answer::Abort
+                                           : Answer::Ignore,
+                       Answer::Ignore});
+    const DiskInPlace inPlace(disk);
+    answer.empty() ? disk.Mend() : disk.FailFrom(1, ENOSPC);
+    try {
+      if (what == "change")
+        DoChange(Int16(std::stoi(act.Word(1))));
+      else
+        Tell(act, PreConfigure(what == "ask") ? "wizard" : "quiet");
+    } catch (const ProgramEnd&) {
+      Tell(act, "the program ends");
+    }
+    TellAll(act);
+  }
+
+  FailingDisk disk;
+  TellingHost host;
 };
 
-TEST_F(ModemTest, TheStartIsQuietWhenWhatItLooksAtIsSetUp) {
-  EXPECT_EQ(Start({good}), "/log/|a.txt");
-  EXPECT_EQ(Start({good, bad}), "wizard");
-  EXPECT_EQ(Start({good, bad}, 1), "/log/|a.txt");
-  EXPECT_EQ(Start({good, bad}, 2), "wizard");
-  EXPECT_EQ(Start({good, {second, "b", "/other/b.txt", true, "E1"}}, 2), "|b.txt") << "no folder";
-  EXPECT_EQ(Start({good}, 3), "wizard");
-  EXPECT_EQ(Start({{first, "a", "", true, "E1"}}), "wizard");
-  EXPECT_EQ(Start({{first, "a", "/a.txt", false, "E1"}}), "wizard");
-  EXPECT_EQ(Start({{first, "a", "/a.txt", true, "E0"}}), "wizard");
-  EXPECT_EQ(Start({{first, "a", "C:\\LOGS\\a.txt", true, "AT&FE1V1"}}), "C:\\LOGS\\|a.txt");
-  EXPECT_TRUE(host.messages.empty());
-  EXPECT_EQ(Start({good}, 11), "|") << "an error that the start outlives";
-  EXPECT_FALSE(host.messages.empty());
-}
-
-TEST_F(ModemTest, AChangeWritesWhatIsMissingAndNothingElse) {
-  const std::string setUp = "DriverDesc=a;Logging=1;LoggingPath=" + path + ";UserInit=";
-  EXPECT_EQ(Changed({first, "a"}), setUp + "E1;");
-  EXPECT_EQ(Changed({first, "a", "", true, "e1"}), setUp + "e1;");
-  EXPECT_EQ(Changed({first, "a", path, false, "E1"}), setUp + "E1;");
-  EXPECT_EQ(Changed({first, "a", path, true, "ate0"}), setUp + "ATE0E1;");
-  EXPECT_EQ(Registry.Query(KeyPath(SettingsRoot, ModemClass + first), "Logging")->Data, "\x01");
-}
-
-TEST_F(ModemTest, AModemThatIsNotThePreferredOneKeepsWhatItHas) {
-  PreferredModem = 2;
-  for (const bool interactive : {true, false}) {
-    StoreOnly({{first, "a", path, true, "AT&F"}, {second, "b"}});
-    EXPECT_TRUE(PreConfigure(interactive));
-    DoChange(1);
-    EXPECT_EQ(ModemValues(first), "DriverDesc=a;Logging=1;LoggingPath=" + path + ";UserInit=AT&FE1;");
-    StoreOnly({{first, "a"}, {second, "b", path, true, "E1"}});
-    EXPECT_EQ(PreConfigure(interactive), interactive);
-    EXPECT_TRUE(ModemConfigOK) << "the others decide nothing";
-  }
+TEST_F(ModemTest, ModemsAreFoundLookedAtAndChanged) {
+  Script script(QEL_SOURCE_DIR "/tests/wizard/modems.wizard");
+  for (Act& act : script.Acts()) Play(act);
+  if (std::getenv("QEL_ACCEPT") != nullptr) script.Accept();
+  EXPECT_EQ(script.Difference(), "");
 }
 
 }  // namespace

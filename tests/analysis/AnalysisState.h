@@ -1,0 +1,122 @@
+// All that an analysis leaves behind, as text: the fields of each record by name, without those that are
+// empty, 0 or false.
+#pragma once
+
+#include <map>
+#include <sstream>
+
+#include "analysis/ConnectionNotes.h"
+#include "analysis/QELAnalyse.h"
+#include "core/ErrorHandler.h"
+#include "core/ProgramState.h"
+#include "platform/FormatMask.h"
+#include "settings/Settings.h"
+
+namespace qel {
+
+class State {
+ public:
+  // As it is now. "Shown" are the seconds and notes that the details report makes of a connection.
+  State() {
+    for (int i = 0; i <= Connections.Last(); ++i) Tell("Connections[" + std::to_string(i) + "]", Int16(i));
+    for (int i = 0; i <= ServiceTotals.Last(); ++i)
+      Tell("Slots[" + std::to_string(i) + "]", ServiceTotals[i]);
+    for (int service = 0; service < UsedServices; ++service)
+      for (int period = 0; period <= UsageTable::LastPeriod; ++period) TellUse(service, period);
+    Field("Analysis")("EntriesProcessed", EntriesProcessed)("ConnectionCount", ConnectionCount)(
+        "TotalsCount", TotalsCount)("Connected", Connected)("ServicesExceeded", ServicesExceeded)(
+        "ConnectionsExceeded", ConnectionsExceeded)("LogErrorsFound", LogErrorsFound)(
+        "TariffIncomplete", TariffIncomplete)("ShowBlocks", ShowBlocks)("LogCorrupt", LogCorrupt)(
+        "SummaryBuilt", SummaryBuilt)("DetailBuilt", DetailBuilt)("DialCostNow", DialCostNow)(
+        "ServiceCostNow", ServiceCostNow)("DataCostNow", DataCostNow)("LastService", LastService)(
+        "AnsweredPending", AnsweredPending)("CurrentService", CurrentService)(
+        "ConnectSeconds", ConnectSeconds)("BlockMinutes", BlockMinutes)("BlockCount", BlockCount)(
+        "Connect", Stamp(ConnectDate, ConnectTime))("Disconnect", Stamp(DisconnectDate, DisconnectTime));
+  }
+
+  bool operator==(const State&) const = default;
+
+  // "Slots[1] Connections 1, Number 555"
+  std::vector<std::string> Lines() const {
+    std::vector<std::string> lines;
+    for (const auto& [record, fields] : records) {
+      std::string line;
+      for (const auto& [name, value] : fields)
+        line += (line.empty() ? record + " " : ", ") + name + " " + value;
+      if (!line.empty()) lines.push_back(line);
+    }
+    return lines;
+  }
+
+  // The fields that are not as in the other one, "none" for what is empty here alone.
+  State Against(const State& other) const {
+    State differing = *this;
+    for (const auto& [record, fields] : other.records)
+      for (const auto& [name, value] : fields) {
+        const auto [own, isNew] = differing.records[record].emplace(name, "none");
+        if (own->second == value) differing.records[record].erase(own);
+      }
+    return differing;
+  }
+
+ private:
+  using Fields = std::map<std::string, std::string>;
+
+  // Tells one field after the other: Field("Slots[1]")("Number", "555")("Seconds", 600).
+  class Teller {
+   public:
+    explicit Teller(Fields& fields) : fields(fields) {}
+    Teller operator()(const std::string& name, const std::string& text) {
+      if (!text.empty() && text != "0") fields[name] = text;
+      return *this;
+    }
+    Teller operator()(const std::string& name, double number) {
+      std::ostringstream text;
+      text.precision(10);
+      text << number;
+      return (*this)(name, text.str());
+    }
+
+   private:
+    Fields& fields;
+  };
+  Teller Field(const std::string& record) { return Teller(records[record]); }
+
+  static std::string Stamp(Date date, Date time) {
+    return date == 0 && time == 0 ? "" : FormatDate(date, "d ") + FormatDate(time, "hh:nn:ss");
+  }
+
+  static std::string Shown(const ConnectionRecord& c, Int16 index) {
+    if (c.StartDate == 0) return "";
+    const int seconds = static_cast<int>(GetConnectionSeconds(index));
+    return std::to_string(seconds) + "s " + TidyNotes(c.Notes) + "|";
+  }
+
+  void Tell(const std::string& record, Int16 index) {
+    ConnectionRecord& c = Connections[index];
+    const std::string notes = c.Notes;
+    Field(record)("Start", Stamp(c.StartDate, c.StartTime))("End", Stamp(c.EndDate, c.EndTime))(
+        "Number", c.Number)("Answered", c.Answered)("BytesRead", c.BytesRead)("BytesWritten", c.BytesWritten)(
+        "FreeSeconds", c.FreeSeconds)("Slot", c.Slot)("SlotNumber", c.SlotNumber)("Notes", notes)(
+        "Shown", Shown(c, index));
+    c.Notes = notes;
+  }
+
+  void Tell(const std::string& record, const ServiceTotal& s) {
+    Field(record)("Number", s.Number)("AltNumber", s.AltNumber)("Seconds", s.Seconds)(
+        "Connections", s.Connections)("TotalCost", s.TotalCost)("DialCost", s.DialCost)(
+        "ServiceCost", s.ServiceCost)("BytesRead", s.BytesRead)("Blocks", s.Blocks)("FreeSeconds",
+                                                                                    s.FreeSeconds);
+  }
+
+  void TellUse(int service, int period) {
+    PeriodUsage used;
+    IgnoreErrors([&] { used = Penalties.At(service, period); });
+    Field("Used[" + std::to_string(service) + "][" + std::to_string(period) + "]")("Seconds", used.Seconds)(
+        "Bytes", used.Bytes);
+  }
+
+  std::map<std::string, Fields> records;
+};
+
+}  // namespace qel
