@@ -21,9 +21,7 @@ class ErrorRoad {
   using Obstacle = std::function<void()>;
 
   ErrorRoad(AnsweringHost& host, std::function<void()> prepare, std::function<void()> work)
-      : host(host), prepare(std::move(prepare)), work(std::move(work)) {
-    disk.Flushes = false;
-  }
+      : host(host), prepare(std::move(prepare)), work(std::move(work)) {}
 
   State Undisturbed() {
     return Hindered([] {}, {Answer::Ignore});
