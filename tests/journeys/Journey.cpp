@@ -142,6 +142,12 @@ void Journey::TellLines(const std::string& text) {
   if (!line.empty()) tell(line);
 }
 
+// The program, in the middle of its work, lets windows show what there is, or takes what comes.
+void Journey::AtWork() {
+  if (watches) TellWindows();
+  if (yieldsLeft > 0 && --yieldsLeft == 0) PlayAct();
+}
+
 void Journey::TellConsequences() {
   TellWindows();
   TellStore();
@@ -250,7 +256,8 @@ Answer Journey::MessageBox(const Message& message) {
   const std::vector<Answer> possible = AnswersOf(message.buttons);
   for (std::size_t i = 0; i < possible.size(); ++i)
     line += std::string(" [") + AnswerNames[static_cast<int>(possible[i])] +
-            (possible.size() > 1 && static_cast<int>(i) + 1 == message.DefaultButton ? "*]" : "]");
+            (possible.size() > 1 && static_cast<int>(i) + 1 == message.DefaultButton ? "*]" : "]") +
+            (static_cast<int>(i) + 1 == message.EscapeButton ? " by Escape" : "");
   if (message.HelpContext != 0) line += " [Help " + std::to_string(message.HelpContext) + "]";
   Tell(line);
   TellLines(message.Text);
@@ -308,7 +315,8 @@ std::optional<Font> Journey::AskFont(const Font& font) {
 }
 
 void Journey::Print(const PrintJob& job) {
-  Tell("print \"" + ToUtf8(job.Title) + "\", " + job.Font.Name + " " + NumberText(job.Font.Size));
+  Tell("print \"" + ToUtf8(job.Title) + "\", " + job.Font.Name + " " + NumberText(job.Font.Size) + ", " +
+       std::to_string(job.Left) + " from the left");
   TellLines(job.Text);
 }
 

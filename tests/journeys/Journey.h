@@ -71,6 +71,7 @@ class Journey : public Host {
 
   void PlayAct();
   void BringToTheFront();
+  void AtWork();
   void TellConsequences();
   void TellWindows();
   void TellPlace(const Form& form);
@@ -86,6 +87,10 @@ class Journey : public Host {
 
   // Host
   Answer MessageBox(const Message& message) override;
+  void Yield() override { AtWork(); }
+  void Paint() override { AtWork(); }
+  unsigned BackgroundColour() override { return backgroundColour; }
+  bool IsLocked(LockKey key) override { return locked == (key == LockKey::Caps ? "Caps" : "Scroll"); }
   void SetMousePointer(MousePointer shape) override;
   void SetClipboardText(const std::string& text) override;
   std::string ClipboardText() override { return clipboard; }
@@ -115,6 +120,10 @@ class Journey : public Host {
   void set(const Act& act);
   void system(const Act& act);
   void installed(const Act& act);
+  void background(const Act& act);
+  void lock(const Act& act) { locked = act.Word(1); }
+  void watch(const Act&) { watches = true; }
+  void meanwhile(const Act& act) { yieldsLeft = std::stoi(act.WordOr(1, "1")); }
 
   // Acts of the user
   void start(const Act& act);
@@ -126,15 +135,13 @@ class Journey : public Host {
   void choose(const Act& act);
   void pick(const Act& act);
   void column(const Act& act);
-  void up(const Act& act);
-  void down(const Act& act);
+  void step(const Act& act);
   void follow(const Act& act);
   void point(const Act& act);
   void width(const Act& act);
   void move(const Act& act);
   void resize(const Act& act);
-  void maximize(const Act& act);
-  void restore(const Act& act);
+  void state(const Act& act);
   void close(const Act& act);
   void activate(const Act& act);
   void tick(const Act& act);
@@ -162,6 +169,10 @@ class Journey : public Host {
   std::deque<Font> fonts;
   std::string clipboard;
   std::optional<std::string> onlyProgram;  // that is installed; all are where it is not told
+  std::string locked;                      // key
+  unsigned backgroundColour = StandardGrey;
+  int yieldsLeft = 0;    // of the program, until it is interrupted by the next act; 0 for never
+  bool watches = false;  // what is to be seen while the program works
   MousePointer pointer = MousePointer::Default;
   std::map<std::string, std::ofstream> held;
   FailingDisk failing;

@@ -101,6 +101,10 @@ const std::map<std::string, Journey::Handler>& Journey::Acts() {
       {"set", &Journey::set},
       {"system", &Journey::system},
       {"installed", &Journey::installed},
+      {"background", &Journey::background},
+      {"lock", &Journey::lock},
+      {"watch", &Journey::watch},
+      {"meanwhile", &Journey::meanwhile},
       // The user.
       {"start", &Journey::start},
       {"click", &Journey::click},
@@ -111,15 +115,16 @@ const std::map<std::string, Journey::Handler>& Journey::Acts() {
       {"choose", &Journey::choose},
       {"pick", &Journey::pick},
       {"column", &Journey::column},
-      {"up", &Journey::up},
-      {"down", &Journey::down},
+      {"up", &Journey::step},
+      {"down", &Journey::step},
       {"follow", &Journey::follow},
       {"point", &Journey::point},
       {"width", &Journey::width},
       {"move", &Journey::move},
       {"resize", &Journey::resize},
-      {"maximize", &Journey::maximize},
-      {"restore", &Journey::restore},
+      {"minimize", &Journey::state},
+      {"maximize", &Journey::state},
+      {"restore", &Journey::state},
       {"close", &Journey::close},
       {"activate", &Journey::activate},
       {"tick", &Journey::tick},
@@ -241,6 +246,11 @@ void Journey::release(const Act& act) { held.erase(act.Word(1)); }
 // installed COMMAND, of all that the program may want to start; installed none.
 void Journey::installed(const Act& act) { onlyProgram = act.Word(1); }
 
+// background RRGGBB, of the display
+void Journey::background(const Act& act) {
+  backgroundColour = static_cast<unsigned>(std::stoul(act.Word(1), nullptr, 16));
+}
+
 void Journey::StartProgram(const std::string& command) {
   if (onlyProgram && *onlyProgram != command) Raise(FileNotFound);
   Tell("program " + Shortened(command));
@@ -341,8 +351,7 @@ void Journey::choose(const Act& act) {
 
 void Journey::pick(const Act& act) { Pick(NamedAs<Calendar>(act), MomentOf(act.Word(2))); }
 void Journey::column(const Act& act) { ClickColumn(NamedAs<ListView>(act), std::stoi(act.Word(2))); }
-void Journey::up(const Act& act) { Step(NamedAs<UpDown>(act), true); }
-void Journey::down(const Act& act) { Step(NamedAs<UpDown>(act), false); }
+void Journey::step(const Act& act) { Step(NamedAs<UpDown>(act), act.Word(0) == "up"); }
 void Journey::follow(const Act& act) { Follow(NamedAs<Document>(act), act.Word(2)); }
 
 // As people do: everything selected, the new text over it. Nothing typed is the delete key.
@@ -402,8 +411,12 @@ void Journey::move(const Act& act) {
   form.Top = std::stoi(act.Word(3));
 }
 
-void Journey::maximize(const Act& act) { FormNamed(act.Word(1)).WindowState = WindowState::Maximized; }
-void Journey::restore(const Act& act) { FormNamed(act.Word(1)).WindowState = WindowState::Normal; }
+void Journey::state(const Act& act) {
+  static const std::map<std::string, WindowState> states = {{"minimize", WindowState::Minimized},
+                                                            {"maximize", WindowState::Maximized},
+                                                            {"restore", WindowState::Normal}};
+  FormNamed(act.Word(1)).WindowState = states.at(act.Word(0));
+}
 
 // resize WINDOW WIDTH HEIGHT, in twips; or a control that the window's layout gives other room.
 void Journey::resize(const Act& act) {

@@ -13,6 +13,7 @@
 #include "journeys/Design.h"
 #include "platform/CodePage.h"
 #include "platform/DateConversion.h"
+#include "platform/TextConversion.h"
 
 namespace qel {
 
@@ -43,6 +44,11 @@ const char* ColourText(SystemColour colour) {
       return "on red";
   }
   return "";
+}
+
+std::string FontText(const Font& font) {
+  return (font.Name.empty() ? "" : " in " + font.Name) + (font.Size > 0 ? " " + NumberText(font.Size) : "") +
+         (font.Bold ? " bold" : "") + (font.Italic ? " italic" : "");
 }
 
 class Writer {
@@ -159,7 +165,7 @@ class Writer {
       state +=
           " with " +
           Quoted(text.substr(static_cast<std::size_t>(part.Start), static_cast<std::size_t>(part.Length))) +
-          " large";
+          FontText({"", part.Size, part.Bold, false}) + (part.Underline ? " underlined" : "");
     }
     return state;
   }
@@ -200,11 +206,14 @@ class Writer {
   }
 
   std::string RowsOf(const ListView& list) {
+    static const char* const Alignments[] = {"", " right", " centred"};
     std::string header;
     for (const ListColumn& column : list.Columns())
-      header +=
-          (header.empty() ? "" : " | ") + ToUtf8(column.Text) + "(" + std::to_string(column.Width) + ")";
-    shown.push_back({NameOf(list) + " columns", {indent + NameOf(list) + " columns " + header}});
+      header += (header.empty() ? "" : " | ") + ToUtf8(column.Text) + "(" + std::to_string(column.Width) +
+                (column.Least > 0 ? ", at least " + std::to_string(column.Least) : "") +
+                Alignments[static_cast<int>(column.Alignment)] + ")";
+    shown.push_back(
+        {NameOf(list) + " columns", {indent + NameOf(list) + " columns " + header + FontText(list.Font)}});
     for (int row = 1; row <= list.RowCount(); ++row) {
       const ListRow& content = list.Row(row);
       std::string cells = Cell(content.Text);
@@ -213,7 +222,9 @@ class Writer {
       below.push_back(indent + (row == list.SelectedRow() ? "  > " : "  | ") + cells);
       below.back().erase(below.back().find_last_not_of(' ') + 1);
     }
-    return "";
+    if (!withTips) return "";
+    return std::string(list.FullRowSelect ? " of whole rows" : "") +
+           (list.HideSelection ? "" : " always marked");
   }
 
   // A rule of a hundred dots says as much with four.
@@ -228,7 +239,7 @@ class Writer {
     if (!control.Usable()) state += " off";
     for (const SystemColour colour : {control.ForeColor(), control.BackColor()})
       if (colour != SystemColour::Default) state += std::string(" ") + ColourText(colour);
-    if (control.Font().Bold) state += " bold";
+    if (!dynamic_cast<const ListView*>(&control)) state += FontText(control.Font);
     if (!control.Refusal().empty()) state += " refuses: " + Quoted(control.Refusal());
     const std::string& tip = control.ToolTipText;
     if (tip.empty() ? !element.Property("toolTip").empty() : withTips || tip != element.Property("toolTip"))
