@@ -145,9 +145,6 @@ void ShowHelpSearch() {
 
 void ShowHelpOnHelp() { ShowHelp(HelpUsingHelp); }
 
-void ShowHelpOn(const Form& form) {
-  const Control* active = form.ActiveControl();
-  ShowHelp(active && active->HelpContextID != 0 ? active->HelpContextID : form.HelpContextID);
-}
+void ShowHelpOn(const Form& form) { ShowHelp(form.HelpContextID); }
 
 }  // namespace qel

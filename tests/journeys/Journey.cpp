@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "core/EndProgram.h"
+#include "core/ProgramState.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
 #include "platform/CodePage.h"
@@ -175,7 +176,9 @@ void Journey::TellWindows() {
           gone += (gone.empty() ? "  gone: " : ", ") + control.Name;
       if (!gone.empty()) Tell(gone);
     }
-    TellPlace(*form);
+    // Where a window opens is its own affair; told is that it grows or goes elsewhere.
+    const std::string place = PlaceOf(*form);
+    if (std::exchange(places[name], place) != place && windows.contains(name)) Tell(name + place);
     captions[name] = caption;
   }
   for (const auto& [name, controls] : windows)
@@ -184,18 +187,18 @@ void Journey::TellWindows() {
   TellFocus();
   if (pointer != pointerTold) Tell(pointer == MousePointer::Hourglass ? "hourglass" : "arrow");
   pointerTold = pointer;
+  if (const std::string trace = ModuleTrace + "." + ProcedureTrace;
+      traces && trace != std::exchange(traceTold, trace))
+    Tell("trace " + trace);
 }
 
-// Where a window opens is its own affair; told is that it grows or goes elsewhere.
-void Journey::TellPlace(const Form& form) {
+// A window whose layout decides its size has none that the program knows.
+std::string Journey::PlaceOf(const Form& form) {
   static const char* const states[] = {"", ", minimized", ", maximized"};
-  const std::string place = std::to_string(form.Width()) + " x " + std::to_string(form.Height()) + " at " +
-                            std::to_string(form.Left()) + ", " + std::to_string(form.Top()) +
-                            states[static_cast<int>(form.WindowState())];
-  std::string& before = places[form.Name()];
-  if (windows.contains(form.Name()) && before != place && Design::Of(form).HasSize())
-    Tell(form.Name() + " " + place);
-  before = place;
+  if (!Design::Of(form).HasSize()) return "";
+  return " " + std::to_string(form.Width()) + " x " + std::to_string(form.Height()) + " at " +
+         std::to_string(form.Left()) + ", " + std::to_string(form.Top()) +
+         states[static_cast<int>(form.WindowState())];
 }
 
 void Journey::TellFocus() {

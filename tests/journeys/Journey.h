@@ -74,7 +74,7 @@ class Journey : public Host {
   void AtWork();
   void TellConsequences();
   void TellWindows();
-  void TellPlace(const Form& form);
+  static std::string PlaceOf(const Form& form);
   void TellFocus();
   void TellChanged(const Shown& control);
   RegistryTree StoredTree() const;
@@ -123,6 +123,7 @@ class Journey : public Host {
   void background(const Act& act);
   void lock(const Act& act) { locked = act.Word(1); }
   void watch(const Act&) { watches = true; }
+  void trace(const Act&) { traces = true; }
   void meanwhile(const Act& act) { yieldsLeft = std::stoi(act.WordOr(1, "1")); }
 
   // Acts of the user
@@ -172,6 +173,7 @@ class Journey : public Host {
   std::string locked;                      // key
   unsigned backgroundColour = StandardGrey;
   int yieldsLeft = 0;    // of the program, until it is interrupted by the next act; 0 for never
+  bool traces = false;   // what an error would name as its place
   bool watches = false;  // what is to be seen while the program works
   MousePointer pointer = MousePointer::Default;
   std::map<std::string, std::ofstream> held;
@@ -181,7 +183,7 @@ class Journey : public Host {
   // As it was told last.
   std::map<std::string, std::vector<Shown>> windows;
   std::map<std::string, std::string> captions, places;
-  std::string front, focus;
+  std::string front, focus, traceTold;
   std::vector<std::string>
       fronts;  // the windows in the order in which they came to the front, the last one last
   MousePointer pointerTold = MousePointer::Default;

@@ -105,6 +105,7 @@ const std::map<std::string, Journey::Handler>& Journey::Acts() {
       {"lock", &Journey::lock},
       {"watch", &Journey::watch},
       {"meanwhile", &Journey::meanwhile},
+      {"trace", &Journey::trace},
       // The user.
       {"start", &Journey::start},
       {"click", &Journey::click},
@@ -454,9 +455,7 @@ void Journey::show(const Act& act) {
     return Tell("not to be seen");
   }
   const Form& form = FormNamed(act.Word(1));
-  // A window whose layout decides its size has none that the program knows.
-  const std::string size = std::to_string(form.Width()) + " x " + std::to_string(form.Height());
-  Tell(form.Name() + " \"" + ToUtf8(form.Caption()) + '"' + (Design::Of(form).HasSize() ? " " + size : ""));
+  Tell(form.Name() + " \"" + ToUtf8(form.Caption()) + '"' + PlaceOf(form));
   for (const Shown& control : WindowText(form, act.WordOr(2, "") == "with"))
     for (const std::string& line : control.Lines) Tell("  " + line);
   if (const Control* active = form.ActiveControl()) Tell("  focus on " + NameOf(*active));

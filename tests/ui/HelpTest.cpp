@@ -14,15 +14,6 @@ const std::string Share = QEL_SOURCE_DIR "/share/";
 
 class HelpTest : public WindowTest {};
 
-TEST_F(HelpTest, TheActiveControlsTopicComesBeforeTheWindows) {
-  folder.Put("QEL.HLP", "= All\r\n== 7 Window\r\n== 12 Control\r\n");
-  PurgeForm->HelpContextID = 7;
-  PurgeForm->Show();
-  PurgeForm->MaskEdBox1.HelpContextID = 12;
-  ShowHelpOn(*PurgeForm);
-  EXPECT_EQ(HelpForm->docTopic.Html(), "<h2>Control</h2>");
-}
-
 // The help, the tips and the page that come with the program.
 
 TEST(SharedHelp, EveryTopicHasItsOwnNumberAndEveryLinkLeadsSomewhere) {
