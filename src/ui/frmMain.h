@@ -207,9 +207,6 @@ class frmMain : public Form, public Display, public PeriodFields {
   void ReadLogAgain();
   static void ReadDefaultLog(const std::string& folder, const std::string& file);
 
-  void HideStatDisplay() { ShowStatLabels(false); }
-  void DisplayStats() { ShowStatLabels(true); }
-  void ShowStatLabels(bool visible);
   void SetStatDisplay();
   void SetDateStatistics();
   void SetStatus(int index);

@@ -222,6 +222,7 @@ void Journey::TellChanged(const Shown& control) {
 
 void Journey::TellStore() {
   const RegistryTree& tree = Registry.Tree();
+  if (tree == store) return;
   for (const auto& [key, values] : tree) {
     const auto before = store.find(key);
     for (const auto& [name, value] : values) {
