@@ -215,12 +215,11 @@ void Journey::answer(const Act& act) {
   for (std::size_t i = 1; i < act.Words.size(); ++i) answers.push_back(names.at(act.Words[i]));
 }
 
-// path NAME in the folder, or "path cancel".
+// path NAME in the folder or from the root on, or "path cancel".
 void Journey::path(const Act& act) {
-  if (act.Word(1) == "cancel")
-    paths.push_back(std::nullopt);
-  else
-    paths.push_back(folder.Path(act.Word(1)));
+  const std::string& name = act.Word(1);
+  if (name == "cancel") return paths.push_back(std::nullopt);
+  paths.push_back(name.starts_with('/') ? name : folder.Path(name));
 }
 
 void Journey::font(const Act& act) {
