@@ -296,7 +296,10 @@ void Journey::SetClipboardText(const std::string& text) {
   TellLines(text);
 }
 
-void Journey::PlaySoundFile(const std::string& path) { Tell("sound " + path); }
+void Journey::PlaySoundFile(const std::string& path) {
+  Tell("sound " + path);
+  AtWork();
+}
 
 std::optional<std::string> Journey::NextPath(const std::string& kind, const FileDialog& dialog) {
   Tell(kind + " dialogue, in \"" + dialog.Folder + "\", \"" + dialog.FileName + "\", " +

@@ -316,7 +316,7 @@ void Journey::click(const Act& act) {
       if (strip->Tabs()[i].Caption == act.Word(2)) return ClickTab(*strip, static_cast<int>(i) + 1);
     Fail(act, "no tab " + act.Word(2));
   }
-  Click(control);
+  for (int times = std::stoi(act.WordOr(2, "1")); times > 0; --times) Click(control);
 }
 
 void Journey::doubleclick(const Act& act) {

@@ -196,9 +196,15 @@ class Writer {
     return "";
   }
 
-  // Only the chosen entry of a list that is dropped down; all of one that stands open.
+  // Only the chosen entry of a list that drops down, and all with tips; all of one that stands open.
   std::string ItemsOf(const ListBox& list) {
-    if (const auto* combo = dynamic_cast<const ComboBox*>(&list)) return " " + Quoted(combo->Text());
+    if (const auto* combo = dynamic_cast<const ComboBox*>(&list)) {
+      std::string text = " " + Quoted(combo->Text());
+      if (withTips)
+        for (const std::string& item : list.Items())
+          text += (&item == &list.Items().front() ? " of " : ", ") + ToUtf8(item);
+      return text;
+    }
     for (int i = 0; i < list.ListCount(); ++i)
       below.push_back(indent + (i == list.ListIndex() ? "  > " : "    ") +
                       ToUtf8(list.Items()[static_cast<std::size_t>(i)]));
