@@ -1,4 +1,6 @@
 // The tariffs of the service editor: their list, and the buttons that change it.
+#include <algorithm>
+
 #include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
@@ -85,26 +87,19 @@ void frmService::SetTariffButtons() {
 
 void frmService::btnDialTimeTariffNew_Click() {
   SetTrace("frmService", "btnDialTimeTariffNew_Click");
-  if (TariffCopyCount < MaxTariffs) {
-    NewTariff = true;
-    ShowTariffEditor();
-    if (NewTariff) SelectedTariff = TariffCopyCount;
-  } else {
-    CurrentHost().Beep();
-  }
+  NewTariff = true;
+  ShowTariffEditor();
+  if (NewTariff) SelectedTariff = TariffCopyCount;
   SortTariffs();
   DisplayTariffs();
   ShowTariffCount();
   SetTariffButtons();
-  RefreshOKButton();
   ShowTariffSummary();
-  lstDialTimeTariff.SetFocus();
 }
 
 void frmService::btnDialTimeTariffEdit_Click() {
   SetTrace("frmService", "btnDialTimeTariffEdit_Click");
   if (!btnDialTimeTariffEdit.Enabled || lstDialTimeTariff.SelectedRow() == 0) return;
-  SelectedTariff = Int16(lstDialTimeTariff.SelectedRow());
   NewTariff = false;
   ShowTariffEditor();
   SortTariffs();
@@ -117,7 +112,7 @@ void frmService::btnDialTimeTariffDelete_Click() {
   if (TariffCopyCount == 0 || SelectedTariff == 0) return;
   for (int row = SelectedTariff; row < TariffCopyCount; ++row) TariffCopy[row - 1] = TariffCopy[row];
   --TariffCopyCount;
-  if (SelectedTariff > TariffCopyCount && TariffCopyCount > 0) SelectedTariff = TariffCopyCount;
+  SelectedTariff = std::min(SelectedTariff, TariffCopyCount);
   DisplayTariffs();
   ShowTariffCount();
   ShowTariffSummary();

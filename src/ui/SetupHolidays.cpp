@@ -25,7 +25,6 @@ void frmSetup::WireHolidays() {
 
 void frmSetup::LoadHolidays() {
   SetTrace("frmSetup", "LoadHolidays");
-  holidays.clear();
   Attempt([this] {
     for (int i = 0; i < UsedHolidays; ++i)
       if (Holidays[i] >= Today()) holidays.push_back(Holidays[i]);

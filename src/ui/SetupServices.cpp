@@ -16,7 +16,6 @@ namespace {
 
 constexpr int TelephoneIcon = 3;
 constexpr char NoService[] = "No service is selected.";
-constexpr char NoRoom[] = "There is room for no more services.";
 
 constexpr int MostNamed = 3;
 
@@ -105,7 +104,6 @@ void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = UsedServi
 // True when the editor was confirmed.
 bool frmSetup::EditService(bool isNew) {
   NewService = isNew;
-  ServiceEditCancelled = true;  // unless its OK says otherwise
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   ServiceForm->ShowModal();
   return !ServiceEditCancelled;
@@ -113,9 +111,7 @@ bool frmSetup::EditService(bool isNew) {
 
 void frmSetup::btnNew_Click() {
   SetTrace("frmSetup", "btnNew_Click");
-  if (UsedServices >= MaxServices) {
-    Refuse(lstServices, NoRoom);
-  } else if (HasRecord(UsedServices) && EditService(true)) {
+  if (HasRecord(UsedServices) && EditService(true)) {
     ++UsedServices;
     AddServiceRow(UsedServices - 1);
   }
@@ -133,7 +129,6 @@ void frmSetup::lstServices_DblClick() {
 
 void frmSetup::lstServices_ItemClick() {
   SetTrace("frmSetup", "lstServices_ItemClick");
-  lstServices.Refusal = "";
   ShowServiceCount();
   CheckCopybtn();
 }
@@ -177,7 +172,6 @@ void frmSetup::btnCopy_Click() {
   if (source < 0) return Refuse(lstServices, NoService);
   CopyService(source);
   ShowServiceCount();
-  EnableEditing();
   CheckCopybtn();
 }
 
@@ -207,7 +201,6 @@ void frmSetup::btnScan_Click() {
   SetTrace("frmSetup", "btnScan_Click");
   const std::string path = ModemLogDir + ModemLogFile;
   StepTrace = PathText(path);
-  ProgressBar1.SetValue(0);
   ProgressBar1.Visible = true;
   fralblServices.Visible = false;
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
@@ -226,7 +219,6 @@ void frmSetup::btnScan_Click() {
   const bool done = Attempt([&] { ScanForServices(path, show, proceed); });
   CurrentHost().SetMousePointer(MousePointer::Default);
   if (!IsLoaded()) return;
-  ProgressBar1.SetValue(100);
   ProgressBar1.Visible = false;
   fralblServices.Visible = Settings[2].Visible();  // the user may have gone to another tab
   if (done || found > 0) TellScanned(found);

@@ -15,11 +15,11 @@
 
 namespace qel {
 
-bool NewService = false;
-bool ServiceEditCancelled = false;
+bool NewService;
+bool ServiceEditCancelled;
 BoundedArray<TariffRecord> TariffCopy;
 Int16 TariffCopyCount;
-bool NewTariff = false;
+bool NewTariff;
 TheForm<frmService> ServiceForm;
 
 namespace {
@@ -73,14 +73,11 @@ void frmService::Form_Load() {
   DisplayTariffs();
   ShowTariffCount();
   ShowTariffSummary();
-  SetTariffButtons();
-  RefreshOKButton();
 }
 
 void frmService::Form_Activate() {
   CurrentHost().SetMousePointer(MousePointer::Default);
   TabStrip1_Click();
-  txtDescription.SetFocus();
 }
 
 void frmService::FillComboBoxes() {
@@ -105,7 +102,6 @@ void frmService::TabStrip1_Click() {
       break;
     case 3:
       optServiceCost_Click(ServiceOption - 1);
-      chkFreePeriod_Click();
       break;
     case 4:
       chkWarnings_Click();

@@ -9,8 +9,8 @@
 
 namespace qel {
 
-bool OptionsChanged = false;
-bool LogPathChanged = false;
+bool OptionsChanged;
+bool LogPathChanged;
 TheForm<frmSetup> SetupForm;
 
 namespace {
@@ -69,10 +69,7 @@ void frmSetup::Form_Load() {
   ShowServices();
   ShowReportSettings();
   LoadHolidays();
-  btnDefaults.Visible = false;
-  ShowServiceCount();
   EnableEditing();
-  OptionsChanged = LogPathChanged = false;
 }
 
 void frmSetup::Form_Activate() {
@@ -106,7 +103,6 @@ void frmSetup::Form_KeyDown(KeyPress& press) {
 
 void frmSetup::btnSave_Click() {
   SetTrace("frmSetup", "btnSave_Click");
-  LogPathChanged = snapshot.Differs({&ModemLogFile, &ModemLogDir});
   saved = true;
   StoreHolidays();
   WriteUserParameters();
@@ -121,7 +117,7 @@ void frmSetup::restoreOldValues() {
 bool frmSetup::Form_Unload() {
   SetTrace("frmSetup", "Form_Unload");
   if (!saved) restoreOldValues();
-  snapshot.ReleaseServices();
+  LogPathChanged = saved && snapshot.Differs({&ModemLogFile, &ModemLogDir});
   if (LogPathChanged) LogCorrupt = LogTooBig = false;
   if (regionalSettingsOpened)
     MsgBox(
