@@ -125,7 +125,6 @@ void frmPreConfigure::Finish() {
 void frmPreConfigure::btnNext_Click() {
   SetTrace("frmPreConfigure", "btnNext_Click");
   if (btnNext.Caption == "&OK") {
-    Timer1.Enabled = false;
     Unload();
     return;
   }
