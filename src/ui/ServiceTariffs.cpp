@@ -42,10 +42,7 @@ void frmService::SetTariffColumns() {
                                 {"After (Unit Size)", 1550}});
 }
 
-void frmService::SortTariffs() {
-  SetTrace("frmService", "SortTariffs");
-  Attempt([this] { OrderTariffs(TariffCopy, TariffCopyCount, SelectedTariff); });
-}
+void frmService::SortTariffs() { OrderTariffs(TariffCopy, TariffCopyCount, SelectedTariff); }
 
 void frmService::DisplayTariffs() {
   SetTrace("frmService", "DisplayTariffs");
@@ -86,7 +83,6 @@ void frmService::SetTariffButtons() {
 }
 
 void frmService::btnDialTimeTariffNew_Click() {
-  SetTrace("frmService", "btnDialTimeTariffNew_Click");
   NewTariff = true;
   ShowTariffEditor();
   if (NewTariff) SelectedTariff = TariffCopyCount;
@@ -98,7 +94,6 @@ void frmService::btnDialTimeTariffNew_Click() {
 }
 
 void frmService::btnDialTimeTariffEdit_Click() {
-  SetTrace("frmService", "btnDialTimeTariffEdit_Click");
   if (!btnDialTimeTariffEdit.Enabled || lstDialTimeTariff.SelectedRow() == 0) return;
   NewTariff = false;
   ShowTariffEditor();
@@ -108,7 +103,6 @@ void frmService::btnDialTimeTariffEdit_Click() {
 }
 
 void frmService::btnDialTimeTariffDelete_Click() {
-  SetTrace("frmService", "btnDialTimeTariffDelete_Click");
   if (TariffCopyCount == 0 || SelectedTariff == 0) return;
   for (int row = SelectedTariff; row < TariffCopyCount; ++row) TariffCopy[row - 1] = TariffCopy[row];
   --TariffCopyCount;

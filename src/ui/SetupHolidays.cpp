@@ -94,7 +94,6 @@ void frmSetup::btnRemove_Click() {
 }
 
 void frmSetup::lstHolidays_Click() {
-  SetTrace("frmSetup", "lstHolidays_Click");
   CalHolidays.Value = holidays[static_cast<std::size_t>(lstHolidays.ListIndex())];
   CalHolidays.Refusal = "";
 }

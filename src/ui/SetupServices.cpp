@@ -120,7 +120,6 @@ void frmSetup::btnNew_Click() {
 }
 
 void frmSetup::lstServices_DblClick() {
-  SetTrace("frmSetup", "lstServices_DblClick");
   const int service = SelectedService();
   if (service < 0) return Refuse(lstServices, NoService);
   if (EditService(false)) lstServices.SetRow(service + 1, RowOf(Services[service]));
@@ -128,13 +127,11 @@ void frmSetup::lstServices_DblClick() {
 }
 
 void frmSetup::lstServices_ItemClick() {
-  SetTrace("frmSetup", "lstServices_ItemClick");
   ShowServiceCount();
   CheckCopybtn();
 }
 
 void frmSetup::btnDelete_Click() {
-  SetTrace("frmSetup", "btnDelete_Click");
   const int service = SelectedService();
   const auto agreed = [service] {
     return MsgBox({"Are you sure you want to delete " + Services[service].ServiceName + "?", "Delete Service",
@@ -147,7 +144,6 @@ void frmSetup::btnDelete_Click() {
 // Names and numbers move up alone: the services behind the deleted one take over the costs and the warning of
 // the entry before them.
 void frmSetup::DeleteService() {
-  SetTrace("frmSetup", "DeleteService");
   const int deleted = SelectedService();
   if (deleted < 0) return Refuse(lstServices, NoService);
   if (deleted + 1 < UsedServices)
@@ -167,7 +163,6 @@ void frmSetup::DeleteService() {
 }
 
 void frmSetup::btnCopy_Click() {
-  SetTrace("frmSetup", "btnCopy_Click");
   const int source = SelectedService();
   if (source < 0) return Refuse(lstServices, NoService);
   CopyService(source);

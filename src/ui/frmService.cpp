@@ -90,7 +90,6 @@ void frmService::FillComboBoxes() {
 }
 
 void frmService::TabStrip1_Click() {
-  SetTrace("frmService", "TabStrip1_Click");
   ShowSelectedPage(TabStrip1, fraService);
   HelpContextID = HelpService + TabStrip1.SelectedTab() - 1;
   switch (TabStrip1.SelectedTab()) {
@@ -113,7 +112,6 @@ void frmService::TabStrip1_Click() {
 }
 
 void frmService::optDialCost_Click(int index) {
-  SetTrace("frmService", "optDialCost_Click");
   Disable_All_Controls();
   if (index == 0) {
     EnableControlGroup("DialFixedTariff");
@@ -137,7 +135,6 @@ void frmService::optDialCost_Click(int index) {
 }
 
 void frmService::optServiceCost_Click(int index) {
-  SetTrace("frmService", "optServiceCost_Click");
   Disable_All_Controls();
   if (index == 0) {
     EnableControlGroup("ServiceFixed");
@@ -161,7 +158,6 @@ void frmService::chkFreePeriod_Click() {
 }
 
 void frmService::Disable_All_Controls() {
-  SetTrace("frmService", "Disable_All_Controls");
   for (Control* control : Controls())
     if (std::none_of(std::begin(AlwaysUsable), std::end(AlwaysUsable),
                      [control](const char* word) { return Named(*control, word); }))

@@ -194,9 +194,7 @@ void frmTariff::TimeList_GotFocus(ComboBox& list) {
   lblAssist.Enabled = lblAssist.Visible = true;
 }
 
-void frmTariff::TimeList_LostFocus() {
-  lblAssist.Enabled = lblAssist.Visible = false;
-}
+void frmTariff::TimeList_LostFocus() { lblAssist.Enabled = lblAssist.Visible = false; }
 
 // Spells the time out in 12 hours, since the lists are in 24.
 void frmTariff::Assist(const ComboBox& list) {
@@ -222,7 +220,6 @@ void frmTariff::ChargeIntervalRule() {
 }
 
 void frmTariff::CheckOKBtn() {
-  SetTrace("frmTariff", "CheckOKBtn");
   lblOKNotice.Caption = Missing();
   btnOK.Enabled = lblOKNotice.Caption().empty();
 }
