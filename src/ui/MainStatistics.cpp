@@ -74,7 +74,7 @@ void frmMain::Timer1_Timer() {
 void frmMain::TimerAnim_Timer() {
   animFrame += animBackward ? -1 : 1;
   if (animFrame > AnimFrames || animFrame < 1) {
-    animFrame = animFrame < 1 ? AnimFrames : 1;
+    animFrame = animBackward ? AnimFrames : 1;
     if (animSecondRound) animBackward = !animBackward;
     animSecondRound = !animSecondRound;
   }

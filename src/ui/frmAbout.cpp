@@ -60,7 +60,6 @@ frmAbout::frmAbout() : Form("frmAbout") {
 void frmAbout::Form_Load() {
   SetTrace("frmAbout", "Form_Load");
   imgAbout.Visible = ShowGraphic;
-  Caption = std::string("About ") + ProgramTitle;
   lblVersion.Caption = "Version " + VersionText();
   for (Label& title : lblTitle) title.Caption = ProgramTitle;
   lblOS.Caption = OSName;

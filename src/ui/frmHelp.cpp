@@ -111,7 +111,7 @@ void frmHelp::lstTopics_Click() {
   const int index = lstTopics.ListIndex();
   const int chosen = index < 0 ? shown : entries[static_cast<std::size_t>(index)];
   if (chosen == shown) return;
-  if (shown != 0) visited.push_back(shown);
+  visited.push_back(shown);
   ShowTopic(chosen);
 }
 

@@ -168,9 +168,9 @@ bool frmMain::Form_Unload() {
 
 void frmMain::SaveMainWinSettings() {
   SetTrace("QELMain", "SaveMainWinSettings");
-  KeepWindowSize();
+  MainWinWidth = Width();
+  MainWinHeight = Height();
   const std::string key = std::string(SettingsKey) + "\\General";
-  CreatNewKey(key, SettingsRoot);
   SetKeyValue(SettingsRoot, key, "MainWinWidth", MainWinWidth, REG_DWORD);
   SetKeyValue(SettingsRoot, key, "MainWinHeight", MainWinHeight, REG_DWORD);
   SaveRegistry();

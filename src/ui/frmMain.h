@@ -200,7 +200,6 @@ class frmMain : public Form, public Display, public PeriodFields {
   void EnableControls(bool enabled);
   void EnableRecentMenu(bool state);
   bool ClearsUnsavedLog();
-  void KeepWindowSize();
   void UseNewDefaultLog();
   void ShowAnew();
   void ShowActiveDate();
