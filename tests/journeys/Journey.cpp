@@ -18,22 +18,16 @@ namespace qel {
 
 namespace {
 
+// By the answer's number.
 const char* const AnswerNames[] = {"", "OK", "Cancel", "Abort", "Retry", "Ignore", "Yes", "No"};
 const char* const IconNames[] = {"", "critical", "question", "exclamation", "information"};
 
-std::vector<Answer> AnswersOf(Buttons buttons) {
-  switch (buttons) {
-    case Buttons::OK:
-      return {Answer::OK};
-    case Buttons::OKCancel:
-      return {Answer::OK, Answer::Cancel};
-    case Buttons::AbortRetryIgnore:
-      return {Answer::Abort, Answer::Retry, Answer::Ignore};
-    case Buttons::YesNo:
-      return {Answer::Yes, Answer::No};
-  }
-  return {};
-}
+const std::map<Buttons, std::vector<std::string>> ButtonNames = {
+    {Buttons::OK, {"OK"}},
+    {Buttons::OKCancel, {"OK", "Cancel"}},
+    {Buttons::AbortRetryIgnore, {"Abort", "Retry", "Ignore"}},
+    {Buttons::YesNo, {"Yes", "No"}},
+};
 
 std::string ValueText(const RegistryValue& value) {
   if (value.Type == REG_SZ) return '"' + ToUtf8(value.Data.substr(0, value.Data.find('\0'))) + '"';
@@ -83,10 +77,10 @@ void Journey::Play() {
 void Journey::PlayAct() {
   current = next++;
   const Act& act = script.Acts()[current];
-  const auto handler = Acts().find(act.Words[0]);
-  if (handler == Acts().end()) Fail(act, "no such act");
+  const auto handler = Acts.find(act.Words[0]);
+  if (handler == Acts.end()) Fail(act, "no such act");
   ++depth;
-  (this->*handler->second)(act);
+  handler->second(*this, act);
   if (HasEnded()) throw ProgramEnd();
   if (--depth == 0) BringToTheFront();
   TellConsequences();
@@ -257,22 +251,23 @@ Answer Journey::MessageBox(const Message& message) {
   TellWindows();
   std::string line = "message \"" + ToUtf8(message.Title) + '"';
   if (message.icon != Icon::None) line += std::string(" ") + IconNames[static_cast<int>(message.icon)];
-  const std::vector<Answer> possible = AnswersOf(message.buttons);
-  for (std::size_t i = 0; i < possible.size(); ++i)
-    line += std::string(" [") + AnswerNames[static_cast<int>(possible[i])] +
-            (possible.size() > 1 && static_cast<int>(i) + 1 == message.DefaultButton ? "*]" : "]") +
-            (static_cast<int>(i) + 1 == message.EscapeButton ? " by Escape" : "");
+  const std::vector<std::string>& possible = ButtonNames.at(message.buttons);
+  for (int place = 1; const std::string& name : possible) {
+    line += " [" + name + (possible.size() > 1 && place == message.DefaultButton ? "*]" : "]") +
+            (place == message.EscapeButton ? " by Escape" : "");
+    ++place;
+  }
   if (message.HelpContext != 0) line += " [Help " + std::to_string(message.HelpContext) + "]";
   Tell(line);
   TellLines(message.Text);
-  if (possible.size() == 1) return possible.front();
+  if (possible.size() == 1) return Answer::OK;
   const Act& act = script.Acts()[current];
   if (answers.empty()) Fail(act, "nobody answers \"" + message.Title + '"');
-  const Answer answer = answers.front();
+  const std::string answer = answers.front();
   answers.pop_front();
   if (std::ranges::find(possible, answer) == possible.end()) Fail(act, "an answer that no button gives");
-  Tell(std::string("answered ") + AnswerNames[static_cast<int>(answer)]);
-  return answer;
+  Tell("answered " + answer);
+  return static_cast<Answer>(std::ranges::find(AnswerNames, answer) - AnswerNames);
 }
 
 // The script goes on in the modal window.

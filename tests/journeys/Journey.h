@@ -66,8 +66,8 @@ class Journey : public Host {
   virtual void Activate(Form& form) { form.Activate(); }
 
  private:
-  using Handler = void (Journey::*)(const Act&);
-  static const std::map<std::string, Handler>& Acts();
+  using Handler = std::function<void(Journey&, const Act&)>;
+  static const std::map<std::string, Handler> Acts;
 
   void PlayAct();
   void BringToTheFront();
@@ -106,45 +106,21 @@ class Journey : public Host {
 
   // Acts that set the scene
   void file(const Act& act);
-  void makefolder(const Act& act);
-  void remove(const Act& act);
-  void today(const Act& act);
-  void region(const Act& act);
-  void answer(const Act& act);
   void path(const Act& act);
   void font(const Act& act);
-  void clip(const Act& act);
   void disk(const Act& act);
-  void hold(const Act& act);
-  void release(const Act& act);
   void set(const Act& act);
-  void system(const Act& act);
-  void installed(const Act& act);
-  void background(const Act& act);
-  void lock(const Act& act) { locked = act.Word(1); }
-  void watch(const Act&) { watches = true; }
-  void trace(const Act&) { traces = true; }
-  void meanwhile(const Act& act) { yieldsLeft = std::stoi(act.WordOr(1, "1")); }
 
   // Acts of the user
   void start(const Act& act);
   void click(const Act& act);
-  void doubleclick(const Act& act);
   void type(const Act& act);
   void select(const Act& act);
-  void key(const Act& act);
   void choose(const Act& act);
-  void pick(const Act& act);
-  void column(const Act& act);
-  void step(const Act& act);
-  void follow(const Act& act);
   void point(const Act& act);
-  void width(const Act& act);
   void move(const Act& act);
   void resize(const Act& act);
   void state(const Act& act);
-  void close(const Act& act);
-  void activate(const Act& act);
   void tick(const Act& act);
 
   void show(const Act& act);
@@ -165,7 +141,7 @@ class Journey : public Host {
   std::size_t current = 0;  // act
   int depth = 0;            // of acts under way, each in a modal window of the one before
   bool isKilled = false;    // with modal windows open, by the start of another process
-  std::deque<Answer> answers;
+  std::deque<std::string> answers;
   std::deque<std::optional<std::string>> paths;
   std::deque<Font> fonts;
   std::string clipboard;

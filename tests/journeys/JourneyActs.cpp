@@ -83,56 +83,74 @@ Control* MarkedButton(const Form& form, const char* mark) {
 
 }  // namespace
 
-const std::map<std::string, Journey::Handler>& Journey::Acts() {
-  static const std::map<std::string, Handler> acts = {
-      // The scene.
-      {"file", &Journey::file},
-      {"folder", &Journey::makefolder},
-      {"remove", &Journey::remove},
-      {"today", &Journey::today},
-      {"region", &Journey::region},
-      {"answer", &Journey::answer},
-      {"path", &Journey::path},
-      {"font", &Journey::font},
-      {"clip", &Journey::clip},
-      {"disk", &Journey::disk},
-      {"hold", &Journey::hold},
-      {"release", &Journey::release},
-      {"set", &Journey::set},
-      {"system", &Journey::system},
-      {"installed", &Journey::installed},
-      {"background", &Journey::background},
-      {"lock", &Journey::lock},
-      {"watch", &Journey::watch},
-      {"meanwhile", &Journey::meanwhile},
-      {"trace", &Journey::trace},
-      // The user.
-      {"start", &Journey::start},
-      {"click", &Journey::click},
-      {"double-click", &Journey::doubleclick},
-      {"type", &Journey::type},
-      {"select", &Journey::select},
-      {"key", &Journey::key},
-      {"choose", &Journey::choose},
-      {"pick", &Journey::pick},
-      {"column", &Journey::column},
-      {"up", &Journey::step},
-      {"down", &Journey::step},
-      {"follow", &Journey::follow},
-      {"point", &Journey::point},
-      {"width", &Journey::width},
-      {"move", &Journey::move},
-      {"resize", &Journey::resize},
-      {"minimize", &Journey::state},
-      {"maximize", &Journey::state},
-      {"restore", &Journey::state},
-      {"close", &Journey::close},
-      {"activate", &Journey::activate},
-      {"tick", &Journey::tick},
-      {"show", &Journey::show},
-  };
-  return acts;
-}
+// By the act's first word.
+const std::map<std::string, Journey::Handler> Journey::Acts = {
+    // The scene.
+    {"file", &Journey::file},
+    {"folder",
+     [](Journey& my, const Act& act) { std::filesystem::create_directories(my.folder.Path(act.Word(1))); }},
+    {"remove",
+     [](Journey& my, const Act& act) {
+       std::filesystem::remove_all(my.folder.Path(act.Word(1)));
+       my.files.erase(act.Word(1));
+     }},
+    {"today",
+     [](Journey&, const Act& act) { StopClockAt(MomentOf(act.Word(1) + " " + act.WordOr(2, "12:00:00"))); }},
+    {"region", [](Journey&, const Act& act) { setenv("LC_ALL", act.Word(1).c_str(), 1); }},
+    {"answer",
+     [](Journey& my, const Act& act) {
+       my.answers.insert(my.answers.end(), act.Words.begin() + 1, act.Words.end());
+     }},
+    {"path", &Journey::path},
+    {"font", &Journey::font},
+    {"clip", [](Journey& my, const Act& act) { my.clipboard = FromUtf8Lossy(act.Word(1)); }},
+    {"disk", &Journey::disk},
+    {"hold", [](Journey& my,
+                const Act& act) { my.held[act.Word(1)].open(my.folder.Path(act.Word(1)), std::ios::app); }},
+    {"release", [](Journey& my, const Act& act) { my.held.erase(act.Word(1)); }},
+    {"set", &Journey::set},
+    {"system", [](Journey&, const Act& act) { OSName = act.Word(1); }},
+    {"installed", [](Journey& my, const Act& act) { my.onlyProgram = act.Word(1); }},
+    {"background",
+     [](Journey& my, const Act& act) {
+       my.backgroundColour = static_cast<unsigned>(std::stoul(act.Word(1), nullptr, 16));
+     }},
+    {"lock", [](Journey& my, const Act& act) { my.locked = act.Word(1); }},
+    {"watch", [](Journey& my, const Act&) { my.watches = true; }},
+    {"trace", [](Journey& my, const Act&) { my.traces = true; }},
+    {"meanwhile", [](Journey& my, const Act& act) { my.yieldsLeft = std::stoi(act.WordOr(1, "1")); }},
+    // The user.
+    {"start", &Journey::start},
+    {"click", &Journey::click},
+    {"double-click",
+     [](Journey& my, const Act& act) {
+       if (Control& control = my.Named(act); my.CanUse(control)) my.DoubleClick(control);
+     }},
+    {"type", &Journey::type},
+    {"select", &Journey::select},
+    {"key", [](Journey& my, const Act& act) { my.Press(*ActiveForm, act.Word(1)); }},
+    {"choose", &Journey::choose},
+    {"pick", [](Journey& my, const Act& act) { my.Pick(my.NamedAs<Calendar>(act), MomentOf(act.Word(2))); }},
+    {"column",
+     [](Journey& my, const Act& act) { my.ClickColumn(my.NamedAs<ListView>(act), std::stoi(act.Word(2))); }},
+    {"up", [](Journey& my, const Act& act) { my.Step(my.NamedAs<UpDown>(act), true); }},
+    {"down", [](Journey& my, const Act& act) { my.Step(my.NamedAs<UpDown>(act), false); }},
+    {"follow", [](Journey& my, const Act& act) { my.Follow(my.NamedAs<Document>(act), act.Word(2)); }},
+    {"point", &Journey::point},
+    {"width",
+     [](Journey& my, const Act& act) {
+       my.NamedAs<ListView>(act).UserColumnWidth(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
+     }},
+    {"move", &Journey::move},
+    {"resize", &Journey::resize},
+    {"minimize", &Journey::state},
+    {"maximize", &Journey::state},
+    {"restore", &Journey::state},
+    {"close", [](Journey& my, const Act& act) { my.Close(my.FormNamed(act.Word(1))); }},
+    {"activate", [](Journey& my, const Act& act) { my.Activate(my.FormNamed(act.Word(1))); }},
+    {"tick", &Journey::tick},
+    {"show", &Journey::show},
+};
 
 Form& Journey::FormNamed(const std::string& name) const {
   if (Form* form = LoadedForm(name); form && form->Visible()) return *form;
@@ -196,25 +214,6 @@ void Journey::file(const Act& act) {
   files[act.Word(1)] = content;
 }
 
-void Journey::makefolder(const Act& act) { std::filesystem::create_directories(folder.Path(act.Word(1))); }
-
-void Journey::remove(const Act& act) {
-  std::filesystem::remove_all(folder.Path(act.Word(1)));
-  files.erase(act.Word(1));
-}
-
-void Journey::today(const Act& act) { StopClockAt(MomentOf(act.Word(1) + " " + act.WordOr(2, "12:00:00"))); }
-
-void Journey::region(const Act& act) { setenv("LC_ALL", act.Word(1).c_str(), 1); }
-
-void Journey::answer(const Act& act) {
-  static const std::map<std::string, Answer> names = {{"OK", Answer::OK},         {"Cancel", Answer::Cancel},
-                                                      {"Abort", Answer::Abort},   {"Retry", Answer::Retry},
-                                                      {"Ignore", Answer::Ignore}, {"Yes", Answer::Yes},
-                                                      {"No", Answer::No}};
-  for (std::size_t i = 1; i < act.Words.size(); ++i) answers.push_back(names.at(act.Words[i]));
-}
-
 // path NAME in the folder or from the root on, or "path cancel".
 void Journey::path(const Act& act) {
   const std::string& name = act.Word(1);
@@ -229,26 +228,12 @@ void Journey::font(const Act& act) {
   fonts.push_back({act.Word(1), std::stof(act.WordOr(2, "10")), says("bold"), says("italic")});
 }
 
-void Journey::clip(const Act& act) { clipboard = FromUtf8Lossy(act.Word(1)); }
-
 // disk fails N: the Nth operation from here; disk fails from N; full in place of fails; disk works.
 void Journey::disk(const Act& act) {
   if (act.Word(1) == "works") return failing.Mend();
   const int error = act.Word(1) == "full" ? ENOSPC : EIO;
   if (act.Word(2) == "from") return failing.FailFrom(std::stoi(act.Word(3)), error);
   failing.FailNth(std::stoi(act.Word(2)), error);
-}
-
-// hold NAME: another program opens the file and keeps it open.
-void Journey::hold(const Act& act) { held[act.Word(1)].open(folder.Path(act.Word(1)), std::ios::app); }
-void Journey::release(const Act& act) { held.erase(act.Word(1)); }
-
-// installed COMMAND, of all that the program may want to start; installed none.
-void Journey::installed(const Act& act) { onlyProgram = act.Word(1); }
-
-// background RRGGBB, of the display
-void Journey::background(const Act& act) {
-  backgroundColour = static_cast<unsigned>(std::stoul(act.Word(1), nullptr, 16));
 }
 
 void Journey::StartProgram(const std::string& command) {
@@ -281,9 +266,6 @@ RegistryTree Journey::StoredTree() const {
     return {};
   }
 }
-
-// What the system calls itself, from here.
-void Journey::system(const Act& act) { OSName = act.Word(1); }
 
 // The program as a process of its own; one that runs is gone first, as if it had been killed.
 void Journey::start(const Act&) {
@@ -319,27 +301,18 @@ void Journey::click(const Act& act) {
   for (int times = std::stoi(act.WordOr(2, "1")); times > 0; --times) Click(control);
 }
 
-void Journey::doubleclick(const Act& act) {
-  if (Control& control = Named(act); CanUse(control)) DoubleClick(control);
-}
-
-// type FIELD TEXT
 void Journey::type(const Act& act) {
   std::string text = act.Word(2);
   if (text.starts_with("~/")) text.replace(0, 1, folder.Path());
   if (Control& control = Named(act); CanUse(control)) Type(control, FromUtf8Lossy(text));
 }
 
-// select FIELD FROM LENGTH
 void Journey::select(const Act& act) {
   auto& box = NamedAs<TextBox>(act);
   box.SetFocus();
   box.Select(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
 }
 
-void Journey::key(const Act& act) { Press(*ActiveForm, act.Word(1)); }
-
-// choose LIST ENTRY
 void Journey::choose(const Act& act) {
   ListBox& list = NamedAs<ListBox>(act);
   const std::string wanted = FromUtf8Lossy(act.Word(2));
@@ -348,11 +321,6 @@ void Journey::choose(const Act& act) {
   if (found == list.Items().end()) Fail(act, "no entry " + act.Word(2));
   if (CanUse(list)) Choose(list, static_cast<int>(found - list.Items().begin()));
 }
-
-void Journey::pick(const Act& act) { Pick(NamedAs<Calendar>(act), MomentOf(act.Word(2))); }
-void Journey::column(const Act& act) { ClickColumn(NamedAs<ListView>(act), std::stoi(act.Word(2))); }
-void Journey::step(const Act& act) { Step(NamedAs<UpDown>(act), act.Word(0) == "up"); }
-void Journey::follow(const Act& act) { Follow(NamedAs<Document>(act), act.Word(2)); }
 
 // As people do: everything selected, the new text over it. Nothing typed is the delete key.
 void Journey::Type(Control& control, const std::string& text) {
@@ -399,12 +367,6 @@ void Journey::point(const Act& act) {
   Point(Named(act));
 }
 
-// width TABLE COLUMN TWIPS: the edge of a header is dragged.
-void Journey::width(const Act& act) {
-  NamedAs<ListView>(act).UserColumnWidth(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
-}
-
-// move WINDOW LEFT TOP
 void Journey::move(const Act& act) {
   Form& form = FormNamed(act.Word(1));
   form.Left = std::stoi(act.Word(2));
@@ -431,10 +393,6 @@ void Journey::resize(const Act& act) {
   form.Height = std::stoi(act.Word(3));
 }
 
-void Journey::close(const Act& act) { Close(FormNamed(act.Word(1))); }
-void Journey::activate(const Act& act) { Activate(FormNamed(act.Word(1))); }
-
-// tick TIMER [TIMES]
 void Journey::tick(const Act& act) {
   auto& timer = NamedAs<Timer>(act);
   if (!timer.Enabled) return Tell(NameOf(timer) + " is off");

@@ -26,25 +26,8 @@ std::string Quoted(const std::string& text) {
   return '"' + quoted + '"';
 }
 
-const char* ColourText(SystemColour colour) {
-  switch (colour) {
-    case SystemColour::Default:
-      return "";
-    case SystemColour::WindowText:
-      return "in text colour";
-    case SystemColour::WindowBackground:
-      return "on white";
-    case SystemColour::MenuBackground:
-      return "on grey";
-    case SystemColour::GreyText:
-      return "grey";
-    case SystemColour::Warning:
-      return "red";
-    case SystemColour::Refused:
-      return "on red";
-  }
-  return "";
-}
+// By the system colour's number.
+const char* const ColourTexts[] = {"", "in text colour", "on white", "on grey", "grey", "red", "on red"};
 
 std::string FontText(const Font& font) {
   return (font.Name.empty() ? "" : " in " + font.Name) + (font.Size > 0 ? " " + NumberText(font.Size) : "") +
@@ -244,7 +227,7 @@ class Writer {
     std::string state;
     if (!control.Usable()) state += " off";
     for (const SystemColour colour : {control.ForeColor(), control.BackColor()})
-      if (colour != SystemColour::Default) state += std::string(" ") + ColourText(colour);
+      if (colour != SystemColour::Default) state += std::string(" ") + ColourTexts[static_cast<int>(colour)];
     if (!dynamic_cast<const ListView*>(&control)) state += FontText(control.Font);
     if (!control.Refusal().empty()) state += " refuses: " + Quoted(control.Refusal());
     const std::string& tip = control.ToolTipText;
