@@ -64,7 +64,6 @@ void LoadSettingsAnew() {
   ReadUserParameters();
   FillMissingSettings();
   SettleMissingLogPath();
-  SettingsDirty = false;
 }
 
 }  // namespace
