@@ -171,7 +171,7 @@ void Journey::TellWindows() {
       if (!gone.empty()) Tell(gone);
     }
     // Where a window opens is its own affair; told is that it grows or goes elsewhere.
-    const std::string place = PlaceOf(*form, true);
+    const std::string place = WindowPlace(*form, true);
     if (std::exchange(places[name], place) != place && windows.contains(name)) Tell(name + place);
     captions[name] = caption;
   }
@@ -187,7 +187,7 @@ void Journey::TellWindows() {
 }
 
 // A window whose layout decides its size has none that the program knows.
-std::string Journey::PlaceOf(const Form& form, bool withPosition) {
+std::string Journey::WindowPlace(const Form& form, bool withPosition) {
   static const char* const states[] = {"", ", minimized", ", maximized"};
   if (!Design::Of(form).HasSize()) return "";
   return " " + std::to_string(form.Width()) + " x " + std::to_string(form.Height()) +

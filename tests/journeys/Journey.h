@@ -74,7 +74,7 @@ class Journey : public Host {
   void AtWork();
   void TellConsequences();
   void TellWindows();
-  static std::string PlaceOf(const Form& form, bool withPosition);
+  static std::string WindowPlace(const Form& form, bool withPosition);
   void TellFocus();
   void TellChanged(const Shown& control);
   RegistryTree StoredTree() const;

@@ -412,7 +412,7 @@ void Journey::show(const Act& act) {
     return Tell("not to be seen");
   }
   const Form& form = FormNamed(act.Word(1));
-  Tell(form.Name() + " \"" + ToUtf8(form.Caption()) + '"' + PlaceOf(form, false));
+  Tell(form.Name() + " \"" + ToUtf8(form.Caption()) + '"' + WindowPlace(form, false));
   for (const Shown& control : WindowText(form, act.WordOr(2, "") == "with"))
     for (const std::string& line : control.Lines) Tell("  " + line);
   if (const Control* active = form.ActiveControl()) Tell("  focus on " + NameOf(*active));
