@@ -201,8 +201,8 @@ class Writer {
       header += (header.empty() ? "" : " | ") + ToUtf8(column.Text) + "(" + std::to_string(column.Width) +
                 (column.Least > 0 ? ", at least " + std::to_string(column.Least) : "") +
                 Alignments[static_cast<int>(column.Alignment)] + ")";
-    shown.push_back(
-        {NameOf(list) + " columns", {indent + NameOf(list) + " columns " + header + FontText(list.Font)}});
+    shown.push_back({NameOf(list) + " columns",
+                     {indent + NameOf(list) + " columns " + header + FontText(OwnFont(list))}});
     for (int row = 1; row <= list.RowCount(); ++row) {
       const ListRow& content = list.Row(row);
       std::string cells = Cell(content.Text);
@@ -221,6 +221,15 @@ class Writer {
     return text.size() > 20 && text.find_first_not_of('.') == std::string::npos ? "...." : ToUtf8(text);
   }
 
+  // Without name and size where other controls of the window have the same, as a face gives them.
+  Font OwnFont(const Control& control) const {
+    Font font = control.Font;
+    for (const auto& [element, other] : bound)
+      if (other != &control && other->Font->Name == control.Font->Name && other->Font->Size == font.Size)
+        return {"", 0, font.Bold, font.Italic};
+    return font;
+  }
+
   static std::string DayOf(Date day) { return " " + ToUtf8(DateText(day)); }
 
   std::string State(const Control& control, const Element& element) {
@@ -228,7 +237,7 @@ class Writer {
     if (!control.Usable()) state += " off";
     for (const SystemColour colour : {control.ForeColor(), control.BackColor()})
       if (colour != SystemColour::Default) state += std::string(" ") + ColourTexts[static_cast<int>(colour)];
-    if (!dynamic_cast<const ListView*>(&control)) state += FontText(control.Font);
+    if (!dynamic_cast<const ListView*>(&control)) state += FontText(OwnFont(control));
     if (!control.Refusal().empty()) state += " refuses: " + Quoted(control.Refusal());
     const std::string& tip = control.ToolTipText;
     if (tip.empty() ? !element.Property("toolTip").empty() : withTips || tip != element.Property("toolTip"))
