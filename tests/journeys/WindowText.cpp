@@ -221,13 +221,15 @@ class Writer {
     return text.size() > 20 && text.find_first_not_of('.') == std::string::npos ? "...." : ToUtf8(text);
   }
 
-  // Without name and size where other controls of the window have the same, as a face gives them.
+  // With name and size for lists and texts alone, whose fonts users choose, and only where no other control
+  // of the window has the same, as a face gives them.
   Font OwnFont(const Control& control) const {
     Font font = control.Font;
+    bool isOwn = dynamic_cast<const ListView*>(&control) || dynamic_cast<const RichTextBox*>(&control);
     for (const auto& [element, other] : bound)
-      if (other != &control && other->Font->Name == control.Font->Name && other->Font->Size == font.Size)
-        return {"", 0, font.Bold, font.Italic};
-    return font;
+      if (other != &control && other->Font->Name == font.Name && other->Font->Size == font.Size)
+        isOwn = false;
+    return isOwn ? font : Font{"", 0, font.Bold, font.Italic};
   }
 
   static std::string DayOf(Date day) { return " " + ToUtf8(DateText(day)); }
