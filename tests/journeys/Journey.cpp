@@ -18,7 +18,6 @@ namespace qel {
 
 namespace {
 
-// By the answer's number.
 const char* const AnswerNames[] = {"", "OK", "Cancel", "Abort", "Retry", "Ignore", "Yes", "No"};
 const char* const IconNames[] = {"", "critical", "question", "exclamation", "information"};
 

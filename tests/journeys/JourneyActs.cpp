@@ -214,7 +214,6 @@ void Journey::file(const Act& act) {
   files[act.Word(1)] = content;
 }
 
-// path NAME in the folder or from the root on, or "path cancel".
 void Journey::path(const Act& act) {
   const std::string& name = act.Word(1);
   if (name == "cancel") return paths.push_back(std::nullopt);
@@ -228,7 +227,6 @@ void Journey::font(const Act& act) {
   fonts.push_back({act.Word(1), std::stof(act.WordOr(2, "10")), says("bold"), says("italic")});
 }
 
-// disk fails N: the Nth operation from here; disk fails from N; full in place of fails; disk works.
 void Journey::disk(const Act& act) {
   if (act.Word(1) == "works") return failing.Mend();
   const int error = act.Word(1) == "full" ? ENOSPC : EIO;
@@ -241,8 +239,6 @@ void Journey::StartProgram(const std::string& command) {
   Tell("program " + Shortened(command));
 }
 
-// set KEY NAME VALUE [text]: in the settings file, before the program starts or as another program does it.
-// The key "International" is the one that the regional values are read from.
 void Journey::set(const Act& act) {
   RegistryTree tree = StoredTree();
   std::string key = act.Word(1);
@@ -380,7 +376,6 @@ void Journey::state(const Act& act) {
   FormNamed(act.Word(1)).WindowState = states.at(act.Word(0));
 }
 
-// resize WINDOW WIDTH HEIGHT, in twips; or a control that the window's layout gives other room.
 void Journey::resize(const Act& act) {
   if (!LoadedForm(act.Word(1))) {
     Control& control = Named(act);

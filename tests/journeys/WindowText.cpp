@@ -26,7 +26,6 @@ std::string Quoted(const std::string& text) {
   return '"' + quoted + '"';
 }
 
-// By the system colour's number.
 const char* const ColourTexts[] = {"", "in text colour", "on white", "on grey", "grey", "red", "on red"};
 
 std::string FontText(const Font& font) {
