@@ -60,7 +60,6 @@ class Control {
   // Why it does not take what the user gave it; empty when it does. A face marks the control and shows the
   // reason in place of the tool tip.
   Property<std::string> Refusal{Shown()};
-  int HelpContextID = 0;
   // Whether a click brings the focus along. A field that keeps the focus keeps such clicks from happening;
   // Cancel buttons, and what helps to complete that very field, are to work all the same.
   bool ClickMovesFocus = true;

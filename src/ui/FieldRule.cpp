@@ -58,10 +58,7 @@ void RuledField::Test() {
 
 void RuledField::Leave() {
   const bool fills = rule.WhenLeft == Leaving::Resets ? !IsNumber(field.Text()) : field.Text().empty();
-  if (fills && *rule.Filler) {
-    field.Text = rule.Filler;
-    valid = true;
-  }
+  if (fills && *rule.Filler) field.Text = rule.Filler;
   if (rule.WhenLeft == Leaving::Insists) {
     valid = Passes();
     if (!valid) RefuseAndStay(field, Reason());

@@ -119,13 +119,12 @@ void frmMain::OpenArchive(const std::string& path) {
     defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
   }
   SetCurrentLog(path);
-  Examine(LogHealth::Sound, true);
+  Examine(LogHealth::Sound);
   ArchiveOpen = true;
   AddRecentFile(CurrentLogFile, CurrentLogDir, "A");
   ShowRecentFiles();
   Form_Load();
   ShowActiveDate();
-  CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
 // The file may have grown, or have come into being, since it was looked into. The dates stay where they can.
@@ -136,7 +135,7 @@ void frmMain::mnuRefresh_Click() {
   if (!ArchiveOpen)
     ReadDefaultLog(CurrentLogDir, CurrentLogFile);
   else if (CanBeOpened(CurrentLogPath))
-    Examine(LogHealth::Sound, true);
+    Examine(LogHealth::Sound);
   Form_Load();
   if (inputStarting.Enabled && IsDate(dates[0]) && IsDate(dates[1])) {
     inputStarting.Text = dates[0];
@@ -220,7 +219,6 @@ void frmMain::SaveRecentFiles() {
     for (std::size_t i = 0; i < RecentFiles.size(); ++i) {
       const RecentFile& file = RecentFiles[i];
       const std::string number = std::to_string(i + 1);
-      CreatNewKey(key, SettingsRoot);
       SetKeyValue(SettingsRoot, key, "RecentFileName" + number, file.RecentFileName, REG_SZ);
       SetKeyValue(SettingsRoot, key, "RecentFilePath" + number, file.RecentFilePath, REG_SZ);
       SetKeyValue(SettingsRoot, key, "RecentFileType" + number, file.RecentFileType, REG_SZ);

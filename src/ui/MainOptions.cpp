@@ -64,7 +64,6 @@ void LoadSettingsAnew() {
   ReadUserParameters();
   FillMissingSettings();
   SettleMissingLogPath();
-  SettingsDirty = false;
 }
 
 }  // namespace
@@ -93,7 +92,7 @@ void frmMain::UseNewDefaultLog() {
   defaultLogDir = ModemLogDir;
   defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
   SetCurrentLog(archive);
-  Examine(LogHealth::Sound, true);
+  Examine(LogHealth::Sound);
 }
 
 // Brings the window into line with what the options have changed, and to the front.

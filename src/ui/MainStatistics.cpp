@@ -23,14 +23,6 @@ void frmMain::WireStatistics() {
   PicAnimQel.DblClick = [this] { PicAnimQel_DblClick(); };
 }
 
-void frmMain::ShowStatLabels(bool visible) {
-  for (Label* label :
-       {&LabelHeading, &LabelHeading2, &LabelLogName, &LabelLogName2, &LabelLogPath, &LabelLogPath2,
-        &LabelLogLength, &LabelLogLength2, &LabelLogEntries, &LabelLogEntries2, &LabelLogFirst,
-        &LabelLogFirst2, &LabelLogLast, &LabelLogLast2, &LabelLogSpan, &LabelLogSpan2})
-    label->Visible = visible;
-}
-
 void frmMain::SetStatDisplay() {
   SetTrace("frmMain", "SetStatDisplay");
   const bool found = LogExists || ArchiveOpen;
@@ -82,7 +74,7 @@ void frmMain::Timer1_Timer() {
 void frmMain::TimerAnim_Timer() {
   animFrame += animBackward ? -1 : 1;
   if (animFrame > AnimFrames || animFrame < 1) {
-    animFrame = animFrame < 1 ? AnimFrames : 1;
+    animFrame = animBackward ? AnimFrames : 1;
     if (animSecondRound) animBackward = !animBackward;
     animSecondRound = !animSecondRound;
   }

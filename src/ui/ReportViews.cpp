@@ -270,7 +270,7 @@ void frmReport::StatusUpdate() {
 // The face's layout places the controls.
 void frmReport::Form_Resize() {
   const int count = ColumnCount(ListView1);
-  if (WindowState == qel::WindowState::Minimized || !AutoArrangeOn || count < 2) return;
+  if (WindowState == qel::WindowState::Minimized || !AutoArrangeOn || count == 0) return;
   const double shared = 1.0 * (ListView1.Width - WidthLeftOut) / (count - 1);
   for (int i = 2; i <= count; ++i) {
     if (ListView1.Columns()[static_cast<std::size_t>(i - 1)].Text == " Notes")
@@ -318,7 +318,7 @@ void frmReport::ChangeFontSize(float by) {
 
 // An asterisk marks a column that can be switched.
 void frmReport::ListView1_ColumnClick(int column) {
-  if (!mnuSummary.Checked || column < 1 || column > ColumnCount(ListView1)) return;
+  if (!mnuSummary.Checked) return;
   const std::string& title = ListView1.Columns()[static_cast<std::size_t>(column - 1)].Text;
   if (title != "* Blocks" && title != "* Data Read") return;
   ShowBlocks = title == "* Data Read";

@@ -1,5 +1,6 @@
 // The service editor's fields: what each of them takes, and what must be there before the service can be
 // confirmed.
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -87,9 +88,8 @@ void frmService::Number_LostFocus(TextBox& field) {
 
 // Of a field that takes numbers: whether it took its last text.
 bool frmService::Passed(const TextBox& field) const {
-  for (const RuledField& ruled : ruledFields)
-    if (&ruled.Field() == &field) return ruled.Valid();
-  return false;
+  return std::ranges::find_if(ruledFields, [&](const RuledField& ruled) { return &ruled.Field() == &field; })
+      ->Valid();
 }
 
 void frmService::RefreshOKButton() {

@@ -1,4 +1,6 @@
 // The tariffs of the service editor: their list, and the buttons that change it.
+#include <algorithm>
+
 #include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
@@ -40,10 +42,7 @@ void frmService::SetTariffColumns() {
                                 {"After (Unit Size)", 1550}});
 }
 
-void frmService::SortTariffs() {
-  SetTrace("frmService", "SortTariffs");
-  Attempt([this] { OrderTariffs(TariffCopy, TariffCopyCount, SelectedTariff); });
-}
+void frmService::SortTariffs() { OrderTariffs(TariffCopy, TariffCopyCount, SelectedTariff); }
 
 void frmService::DisplayTariffs() {
   SetTrace("frmService", "DisplayTariffs");
@@ -84,27 +83,18 @@ void frmService::SetTariffButtons() {
 }
 
 void frmService::btnDialTimeTariffNew_Click() {
-  SetTrace("frmService", "btnDialTimeTariffNew_Click");
-  if (TariffCopyCount < MaxTariffs) {
-    NewTariff = true;
-    ShowTariffEditor();
-    if (NewTariff) SelectedTariff = TariffCopyCount;
-  } else {
-    CurrentHost().Beep();
-  }
+  NewTariff = true;
+  ShowTariffEditor();
+  if (NewTariff) SelectedTariff = TariffCopyCount;
   SortTariffs();
   DisplayTariffs();
   ShowTariffCount();
   SetTariffButtons();
-  RefreshOKButton();
   ShowTariffSummary();
-  lstDialTimeTariff.SetFocus();
 }
 
 void frmService::btnDialTimeTariffEdit_Click() {
-  SetTrace("frmService", "btnDialTimeTariffEdit_Click");
   if (!btnDialTimeTariffEdit.Enabled || lstDialTimeTariff.SelectedRow() == 0) return;
-  SelectedTariff = Int16(lstDialTimeTariff.SelectedRow());
   NewTariff = false;
   ShowTariffEditor();
   SortTariffs();
@@ -113,11 +103,10 @@ void frmService::btnDialTimeTariffEdit_Click() {
 }
 
 void frmService::btnDialTimeTariffDelete_Click() {
-  SetTrace("frmService", "btnDialTimeTariffDelete_Click");
   if (TariffCopyCount == 0 || SelectedTariff == 0) return;
   for (int row = SelectedTariff; row < TariffCopyCount; ++row) TariffCopy[row - 1] = TariffCopy[row];
   --TariffCopyCount;
-  if (SelectedTariff > TariffCopyCount && TariffCopyCount > 0) SelectedTariff = TariffCopyCount;
+  SelectedTariff = std::min(SelectedTariff, TariffCopyCount);
   DisplayTariffs();
   ShowTariffCount();
   ShowTariffSummary();

@@ -28,10 +28,6 @@ void ShowIn(ComboBox& list, const std::string& text) {
   Attempt([&] { list.SetText(text); });
 }
 
-void ShowFreeTime(ComboBox& list, Date time) {
-  if (time != 0) Attempt([&] { list.SetText(QuarterHourText(time)); });
-}
-
 // Raises 9 behind the last tariff that there can be; those before it are copied then.
 void CopyTariffs(const ServiceRecord& service) {
   for (TariffCopyCount = 0; TariffCopyCount < service.UsedTariffs; ++TariffCopyCount) {
@@ -72,7 +68,6 @@ void frmService::LoadService() {
 void frmService::ShowService(const ServiceRecord& service) {
   Attempt([&] { CopyTariffs(service); });
   SelectedTariff = 1;
-  DisplayTariffs();
   txtDescription.Text = service.ServiceName;
   txtNumber.Text = service.ServiceNumber;
   txtAltNumber.Text = service.ServiceAltNumber;
@@ -96,8 +91,8 @@ void frmService::ShowCosts(const ServiceRecord& service) {
   ShowIn(lstMegPeriod, service.MegPeriod.empty() ? "Month" : service.MegPeriod);
   txtServiceBlock.Text = NumberText(service.Block);
   chkFreePeriod.Value = service.FreePeriod;
-  ShowFreeTime(lstFreePeriodStart, service.FreeStart);
-  ShowFreeTime(lstFreePeriodEnd, service.FreeEnd);
+  ShowIn(lstFreePeriodStart, QuarterHourText(service.FreeStart));
+  ShowIn(lstFreePeriodEnd, QuarterHourText(service.FreeEnd));
   txtMaxCharge.Text = MoneyField(service.MaxCharge);
 }
 

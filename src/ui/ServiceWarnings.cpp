@@ -65,8 +65,7 @@ void frmService::EnableSound(bool usable) {
 
 // A warning that neither shows nor sounds is none: one of the two stays on.
 void frmService::chkWarnDisplay_Click() {
-  if (!chkWarnDisplay.Value && !chkWarnSound.Value && fraService[3].IsShown()) chkWarnDisplay.Value = true;
-  RefreshOKButton();
+  if (!chkWarnDisplay.Value && !chkWarnSound.Value) chkWarnDisplay.Value = true;
 }
 
 void frmService::chkWarnSound_Click() {
@@ -107,7 +106,6 @@ void frmService::txtWarningSound_LostFocus() {
 std::string frmService::MissingWarning() const {
   if (!chkWarnings.Value) return "";
   if (const std::string missing = MissingThreshold(); !missing.empty()) return missing;
-  if (!chkWarnDisplay.Value && !chkWarnSound.Value) return "Choose whether the warning is shown or sounded.";
   if (chkWarnSound.Value && !SoundExists(txtWarningSound.Text)) return "The sound file does not exist.";
   return "";
 }

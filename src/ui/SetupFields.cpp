@@ -55,10 +55,7 @@ void frmSetup::WireGeneral() {
     limit.Field.LostFocus = [&limit] { LimitField_LostFocus(limit); };
   }
   for (const OptionBox& option : options)
-    option.Box.Click = [&option] {
-      SetTrace("frmSetup", (option.Box.Name() + "_Click").c_str());
-      option.Setting = option.Box.Value();
-    };
+    option.Box.Click = [&option] { option.Setting = option.Box.Value(); };
 }
 
 void frmSetup::ShowGeneral() {
@@ -81,7 +78,6 @@ std::string frmSetup::TypedLogPath() const {
 }
 
 void frmSetup::txtLogName_LostFocus() {
-  TraceLeaving(txtLogName);
   const std::string path = TypedLogPath();
   const std::string refusal = WhyNoLog(path);
   ShowLogPath(refusal.empty() ? path : logPathAtLoad);
@@ -92,7 +88,6 @@ void frmSetup::txtLogName_LostFocus() {
 }
 
 void frmSetup::cmdBrowse_Click() {
-  SetTrace("frmSetup", "cmdBrowse_Click");
   const auto path = CurrentHost().AskOpenFile({LogFilter, CurrentLogDir, TypedLogPath()});
   if (!path) return;
   if (FolderPart(*path) != DefaultLogDir && !ArchiveOpen) WarnOfOtherFolder();
@@ -156,7 +151,6 @@ void frmSetup::txtMaxServices_LostFocus() {
 void frmSetup::WireModem() {
   for (const MarkerField& marker : markers)
     marker.Field.LostFocus = [&marker] {
-      TraceLeaving(marker.Field);
       marker.Marker = UpperCase(marker.Field.Text());
       marker.Field.Text = marker.Marker;
     };
@@ -168,7 +162,6 @@ void frmSetup::ShowMarkers() {
 }
 
 void frmSetup::btnDefaults_Click() {
-  SetTrace("frmSetup", "btnDefaults_Click");
   RestoreModemDefaults();
   ShowMarkers();
 }
@@ -191,14 +184,12 @@ void frmSetup::ShowCosts() {
 
 // The amount is taken as it was typed; the field shows it rounded.
 void frmSetup::CostField_LostFocus(CostField& cost) {
-  TraceLeaving(cost.Field);
   const std::string text = cost.Field.Text;
   cost.Rule.Leave();
   if (cost.Rule.Valid()) cost.Cost = TextToNumber(text);
 }
 
 void frmSetup::optCalcCosts_Click() {
-  SetTrace("frmSetup", "optCalcCosts_Click");
   CalcCosts = optCalcCosts.Value();
   for (const CostField& cost : costs) {
     EnableField(cost.Field, CalcCosts);
@@ -232,7 +223,6 @@ void frmSetup::optShowErrors_Click() {
 
 // The hours count as minutes too: 01:30:00 are 31 minutes.
 void frmSetup::mskNoDisconDuration_LostFocus() {
-  TraceLeaving(mskNoDisconDuration);
   if (!durationValid)
     return RefuseAndStay(mskNoDisconDuration, "Enter hours, minutes and seconds of two digits each.");
   const std::string& text = mskNoDisconDuration.Text;

@@ -39,7 +39,6 @@ bool StartFirstOf(std::span<const char* const> programs) {
 }  // namespace
 
 void frmSetup::ShowFormats() {
-  SetTrace("frmSetup", "ShowFormats");
   lblCountry.Caption = Country;
   lblRegionalSettings.Caption = "The Country setting for this computer is " + Country +
                                 ". Below are examples of your Currency format and 'Short' and 'Long' Date "
@@ -53,7 +52,6 @@ void frmSetup::ShowFormats() {
 }
 
 void frmSetup::Icon_Click(int index) {
-  SetTrace("frmSetup", "Icon_Click");
   if (index == 2)
     StartFirstOf(ModemSettingsPrograms);
   else if (StartFirstOf(RegionalSettingsPrograms))

@@ -25,7 +25,6 @@ void frmSetup::WireHolidays() {
 
 void frmSetup::LoadHolidays() {
   SetTrace("frmSetup", "LoadHolidays");
-  holidays.clear();
   Attempt([this] {
     for (int i = 0; i < UsedHolidays; ++i)
       if (Holidays[i] >= Today()) holidays.push_back(Holidays[i]);
@@ -95,7 +94,6 @@ void frmSetup::btnRemove_Click() {
 }
 
 void frmSetup::lstHolidays_Click() {
-  SetTrace("frmSetup", "lstHolidays_Click");
   CalHolidays.Value = holidays[static_cast<std::size_t>(lstHolidays.ListIndex())];
   CalHolidays.Refusal = "";
 }

@@ -16,25 +16,14 @@ void frmSetup::WireReport() {
   lstMonthStart.AddItem("First Day");
   for (ListBox* list : {&lstWeekStart, &lstMonthStart})
     list->AddItems({LongDayNames.begin(), LongDayNames.end()});
-  for (OptionButton& format : optFormat)
-    format.Click = [&format] {
-      SetTrace("frmSetup", "optFormat_Click");
-      UserReportPref = Int16(format.Index());
-    };
+  for (OptionButton& format : optFormat) format.Click = [&format] { UserReportPref = Int16(format.Index()); };
   chkAMPM.Click = [this] { ForceAMPM = chkAMPM.Value; };
   lstStartDate.Click = [this] {
-    SetTrace("frmSetup", "lstStartDate_Click");
     UserStartPref = lstStartDate.Text();
     EnableStartFields();
   };
-  lstWeekStart.Click = [this] {
-    SetTrace("frmSetup", "lstWeekStart_Click");
-    UserStartOfWeek = Int16(lstWeekStart.ListIndex());
-  };
-  lstMonthStart.Click = [this] {
-    SetTrace("frmSetup", "lstMonthStart_Click");
-    UserStartOfMonth = Int16(lstMonthStart.ListIndex());
-  };
+  lstWeekStart.Click = [this] { UserStartOfWeek = Int16(lstWeekStart.ListIndex()); };
+  lstMonthStart.Click = [this] { UserStartOfMonth = Int16(lstMonthStart.ListIndex()); };
   mskUserDate.Change = [this] { mskUserDate.Refusal = ""; };
   mskUserDate.LostFocus = [this] { mskUserDate_LostFocus(); };
 }
@@ -64,7 +53,6 @@ void frmSetup::EnableStartFields() {
 }
 
 void frmSetup::mskUserDate_LostFocus() {
-  SetTrace("frmSetup", "mskUserDate_LostFocus");
   if (!IsDate(mskUserDate.Text())) return RefuseAndStay(mskUserDate, "Enter a date.");
   UserStartDate = WholeDay(TextToDate(mskUserDate.Text()));
 }

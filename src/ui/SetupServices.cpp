@@ -16,7 +16,6 @@ namespace {
 
 constexpr int TelephoneIcon = 3;
 constexpr char NoService[] = "No service is selected.";
-constexpr char NoRoom[] = "There is room for no more services.";
 
 constexpr int MostNamed = 3;
 
@@ -105,7 +104,6 @@ void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = UsedServi
 // True when the editor was confirmed.
 bool frmSetup::EditService(bool isNew) {
   NewService = isNew;
-  ServiceEditCancelled = true;  // unless its OK says otherwise
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   ServiceForm->ShowModal();
   return !ServiceEditCancelled;
@@ -113,9 +111,7 @@ bool frmSetup::EditService(bool isNew) {
 
 void frmSetup::btnNew_Click() {
   SetTrace("frmSetup", "btnNew_Click");
-  if (UsedServices >= MaxServices) {
-    Refuse(lstServices, NoRoom);
-  } else if (HasRecord(UsedServices) && EditService(true)) {
+  if (HasRecord(UsedServices) && EditService(true)) {
     ++UsedServices;
     AddServiceRow(UsedServices - 1);
   }
@@ -124,7 +120,6 @@ void frmSetup::btnNew_Click() {
 }
 
 void frmSetup::lstServices_DblClick() {
-  SetTrace("frmSetup", "lstServices_DblClick");
   const int service = SelectedService();
   if (service < 0) return Refuse(lstServices, NoService);
   if (EditService(false)) lstServices.SetRow(service + 1, RowOf(Services[service]));
@@ -132,14 +127,11 @@ void frmSetup::lstServices_DblClick() {
 }
 
 void frmSetup::lstServices_ItemClick() {
-  SetTrace("frmSetup", "lstServices_ItemClick");
-  lstServices.Refusal = "";
   ShowServiceCount();
   CheckCopybtn();
 }
 
 void frmSetup::btnDelete_Click() {
-  SetTrace("frmSetup", "btnDelete_Click");
   const int service = SelectedService();
   const auto agreed = [service] {
     return MsgBox({"Are you sure you want to delete " + Services[service].ServiceName + "?", "Delete Service",
@@ -152,7 +144,6 @@ void frmSetup::btnDelete_Click() {
 // Names and numbers move up alone: the services behind the deleted one take over the costs and the warning of
 // the entry before them.
 void frmSetup::DeleteService() {
-  SetTrace("frmSetup", "DeleteService");
   const int deleted = SelectedService();
   if (deleted < 0) return Refuse(lstServices, NoService);
   if (deleted + 1 < UsedServices)
@@ -172,12 +163,10 @@ void frmSetup::DeleteService() {
 }
 
 void frmSetup::btnCopy_Click() {
-  SetTrace("frmSetup", "btnCopy_Click");
   const int source = SelectedService();
   if (source < 0) return Refuse(lstServices, NoService);
   CopyService(source);
   ShowServiceCount();
-  EnableEditing();
   CheckCopybtn();
 }
 
@@ -207,7 +196,6 @@ void frmSetup::btnScan_Click() {
   SetTrace("frmSetup", "btnScan_Click");
   const std::string path = ModemLogDir + ModemLogFile;
   StepTrace = PathText(path);
-  ProgressBar1.SetValue(0);
   ProgressBar1.Visible = true;
   fralblServices.Visible = false;
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
@@ -226,7 +214,6 @@ void frmSetup::btnScan_Click() {
   const bool done = Attempt([&] { ScanForServices(path, show, proceed); });
   CurrentHost().SetMousePointer(MousePointer::Default);
   if (!IsLoaded()) return;
-  ProgressBar1.SetValue(100);
   ProgressBar1.Visible = false;
   fralblServices.Visible = Settings[2].Visible();  // the user may have gone to another tab
   if (done || found > 0) TellScanned(found);

@@ -29,8 +29,6 @@ SetupSnapshot::Value SetupSnapshot::ValueAt(const SettingPlace& place) {
 }
 
 void SetupSnapshot::Take() {
-  values.clear();
-  services.clear();
   for (const SettingPlace& place : Covered) values.emplace_back(place, ValueAt(place));
   for (int i = 0; i < UsedServices; ++i) services.push_back(Services[i]);
 }

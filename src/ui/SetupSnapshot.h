@@ -19,7 +19,6 @@ class SetupSnapshot {
   // All but NoDisconData and CostPerMeg, whose edits stay, and the holidays, which are edited in a list
   // apart.
   void Restore() const;
-  void ReleaseServices() { services.clear(); }
 
   // Whether any of these settings is another by now.
   bool Differs(std::initializer_list<SettingPlace> settings) const;

@@ -26,15 +26,25 @@ std::string StoredText(const char* key, const char* name) {
   return text ? *text : "";
 }
 
-// The system information tool, or nothing where there is none.
-std::string InformationTool() {
+// The tool that the store names, or nothing where there is none.
+std::string StoredTool() {
   std::string path = StoredText("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH");
   if (path.empty()) path = StoredText("SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO");
   if (!path.empty() && FileExists(path)) return path;
   if (!path.empty() && FileExists(path + "/MSINFO32.EXE")) return path + "/MSINFO32.EXE";
-  for (const char* tool : InformationTools)
-    if (FileExists(tool)) return tool;
   return "";
+}
+
+bool StartsOneOfTheSystem() {
+  bool started = false;
+  for (const char* tool : InformationTools) {
+    IgnoreErrors([&] {
+      CurrentHost().StartProgram(tool);
+      started = true;
+    });
+    if (started) break;
+  }
+  return started;
 }
 
 }  // namespace
@@ -60,7 +70,6 @@ frmAbout::frmAbout() : Form("frmAbout") {
 void frmAbout::Form_Load() {
   SetTrace("frmAbout", "Form_Load");
   imgAbout.Visible = ShowGraphic;
-  Caption = std::string("About ") + ProgramTitle;
   lblVersion.Caption = "Version " + VersionText();
   for (Label& title : lblTitle) title.Caption = ProgramTitle;
   lblOS.Caption = OSName;
@@ -82,11 +91,11 @@ void frmAbout::PointAt(const Label* pointed) {
 void frmAbout::StartSysInfo() {
   SetTrace("frmAbout", "StartSysInfo");
   std::string tool;
-  Attempt([&tool] { tool = InformationTool(); });
-  if (tool.empty())
-    MsgBox({"System Information Is Unavailable At This Time", ProgramTitle});
-  else
+  Attempt([&tool] { tool = StoredTool(); });
+  if (!tool.empty())
     Attempt([&tool] { CurrentHost().StartProgram(tool); });
+  else if (!StartsOneOfTheSystem())
+    MsgBox({"System Information Is Unavailable At This Time", ProgramTitle});
 }
 
 }  // namespace qel

@@ -43,7 +43,6 @@ void frmFileRepair::Tell(const std::optional<std::string>& text, const std::opti
 // The window stays beside the message, which gives no reason.
 void frmFileRepair::RepairFailure(const std::string& reason) {
   SetTrace("frmFileRepair", "RepairFailure");
-  running = false;
   lblFileRepair.Caption = lblFileRepair.ToolTipText = reason;
   MsgBox(
       {"QEL was unable to repair your modem log file!\n"
@@ -59,7 +58,6 @@ void frmFileRepair::RepairFailure(const std::string& reason) {
        "\n"
        "QEL will now close.",
        "Repair Failure!"});
-  CurrentHost().SetMousePointer(MousePointer::Default);
   EndProgram();
 }
 

@@ -37,9 +37,6 @@ std::size_t Search(std::string_view haystack, std::string_view needle, std::size
 void ResetFind() {
   FindText.clear();
   FindMatchCase = 0;
-  FindDirection = 1;
-  FindLastPos = 0;
-  FindFirstTime = false;
 }
 
 frmFind::frmFind() : Form("frmFind") {
@@ -64,8 +61,7 @@ frmFind::frmFind() : Form("frmFind") {
 
 void frmFind::Form_Load() {
   cmdFind.Enabled = false;
-  optDirection[1].Value = true;
-  FindDirection = 1;
+  optDirection[Down].Value = true;
 }
 
 void DoFind() {

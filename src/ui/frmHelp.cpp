@@ -111,7 +111,7 @@ void frmHelp::lstTopics_Click() {
   const int index = lstTopics.ListIndex();
   const int chosen = index < 0 ? shown : entries[static_cast<std::size_t>(index)];
   if (chosen == shown) return;
-  if (shown != 0) visited.push_back(shown);
+  visited.push_back(shown);
   ShowTopic(chosen);
 }
 
@@ -145,9 +145,6 @@ void ShowHelpSearch() {
 
 void ShowHelpOnHelp() { ShowHelp(HelpUsingHelp); }
 
-void ShowHelpOn(const Form& form) {
-  const Control* active = form.ActiveControl();
-  ShowHelp(active && active->HelpContextID != 0 ? active->HelpContextID : form.HelpContextID);
-}
+void ShowHelpOn(const Form& form) { ShowHelp(form.HelpContextID); }
 
 }  // namespace qel

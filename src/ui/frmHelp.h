@@ -56,7 +56,7 @@ void ShowHelpContents();
 void ShowHelpSearch();
 void ShowHelpOnHelp();
 void ShowHelp(int context);
-// The topic of a window: that of its active control, if it has one of its own, else the form's.
+// The topic of a window.
 void ShowHelpOn(const Form& form);
 
 }  // namespace qel

@@ -26,7 +26,6 @@ frmMain::frmMain() : Form("frmMain") {
   Calendar1.Value = Today();
   imgEndArrow.Visible = false;
   ProgressBar1.Visible = false;
-  Timer1.Enabled = false;
   WireCommands();
   WirePeriod();
   WireStatistics();
@@ -37,7 +36,6 @@ void frmMain::Form_Load() {
   SetTrace("frmMain", "Form_Load");
   SetDisplay(*this);
   FormLoading = true;
-  StatusIndex = 1;
   if (!laidOut) {
     if (MainWinWidth != 0) Width = MainWinWidth;
     if (MainWinHeight != 0) Height = MainWinHeight;
@@ -48,12 +46,9 @@ void frmMain::Form_Load() {
     MakeDateField(*input);
     input->Text = "";  // the rules run anew, whatever dates stood here
   }
-  btnProcess.Enabled = false;
   EnableByLog();
   setLogExtents();
-  HideStatDisplay();
   SetStatDisplay();
-  DisplayStats();
   StatusIndex = 1;  // dates that the window was given are nobody's mistake
   FormLoading = false;
   ForgetComplaint();
@@ -173,9 +168,9 @@ bool frmMain::Form_Unload() {
 
 void frmMain::SaveMainWinSettings() {
   SetTrace("QELMain", "SaveMainWinSettings");
-  KeepWindowSize();
+  MainWinWidth = Width();
+  MainWinHeight = Height();
   const std::string key = std::string(SettingsKey) + "\\General";
-  CreatNewKey(key, SettingsRoot);
   SetKeyValue(SettingsRoot, key, "MainWinWidth", MainWinWidth, REG_DWORD);
   SetKeyValue(SettingsRoot, key, "MainWinHeight", MainWinHeight, REG_DWORD);
   SaveRegistry();

@@ -1,6 +1,5 @@
 #include "ui/frmPreConfigure.h"
 
-#include "core/ProgramState.h"
 #include "settings/Settings.h"
 #include "ui/HelpContexts.h"
 #include "wizard/QELPreConfigure.h"
@@ -30,7 +29,6 @@ frmPreConfigure::frmPreConfigure() : Form("frmPreConfigure") {
 }
 
 void frmPreConfigure::Form_Load() {
-  SetTrace("frmPreConfigure", "Form_Load");
   Check1.Value = ModemCheck;
   Check1.Click = [this] { Check1_Click(); };  // only now: what it begins with is nobody's click
   RichTextBox1.Caption =
@@ -51,7 +49,6 @@ void frmPreConfigure::Form_Load() {
 }
 
 void frmPreConfigure::CheckStep() {
-  SetTrace("frmPreConfigure", "CheckStep");
   for (Frame& frame : fraCheck) frame.Enabled = frame.Visible = false;
   Frame& current = fraCheck[static_cast<std::size_t>(int{step})];
   current.Enabled = current.Visible = true;
@@ -123,9 +120,7 @@ void frmPreConfigure::Finish() {
 }
 
 void frmPreConfigure::btnNext_Click() {
-  SetTrace("frmPreConfigure", "btnNext_Click");
   if (btnNext.Caption == "&OK") {
-    Timer1.Enabled = false;
     Unload();
     return;
   }
@@ -135,7 +130,6 @@ void frmPreConfigure::btnNext_Click() {
 
 // Going back leaves the other button's caption and the blinking as they are until the next comparison.
 void frmPreConfigure::btnCancel_Click() {
-  SetTrace("frmPreConfigure", "btnCancel_Click");
   if (step == 0) {
     Unload();
     return;
@@ -146,14 +140,12 @@ void frmPreConfigure::btnCancel_Click() {
 
 // What is to change blinks.
 void frmPreConfigure::Timer1_Timer() {
-  SetTrace("frmPreConfigure", "Timer1_Timer");
   const ModemRecord& modem = Modems[selectedModem - 1];
   if (!modem.Logging) lblRecLogging.Visible = !lblRecLogging.Visible;
   if (!modem.Echo) lblRecEcho.Visible = !lblRecEcho.Visible;
 }
 
 void frmPreConfigure::Check1_Click() {
-  SetTrace("frmPreConfigure", "Check1_Click");
   ModemCheck = bool{Check1.Value};
   StoreGeneralValue("ModemCheck", bool{ModemCheck}, REG_SZ);
 }

@@ -35,7 +35,6 @@ void frmPurge::optPurge_Click(int option) {
   SetTrace("frmPurge", "optPurge_Click");
   ChosenOption = Int16(option);
   for (std::size_t i = 0; i < FraPurge.size(); ++i) FraPurge[i].Enabled = static_cast<int>(i) + 1 == option;
-  FromValid = ToValid = false;
   if (option == 1) {
     PurgeFrom = FirstEntryDate;
     FromValid = true;
@@ -54,7 +53,6 @@ void frmPurge::optPurge_Click(int option) {
 }
 
 void frmPurge::Field_Change(Field& field) {
-  if (field.Rewriting) return;
   ReadField(field);
   CheckOK();
 }
@@ -65,9 +63,7 @@ void frmPurge::ReadField(Field& field) {
   if (!valid) return;
   const Date date = adjustDate(WholeDay(TextToDate(field.Input.Text())), field.Which);
   (field.Which == End::From ? PurgeFrom : PurgeTo) = date;
-  field.Rewriting = true;
   field.Input.Text = format_date(date);
-  field.Rewriting = false;
 }
 
 Date frmPurge::adjustDate(Date date, End which) {

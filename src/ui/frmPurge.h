@@ -35,7 +35,6 @@ class frmPurge : public Form {
     MaskedEdit& Input;
     int Option;
     End Which;
-    bool Rewriting = false;  // the field is being set by its own rule
   };
 
   void Form_Load() override;

@@ -104,7 +104,6 @@ void frmReport::Form_Activate() {
 bool frmReport::Form_Unload() {
   SetTrace("frmReport", "Form_Unload");
   StoreSettings();
-  SaveReportSettings = mnuSaveSettings.Checked();
   ReportAutoArrange = mnuAutoArrange.Checked();
   if (content != Content::File) ReportListView = mnuListView.Checked();
   if (SaveReportSettings)
@@ -124,7 +123,6 @@ void frmReport::BringToFront() {
 void frmReport::ShowAnalysis() {
   if (content == Content::File) {
     content = Content::Nothing;
-    SummaryBuilt = DetailBuilt = false;  // the file's text stands in the place of theirs
     EnableAnalysis(true);
     ChooseFormat(ReportListView);
   }

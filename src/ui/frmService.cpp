@@ -15,11 +15,11 @@
 
 namespace qel {
 
-bool NewService = false;
-bool ServiceEditCancelled = false;
+bool NewService;
+bool ServiceEditCancelled;
 BoundedArray<TariffRecord> TariffCopy;
 Int16 TariffCopyCount;
-bool NewTariff = false;
+bool NewTariff;
 TheForm<frmService> ServiceForm;
 
 namespace {
@@ -73,14 +73,11 @@ void frmService::Form_Load() {
   DisplayTariffs();
   ShowTariffCount();
   ShowTariffSummary();
-  SetTariffButtons();
-  RefreshOKButton();
 }
 
 void frmService::Form_Activate() {
   CurrentHost().SetMousePointer(MousePointer::Default);
   TabStrip1_Click();
-  txtDescription.SetFocus();
 }
 
 void frmService::FillComboBoxes() {
@@ -93,7 +90,6 @@ void frmService::FillComboBoxes() {
 }
 
 void frmService::TabStrip1_Click() {
-  SetTrace("frmService", "TabStrip1_Click");
   ShowSelectedPage(TabStrip1, fraService);
   HelpContextID = HelpService + TabStrip1.SelectedTab() - 1;
   switch (TabStrip1.SelectedTab()) {
@@ -105,7 +101,6 @@ void frmService::TabStrip1_Click() {
       break;
     case 3:
       optServiceCost_Click(ServiceOption - 1);
-      chkFreePeriod_Click();
       break;
     case 4:
       chkWarnings_Click();
@@ -117,7 +112,6 @@ void frmService::TabStrip1_Click() {
 }
 
 void frmService::optDialCost_Click(int index) {
-  SetTrace("frmService", "optDialCost_Click");
   Disable_All_Controls();
   if (index == 0) {
     EnableControlGroup("DialFixedTariff");
@@ -141,7 +135,6 @@ void frmService::optDialCost_Click(int index) {
 }
 
 void frmService::optServiceCost_Click(int index) {
-  SetTrace("frmService", "optServiceCost_Click");
   Disable_All_Controls();
   if (index == 0) {
     EnableControlGroup("ServiceFixed");
@@ -165,7 +158,6 @@ void frmService::chkFreePeriod_Click() {
 }
 
 void frmService::Disable_All_Controls() {
-  SetTrace("frmService", "Disable_All_Controls");
   for (Control* control : Controls())
     if (std::none_of(std::begin(AlwaysUsable), std::end(AlwaysUsable),
                      [control](const char* word) { return Named(*control, word); }))

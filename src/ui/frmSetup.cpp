@@ -9,8 +9,8 @@
 
 namespace qel {
 
-bool OptionsChanged = false;
-bool LogPathChanged = false;
+bool OptionsChanged;
+bool LogPathChanged;
 TheForm<frmSetup> SetupForm;
 
 namespace {
@@ -56,10 +56,10 @@ frmSetup::frmSetup() : Form("frmSetup") {
 
 void frmSetup::Form_Load() {
   TakeUpOthersRecords();
-  SetTrace("frmSetup", "Form_Load");
-  Attempt([this] { ShowFormats(); });
+  ShowFormats();
   mskNoDisconDuration.Mask = "##" + TimeSeparator + "##" + TimeSeparator + "##";
   Label8.Caption = "hh" + TimeSeparator + "mm" + TimeSeparator + "ss";
+  SetTrace("frmSetup", "Form_Load");
   Attempt([this] { snapshot.Take(); });
   ShowGeneral();
   ShowMarkers();
@@ -69,59 +69,40 @@ void frmSetup::Form_Load() {
   ShowServices();
   ShowReportSettings();
   LoadHolidays();
-  btnDefaults.Visible = false;
-  ShowServiceCount();
   EnableEditing();
-  OptionsChanged = LogPathChanged = false;
 }
 
 void frmSetup::Form_Activate() {
-  SetTrace("frmSetup", "Form_Activate");
   TabStrip1_Click();
   EnableStartFields();
   ShowServiceCount();
   txtLogName.SetFocus();
-  CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
 void frmSetup::TabStrip1_Click() {
-  SetTrace("frmSetup", "TabStrip1_Click");
   const int tab = TabStrip1.SelectedTab();
   ShowSelectedPage(TabStrip1, Settings);
   btnDefaults.Enabled = btnDefaults.Visible = tab == ModemTab;
   fralblServices.Visible = tab == ServicesTab && !ProgressBar1.Visible;
   HelpContextID = Pages[tab - 1].HelpContext;
-  if (tab != ServicesTab)
-    TabStrip1.SetFocus();
-  else if (UsedServices > 0)
-    lstServices.SetFocus();
+  if (tab == ServicesTab && UsedServices > 0) lstServices.SetFocus();
 }
 
 void frmSetup::Form_KeyDown(KeyPress& press) {
   if (SelectNextTabByKey(TabStrip1, press)) return;
-  if (press.key != Key::Delete || TabStrip1.SelectedTab() != ServicesTab) return;
-  press.Handled = true;
-  DeleteService();
+  if (press.key == Key::Delete && TabStrip1.SelectedTab() == ServicesTab) DeleteService();
 }
 
 void frmSetup::btnSave_Click() {
-  SetTrace("frmSetup", "btnSave_Click");
-  LogPathChanged = snapshot.Differs({&ModemLogFile, &ModemLogDir});
   saved = true;
   StoreHolidays();
   WriteUserParameters();
   Unload();
 }
 
-void frmSetup::restoreOldValues() {
-  SetTrace("frmSetup", "restoreOldValues");
-  Attempt([this] { snapshot.Restore(); });
-}
-
 bool frmSetup::Form_Unload() {
-  SetTrace("frmSetup", "Form_Unload");
-  if (!saved) restoreOldValues();
-  snapshot.ReleaseServices();
+  if (!saved) snapshot.Restore();
+  LogPathChanged = saved && snapshot.Differs({&ModemLogFile, &ModemLogDir});
   if (LogPathChanged) LogCorrupt = LogTooBig = false;
   if (regionalSettingsOpened)
     MsgBox(

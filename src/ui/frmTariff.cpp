@@ -45,7 +45,6 @@ frmTariff::frmTariff() : Form("frmTariff") {
   ConnectLists();
   btnOK.Click = [this] { btnOK_Click(); };
   btnCancel.Click = [this] { Unload(); };
-  btnCancel.ClickMovesFocus = false;
 }
 
 void frmTariff::ConnectFields() {
@@ -71,9 +70,9 @@ void frmTariff::ConnectLists() {
   const auto check = [this] { CheckOKBtn(); };
   lstDialTimeTariffDescrip.SelectsOnTab = false;
   lstDialTimeTariffDescrip.Change = check;
-  lstDialTimeTariffDescrip.Click = lstDialTimeTariffDescrip.LostFocus = check;
+  lstDialTimeTariffDescrip.Click = check;
   lstDialTimeTariffDescrip.GotFocus = [this] { lstDialTimeTariffDescrip.TextSelected = NewTariff; };
-  lstDialTimeTariffDialDays.Click = lstDialTimeTariffDialDays.LostFocus = check;
+  lstDialTimeTariffDialDays.Click = check;
 
   lstDialTimeTariffDialStart.Click = [this] { lstDialTimeTariffDialStart_Click(); };
   lstDialTimeTariffDialEnd.Click = [this] { lstDialTimeTariffDialEnd_Click(); };
@@ -110,20 +109,14 @@ void frmTariff::FillComboBoxes() {
   lstDialTimeTariffUnit.AddItems({PerMinute, PerSecond, PerUnit});
 }
 
-// The start brings its end along.
+// The start brings its end along; the fields fill themselves when the window comes to the front.
 void frmTariff::LoadNewTariff() {
   lstDialTimeTariffDescrip.SetText("New Tariff");
   lstDialTimeTariffDialDays.SetText("Everyday");
   lstDialTimeTariffDialStart.SetListIndex(0);
   lstDialTimeTariffUnit.SetText(PerMinute);
-  for (TextBox* field :
-       {&txtDialTimeTariffDialRate, &txtDialTimeTariffMinuteRate, &txtDialTimeTariffAfterMins,
-        &txtDialTimeTariffAfterSecs, &txtDialTimeTariffUnitSecs})
-    field->Text = "0";
-  txtDialTimeTariffUnitMins.Text = "15";
 }
 
-// What the record lacks stays empty; the fields fill themselves when the window comes to the front.
 void frmTariff::LoadTariff() {
   TariffRecord tariff;
   const bool found = Attempt([&] {
@@ -142,7 +135,7 @@ void frmTariff::LoadTariff() {
   txtDialTimeTariffAfterMins.Text = NumberText(tariff.After / 60);
   txtDialTimeTariffAfterSecs.Text = NumberText(tariff.After % 60);
   txtDialTimeTariffUnitMins.Text = NumberText(tariff.UnitMins > 0 ? int{tariff.UnitMins} : 15);
-  if (tariff.UnitSecs > 0) txtDialTimeTariffUnitSecs.Text = NumberText(tariff.UnitSecs);
+  txtDialTimeTariffUnitSecs.Text = NumberText(tariff.UnitSecs);
 }
 
 // Days that were written in English stand among those of the user's language: a range as its own, a single
@@ -167,7 +160,6 @@ std::string frmTariff::EnteredDays() const {
 void frmTariff::Form_Activate() {
   for (RuledField* field : {&AfterMins, &AfterSecs, &DialRate, &MinuteRate, &UnitMins, &UnitSecs})
     field->Leave();
-  ChargeIntervalRule();
   lblAssist.Visible = false;
   lstDialTimeTariffDescrip.SetFocus();
   CurrentHost().SetMousePointer(MousePointer::Default);
@@ -193,7 +185,6 @@ void frmTariff::lstDialTimeTariffDialEnd_Click() {
   ComboBox &start = lstDialTimeTariffDialStart, &end = lstDialTimeTariffDialEnd;
   Assist(end);
   if (end.Text() < start.Text()) start.SetListIndex(end.ListIndex());
-  CheckOKBtn();
   if (Visible()) end.SetFocus();
 }
 
@@ -203,10 +194,7 @@ void frmTariff::TimeList_GotFocus(ComboBox& list) {
   lblAssist.Enabled = lblAssist.Visible = true;
 }
 
-void frmTariff::TimeList_LostFocus() {
-  lblAssist.Enabled = lblAssist.Visible = false;
-  CheckOKBtn();
-}
+void frmTariff::TimeList_LostFocus() { lblAssist.Enabled = lblAssist.Visible = false; }
 
 // Spells the time out in 12 hours, since the lists are in 24.
 void frmTariff::Assist(const ComboBox& list) {
@@ -232,7 +220,6 @@ void frmTariff::ChargeIntervalRule() {
 }
 
 void frmTariff::CheckOKBtn() {
-  SetTrace("frmTariff", "CheckOKBtn");
   lblOKNotice.Caption = Missing();
   btnOK.Enabled = lblOKNotice.Caption().empty();
 }
@@ -249,8 +236,6 @@ std::string frmTariff::Missing() const {
       {!lstDialTimeTariffDescrip.Text().empty(), "Give the tariff a description."},
       {!lstDialTimeTariffDialDays.Text().empty(), "Choose the days on which the tariff applies."},
       {!lstDialTimeTariffDialStart.Text().empty(), "Choose when the tariff starts."},
-      {!lstDialTimeTariffDialEnd.Text().empty(), "Choose when the tariff ends."},
-      {!lstDialTimeTariffUnit.Text().empty(), "Choose a charge interval."},
       {DialRate.Valid(), "Enter the cost per call as an amount."},
       {MinuteRate.Valid(), "Enter the rate as an amount."},
       {!byMinute || AfterMins.Valid(), "Let the rate start after 0 to 999 minutes."},
@@ -258,8 +243,6 @@ std::string frmTariff::Missing() const {
       {byMinute || UnitMins.Valid(), "Give a unit 1 to 999 minutes."},
       {byMinute || UnitSecs.Valid(), "Give a unit 0 to 60 seconds."},
       {charges > 0, "Give the tariff a cost per call or a rate."},
-      {TimeIn(lstDialTimeTariffDialStart) <= TimeIn(lstDialTimeTariffDialEnd),
-       "Let the tariff end after its start."},
   };
   for (const auto& demand : demands)
     if (!demand.holds) return demand.otherwise;
@@ -294,7 +277,6 @@ TariffRecord frmTariff::EnteredTariff() const {
 void frmTariff::WriteTariff() {
   const Int16 number = NewTariff ? TariffCopyCount + 1 : TariffNumber;
   TariffCopy[number - 1] = EnteredTariff();
-  TariffNumber = number;
   if (NewTariff) TariffCopyCount = number;
 }
 

@@ -1,5 +1,7 @@
 #include "ui/frmTip.h"
 
+#include <algorithm>
+
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
@@ -61,7 +63,7 @@ bool frmTip::LoadTips(const std::string& fileName) {
 
 void frmTip::DisplayCurrentTip() {
   if (tips.empty()) return;
-  if (currentTip < 1) currentTip = 1;  // a run without a file counts back as far as the user clicks
+  currentTip = std::max(currentTip, Int32(1));  // a run without a file counts back as far as the user clicks
   lblTipText.Caption = tips.at(static_cast<std::size_t>(currentTip - 1));
 }
 

@@ -80,7 +80,6 @@ void frmViewLog::Form_Load() {
   if (FlatToolbars) Toolbar1.Flat = true;
   ViewTextFile.empty() ? ShowLog() : ShowTextFile();
   if (MainForm.IsLoaded()) MainForm->NameLogCommands();
-  ShowViewerStatus();
 }
 
 void frmViewLog::ShowLog() {
@@ -124,7 +123,6 @@ bool frmViewLog::OpenLogFile(const std::string& path) {
       return;
     }
     TextViewLog.Text = ReadWholeFile(path);
-    TextViewLog.Select(0, 0);
     shownPath = path;
   });
   loading = false;

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "core/EndProgram.h"
+#include "core/ProgramState.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
 #include "platform/CodePage.h"
@@ -20,19 +21,12 @@ namespace {
 const char* const AnswerNames[] = {"", "OK", "Cancel", "Abort", "Retry", "Ignore", "Yes", "No"};
 const char* const IconNames[] = {"", "critical", "question", "exclamation", "information"};
 
-std::vector<Answer> AnswersOf(Buttons buttons) {
-  switch (buttons) {
-    case Buttons::OK:
-      return {Answer::OK};
-    case Buttons::OKCancel:
-      return {Answer::OK, Answer::Cancel};
-    case Buttons::AbortRetryIgnore:
-      return {Answer::Abort, Answer::Retry, Answer::Ignore};
-    case Buttons::YesNo:
-      return {Answer::Yes, Answer::No};
-  }
-  return {};
-}
+const std::map<Buttons, std::vector<std::string>> ButtonNames = {
+    {Buttons::OK, {"OK"}},
+    {Buttons::OKCancel, {"OK", "Cancel"}},
+    {Buttons::AbortRetryIgnore, {"Abort", "Retry", "Ignore"}},
+    {Buttons::YesNo, {"Yes", "No"}},
+};
 
 std::string ValueText(const RegistryValue& value) {
   if (value.Type == REG_SZ) return '"' + ToUtf8(value.Data.substr(0, value.Data.find('\0'))) + '"';
@@ -82,10 +76,10 @@ void Journey::Play() {
 void Journey::PlayAct() {
   current = next++;
   const Act& act = script.Acts()[current];
-  const auto handler = Acts().find(act.Words[0]);
-  if (handler == Acts().end()) Fail(act, "no such act");
+  const auto handler = Acts.find(act.Words[0]);
+  if (handler == Acts.end()) Fail(act, "no such act");
   ++depth;
-  (this->*handler->second)(act);
+  handler->second(*this, act);
   if (HasEnded()) throw ProgramEnd();
   if (--depth == 0) BringToTheFront();
   TellConsequences();
@@ -142,6 +136,12 @@ void Journey::TellLines(const std::string& text) {
   if (!line.empty()) tell(line);
 }
 
+// The program, in the middle of its work, lets windows show what there is, or takes what comes.
+void Journey::AtWork() {
+  if (watches) TellWindows();
+  if (yieldsLeft > 0 && --yieldsLeft == 0) PlayAct();
+}
+
 void Journey::TellConsequences() {
   TellWindows();
   TellStore();
@@ -169,7 +169,9 @@ void Journey::TellWindows() {
           gone += (gone.empty() ? "  gone: " : ", ") + control.Name;
       if (!gone.empty()) Tell(gone);
     }
-    TellPlace(*form);
+    // Where a window opens is its own affair; told is that it grows or goes elsewhere.
+    const std::string place = WindowPlace(*form, true);
+    if (std::exchange(places[name], place) != place && windows.contains(name)) Tell(name + place);
     captions[name] = caption;
   }
   for (const auto& [name, controls] : windows)
@@ -178,18 +180,18 @@ void Journey::TellWindows() {
   TellFocus();
   if (pointer != pointerTold) Tell(pointer == MousePointer::Hourglass ? "hourglass" : "arrow");
   pointerTold = pointer;
+  if (const std::string trace = ModuleTrace + "." + ProcedureTrace;
+      traces && trace != std::exchange(traceTold, trace))
+    Tell("trace " + trace);
 }
 
-// Where a window opens is its own affair; told is that it grows or goes elsewhere.
-void Journey::TellPlace(const Form& form) {
+// A window whose layout decides its size has none that the program knows.
+std::string Journey::WindowPlace(const Form& form, bool withPosition) {
   static const char* const states[] = {"", ", minimized", ", maximized"};
-  const std::string place = std::to_string(form.Width()) + " x " + std::to_string(form.Height()) + " at " +
-                            std::to_string(form.Left()) + ", " + std::to_string(form.Top()) +
-                            states[static_cast<int>(form.WindowState())];
-  std::string& before = places[form.Name()];
-  if (windows.contains(form.Name()) && before != place && Design::Of(form).HasSize())
-    Tell(form.Name() + " " + place);
-  before = place;
+  if (!Design::Of(form).HasSize()) return "";
+  return " " + std::to_string(form.Width()) + " x " + std::to_string(form.Height()) +
+         (withPosition ? " at " + std::to_string(form.Left()) + ", " + std::to_string(form.Top()) : "") +
+         states[static_cast<int>(form.WindowState())];
 }
 
 void Journey::TellFocus() {
@@ -213,6 +215,7 @@ void Journey::TellChanged(const Shown& control) {
 
 void Journey::TellStore() {
   const RegistryTree& tree = Registry.Tree();
+  if (tree == store) return;
   for (const auto& [key, values] : tree) {
     const auto before = store.find(key);
     for (const auto& [name, value] : values) {
@@ -247,21 +250,23 @@ Answer Journey::MessageBox(const Message& message) {
   TellWindows();
   std::string line = "message \"" + ToUtf8(message.Title) + '"';
   if (message.icon != Icon::None) line += std::string(" ") + IconNames[static_cast<int>(message.icon)];
-  const std::vector<Answer> possible = AnswersOf(message.buttons);
-  for (std::size_t i = 0; i < possible.size(); ++i)
-    line += std::string(" [") + AnswerNames[static_cast<int>(possible[i])] +
-            (possible.size() > 1 && static_cast<int>(i) + 1 == message.DefaultButton ? "*]" : "]");
+  const std::vector<std::string>& possible = ButtonNames.at(message.buttons);
+  for (int place = 1; const std::string& name : possible) {
+    line += " [" + name + (possible.size() > 1 && place == message.DefaultButton ? "*]" : "]") +
+            (place == message.EscapeButton ? " by Escape" : "");
+    ++place;
+  }
   if (message.HelpContext != 0) line += " [Help " + std::to_string(message.HelpContext) + "]";
   Tell(line);
   TellLines(message.Text);
-  if (possible.size() == 1) return possible.front();
+  if (possible.size() == 1) return Answer::OK;
   const Act& act = script.Acts()[current];
   if (answers.empty()) Fail(act, "nobody answers \"" + message.Title + '"');
-  const Answer answer = answers.front();
+  const std::string answer = answers.front();
   answers.pop_front();
   if (std::ranges::find(possible, answer) == possible.end()) Fail(act, "an answer that no button gives");
-  Tell(std::string("answered ") + AnswerNames[static_cast<int>(answer)]);
-  return answer;
+  Tell("answered " + answer);
+  return static_cast<Answer>(std::ranges::find(AnswerNames, answer) - AnswerNames);
 }
 
 // The script goes on in the modal window.
@@ -285,7 +290,10 @@ void Journey::SetClipboardText(const std::string& text) {
   TellLines(text);
 }
 
-void Journey::PlaySoundFile(const std::string& path) { Tell("sound " + path); }
+void Journey::PlaySoundFile(const std::string& path) {
+  Tell("sound " + path);
+  AtWork();
+}
 
 std::optional<std::string> Journey::NextPath(const std::string& kind, const FileDialog& dialog) {
   Tell(kind + " dialogue, in \"" + dialog.Folder + "\", \"" + dialog.FileName + "\", " +
@@ -308,7 +316,8 @@ std::optional<Font> Journey::AskFont(const Font& font) {
 }
 
 void Journey::Print(const PrintJob& job) {
-  Tell("print \"" + ToUtf8(job.Title) + "\", " + job.Font.Name + " " + NumberText(job.Font.Size));
+  Tell("print \"" + ToUtf8(job.Title) + "\", " + job.Font.Name + " " + NumberText(job.Font.Size) + ", " +
+       std::to_string(job.Left) + " from the left");
   TellLines(job.Text);
 }
 

@@ -66,14 +66,15 @@ class Journey : public Host {
   virtual void Activate(Form& form) { form.Activate(); }
 
  private:
-  using Handler = void (Journey::*)(const Act&);
-  static const std::map<std::string, Handler>& Acts();
+  using Handler = std::function<void(Journey&, const Act&)>;
+  static const std::map<std::string, Handler> Acts;
 
   void PlayAct();
   void BringToTheFront();
+  void AtWork();
   void TellConsequences();
   void TellWindows();
-  void TellPlace(const Form& form);
+  static std::string WindowPlace(const Form& form, bool withPosition);
   void TellFocus();
   void TellChanged(const Shown& control);
   RegistryTree StoredTree() const;
@@ -86,6 +87,10 @@ class Journey : public Host {
 
   // Host
   Answer MessageBox(const Message& message) override;
+  void Yield() override { AtWork(); }
+  void Paint() override { AtWork(); }
+  unsigned BackgroundColour() override { return backgroundColour; }
+  bool IsLocked(LockKey key) override { return locked == (key == LockKey::Caps ? "Caps" : "Scroll"); }
   void SetMousePointer(MousePointer shape) override;
   void SetClipboardText(const std::string& text) override;
   std::string ClipboardText() override { return clipboard; }
@@ -101,42 +106,21 @@ class Journey : public Host {
 
   // Acts that set the scene
   void file(const Act& act);
-  void makefolder(const Act& act);
-  void remove(const Act& act);
-  void today(const Act& act);
-  void region(const Act& act);
-  void answer(const Act& act);
   void path(const Act& act);
   void font(const Act& act);
-  void clip(const Act& act);
   void disk(const Act& act);
-  void hold(const Act& act);
-  void release(const Act& act);
   void set(const Act& act);
-  void system(const Act& act);
-  void installed(const Act& act);
 
   // Acts of the user
   void start(const Act& act);
   void click(const Act& act);
-  void doubleclick(const Act& act);
   void type(const Act& act);
   void select(const Act& act);
-  void key(const Act& act);
   void choose(const Act& act);
-  void pick(const Act& act);
-  void column(const Act& act);
-  void up(const Act& act);
-  void down(const Act& act);
-  void follow(const Act& act);
   void point(const Act& act);
-  void width(const Act& act);
   void move(const Act& act);
   void resize(const Act& act);
-  void maximize(const Act& act);
-  void restore(const Act& act);
-  void close(const Act& act);
-  void activate(const Act& act);
+  void state(const Act& act);
   void tick(const Act& act);
 
   void show(const Act& act);
@@ -157,11 +141,16 @@ class Journey : public Host {
   std::size_t current = 0;  // act
   int depth = 0;            // of acts under way, each in a modal window of the one before
   bool isKilled = false;    // with modal windows open, by the start of another process
-  std::deque<Answer> answers;
+  std::deque<std::string> answers;
   std::deque<std::optional<std::string>> paths;
   std::deque<Font> fonts;
   std::string clipboard;
   std::optional<std::string> onlyProgram;  // that is installed; all are where it is not told
+  std::string locked;                      // key
+  unsigned backgroundColour = StandardGrey;
+  int yieldsLeft = 0;    // of the program, until it is interrupted by the next act; 0 for never
+  bool traces = false;   // what an error would name as its place
+  bool watches = false;  // what is to be seen while the program works
   MousePointer pointer = MousePointer::Default;
   std::map<std::string, std::ofstream> held;
   FailingDisk failing;
@@ -170,7 +159,7 @@ class Journey : public Host {
   // As it was told last.
   std::map<std::string, std::vector<Shown>> windows;
   std::map<std::string, std::string> captions, places;
-  std::string front, focus;
+  std::string front, focus, traceTold;
   std::vector<std::string>
       fronts;  // the windows in the order in which they came to the front, the last one last
   MousePointer pointerTold = MousePointer::Default;

@@ -83,50 +83,74 @@ Control* MarkedButton(const Form& form, const char* mark) {
 
 }  // namespace
 
-const std::map<std::string, Journey::Handler>& Journey::Acts() {
-  static const std::map<std::string, Handler> acts = {
-      // The scene.
-      {"file", &Journey::file},
-      {"folder", &Journey::makefolder},
-      {"remove", &Journey::remove},
-      {"today", &Journey::today},
-      {"region", &Journey::region},
-      {"answer", &Journey::answer},
-      {"path", &Journey::path},
-      {"font", &Journey::font},
-      {"clip", &Journey::clip},
-      {"disk", &Journey::disk},
-      {"hold", &Journey::hold},
-      {"release", &Journey::release},
-      {"set", &Journey::set},
-      {"system", &Journey::system},
-      {"installed", &Journey::installed},
-      // The user.
-      {"start", &Journey::start},
-      {"click", &Journey::click},
-      {"double-click", &Journey::doubleclick},
-      {"type", &Journey::type},
-      {"select", &Journey::select},
-      {"key", &Journey::key},
-      {"choose", &Journey::choose},
-      {"pick", &Journey::pick},
-      {"column", &Journey::column},
-      {"up", &Journey::up},
-      {"down", &Journey::down},
-      {"follow", &Journey::follow},
-      {"point", &Journey::point},
-      {"width", &Journey::width},
-      {"move", &Journey::move},
-      {"resize", &Journey::resize},
-      {"maximize", &Journey::maximize},
-      {"restore", &Journey::restore},
-      {"close", &Journey::close},
-      {"activate", &Journey::activate},
-      {"tick", &Journey::tick},
-      {"show", &Journey::show},
-  };
-  return acts;
-}
+// By the act's first word.
+const std::map<std::string, Journey::Handler> Journey::Acts = {
+    // The scene.
+    {"file", &Journey::file},
+    {"folder",
+     [](Journey& my, const Act& act) { std::filesystem::create_directories(my.folder.Path(act.Word(1))); }},
+    {"remove",
+     [](Journey& my, const Act& act) {
+       std::filesystem::remove_all(my.folder.Path(act.Word(1)));
+       my.files.erase(act.Word(1));
+     }},
+    {"today",
+     [](Journey&, const Act& act) { StopClockAt(MomentOf(act.Word(1) + " " + act.WordOr(2, "12:00:00"))); }},
+    {"region", [](Journey&, const Act& act) { setenv("LC_ALL", act.Word(1).c_str(), 1); }},
+    {"answer",
+     [](Journey& my, const Act& act) {
+       my.answers.insert(my.answers.end(), act.Words.begin() + 1, act.Words.end());
+     }},
+    {"path", &Journey::path},
+    {"font", &Journey::font},
+    {"clip", [](Journey& my, const Act& act) { my.clipboard = FromUtf8Lossy(act.Word(1)); }},
+    {"disk", &Journey::disk},
+    {"hold", [](Journey& my,
+                const Act& act) { my.held[act.Word(1)].open(my.folder.Path(act.Word(1)), std::ios::app); }},
+    {"release", [](Journey& my, const Act& act) { my.held.erase(act.Word(1)); }},
+    {"set", &Journey::set},
+    {"system", [](Journey&, const Act& act) { OSName = act.Word(1); }},
+    {"installed", [](Journey& my, const Act& act) { my.onlyProgram = act.Word(1); }},
+    {"background",
+     [](Journey& my, const Act& act) {
+       my.backgroundColour = static_cast<unsigned>(std::stoul(act.Word(1), nullptr, 16));
+     }},
+    {"lock", [](Journey& my, const Act& act) { my.locked = act.Word(1); }},
+    {"watch", [](Journey& my, const Act&) { my.watches = true; }},
+    {"trace", [](Journey& my, const Act&) { my.traces = true; }},
+    {"meanwhile", [](Journey& my, const Act& act) { my.yieldsLeft = std::stoi(act.WordOr(1, "1")); }},
+    // The user.
+    {"start", &Journey::start},
+    {"click", &Journey::click},
+    {"double-click",
+     [](Journey& my, const Act& act) {
+       if (Control& control = my.Named(act); my.CanUse(control)) my.DoubleClick(control);
+     }},
+    {"type", &Journey::type},
+    {"select", &Journey::select},
+    {"key", [](Journey& my, const Act& act) { my.Press(*ActiveForm, act.Word(1)); }},
+    {"choose", &Journey::choose},
+    {"pick", [](Journey& my, const Act& act) { my.Pick(my.NamedAs<Calendar>(act), MomentOf(act.Word(2))); }},
+    {"column",
+     [](Journey& my, const Act& act) { my.ClickColumn(my.NamedAs<ListView>(act), std::stoi(act.Word(2))); }},
+    {"up", [](Journey& my, const Act& act) { my.Step(my.NamedAs<UpDown>(act), true); }},
+    {"down", [](Journey& my, const Act& act) { my.Step(my.NamedAs<UpDown>(act), false); }},
+    {"follow", [](Journey& my, const Act& act) { my.Follow(my.NamedAs<Document>(act), act.Word(2)); }},
+    {"point", &Journey::point},
+    {"width",
+     [](Journey& my, const Act& act) {
+       my.NamedAs<ListView>(act).UserColumnWidth(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
+     }},
+    {"move", &Journey::move},
+    {"resize", &Journey::resize},
+    {"minimize", &Journey::state},
+    {"maximize", &Journey::state},
+    {"restore", &Journey::state},
+    {"close", [](Journey& my, const Act& act) { my.Close(my.FormNamed(act.Word(1))); }},
+    {"activate", [](Journey& my, const Act& act) { my.Activate(my.FormNamed(act.Word(1))); }},
+    {"tick", &Journey::tick},
+    {"show", &Journey::show},
+};
 
 Form& Journey::FormNamed(const std::string& name) const {
   if (Form* form = LoadedForm(name); form && form->Visible()) return *form;
@@ -190,31 +214,10 @@ void Journey::file(const Act& act) {
   files[act.Word(1)] = content;
 }
 
-void Journey::makefolder(const Act& act) { std::filesystem::create_directories(folder.Path(act.Word(1))); }
-
-void Journey::remove(const Act& act) {
-  std::filesystem::remove_all(folder.Path(act.Word(1)));
-  files.erase(act.Word(1));
-}
-
-void Journey::today(const Act& act) { StopClockAt(MomentOf(act.Word(1) + " " + act.WordOr(2, "12:00:00"))); }
-
-void Journey::region(const Act& act) { setenv("LC_ALL", act.Word(1).c_str(), 1); }
-
-void Journey::answer(const Act& act) {
-  static const std::map<std::string, Answer> names = {{"OK", Answer::OK},         {"Cancel", Answer::Cancel},
-                                                      {"Abort", Answer::Abort},   {"Retry", Answer::Retry},
-                                                      {"Ignore", Answer::Ignore}, {"Yes", Answer::Yes},
-                                                      {"No", Answer::No}};
-  for (std::size_t i = 1; i < act.Words.size(); ++i) answers.push_back(names.at(act.Words[i]));
-}
-
-// path NAME in the folder, or "path cancel".
 void Journey::path(const Act& act) {
-  if (act.Word(1) == "cancel")
-    paths.push_back(std::nullopt);
-  else
-    paths.push_back(folder.Path(act.Word(1)));
+  const std::string& name = act.Word(1);
+  if (name == "cancel") return paths.push_back(std::nullopt);
+  paths.push_back(name.starts_with('/') ? name : folder.Path(name));
 }
 
 void Journey::font(const Act& act) {
@@ -224,9 +227,6 @@ void Journey::font(const Act& act) {
   fonts.push_back({act.Word(1), std::stof(act.WordOr(2, "10")), says("bold"), says("italic")});
 }
 
-void Journey::clip(const Act& act) { clipboard = FromUtf8Lossy(act.Word(1)); }
-
-// disk fails N: the Nth operation from here; disk fails from N; full in place of fails; disk works.
 void Journey::disk(const Act& act) {
   if (act.Word(1) == "works") return failing.Mend();
   const int error = act.Word(1) == "full" ? ENOSPC : EIO;
@@ -234,20 +234,11 @@ void Journey::disk(const Act& act) {
   failing.FailNth(std::stoi(act.Word(2)), error);
 }
 
-// hold NAME: another program opens the file and keeps it open.
-void Journey::hold(const Act& act) { held[act.Word(1)].open(folder.Path(act.Word(1)), std::ios::app); }
-void Journey::release(const Act& act) { held.erase(act.Word(1)); }
-
-// installed COMMAND, of all that the program may want to start; installed none.
-void Journey::installed(const Act& act) { onlyProgram = act.Word(1); }
-
 void Journey::StartProgram(const std::string& command) {
   if (onlyProgram && *onlyProgram != command) Raise(FileNotFound);
   Tell("program " + Shortened(command));
 }
 
-// set KEY NAME VALUE [text]: in the settings file, before the program starts or as another program does it.
-// The key "International" is the one that the regional values are read from.
 void Journey::set(const Act& act) {
   RegistryTree tree = StoredTree();
   std::string key = act.Word(1);
@@ -271,9 +262,6 @@ RegistryTree Journey::StoredTree() const {
     return {};
   }
 }
-
-// What the system calls itself, from here.
-void Journey::system(const Act& act) { OSName = act.Word(1); }
 
 // The program as a process of its own; one that runs is gone first, as if it had been killed.
 void Journey::start(const Act&) {
@@ -306,30 +294,21 @@ void Journey::click(const Act& act) {
       if (strip->Tabs()[i].Caption == act.Word(2)) return ClickTab(*strip, static_cast<int>(i) + 1);
     Fail(act, "no tab " + act.Word(2));
   }
-  Click(control);
+  for (int times = std::stoi(act.WordOr(2, "1")); times > 0; --times) Click(control);
 }
 
-void Journey::doubleclick(const Act& act) {
-  if (Control& control = Named(act); CanUse(control)) DoubleClick(control);
-}
-
-// type FIELD TEXT
 void Journey::type(const Act& act) {
   std::string text = act.Word(2);
   if (text.starts_with("~/")) text.replace(0, 1, folder.Path());
   if (Control& control = Named(act); CanUse(control)) Type(control, FromUtf8Lossy(text));
 }
 
-// select FIELD FROM LENGTH
 void Journey::select(const Act& act) {
   auto& box = NamedAs<TextBox>(act);
   box.SetFocus();
   box.Select(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
 }
 
-void Journey::key(const Act& act) { Press(*ActiveForm, act.Word(1)); }
-
-// choose LIST ENTRY
 void Journey::choose(const Act& act) {
   ListBox& list = NamedAs<ListBox>(act);
   const std::string wanted = FromUtf8Lossy(act.Word(2));
@@ -338,12 +317,6 @@ void Journey::choose(const Act& act) {
   if (found == list.Items().end()) Fail(act, "no entry " + act.Word(2));
   if (CanUse(list)) Choose(list, static_cast<int>(found - list.Items().begin()));
 }
-
-void Journey::pick(const Act& act) { Pick(NamedAs<Calendar>(act), MomentOf(act.Word(2))); }
-void Journey::column(const Act& act) { ClickColumn(NamedAs<ListView>(act), std::stoi(act.Word(2))); }
-void Journey::up(const Act& act) { Step(NamedAs<UpDown>(act), true); }
-void Journey::down(const Act& act) { Step(NamedAs<UpDown>(act), false); }
-void Journey::follow(const Act& act) { Follow(NamedAs<Document>(act), act.Word(2)); }
 
 // As people do: everything selected, the new text over it. Nothing typed is the delete key.
 void Journey::Type(Control& control, const std::string& text) {
@@ -390,22 +363,19 @@ void Journey::point(const Act& act) {
   Point(Named(act));
 }
 
-// width TABLE COLUMN TWIPS: the edge of a header is dragged.
-void Journey::width(const Act& act) {
-  NamedAs<ListView>(act).UserColumnWidth(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
-}
-
-// move WINDOW LEFT TOP
 void Journey::move(const Act& act) {
   Form& form = FormNamed(act.Word(1));
   form.Left = std::stoi(act.Word(2));
   form.Top = std::stoi(act.Word(3));
 }
 
-void Journey::maximize(const Act& act) { FormNamed(act.Word(1)).WindowState = WindowState::Maximized; }
-void Journey::restore(const Act& act) { FormNamed(act.Word(1)).WindowState = WindowState::Normal; }
+void Journey::state(const Act& act) {
+  static const std::map<std::string, WindowState> states = {{"minimize", WindowState::Minimized},
+                                                            {"maximize", WindowState::Maximized},
+                                                            {"restore", WindowState::Normal}};
+  FormNamed(act.Word(1)).WindowState = states.at(act.Word(0));
+}
 
-// resize WINDOW WIDTH HEIGHT, in twips; or a control that the window's layout gives other room.
 void Journey::resize(const Act& act) {
   if (!LoadedForm(act.Word(1))) {
     Control& control = Named(act);
@@ -418,10 +388,6 @@ void Journey::resize(const Act& act) {
   form.Height = std::stoi(act.Word(3));
 }
 
-void Journey::close(const Act& act) { Close(FormNamed(act.Word(1))); }
-void Journey::activate(const Act& act) { Activate(FormNamed(act.Word(1))); }
-
-// tick TIMER [TIMES]
 void Journey::tick(const Act& act) {
   auto& timer = NamedAs<Timer>(act);
   if (!timer.Enabled) return Tell(NameOf(timer) + " is off");
@@ -441,9 +407,7 @@ void Journey::show(const Act& act) {
     return Tell("not to be seen");
   }
   const Form& form = FormNamed(act.Word(1));
-  // A window whose layout decides its size has none that the program knows.
-  const std::string size = std::to_string(form.Width()) + " x " + std::to_string(form.Height());
-  Tell(form.Name() + " \"" + ToUtf8(form.Caption()) + '"' + (Design::Of(form).HasSize() ? " " + size : ""));
+  Tell(form.Name() + " \"" + ToUtf8(form.Caption()) + '"' + WindowPlace(form, false));
   for (const Shown& control : WindowText(form, act.WordOr(2, "") == "with"))
     for (const std::string& line : control.Lines) Tell("  " + line);
   if (const Control* active = form.ActiveControl()) Tell("  focus on " + NameOf(*active));

@@ -13,6 +13,7 @@
 #include "journeys/Design.h"
 #include "platform/CodePage.h"
 #include "platform/DateConversion.h"
+#include "platform/TextConversion.h"
 
 namespace qel {
 
@@ -25,24 +26,11 @@ std::string Quoted(const std::string& text) {
   return '"' + quoted + '"';
 }
 
-const char* ColourText(SystemColour colour) {
-  switch (colour) {
-    case SystemColour::Default:
-      return "";
-    case SystemColour::WindowText:
-      return "in text colour";
-    case SystemColour::WindowBackground:
-      return "on white";
-    case SystemColour::MenuBackground:
-      return "on grey";
-    case SystemColour::GreyText:
-      return "grey";
-    case SystemColour::Warning:
-      return "red";
-    case SystemColour::Refused:
-      return "on red";
-  }
-  return "";
+const char* const ColourTexts[] = {"", "in text colour", "on white", "on grey", "grey", "red", "on red"};
+
+std::string FontText(const Font& font) {
+  return (font.Name.empty() ? "" : " in " + font.Name) + (font.Size > 0 ? " " + NumberText(font.Size) : "") +
+         (font.Bold ? " bold" : "") + (font.Italic ? " italic" : "");
 }
 
 class Writer {
@@ -159,7 +147,7 @@ class Writer {
       state +=
           " with " +
           Quoted(text.substr(static_cast<std::size_t>(part.Start), static_cast<std::size_t>(part.Length))) +
-          " large";
+          FontText({"", part.Size, part.Bold, false}) + (part.Underline ? " underlined" : "");
     }
     return state;
   }
@@ -190,9 +178,15 @@ class Writer {
     return "";
   }
 
-  // Only the chosen entry of a list that is dropped down; all of one that stands open.
+  // Only the chosen entry of a list that drops down, and all with tips; all of one that stands open.
   std::string ItemsOf(const ListBox& list) {
-    if (const auto* combo = dynamic_cast<const ComboBox*>(&list)) return " " + Quoted(combo->Text());
+    if (const auto* combo = dynamic_cast<const ComboBox*>(&list)) {
+      std::string text = " " + Quoted(combo->Text());
+      if (withTips)
+        for (const std::string& item : list.Items())
+          text += (&item == &list.Items().front() ? " of " : ", ") + ToUtf8(item);
+      return text;
+    }
     for (int i = 0; i < list.ListCount(); ++i)
       below.push_back(indent + (i == list.ListIndex() ? "  > " : "    ") +
                       ToUtf8(list.Items()[static_cast<std::size_t>(i)]));
@@ -200,11 +194,14 @@ class Writer {
   }
 
   std::string RowsOf(const ListView& list) {
+    static const char* const Alignments[] = {"", " right", " centred"};
     std::string header;
     for (const ListColumn& column : list.Columns())
-      header +=
-          (header.empty() ? "" : " | ") + ToUtf8(column.Text) + "(" + std::to_string(column.Width) + ")";
-    shown.push_back({NameOf(list) + " columns", {indent + NameOf(list) + " columns " + header}});
+      header += (header.empty() ? "" : " | ") + ToUtf8(column.Text) + "(" + std::to_string(column.Width) +
+                (column.Least > 0 ? ", at least " + std::to_string(column.Least) : "") +
+                Alignments[static_cast<int>(column.Alignment)] + ")";
+    shown.push_back({NameOf(list) + " columns",
+                     {indent + NameOf(list) + " columns " + header + FontText(OwnFont(list))}});
     for (int row = 1; row <= list.RowCount(); ++row) {
       const ListRow& content = list.Row(row);
       std::string cells = Cell(content.Text);
@@ -213,12 +210,25 @@ class Writer {
       below.push_back(indent + (row == list.SelectedRow() ? "  > " : "  | ") + cells);
       below.back().erase(below.back().find_last_not_of(' ') + 1);
     }
-    return "";
+    if (!withTips) return "";
+    return std::string(list.FullRowSelect ? " of whole rows" : "") +
+           (list.HideSelection ? "" : " always marked");
   }
 
   // A rule of a hundred dots says as much with four.
   static std::string Cell(const std::string& text) {
     return text.size() > 20 && text.find_first_not_of('.') == std::string::npos ? "...." : ToUtf8(text);
+  }
+
+  // With name and size for lists and texts alone, whose fonts users choose, and only where no other control
+  // of the window has the same, as a face gives them.
+  Font OwnFont(const Control& control) const {
+    Font font = control.Font;
+    bool isOwn = dynamic_cast<const ListView*>(&control) || dynamic_cast<const RichTextBox*>(&control);
+    for (const auto& [element, other] : bound)
+      if (other != &control && other->Font->Name == font.Name && other->Font->Size == font.Size)
+        isOwn = false;
+    return isOwn ? font : Font{"", 0, font.Bold, font.Italic};
   }
 
   static std::string DayOf(Date day) { return " " + ToUtf8(DateText(day)); }
@@ -227,8 +237,8 @@ class Writer {
     std::string state;
     if (!control.Usable()) state += " off";
     for (const SystemColour colour : {control.ForeColor(), control.BackColor()})
-      if (colour != SystemColour::Default) state += std::string(" ") + ColourText(colour);
-    if (control.Font().Bold) state += " bold";
+      if (colour != SystemColour::Default) state += std::string(" ") + ColourTexts[static_cast<int>(colour)];
+    if (!dynamic_cast<const ListView*>(&control)) state += FontText(OwnFont(control));
     if (!control.Refusal().empty()) state += " refuses: " + Quoted(control.Refusal());
     const std::string& tip = control.ToolTipText;
     if (tip.empty() ? !element.Property("toolTip").empty() : withTips || tip != element.Property("toolTip"))

@@ -20,7 +20,8 @@ struct Shown {
 //   btnProcess button "QELMARK - Report for 1 day" off
 //
 // with what is out of the ordinary behind the caption or text: off, checked, locked, grey, the selection, why
-// it refuses its text, a tool tip other than the design's. `withTips` tells every tool tip.
+// it refuses its text, a tool tip other than the design's. `withTips` tells every tool tip,
+// and how tables mark a row.
 std::vector<Shown> WindowText(const Form& form, bool withTips);
 
 }  // namespace qel

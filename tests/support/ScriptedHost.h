@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <deque>
-#include <optional>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,39 +27,13 @@ class ScriptedHost : public Host, public Display {
     answers.pop_front();
     return answer;
   }
-  // Runs the next scripted action of the user; a modal window that outlives the script is left open.
-  void RunModal(const std::function<bool()>& done) override {
-    while (!done() && !actions.empty()) {
-      const auto action = std::move(actions.front());
-      actions.pop_front();
-      action();
-    }
-  }
   void SetClipboardText(const std::string& text) override { clipboard = text; }
-  std::string ClipboardText() override { return clipboard; }
-  std::optional<Font> AskFont(const Font&) override {
-    if (fonts.empty()) return std::nullopt;
-    const Font font = fonts.front();
-    fonts.pop_front();
-    return font;
-  }
   void PlaySoundFile(const std::string& path) override { transcript.push_back("sound: " + path); }
   void Beep() override { transcript.push_back("beep"); }
   void SetMousePointer(MousePointer shape) override { pointer = shape; }
   void Yield() override {
     if (yielded) yielded();
   }
-
-  std::optional<std::string> AskOpenFile(const FileDialog& dialog) override {
-    return NextPath("open", dialog);
-  }
-  std::optional<std::string> AskSaveFile(const FileDialog& dialog) override {
-    return NextPath("save", dialog);
-  }
-  void Print(const PrintJob& job) override { printed.push_back(job); }
-  void OpenDocument(const std::string& document) override { transcript.push_back("document: " + document); }
-  void StartProgram(const std::string& path) override { transcript.push_back("program: " + path); }
-  unsigned BackgroundColour() override { return background; }
 
   void SplashText(const std::string& text) override { transcript.push_back("splash: " + text); }
   void StatusText(const std::string& text) override { transcript.push_back("status: " + text); }
@@ -70,28 +44,12 @@ class ScriptedHost : public Host, public Display {
     return std::ranges::find(transcript, entry) != transcript.end();
   }
 
-  std::deque<Answer> answers;                    // to the next message boxes; then Ignore or OK
-  std::deque<std::function<void()>> actions;     // what the user does while modal windows are in front
-  std::function<void()> yielded;                 // what happens meanwhile
-  std::deque<std::optional<std::string>> paths;  // to the next file dialogues; then cancelled
-  std::deque<Font> fonts;                        // to the next font dialogues; then cancelled
-  std::vector<FileDialog> dialogs;
-  std::vector<PrintJob> printed;
+  std::deque<Answer> answers;     // to the next message boxes; then Ignore or OK
+  std::function<void()> yielded;  // what happens meanwhile
   std::vector<Message> messages;
   std::vector<std::string> transcript;
   std::string clipboard;
   MousePointer pointer = MousePointer::Default;
-  unsigned background = StandardGrey;
-
- private:
-  std::optional<std::string> NextPath(const std::string& kind, const FileDialog& dialog) {
-    dialogs.push_back(dialog);
-    transcript.push_back(kind + ": " + dialog.FileName);
-    if (paths.empty()) return std::nullopt;
-    const auto path = paths.front();
-    paths.pop_front();
-    return path;
-  }
 };
 
 }  // namespace qel

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <stdlib.h>
 #include <string>
@@ -32,8 +33,9 @@ class TemporaryFolder {
     std::ofstream(Path(name), std::ios::binary) << content;
   }
   std::string Content(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream content;
+    content << std::ifstream(Path(name), std::ios::binary).rdbuf();
+    return content.str();
   }
   void Empty() const {
     for (const auto& entry : std::filesystem::directory_iterator(path)) std::filesystem::remove_all(entry);

@@ -75,7 +75,6 @@ class WindowTest : public FreshProgram {
   }
 
   std::string Log() const { return folder.Content("ModemLog.txt"); }
-  std::string Status() const { return MainForm->StatusBarMain.Text(); }
 
   const std::string usable = LogOf("01-05-1999", "01-20-1999");
 };

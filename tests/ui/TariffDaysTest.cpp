@@ -1,35 +1,11 @@
-// The order of a service's tariffs, and their days in a language of which the tests hold the names
-// themselves.
+// The days of tariffs in a language of which the tests hold the names themselves.
 
-#include <sstream>
-
-#include "support/Cases.h"
 #include "support/Regions.h"
 #include "support/WindowTest.h"
 #include "ui/TariffList.h"
 
 namespace qel {
 namespace {
-
-TEST(TariffOrder, GoesFromHolidaysToEveryDay) {
-  for (const auto& [given, wanted, selection] : Cases<3>("ui/TariffOrder")) {
-    BoundedArray<TariffRecord> tariffs;
-    tariffs.Make(MaxTariffs - 1);
-    int count = 0;
-    std::istringstream names(given);
-    for (std::string name; std::getline(names >> std::ws, name, ';');)
-      tariffs[count++] = {.Description = name,
-                          .AppliesDays = name.substr(0, name.rfind(' ')),
-                          .AppliesTimeStart = TimeSerial(name.back() - '0', 0, 0),
-                          .Unit = "Per Minute"};
-    Int16 selected = selection[0] - '0';
-    OrderTariffs(tariffs, count, selected);
-    std::string ordered;
-    for (int i = 0; i < count; ++i) ordered += (i > 0 ? "; " : "") + tariffs[i].Description;
-    EXPECT_EQ(ordered, wanted);
-    EXPECT_EQ(selected, selection[2] - '0') << wanted;
-  }
-}
 
 class TariffDays : public WindowTest {
  protected:
