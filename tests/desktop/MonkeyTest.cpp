@@ -1,9 +1,7 @@
-// A monkey before the real windows: it clicks, types, pastes, drags, resizes and closes at random. Whatever
-// it does, the program neither crashes nor hangs, tells of no fault of its own, and keeps its windows on the
-// screen.
-//
-// It plays for QEL_MONKEY_SECONDS, round after round; the first has the seed QEL_MONKEY_SEED, each other one
-// the next. A round that failed is played again by its own seed.
+// A monkey before the real windows. Whatever it does at random, the program neither crashes nor hangs, tells
+// of no fault of its own, and keeps its windows on the screen. It plays for QEL_MONKEY_SECONDS, round after
+// round; the first has the seed QEL_MONKEY_SEED, each other one the next. A round that failed is played again
+// by its own seed.
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDeadlineTimer>
@@ -72,7 +70,6 @@ class Monkey : public ProgramTest, private DesktopHost {
  private:
   // It starts no program, opens no document, plays and prints nothing; its files lie in its folder.
   void PlaySoundFile(const std::string&) override {}
-  void Beep() override {}
   void Print(const PrintJob&) override {}
   void OpenDocument(const std::string&) override {}
   void StartProgram(const std::string&) override {}
@@ -85,8 +82,7 @@ class Monkey : public ProgramTest, private DesktopHost {
   }
   // A number that is too big for its field is the user's mistake.
   Answer ErrorBox(const RunTimeError& error, const Message& message) override {
-    const bool isMistyped = error.Number() == Overflow && ProcedureTrace.ends_with("_LostFocus");
-    EXPECT_TRUE(isMistyped) << message.Text;
+    EXPECT_TRUE(error.Number() == Overflow && ProcedureTrace.ends_with("_LostFocus")) << message.Text;
     return Answer::Ignore;
   }
 
@@ -109,18 +105,19 @@ class Monkey : public ProgramTest, private DesktopHost {
       if (!shown->isVisible() || shown->windowType() == Qt::ToolTip) continue;
       if (!IsKeptFrom(*shown)) windows.push_back(shown);
       const bool isOff = !shown->screen()->availableGeometry().contains(shown->frameGeometry());
-      const int acts = isOff && shown->windowType() != Qt::Popup ? shown->property("off").toInt() + 1 : 0;
-      shown->setProperty("off", acts);
-      EXPECT_LT(acts, PlacingActs) << shown->windowTitle().toStdString() << " is off the screen";
+      const int offFor = isOff && shown->windowType() != Qt::Popup ? shown->property("off").toInt() + 1 : 0;
+      shown->setProperty("off", offFor);
+      EXPECT_LT(offFor, PlacingActs) << shown->windowTitle().toStdString() << " is off the screen";
     }
-    if (windows.isEmpty()) return;
     QWidget* window = QApplication::activePopupWidget();
     if (!window) window = QApplication::activeWindow();
+    if (windows.isEmpty()) return;
     if (!window || Roll(60) == 0) return OneOf(windows)->activateWindow();
+    widgets.push_back(window);
     for (QWidget* inside : window->findChildren<QWidget*>())
       if (inside->isVisible() && inside->window() == window) widgets.push_back(inside);
     const int hand = Roll(20);
-    if (hand < 10 && !widgets.empty()) return UseMouse(*OneOf(widgets));
+    if (hand < 10) return UseMouse(*OneOf(widgets));
     hand < 19 ? UseKeys(window->focusWidget() ? *window->focusWidget() : *window) : UseFrame(*window);
   }
 
@@ -154,17 +151,16 @@ class Monkey : public ProgramTest, private DesktopHost {
   }
 
   void UseKeys(QWidget& focus) {
-    static const auto named = QString(
-                                  "Tab Tab Backtab Return Escape Up Down Left Right Home End PgUp PgDown "
-                                  "Del Backspace Space F1 F3 F10 Ins")
-                                  .split(' ')
-                                  .toVector();
     const QPointer<QWidget> left = &focus;
     std::string key = OneOf<std::string>({"11051998", "5550100", "0.05", "1", "9", "/", "-", "a", "\""});
     const int how = Roll(6);
     if (how == 2) key = std::string("Alt+") + static_cast<char>('A' + Roll(26));
     if (how == 3) key = std::string("Ctrl+") + OneOf<char>({'V', 'V', 'X', 'C', 'A', 'Z', 'F', 'S', 'P'});
-    if (how > 3) key = OneOf<std::string>({"", "", "Shift+", "Ctrl+"}) + OneOf(named).toStdString();
+    if (how > 3)
+      key = OneOf<std::string>({"", "", "Shift+", "Ctrl+"}) +
+            OneOf<const char*>({"Tab",       "Tab",   "Backtab", "Return", "Escape", "Up",     "Down",
+                                "Left",      "Right", "Home",    "End",    "PgUp",   "PgDown", "Del",
+                                "Backspace", "Space", "F1",      "F3",     "F10",    "Ins"});
     Note("keys " + key, focus);
     if (key == "Ctrl+V") {
       auto* const clip = new QMimeData;  // the owner of a clipboard may offer no text, or nothing
@@ -182,10 +178,7 @@ class Monkey : public ProgramTest, private DesktopHost {
     const int how = Roll(6);
     Note("frame " + std::to_string(how), window);
     if (how == 0 && (window.objectName() != "frmMain" || Roll(10) == 0)) return void(window.close());
-    if (how == 1 && window.inherits("QMainWindow"))
-      return window.setWindowState(window.windowState() ^ Qt::WindowMaximized);
-    if (!window.isMaximized() && window.windowType() != Qt::Popup)
-      window.resize(Roll(room.x() - 10), Roll(room.y() - 10));
+    if (window.windowType() != Qt::Popup) window.resize(Roll(room.x() - 10), Roll(room.y() - 10));
   }
 
   std::mt19937 dice;
