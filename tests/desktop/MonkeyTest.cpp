@@ -1,7 +1,6 @@
 // A monkey before the real windows. Whatever it does at random, the program neither crashes nor hangs, tells
 // of no fault of its own, and keeps its windows on the screen. It plays for QEL_MONKEY_SECONDS, round after
-// round; the first has the seed QEL_MONKEY_SEED, each other one the next. A round that failed is played again
-// by its own seed.
+// round; the first has the seed QEL_MONKEY_SEED, each other one the next.
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDeadlineTimer>
