@@ -100,20 +100,27 @@ Control* Form::Find(std::string_view controlName, int index) const {
 
 void Form::MoveFocusTo(Control& control) {
   if (active == &control || !control.CanHaveFocus()) return;
-  if (Control* left = std::exchange(active, &control)) {
-    left->ShowChange();
-    // One that was about to be entered when the focus was taken back has none to lose: two fields that both
-    // insist would send it to and fro for ever.
-    if (left == entered) {
-      left->TakeExit();
-      left->LostFocus();
-    }
-    if (active != &control) return;  // the field that was left took the focus back
-  }
+  Exit(std::exchange(active, &control));
+  if (active != &control) return;  // the field that was left took the focus back
   entered = &control;
   control.ShowChange();
   control.TakeEntry();
   control.GotFocus();
+}
+
+bool Form::LeaveFocus() {
+  Exit(std::exchange(active, nullptr));
+  return !active;
+}
+
+// One that was about to be entered when the focus was taken back has none to lose: two fields that both
+// insist would send it to and fro for ever.
+void Form::Exit(Control* left) {
+  if (!left) return;
+  left->ShowChange();
+  if (left != entered) return;
+  left->TakeExit();
+  left->LostFocus();
 }
 
 void Form::MoveFocusOn(bool backward) {
@@ -122,6 +129,7 @@ void Form::MoveFocusOn(bool backward) {
   // Without an active control the first one comes, or the last.
   std::size_t at = found != controls.end() ? static_cast<std::size_t>(found - controls.begin())
                                            : (backward ? 0 : count - 1);
+  if (!LeaveFocus()) return;
   for (std::size_t tried = 0; tried < count; ++tried) {
     at = (at + (backward ? count - 1 : 1)) % count;
     if (controls[at]->CanHaveFocus()) return MoveFocusTo(*controls[at]);

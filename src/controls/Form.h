@@ -65,7 +65,10 @@ class Form {
   Control* ActiveControl() const { return active; }
   // Leaves the active control, whose LostFocus may take the focus back, and enters `control`.
   void MoveFocusTo(Control& control);
-  // As the tab key does: the next control that can have the focus.
+  // Leaves the active control before it is known where the focus goes: what is checked only then may turn
+  // others on or off. False where the focus is taken back.
+  bool LeaveFocus();
+  // As the tab key does: leaves the active control and enters the next one that can have the focus then.
   void MoveFocusOn(bool backward = false);
 
   std::function<void()> ViewChanged;
@@ -84,6 +87,7 @@ class Form {
  private:
   friend class Control;
   void Join(Control& control) { controls.push_back(&control); }
+  void Exit(Control* left);
   void Leave(Control& control);
   void LeaveFront();
   void Vanish();

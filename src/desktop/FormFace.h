@@ -95,6 +95,7 @@ class FormFace : public QObject {
   bool TakeKey(QWidget& widget, const QKeyEvent& event);
   bool TakeHelpKey(const KeyPress& press);
   bool TakeEnterOrEscape(const KeyPress& press);
+  bool TakeTab(const QKeyEvent& event);
   void TakeMouseMove(QWidget& widget, const QPoint& at);
   // Brings the focuses together once the present event is over.
   void SettleFocusLater();

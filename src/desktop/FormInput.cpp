@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTimer>
@@ -177,7 +178,20 @@ bool FormFace::TakeKey(QWidget& widget, const QKeyEvent& event) {
     Control* const active = model.ActiveControl();
     if (!press.Handled && active) active->UserKey(press);
   });
-  return !form || press.Handled || TakeHelpKey(press) || TakeEnterOrEscape(press) || IsVacantAccessKey(event);
+  return !form || press.Handled || TakeHelpKey(press) || TakeEnterOrEscape(press) ||
+         IsVacantAccessKey(event) || TakeTab(event);
+}
+
+// The toolkit looks for the next widget once the model has left the present one, which may turn others on.
+bool FormFace::TakeTab(const QKeyEvent& event) {
+  const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+  const auto* const area = qobject_cast<const QPlainTextEdit*>(window->focusWidget());
+  const bool writesIt = area && !area->tabChangesFocus();
+  if (!isTab || writesIt || event.modifiers().testFlag(Qt::ControlModifier)) return false;
+  bool leaves = true;
+  Tell([&model = *form, &leaves] { leaves = model.LeaveFocus(); });
+  if (form) SettleFocusLater();
+  return !form || !leaves;
 }
 
 bool FormFace::TakeHelpKey(const KeyPress& press) {

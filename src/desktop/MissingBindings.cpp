@@ -6,12 +6,10 @@
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFile>
 #include <QFrame>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QScrollArea>
@@ -153,11 +151,6 @@ class Faults {
 std::vector<std::string> MissingBindings(const Form& form) {
   const FormFace* face = FaceOf(form);
   return face ? Faults(*face).Find(form) : std::vector<std::string>{"form without window: " + form.Name()};
-}
-
-bool SaveScreenshot(const Form& form, const std::string& path) {
-  const FormFace* face = FaceOf(form);
-  return face && face->Window().grab().save(QFile::decodeName(path.c_str()), "PNG");
 }
 
 }  // namespace qel

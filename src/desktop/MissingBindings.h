@@ -12,7 +12,4 @@ namespace qel {
 // show or take something but belong to no control. The form must be loaded and have a face.
 std::vector<std::string> MissingBindings(const Form& form);
 
-// Writes the form's window as a PNG picture; false where it cannot.
-bool SaveScreenshot(const Form& form, const std::string& path);
-
 }  // namespace qel

@@ -20,6 +20,7 @@ class CalendarFace : public ControlFace {
   CalendarFace(FormFace& form, Calendar& model, QCalendarWidget& calendar)
       : ControlFace(form, model, &calendar), model(model), calendar(calendar) {
     calendar.setDateEditEnabled(false);  // its field would take the keys that the model is asked about
+    calendar.setDateRange({100, 1, 1}, {9999, 12, 31});  // what a date can be; the toolkit knows more
     NameParts();
     connect(&calendar, &QCalendarWidget::clicked, this, [this](const QDate& day) { Take(day, true); });
     connect(&calendar, &QCalendarWidget::selectionChanged, this, [this] {

@@ -1,13 +1,20 @@
-// What holds for every window: it has its room on the screen, however small that is, and tells the user who
-// cannot see it what each of its parts is. Run a second time on a screen of 400 x 400.
+// What holds for every window: each control has its widget, and each widget its control; it has its room on
+// the screen, however small that is; the tab key leads through it; and it tells the user who cannot see it
+// what each of its parts is. Run a second time on a screen of 400 x 400.
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QAction>
+#include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTabBar>
-#include <set>
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
 
 #include "ProgramTest.h"
+#include "desktop/MissingBindings.h"
+#include "desktop/QtValues.h"
 #include "support/ModemStore.h"
 
 namespace qel {
@@ -22,11 +29,11 @@ class EveryWindow : public ProgramTest {
     Holidays[0] = Today() - 1;
     UsedHolidays = 1;
     AddService(std::string(60, 'x'), "1", "");
+    SplashForm->Main = [] {};
   }
 
   // Shows each window, and each page of those that have tabs.
-  static void ForEachPage(const std::function<void(QWidget&, const std::string&)>& look) {
-    SplashForm->Main = [] {};
+  static void ForEachPage(const std::function<void(Form&, QWidget&, const std::string&)>& look) {
     MainForm->Show();  // as long as one is loaded the program goes on
     MainForm->btnProcess.UserClick();
     for (Form* form :
@@ -41,7 +48,7 @@ class EveryWindow : public ProgramTest {
       for (int page = 0; page < (tabs ? tabs->count() : 1); ++page) {
         if (tabs) tabs->setCurrentIndex(page);
         QTest::qWait(10);
-        look(window, form->Name() + (tabs ? " " + tabs->tabText(page).toStdString() : ""));
+        look(*form, window, form->Name() + (tabs ? " " + FromQt(tabs->tabText(page)) : ""));
       }
       if (form != &*MainForm) form->Unload();
     }
@@ -55,9 +62,12 @@ class EveryWindow : public ProgramTest {
   }
 };
 
-TEST_F(EveryWindow, StandsOnTheScreenAndCanBeUsedThere) {
-  ForEachPage([](QWidget& window, const std::string& name) {
-    window.grab().save(Picture("screen" + std::to_string(window.screen()->size().width()) + "-" + name));
+TEST_F(EveryWindow, IsWholeAndStandsOnTheScreenAndCanBeUsedThere) {
+  ForEachPage([](Form& form, QWidget& window, const std::string& name) {
+    for (const auto& fault : MissingBindings(form)) ADD_FAILURE() << name << ": " << fault;
+    const QSize screen = window.screen()->size();
+    window.grab().save(
+        QString("%1/screen%2-%3.png").arg(QEL_SCREENSHOTS).arg(screen.width()).arg(ToQt(name)));
     const QRect place = window.frameGeometry();
     EXPECT_TRUE(window.screen()->availableGeometry().contains(place))
         << name << ' ' << place.x() << ' ' << place.y() << ' ' << place.width() << ' ' << place.height();
@@ -69,18 +79,52 @@ TEST_F(EveryWindow, StandsOnTheScreenAndCanBeUsedThere) {
   });
 }
 
-TEST_F(EveryWindow, NamesWhateverTakesTheFocusOrAClick) {
-  const std::set<QString> fragments = {"Minutes", "Hours", "(0 = None)", "and",   "Hrs",
-                                       "Mins",    "--",    "Min(s)",     "Sec(s)"};
-  ForEachPage([&](QWidget& window, const std::string& page) {
-    for (QWidget* widget : window.findChildren<QWidget*>()) {
-      if (widget->focusPolicy() == Qt::NoFocus && !qobject_cast<QAbstractButton*>(widget)) continue;
-      if (!widget->isVisible()) continue;
-      const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).trimmed();
-      EXPECT_TRUE(name.size() > 1 && !name.startsWith('(') && !fragments.contains(name))
-          << page << ": " << widget->objectName().toStdString() << " \"" << name.toStdString() << '"';
-    }
+// Goes round both ways; each press leads to another control, in the toolkit and in the model.
+TEST_F(EveryWindow, IsWalkedThroughByTheTabKey) {
+  ForEachPage([](Form& form, QWidget& window, const std::string& name) {
+    if (std::ranges::count_if(form.Controls(), &Control::CanHaveFocus) < 2) return;
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window)) << name;
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab})
+      for (std::size_t i = 0; i < form.Controls().size(); ++i) {
+        QWidget* const left = window.focusWidget();
+        if (!form.ActiveControl() || !left) return;
+        QTest::keyClick(left, key, key == Qt::Key_Tab ? Qt::NoModifier : Qt::ShiftModifier);
+        for (int n = 0; n < 2; ++n) QCoreApplication::processEvents();
+        EXPECT_NE(window.focusWidget(), left) << name << ": " << FromQt(left->objectName());
+        EXPECT_EQ(FaceOf(form)->ControlOf(window.focusWidget()), form.ActiveControl()) << name;
+      }
   });
+}
+
+// Names and tool tips of all that takes the focus or a click. With QEL_ACCEPT=1 the file is written anew.
+TEST_F(EveryWindow, NamesWhateverTakesTheFocusOrAClick) {
+  std::string told;
+  const QString home = ToQt(folder.Path());
+  const auto tell = [&](const QObject& object, const QString& name, const QString& tip) {
+    QString line =
+        "  " + object.objectName() + " \"" + name + '"' + (tip.isEmpty() ? "" : " (" + tip + ")") + '\n';
+    told += line.replace(home, "~").toStdString();
+  };
+  ForEachPage([&](Form&, QWidget& window, const std::string& page) {
+    told += page + " \"" + window.windowTitle().toStdString() + "\"\n";
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+      if (!widget->isVisible()) continue;
+      const bool counts =
+          widget->focusPolicy() != Qt::NoFocus || qobject_cast<const QAbstractButton*>(widget);
+      if (!counts && widget->toolTip().isEmpty()) continue;
+      const QString name = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget))
+                               ->text(QAccessible::Name)
+                               .trimmed();
+      tell(*widget, name, widget->toolTip());
+      EXPECT_TRUE(!counts || (name.size() > 1 && !name.startsWith('('))) << told;
+    }
+    for (const QAction* action : window.findChildren<QAction*>())
+      if (action->isVisible() && !action->text().isEmpty()) tell(*action, action->text(), action->toolTip());
+  });
+  const std::string path = QEL_SOURCE_DIR "/tests/desktop/EveryWindow.expected";
+  if (std::getenv("QEL_ACCEPT")) std::ofstream(path) << told;
+  EXPECT_EQ(told, ReadWholeFile(path));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -12,6 +13,7 @@
 #include <QMouseEvent>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTest>
 #include <QToolBar>
 #include <QTreeView>
@@ -56,11 +58,12 @@ void ClickItem(QAbstractItemView& view, int row) {
 }  // namespace
 
 void FaceJourney::Start() {
+  toldEnd = false;
   Dispatch(qel::StartProgram);
   Settle();
 }
 
-bool FaceJourney::HasEnded() { return ProgramEnded(); }
+bool FaceJourney::HasEnded() { return ProgramEnded() && !std::exchange(toldEnd, true); }
 
 void FaceJourney::Stop(const std::string& why) {
   failure = why;
@@ -86,9 +89,12 @@ void FaceJourney::DoubleClick(Control& control) {
   auto& widget = WidgetOf<QWidget>(control);
   QWidget* target = &widget;
   QPoint at = widget.rect().center();
-  if (auto* view = qobject_cast<QAbstractItemView*>(&widget)) {
+  auto* view = qobject_cast<QAbstractItemView*>(&widget);
+  if (auto* calendar = qobject_cast<QCalendarWidget*>(&widget)) view = calendar->findChild<QTableView*>();
+  if (view) {
     target = view->viewport();
-    at = view->visualRect(view->currentIndex()).center();
+    const QModelIndex current = view->currentIndex();
+    at = (current.isValid() ? view->visualRect(current) : target->rect()).center();
   }
   QTest::mouseClick(target, Qt::LeftButton, {}, at);
   QTest::mouseDClick(target, Qt::LeftButton, {}, at);
@@ -120,6 +126,7 @@ void FaceJourney::ClickColumn(ListView& list, int column) {
   header.setOffset(std::max(0, header.sectionPosition(at) - 20));
   ClickAt(*header.viewport(),
           {header.sectionViewportPosition(at) + header.sectionSize(at) / 2, header.height() / 2});
+  header.setOffset(0);
   Settle();
 }
 
@@ -132,14 +139,22 @@ void FaceJourney::Type(Control& control, const std::string& text) {
   Settle();
   QTest::keySequence(&field, QKeySequence::SelectAll);
   if (text.empty()) QTest::keyClick(&field, Qt::Key_Delete);
-  QTest::keyClicks(&field, ToQt(text));
+  for (const QChar character : ToQt(text))
+    if (character < u'\x80')
+      QTest::keyClick(&field, character.toLatin1());
+    else
+      QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QString(character), {});
   Settle();
 }
 
 void FaceJourney::Press(Form& form, const std::string& key) {
   QWidget& window = FaceOf(form)->Window();
   QWidget* const focused = window.focusWidget() ? window.focusWidget() : &window;
-  QTest::keySequence(focused, QKeySequence(QString::fromStdString(key)));
+  QApplication::clipboard()->setText(ToQt(ClipboardText()));
+  if (key.size() == 1)
+    QTest::keyClick(focused, key.front());
+  else
+    QTest::keySequence(focused, QKeySequence(QString::fromStdString(key)));
   Settle();
 }
 

@@ -37,6 +37,7 @@ class FaceJourney : public Journey {
   void Activate(Form& form) override;
 
   std::string failure;
+  bool toldEnd = false;
 };
 
 }  // namespace qel

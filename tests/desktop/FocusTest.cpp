@@ -21,14 +21,10 @@ class Focus : public DesktopTest {
   int lost = 0, clicks = 0;
 };
 
-TEST_F(Focus, FollowsTheModelAndTheTabKey) {
+TEST_F(Focus, FollowsTheModelAndTheAccessKey) {
   EXPECT_TRUE(Get<QLineEdit>("inputStarting").hasFocus());
-  form.txtName.SetFocus();
-  EXPECT_TRUE(Get<QLineEdit>("txtName").hasFocus());
-  QTest::keyClick(&FaceOf(form)->Window(), Qt::Key_Tab);
-  EXPECT_TRUE(form.inputStarting.HasFocus());
   QTest::keyClick(&FaceOf(form)->Window(), Qt::Key_N, Qt::AltModifier);
-  EXPECT_TRUE(form.txtName.HasFocus()) << "the access key";
+  EXPECT_TRUE(form.txtName.HasFocus());
 }
 
 TEST_F(Focus, ABadFieldKeepsItAndSwallowsTheClickOfAButtonThatWantsIt) {
@@ -80,29 +76,6 @@ TEST_F(Focus, TheTabKeyPassesThroughListsAndChoosesNothingThere) {
   EXPECT_EQ(chosen, "");
 }
 
-TEST_F(Focus, KeysGoToTheFormAndTheControlUntilOneHandlesThem) {
-  std::string seen;
-  form.KeyDown = [&seen](KeyPress& press) {
-    seen += press.key == Key::F3 ? "form:F3 " : "form ";
-    press.Handled = press.key == Key::F3;
-  };
-  form.txtName.KeyDown = [&seen](KeyPress& press) {
-    seen += press.Character;
-    press.Handled = press.Character == 'z';
-  };
-  form.txtName.SetFocus();
-  auto& line = Get<QLineEdit>("txtName");
-  QTest::keyClick(&line, Qt::Key_F3);
-  QTest::keyClicks(&line, "yz");
-  EXPECT_EQ(seen, "form:F3 form yform z");
-  EXPECT_EQ(form.txtName.Text(), "y");
-}
-
-TEST_F(Focus, EscapeClicksTheButtonThatStandsForIt) {
-  QTest::keyClick(&Get<QLineEdit>("inputStarting"), Qt::Key_Escape);
-  EXPECT_EQ(clicks, 1);
-}
-
 TEST_F(Focus, TheWheelChoosesOnlyWhereTheFocusIs) {
   auto& list = Get<QComboBox>("lstUnit");
   for (const char* unit : {"minute", "hour"}) form.lstUnit.AddItem(unit);
@@ -129,18 +102,6 @@ TEST_F(Focus, TheMouseIsSeenOverControlsAndBesideThem) {
   QTest::mouseMove(&FaceOf(form)->Window(), {1, FaceOf(form)->Window().height() / 2});
   Settle();
   EXPECT_EQ(seen, "label form ");
-}
-
-TEST_F(Focus, TheCloseButtonAsksTheForm) {
-  QWidget& window = FaceOf(form)->Window();
-  form.refuses = true;
-  window.close();
-  EXPECT_TRUE(window.isVisible());
-  form.refuses = false;
-  window.close();
-  EXPECT_TRUE(form.WasUnloaded() && !window.isVisible());
-  EXPECT_EQ(FaceOf(form), nullptr);
-  form.txtName.Text = "nobody shows it";
 }
 
 }  // namespace

@@ -27,21 +27,25 @@ TEST_F(HostOfDesktop, ABoxAnswersByItsButtonsAndClosesOnlyWhereThatIsAnAnswer) {
     bool closes;
     int click;  // the button, where closing does nothing
     Answer answer;
+    const char* captions;
   } cases[] = {
-      {Buttons::OK, true, 0, Answer::OK},
-      {Buttons::OKCancel, true, 0, Answer::Cancel},
-      {Buttons::AbortRetryIgnore, false, 1, Answer::Retry},
-      {Buttons::YesNo, false, 1, Answer::No},
+      {Buttons::OK, true, 0, Answer::OK, "OK Help "},
+      {Buttons::OKCancel, true, 0, Answer::Cancel, "OK Cancel Help "},
+      {Buttons::AbortRetryIgnore, false, 1, Answer::Retry, "&Abort &Retry &Ignore Help "},
+      {Buttons::YesNo, false, 1, Answer::No, "&Yes &No Help "},
   };
   for (const auto& c : cases) {
     Then([&c] {
       QMessageBox& box = Box();
       EXPECT_EQ(box.text(), "a <b>\nc");
+      QString captions;
+      for (const QAbstractButton* button : box.buttons()) captions += button->text() + ' ';
+      EXPECT_EQ(captions, c.captions);
       QTest::keyClick(&box, Qt::Key_Escape);
       EXPECT_EQ(box.isVisible(), !c.closes);
       if (!c.closes) box.buttons()[c.click]->click();
     });
-    EXPECT_EQ(host.MessageBox({"a <b>\r\nc", "Title", Icon::Question, c.buttons}), c.answer);
+    EXPECT_EQ(host.MessageBox({"a <b>\r\nc", "Title", Icon::Question, c.buttons, 6}), c.answer);
   }
 }
 
@@ -153,6 +157,11 @@ TEST_F(HostOfDesktop, FiltersAndFailuresAreThoseOfThePlatform) {
             "Archive, Log (*.qel *.log *.txt);;Archive (*.qel);;Log (*.log *.txt);; All Files (*)");
   EXPECT_THROW(host.OpenDocument("/no/such/file.txt"), RunTimeError);
   EXPECT_THROW(host.StartProgram("/no/such/program"), RunTimeError);
+  Then([] {
+    EXPECT_EQ(Box().text(), "No program on this system opens this:\n\nhttps://qel.example/");
+    Box().buttons().front()->click();
+  });
+  host.OpenDocument("https://qel.example/");
 }
 
 // The number of pages of a job in 10 points on A4.

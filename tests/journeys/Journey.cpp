@@ -81,18 +81,16 @@ void Journey::PlayAct() {
   ++depth;
   handler->second(*this, act);
   if (HasEnded()) throw ProgramEnd();
-  if (--depth == 0) BringToTheFront();
+  if (--depth == 0 && !ActiveForm) BringToTheFront();
+  // Where the control that had the focus has gone, another one has it.
+  if (const Control* active = ActiveForm ? ActiveForm->ActiveControl() : nullptr;
+      active && !active->CanHaveFocus())
+    ActiveForm->MoveFocusOn();
   TellConsequences();
 }
 
-// As the window system does where the window in front has gone: the one before it comes. Where the control
-// that had the focus has gone, another one has it.
+// As the window system does where the window in front has gone: the one before it comes.
 void Journey::BringToTheFront() {
-  if (ActiveForm) {
-    const Control* const active = ActiveForm->ActiveControl();
-    if (active && !active->CanHaveFocus()) ActiveForm->MoveFocusOn();
-    return;
-  }
   for (auto name = fronts.rbegin(); name != fronts.rend(); ++name)
     if (Form* form = LoadedForm(*name); form && form->Visible()) return form->Activate();
   for (Form* form : LoadedForms)

@@ -39,6 +39,7 @@ class Journey : public Host {
   // Plays on while `goesOn` and there are acts left.
   void PlayWhile(const std::function<bool()>& goesOn);
   void RunModal(const std::function<bool()>& done) override;
+  std::string ClipboardText() override { return clipboard; }
 
   virtual void Start();
   virtual bool HasEnded() { return false; }
@@ -93,7 +94,6 @@ class Journey : public Host {
   bool IsLocked(LockKey key) override { return locked == (key == LockKey::Caps ? "Caps" : "Scroll"); }
   void SetMousePointer(MousePointer shape) override;
   void SetClipboardText(const std::string& text) override;
-  std::string ClipboardText() override { return clipboard; }
   void PlaySoundFile(const std::string& path) override;
   void Beep() override { Tell("beep"); }
   std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;

@@ -1,0 +1,196 @@
+// A monkey before the real windows. Whatever it does at random, the program neither crashes nor hangs, tells
+// of no fault of its own, and keeps its windows on the screen. It plays for QEL_MONKEY_SECONDS, round after
+// round; the first has the seed QEL_MONKEY_SEED, each other one the next.
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDeadlineTimer>
+#include <QMimeData>
+#include <QPointer>
+#include <QScreen>
+#include <QTimer>
+#include <csignal>
+#include <deque>
+#include <filesystem>
+#include <iostream>
+#include <random>
+#include <unistd.h>
+
+#include "ProgramTest.h"
+#include "core/EndProgram.h"
+#include "desktop/Dialogues.h"
+
+namespace qel {
+namespace {
+
+constexpr int ActsOfARound = 1000, PlacingActs = 300;  // until a new window has to be on the screen
+constexpr unsigned HangTime = 30;                      // seconds without an act
+
+unsigned seedOfRound = 0;
+std::deque<std::string> trail;  // the last acts
+
+void TellTrail(const char* what) {
+  std::cerr << what << " in the round of seed " << seedOfRound << ", after\n";
+  for (const std::string& act : trail) std::cerr << "  " << act << '\n';
+}
+
+void TellAndDie(int signal) {
+  std::signal(SIGABRT, SIG_DFL);
+  TellTrail(signal == SIGALRM ? "It hangs" : "It crashes");
+  std::abort();
+}
+
+class Monkey : public ProgramTest, private DesktopHost {
+ protected:
+  Monkey() {
+    SetHost(*this);
+    for (const int signal : {SIGABRT, SIGALRM}) std::signal(signal, TellAndDie);
+  }
+  ~Monkey() override { ::alarm(0); }
+
+  void PlayRound(unsigned seed) {
+    BeAsNew();
+    dice.seed(seedOfRound = seed);
+    trail.clear();
+    QApplication::clipboard()->clear();
+    folder.Empty();
+    const std::string share = QEL_SOURCE_DIR "/share/";
+    for (const auto& [name, sample] : {std::pair{"ModemLog.txt", "samples/ModemLog.txt"},
+                                       {"registry.reg", "samples/QEL.reg"},
+                                       {"QEL.HLP", "QEL.HLP"}})
+      if (Roll(4) > 0) folder.Put(name, ReadWholeFile(share + sample));
+    TipShown = false;
+    acts = 0;
+    QObject hand;
+    Arm(hand);
+    Dispatch(qel::StartProgram);
+    RunProgram();
+  }
+
+ private:
+  // It starts no program, opens no document, plays and prints nothing; its files lie in its folder.
+  void PlaySoundFile(const std::string&) override {}
+  void Print(const PrintJob&) override {}
+  void OpenDocument(const std::string&) override {}
+  void StartProgram(const std::string&) override {}
+  std::optional<std::string> AskOpenFile(const FileDialog& dialog) override {
+    const auto path = AskSaveFile(dialog);
+    return std::filesystem::exists(*path) ? path : std::nullopt;
+  }
+  std::optional<std::string> AskSaveFile(const FileDialog&) override {
+    return folder.Path(OneOf<const char*>({"ModemLog.txt", "kept.qel", "report.txt", "settings.reg"}));
+  }
+  // A number that is too big for its field is the user's mistake.
+  Answer ErrorBox(const RunTimeError& error, const Message& message) override {
+    EXPECT_TRUE(error.Number() == Overflow && ProcedureTrace.ends_with("_LostFocus")) << message.Text;
+    return Answer::Ignore;
+  }
+
+  int Roll(int sides) { return static_cast<int>(dice() % static_cast<unsigned>(std::max(1, sides))); }
+  template <class Thing>
+  Thing OneOf(const QList<Thing>& things) {
+    return things[Roll(static_cast<int>(things.size()))];
+  }
+
+  // Armed again before it acts: an act may bring up a window that waits for the next one.
+  void Arm(QObject& hand) {
+    QTimer::singleShot(0, &hand, [this, &hand] { Arm(hand), Act(); });
+  }
+
+  void Act() {
+    ::alarm(HangTime);
+    if (++acts > ActsOfARound || HasFailure()) return Dispatch([] { throw ProgramEnd(); });
+    QWidgetList windows, widgets;
+    for (QWidget* shown : QApplication::topLevelWidgets()) {
+      if (!shown->isVisible() || shown->windowType() == Qt::ToolTip) continue;
+      if (!IsKeptFrom(*shown)) windows.push_back(shown);
+      const bool isOff = !shown->screen()->availableGeometry().contains(shown->frameGeometry());
+      const int offFor = isOff && shown->windowType() != Qt::Popup ? shown->property("off").toInt() + 1 : 0;
+      shown->setProperty("off", offFor);
+      EXPECT_LT(offFor, PlacingActs) << shown->windowTitle().toStdString() << " is off the screen";
+    }
+    QWidget* window = QApplication::activePopupWidget();
+    if (!window) window = QApplication::activeWindow();
+    if (windows.isEmpty()) return;
+    if (!window || Roll(60) == 0) return OneOf(windows)->activateWindow();
+    widgets.push_back(window);
+    for (QWidget* inside : window->findChildren<QWidget*>())
+      if (inside->isVisible() && inside->window() == window) widgets.push_back(inside);
+    const int hand = Roll(20);
+    if (hand < 10) return UseMouse(*OneOf(widgets));
+    hand < 19 ? UseKeys(window->focusWidget() ? *window->focusWidget() : *window) : UseFrame(*window);
+  }
+
+  void Note(const std::string& act, const QWidget& what) {
+    trail.push_back(act + ' ' + what.window()->objectName().toStdString() + ' ' +
+                    what.metaObject()->className() + ' ' + what.objectName().toStdString());
+    if (trail.size() > 40) trail.pop_front();
+  }
+
+  void UseMouse(QWidget& widget) {
+    const QPoint at(Roll(widget.width()), Roll(widget.height())), to(Roll(500), Roll(500));
+    const int how = Roll(8);
+    Note("mouse " + std::to_string(how) + ' ' + std::to_string(at.x()) + ',' + std::to_string(at.y()),
+         widget);
+    const QPointer<QWidget> left = &widget;
+    if (how < 4) return QTest::mouseClick(&widget, Qt::LeftButton, {}, at);
+    if (how == 4) return QTest::mouseDClick(&widget, Qt::LeftButton, {}, at);
+    if (how == 5) {
+      QTest::mouseClick(&widget, Qt::RightButton, {}, at);
+      QContextMenuEvent menu(QContextMenuEvent::Mouse, at, widget.mapToGlobal(at));
+      if (left) QApplication::sendEvent(left, &menu);
+    } else if (how == 6) {
+      QTest::mousePress(&widget, Qt::LeftButton, {}, at);
+      if (left) QTest::mouseMove(left, to);
+      if (left) QTest::mouseRelease(left, Qt::LeftButton, {}, to);
+    } else {
+      const QPoint turns(0, Roll(2) ? 120 : -120);
+      QWheelEvent wheel(at, widget.mapToGlobal(at), {}, turns, {}, {}, Qt::NoScrollPhase, false);
+      QApplication::sendEvent(left, &wheel);
+    }
+  }
+
+  void UseKeys(QWidget& focus) {
+    const QPointer<QWidget> left = &focus;
+    std::string key = OneOf<std::string>({"11051998", "5550100", "0.05", "1", "9", "/", "-", "a", "\""});
+    const int how = Roll(6);
+    if (how == 2) key = std::string("Alt+") + static_cast<char>('A' + Roll(26));
+    if (how == 3) key = std::string("Ctrl+") + OneOf<char>({'V', 'V', 'X', 'C', 'A', 'Z', 'F', 'S', 'P'});
+    if (how > 3)
+      key = OneOf<std::string>({"", "", "Shift+", "Ctrl+"}) +
+            OneOf<const char*>({"Tab",       "Tab",   "Backtab", "Return", "Escape", "Up",     "Down",
+                                "Left",      "Right", "Home",    "End",    "PgUp",   "PgDown", "Del",
+                                "Backspace", "Space", "F1",      "F3",     "F10",    "Ins"});
+    Note("keys " + key, focus);
+    if (key == "Ctrl+V") {
+      auto* const clip = new QMimeData;  // the owner of a clipboard may offer no text, or nothing
+      const QString text = OneOf<const char*>({"", "<b>", "11/05/1998", "one\ntwo\r\n\tthree \u20ac \u4e00"});
+      if (!text.isEmpty()) text == "<b>" ? clip->setHtml(text) : clip->setText(text);
+      QApplication::clipboard()->setMimeData(clip);
+    }
+    if (how > 1) return QTest::keySequence(&focus, QKeySequence(key.c_str()));
+    for (const char character : key)
+      if (left) QTest::keyClick(left, character);
+  }
+
+  void UseFrame(QWidget& window) {
+    const QPoint room = window.screen()->availableGeometry().bottomRight() - window.frameGeometry().topLeft();
+    const int how = Roll(6);
+    Note("frame " + std::to_string(how), window);
+    if (how == 0 && (window.objectName() != "frmMain" || Roll(10) == 0)) return void(window.close());
+    if (window.windowType() != Qt::Popup) window.resize(Roll(room.x() - 10), Roll(room.y() - 10));
+  }
+
+  std::mt19937 dice;
+  int acts = 0;
+};
+
+TEST_F(Monkey, DoesNoHarm) {
+  QDeadlineTimer end(1000 * qEnvironmentVariable("QEL_MONKEY_SECONDS", "2").toInt());
+  unsigned seed = qEnvironmentVariable("QEL_MONKEY_SEED", "1").toUInt();
+  std::cerr << "The monkey begins with the seed " << seed << ".\n";
+  while (!HasFailure() && !end.hasExpired()) PlayRound(seed++);
+  if (HasFailure()) TellTrail("A failure");
+}
+
+}  // namespace
+}  // namespace qel
