@@ -36,7 +36,23 @@ class ErrorHandlerTest : public testing::Test {
   ScriptedHost host;
 };
 
+// Out of the optimizer's sight.
+[[gnu::noipa]] FileStamp StampOrRaise(bool fails) {
+  if (fails) Raise(FileNotFound);
+  return {1, 2};
+}
+
+[[gnu::noipa]] FileStamp PassedOver(const FileStamp& before) {
+  FileStamp stamp = before;
+  IgnoreErrors([&] { stamp = StampOrRaise(true); });
+  return stamp;
+}
+
 }  // namespace
+
+TEST_F(ErrorHandlerTest, LeavesWhatAFailedAssignmentWouldHaveChanged) {
+  EXPECT_TRUE((PassedOver({3, 4}) == FileStamp{3, 4}));
+}
 
 TEST_F(ErrorHandlerTest, EachErrorHasItsWordsButtonsAndResults) {
   std::string told;
