@@ -70,29 +70,9 @@ TEST(LineReader, LinesOfAnyLengthSurviveTheBlockBoundaries) {
   EXPECT_EQ(Lines(folder.Path("log")), lines);
 }
 
-TEST(Files, FailuresHaveTheNumbersOfThePlatform) {
+TEST(Files, APermissionThatIsMissingIsToldWhileReading) {
   const TemporaryFolder folder;
   folder.Put("file", "x");
-  const struct {
-    std::string name;
-    int number;
-  } cases[] = {{"missing", FileNotFound},
-               {"missing/file", PathNotFound},
-               {"file/below", PathNotFound},
-               {".", PathFileAccess},
-               {std::string(300, 'n'), BadFileName}};
-  for (const auto& c : cases) {
-    const std::string path = folder.Path(c.name);
-    EXPECT_EQ(ErrorOf([&] { LineReader reader(path); }), c.number) << c.name;
-    EXPECT_EQ(ErrorOf([&] { BlockReader reader(path); }), c.number) << c.name;
-    EXPECT_EQ(ErrorOf([&] { FileLength(path); }), c.number) << c.name;
-    if (c.number != FileNotFound) {
-      EXPECT_EQ(ErrorOf([&] { FileWriter writer(path); }), c.number) << c.name;
-      EXPECT_EQ(ErrorOf([&] { ReplaceFile(path, "new"); }), c.number) << c.name;
-    }
-  }
-  EXPECT_EQ(ErrorOf([&] { MakeFolders(folder.Path("file")); }), PathNotFound);
-  EXPECT_EQ(FolderOf("/root") + FolderOf("near") + FolderOf("/a/b"), "/./a");
   FailingDisk disk;
   const DiskInPlace inPlace(disk);
   disk.FailFrom(2, EACCES);
@@ -130,6 +110,27 @@ TEST(FileWriter, GoesOnWhereItStoppedWhenTheDiskHasRoomAgain) {
   EXPECT_EQ(ErrorOf([&] { writer.Close(); }), DiskFull);
   writer.Close();
   EXPECT_EQ(folder.Content("out"), first + second);
+}
+
+// Who has to undo a renaming asks no more than whether it raised.
+TEST(RenameFile, RaisesOnlyWhereTheFileIsWhereItWas) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.Path("far"));
+  TwoVolumes disk;
+  const DiskInPlace inPlace(disk);
+  for (void (*rename)(const std::string&, const std::string&) : {RenameFile, RenameToNew}) {
+    for (const char* target : {"near", "far/log"}) {
+      for (int n = 1; n == 1 || disk.Failed(); ++n) {
+        folder.Put("source", "content");
+        std::filesystem::remove(folder.Path(target));
+        disk.FailNth(n);
+        const bool raised = ErrorOf([&] { rename(folder.Path("source"), folder.Path(target)); }) != 0;
+        EXPECT_EQ(folder.Has("source"), raised) << target << n;
+        EXPECT_TRUE(raised || folder.Content(target) == "content") << target << n;
+        EXPECT_FALSE(raised && rename == RenameToNew && folder.Has(target)) << target << n;
+      }
+    }
+  }
 }
 
 TEST(ReplaceFile, WritesToAPipe) {

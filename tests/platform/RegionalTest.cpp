@@ -6,7 +6,6 @@
 #include <string>
 
 #include "platform/CodePage.h"
-#include "platform/PatternSeparator.h"
 #include "platform/Regional.h"
 #include "platform/RegistryStore.h"
 #include "platform/SystemLocale.h"
@@ -81,22 +80,6 @@ TEST_F(RegionalValuesTest, TheLocaleComesNext) {
     setenv("LC_ALL", name.c_str(), 1);
     EXPECT_EQ(Differences(ReadRegionalValues(RegistryStore())), wanted) << name;
   }
-}
-
-TEST(PatternSeparator, StandsBetweenTwoPlacesOfADateOrATime) {
-  for (const auto& [pattern, separator, withStroke, numbers] : Cases("platform/Separators")) {
-    EXPECT_EQ(SeparatorIn(pattern), separator) << pattern;
-    EXPECT_EQ(WithSeparator(pattern, "/"), withStroke) << pattern;
-    EXPECT_EQ(InNumbers(pattern), numbers) << pattern;
-  }
-}
-
-TEST(SystemLocale, FormatsOfStrftimeBecomePatterns) {
-  for (const auto& [format, pattern] : Cases<2>("platform/TimeFormats"))
-    EXPECT_EQ(PatternOfStrftime(format), pattern) << format;
-  EXPECT_EQ(PatternOfStrftime("%r", "%I.%M %p"), "hh.mm tt");
-  for (const char* format : {"%j", "%", "%-", "%G"}) EXPECT_FALSE(PatternOfStrftime(format)) << format;
-  EXPECT_FALSE(PatternOfStrftime("%r", "%r"));
 }
 
 TEST(SystemLocale, TextsComeInWindows1252) {

@@ -116,62 +116,6 @@ TEST_F(RegistryStoreTest, WhatTheFileCannotHoldIsRefused) {
   EXPECT_THROW(store.Set(Key, std::string("a\0b", 3), Text("1")), RunTimeError);
 }
 
-TEST_F(RegistryStoreTest, AFileThatMakesNoSenseIsSetAsideUnderANameOfItsOwn) {
-  folder.Put("registry.reg", "garbage");
-  EXPECT_EQ(ErrorOf([this] { Opened(Access::ReadOnly); }), DeviceError);
-  EXPECT_EQ(folder.Content("registry.reg"), "garbage");
-  std::string told;
-  for (const char* content : {"one", "REGEDIT4\ntwo", "REGEDIT4\n\nthree"}) {
-    folder.Put("registry.reg", content);
-    RegistryStore store = Opened();
-    for (const auto& file : store.TakeSetAside())
-      told += file.KeptAs.substr(file.Path.size()) + ", " + file.Why.substr(0, 8) +
-              ReadWholeFile(file.KeptAs) + "; ";
-    EXPECT_TRUE(store.Tree().empty() && store.TakeSetAside().empty() && !folder.Has("registry.reg"));
-  }
-  EXPECT_EQ(told, ".bad, line 1: one; .bad-2, line 2: REGEDIT4\ntwo; .bad-3, line 3: REGEDIT4\n\nthree; ");
-}
-
-TEST_F(RegistryStoreTest, WhatCannotBeReadIsRaisedAndLeftAsItIs) {
-  const auto refused = [this] {
-    RegistryStore store;
-    const int error = ErrorOf([&] { store.Open(path, Access::Shared); });
-    EXPECT_NE(error, 0);
-    store.CreateKey(Key);
-    store.Flush();
-    EXPECT_TRUE(store.TakeSetAside().empty());
-    return error;
-  };
-  fs::create_directory(path);
-  EXPECT_EQ(refused(), PathFileAccess);
-  EXPECT_TRUE(fs::is_empty(path));
-  fs::remove(path);
-  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
-  EXPECT_EQ(refused(), DeviceError);
-  fs::remove(path);
-
-  class : public FailingDisk {
-   public:
-    int Open(const std::string& file, int flags, mode_t mode) override {
-      const bool refused = isReadOnly ? (flags & O_CREAT) != 0 : (flags & O_ACCMODE) == O_RDONLY;
-      errno = EACCES;
-      return refused ? -1 : FailingDisk::Open(file, flags, mode);
-    }
-    bool isReadOnly = false;
-  } disk;  // which a test run by root needs
-  const DiskInPlace inPlace(disk);
-  PutOld();
-  EXPECT_EQ(refused(), PermissionDenied);
-  disk.isReadOnly = true;
-  RegistryStore store = Opened();
-  store.Set(Key, "a", Text("2"));
-  EXPECT_EQ(ErrorOf([&] { store.Flush(); }), PermissionDenied);
-  folder.Put("registry.reg", "garbage");
-  EXPECT_EQ(refused(), DeviceError) << "cannot be set aside either";
-  EXPECT_EQ(folder.Content("registry.reg"), "garbage");
-  EXPECT_EQ(folder.Entries(), 1);
-}
-
 TEST_F(RegistryStoreTest, AFlushSweepsWhatCrashesLeftAndNothingElse) {
   const pid_t ended = ::fork();
   if (ended == 0) ::_exit(0);
