@@ -45,6 +45,9 @@ class ToldDisk : public TwoVolumes {
     Tell("open", names[file], how + (flags & O_TRUNC ? ", emptied" : ""));
     return file;
   }
+  ssize_t Read(int file, void* data, std::size_t size) override {
+    return Can("give") ? Disk::Read(file, data, size) : Refused(EACCES);
+  }
   ssize_t Write(int file, const void* data, std::size_t size) override {
     return Tell("write", names[file], std::to_string(size)), Disk::Write(file, data, size);
   }
@@ -73,7 +76,7 @@ class ToldDisk : public TwoVolumes {
     return Can("remove " + Short(path)) ? Disk::Remove(path) : Refused(EACCES);
   }
   int MakeFolder(const std::string& path, mode_t mode) override {
-    return Tell("folder", Short(path), Octal(mode)), Disk::MakeFolder(path, mode(3));
+    return Tell("folder", Short(path), Octal(mode)), Disk::MakeFolder(path, mode);
   }
 
  private:

@@ -70,15 +70,6 @@ TEST(LineReader, LinesOfAnyLengthSurviveTheBlockBoundaries) {
   EXPECT_EQ(Lines(folder.Path("log")), lines);
 }
 
-TEST(Files, APermissionThatIsMissingIsToldWhileReading) {
-  const TemporaryFolder folder;
-  folder.Put("file", "x");
-  FailingDisk disk;
-  const DiskInPlace inPlace(disk);
-  disk.FailFrom(2, EACCES);
-  EXPECT_EQ(ErrorOf([&] { LineReader reader(folder.Path("file")); }), PermissionDenied);
-}
-
 TEST(Files, ClosedAllAtOnceTheyRaise52) {
   const TemporaryFolder folder;
   folder.Put("log", "one\ntwo\nthree\n");

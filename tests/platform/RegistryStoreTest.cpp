@@ -1,9 +1,6 @@
-#include <fcntl.h>
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
 #include <sstream>
-#include <sys/wait.h>
 
 #include "platform/Files.h"
 #include "platform/RegistryFile.h"
@@ -16,7 +13,6 @@
 namespace qel {
 namespace {
 
-namespace fs = std::filesystem;
 using Access = RegistryStore::Access;
 using Names = std::vector<std::string>;
 
@@ -107,32 +103,11 @@ TEST_F(SharedStores, LoseNoneOfEachOthersChanges) {
   }
 }
 
-TEST_F(RegistryStoreTest, WhatTheFileCannotHoldIsRefused) {
+TEST_F(RegistryStoreTest, ANameHoldsNoZeroByte) {
   RegistryStore store;
-  for (const std::string key :
-       {"", "SOFTWARE\\QEL", "HKEY_X\\\\A", "HKEY_X\\a\nb", "HKEY_X\\a] ;b", "HKEY_X\\a];b", "HKEY_X\\a]];b"})
-    EXPECT_THROW(store.CreateKey(key), RunTimeError) << key;
   store.CreateKey(Key);
-  EXPECT_THROW(store.Set(Key, std::string("a\0b", 3), Text("1")), RunTimeError);
-}
-
-TEST_F(RegistryStoreTest, AFlushSweepsWhatCrashesLeftAndNothingElse) {
-  const pid_t ended = ::fork();
-  if (ended == 0) ::_exit(0);
-  ASSERT_EQ(::waitpid(ended, nullptr, 0), ended);
-  const std::string gone = std::to_string(ended), running = std::to_string(::getpid());
-  const std::string strays[] = {"registry.reg." + gone + "-1.tmp", "registry.reg." + gone + "-12.tmp"};
-  const std::string others[] = {"registry.reg." + running + "-1.tmp",  "registry.reg." + gone + ".tmp",
-                                "registry.reg." + gone + "-1.tmp.txt", "registry.reg.bad",
-                                "other.reg." + gone + "-1.tmp",        "registry.reg.-" + gone + "-1.tmp"};
-  for (const auto& name : strays) folder.Put(name, "");
-  for (const auto& name : others) folder.Put(name, "");
-  PutOld();
-  RegistryStore store = Opened();
-  store.Set(Key, "a", Text("2"));
-  store.Flush();
-  for (const auto& name : strays) EXPECT_FALSE(folder.Has(name)) << name;
-  for (const auto& name : others) EXPECT_TRUE(folder.Has(name)) << name;
+  EXPECT_EQ(ErrorOf([&] { store.Set(Key, std::string("a\0b", 3), Text("1")); }), InvalidCall);
+  EXPECT_THROW(store.CreateKey("HKEY_X\\a\nb"), RunTimeError);
 }
 
 TEST_F(RegistryStoreTest, AFileThatCannotBeReadIsNotTakenForEmpty) {
