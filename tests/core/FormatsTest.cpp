@@ -1,8 +1,10 @@
 #include <sstream>
 
+#include "core/OSVersion.h"
 #include "platform/DateConversion.h"
 #include "platform/FormatMask.h"
 #include "support/Cases.h"
+#include "support/ErrorOf.h"
 #include "support/FreshProgram.h"
 #include "support/Regions.h"
 
@@ -21,18 +23,28 @@ std::string Formatted(const std::string& what, const std::string& given) {
   if (what == "time") return FormatTime(static_cast<float>(number), false);
   if (what == "no hours") return FormatTime(static_cast<float>(number), true);
   if (what == "value") return std::to_string(XVal(given));
-  return Format_Dplaces(given, Int16(std::stoi(what)));  // up to so many decimals
+  if (what == "date") return format_date(given);
+  if (what == "date by -") return format_date(given, "-");
+  if (what == "file name") return FileNamePart(given);
+  if (what == "folder") return FolderPart(given);
+  if (what == "before a dot") return TextBefore(given, ".");
+  if (what == "system") return SystemName(static_cast<PlatformId>(number), digits);
+  const int width = std::stoi(what.substr(what.rfind(' ') + 1));
+  return what.starts_with("zeros") ? PadLeft(given, '0', Int16(width)) : Format_Dplaces(given, Int16(width));
 }
 
 // The United States, and a region that swaps their decimal symbol and separator and writes no cents.
-TEST_F(Formats, NumbersAndAmountsFollowTheRegion) {
-  for (const auto& [what, given, own, german] : Cases("core/Formats")) {
+TEST_F(Formats, NumbersDatesAndAmountsFollowTheRegion) {
+  for (const auto& columns : CasesOf("core/Formats")) {
     for (const bool inGermany : {false, true}) {
       Region = inGermany ? Germany() : UnitedStates();
       NumberDecimal = Region.NumberDecimal, NumberThousand = Region.NumberThousand;
       CurrencyDigits = inGermany ? 0 : 2;
       TimeSeparator = inGermany ? "." : ":";
-      EXPECT_EQ(Formatted(what, given), inGermany ? german : own) << what << " " << given;
+      std::string text;
+      if (const int error = ErrorOf([&] { text = Formatted(columns.at(0), columns.at(1)); }))
+        text = "error " + std::to_string(error);
+      EXPECT_EQ(text, inGermany ? columns.back() : columns.at(2)) << columns[0] << " " << columns[1];
     }
   }
 }
@@ -51,18 +63,11 @@ TEST_F(Formats, NumbersNeedNoSeparators) {
 TEST_F(Formats, TheRegionIsReadOnce) {
   const std::string key = "HKEY_CURRENT_USER\\Control Panel\\International";
   Registry.CreateKey(key);
-  for (const auto& [name, value] : {std::pair{"sCountry", "Land"},
-                                    {"sCurrency", "Cur"},
-                                    {"iCurrency", "3"},
-                                    {"iCurrDigits", "4"},
-                                    {"sMonDecimalSep", "d"},
-                                    {"sMonThousandSep", "t"},
-                                    {"sDecimal", "D"},
-                                    {"sThousand", "T"},
-                                    {"sDate", "-"},
-                                    {"sTime", "."},
-                                    {"sShortDate", "d-M-yy"}})
-    Registry.Set(key, name, {REG_SZ, value + std::string(1, '\0')});
+  std::istringstream values(
+      "sCountry=Land sCurrency=Cur iCurrency=3 iCurrDigits=4 sMonDecimalSep=d sMonThousandSep=t sDecimal=D "
+      "sThousand=T sDate=- sTime=. sShortDate=d-M-yy");
+  for (std::string name, text; std::getline(values >> std::ws, name, '=') && values >> text;)
+    Registry.Set(key, name, {REG_SZ, text + '\0'});
   GetCurrencySymbolInfo();
   EXPECT_EQ(Country + " " + CurrencySymbol + " " + MoneyDecimal + MoneyThousand + NumberDecimal +
                 NumberThousand + DateSeparator + TimeSeparator + " " + ShortDatePattern,
@@ -72,23 +77,15 @@ TEST_F(Formats, TheRegionIsReadOnce) {
   EXPECT_EQ(MoneyText(2), "2D0000 Cur");
 }
 
-TEST_F(Formats, DatesFitTheirMask) {
-  EXPECT_EQ(format_date("1-5 -99", "-"), "01/05/99");
-  EXPECT_EQ(format_date("January 5, 1999"), "1/5/1999") << "no separators: the short date";
-  EXPECT_THROW(format_date("never"), RunTimeError);
-}
-
-TEST_F(Formats, TextsAreCutAndPadded) {
-  EXPECT_EQ(PadLeft(" 7 ", '0', 3) + PadLeft("1234", '0', 3) + PadLeft("", 'x', 2) + PadLeft("a", 'x', -1),
-            "0071234xxa");
-  EXPECT_EQ(FileNamePart("/a/b") + FileNamePart("b") + FileNamePart("/a/"), "bb");
-  EXPECT_EQ(FolderPart("/a/b") + FolderPart("b") + FolderPart("/a/"), "/a//a/");
-  EXPECT_EQ(TextBefore("a.b.c", ".") + TextBefore("abc", "."), "aabc");
+TEST_F(Formats, DaysAreKnownByTheirLongNames) {
   std::string days;
   for (std::size_t i = 0; i < 7; ++i)
     days += ShortDayNames[i] + std::to_string(DayIndex(LongDayNames[i])) +
             std::to_string(DayIndex(ShortDayNames[i]));
   EXPECT_EQ(days, "Mon10Tue20Wed30Thu40Fri50Sat60Sun70");
+}
+
+TEST_F(Formats, AFolderIsNoFile) {
   folder.Put("file", "");
   EXPECT_TRUE(FileExists(folder.Path("file")));
   EXPECT_FALSE(FileExists("") || FileExists(folder.Path()) || FileExists(folder.Path("none")));

@@ -14,6 +14,7 @@
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
 #include "core/EndProgram.h"
+#include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
@@ -120,6 +121,11 @@ const std::map<std::string, Journey::Handler> Journey::Acts = {
     {"trace", [](Journey& my, const Act&) { my.traces = true; }},
     {"meanwhile", [](Journey& my, const Act& act) { my.yieldsLeft = std::stoi(act.WordOr(1, "1")); }},
     // The user.
+    {"error",
+     [](Journey& my, const Act& act) {
+       const RunTimeError error(std::stoi(act.Word(1)), "Disk", 5);
+       my.Tell("result " + std::to_string(ErrorHandler(error)));
+     }},
     {"start", &Journey::start},
     {"click", &Journey::click},
     {"double-click",
