@@ -50,13 +50,11 @@ TEST_F(Formats, NumbersDatesAndAmountsFollowTheRegion) {
 }
 
 TEST_F(Formats, NumbersNeedNoSeparators) {
-  NumberDecimal = ",";
-  for (const char* thousand : {"", ","}) {
-    NumberThousand = thousand;
-    EXPECT_EQ(XVal("1234,5"), 1234.5);
+  for (const auto& [decimal, thousand, text] :
+       {std::tuple{",", "", "1234,5"}, {",", ",", "1234,5"}, {"", ",", "1234.5"}}) {
+    NumberDecimal = decimal, NumberThousand = thousand;
+    EXPECT_EQ(XVal(text), 1234.5);
   }
-  NumberDecimal = "";
-  EXPECT_EQ(XVal("1234.5"), 1234.5);
 }
 
 // The settings store says it, value by value.

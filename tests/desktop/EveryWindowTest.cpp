@@ -15,7 +15,6 @@
 #include "ProgramTest.h"
 #include "desktop/MissingBindings.h"
 #include "desktop/QtValues.h"
-#include "support/ModemStore.h"
 
 namespace qel {
 namespace {
@@ -24,7 +23,10 @@ class EveryWindow : public ProgramTest {
  protected:
   EveryWindow() {
     DefaultLog(LogOf("01-05-1999", "01-06-1999"));
-    Store({"\\Modem\\0000"});
+    const std::string modem = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\Class\\Modem\\0000";
+    Registry.CreateKey(modem);
+    Registry.Set(modem, "DriverDesc", {REG_SZ, "Internal 33600" + std::string(1, '\0')});
+    Registry.Set(modem, "Logging", {REG_BINARY, std::string(1, '\0')});
     PreConfigure(true);
     Holidays[0] = Today() - 1;
     UsedHolidays = 1;

@@ -1,4 +1,4 @@
-// A disk on which a chosen operation fails: once, from then on, or by ending the process there. For the loop
+// A disk on which a chosen operation fails: once, or from then on. For the loop
 //
 //   for (int n = 1; n == 1 || disk.Failed(); ++n) { disk.FailNth(n); ...; }
 //
@@ -6,8 +6,8 @@
 #pragma once
 
 #include <cerrno>
+#include <climits>
 #include <functional>
-#include <unistd.h>
 
 #include "platform/Disk.h"
 
@@ -18,10 +18,9 @@ class FailingDisk : public Disk {
   explicit FailingDisk(Disk& beneath = CurrentDisk()) : beneath(beneath) {}
 
   // Each starts counting anew; operations count from 1.
-  void FailNth(int operation, int systemError = EIO) { Plan(operation, systemError, Then::Recover); }
-  void FailFrom(int operation, int systemError = EIO) { Plan(operation, systemError, Then::KeepFailing); }
-  void EndProcessAt(int operation) { Plan(operation, 0, Then::EndProcess); }
-  void Mend() { Plan(0, 0, Then::Recover); }
+  void FailNth(int operation, int systemError = EIO) { Plan(operation, operation, systemError); }
+  void FailFrom(int operation, int systemError = EIO) { Plan(operation, INT_MAX, systemError); }
+  void Mend() { Plan(0, 0, 0); }
 
   std::function<void(int operation)> Before;  // what others do in front of an operation
   bool NoLeases = false;                      // as on a volume that knows none
@@ -89,22 +88,18 @@ class FailingDisk : public Disk {
   }
 
  private:
-  enum class Then { Recover, KeepFailing, EndProcess };
-
-  void Plan(int operation, int error, Then after) {
+  void Plan(int first, int last, int error) {
     operations = 0;
     failed = halfWritten = false;
-    failAt = operation;
+    failFrom = first;
+    failTo = last;
     systemError = error;
-    then = after;
   }
 
   bool Fails() {
     ++operations;
     if (Before) Before(operations);
-    const bool fails = operations == failAt || (operations > failAt && failed && then == Then::KeepFailing);
-    if (!fails) return false;
-    if (then == Then::EndProcess) ::_exit(0);
+    if (operations < failFrom || operations > failTo) return false;
     failed = true;
     errno = systemError;
     return true;
@@ -112,9 +107,8 @@ class FailingDisk : public Disk {
 
   Disk& beneath;
   int operations = 0;
-  int failAt = 0;
+  int failFrom = 0, failTo = 0;
   int systemError = EIO;
-  Then then = Then::Recover;
   bool failed = false;
   bool halfWritten = false;  // the next write tells of it
 };

@@ -4,14 +4,28 @@
 
 #include "core/EndProgram.h"
 #include "journeys/Script.h"
+#include "settings/Registry_Functions.h"
 #include "support/AnsweringHost.h"
 #include "support/FailingDisk.h"
 #include "support/FreshProgram.h"
-#include "support/ModemStore.h"
 #include "wizard/QELPreConfigure.h"
 
 namespace qel {
 namespace {
+
+const std::string ModemClass = "System\\CurrentControlSet\\Services\\Class";
+
+void SetModemText(const std::string& key, const std::string& name, const std::string& text) {
+  SetKeyValue(RegistryRoot::LocalMachine, ModemClass + key, name, text, REG_SZ);
+}
+
+// "name=text;" for each value of a modem's key, in alphabetical order.
+std::string ModemValues(const std::string& key) {
+  std::string all;
+  for (const auto& name : Registry.ValueNames(KeyPath(RegistryRoot::LocalMachine, ModemClass + key)))
+    all += name + "=" + TextOf(QueryValue(RegistryRoot::LocalMachine, ModemClass + key, name)) + ";";
+  return all;
+}
 
 // ~ is the folder.
 class ModemTest : public FreshProgram {
@@ -27,8 +41,13 @@ class ModemTest : public FreshProgram {
   // modem KEY NAME LOG LOGGING INIT [PORT or DIALOG], "" for what is missing
   void Modem(const Act& act) {
     const std::string &key = act.Word(1), &log = act.Word(3);
-    Store({key, act.Word(2), log.starts_with('~') ? folder.Path() + log.substr(1) : log, act.Word(4) == "on",
-           act.Word(5)});
+    CreatNewKey(ModemClass + key, RegistryRoot::LocalMachine);
+    SetModemText(key, "DriverDesc", act.Word(2));
+    if (!log.empty())
+      SetModemText(key, "LoggingPath", log.starts_with('~') ? folder.Path() + log.substr(1) : log);
+    if (!act.Word(5).empty()) SetModemText(key, "UserInit", act.Word(5));
+    SetKeyValue(RegistryRoot::LocalMachine, ModemClass + key, "Logging", Int32(act.Word(4) == "on"),
+                REG_BINARY);
     if (act.Word(4) == "bad") SetModemText(key, "Logging", "bad");
     SetModemText(key, key.starts_with("\\Ports") ? "ConfigDialog" : "AttachedTo", act.WordOr(6, ""));
   }
