@@ -1,17 +1,72 @@
+// Tables of what texts, numbers and dates become, a case a line: (region =>) given (=> by what) => result.
+// The region is the United States where none is named; the result is an error's number where one is raised.
+
 #include <limits>
+#include <map>
 #include <sstream>
 
 #include "platform/CheckedInteger.h"
 #include "platform/Clock.h"
-#include "platform/Conversions.h"
+#include "platform/CodePage.h"
 #include "platform/DateConversion.h"
 #include "platform/FormatMask.h"
 #include "platform/PatternSeparator.h"
 #include "platform/SystemLocale.h"
 #include "platform/TextConversion.h"
+#include "support/Cases.h"
+#include "support/ErrorOf.h"
+#include "support/Regions.h"
 
 namespace qel {
 namespace {
+
+using Text = const std::string&;
+using Conversion = std::string (*)(Text given, Text by);
+
+std::map<std::string, RegionalValues> MakeRegions() {
+  RegionalValues bare = Germany(), marked = Germany(), letter = Finland(), strokes = Finland(),
+                 french = International(), mar;
+  bare.NumberThousand = bare.CurrencySymbol = "";
+  marked.TimeSeparator = letter.TimeSeparator = french.TimeSeparator = "h";
+  marked.AM = "vorm.";
+  strokes.DateSeparator = "/";
+  strokes.ShortDatePattern = "dd/MM/yy";
+  mar.ShortMonths[2] = mar.ShortDays[1] = "mar";
+  return {
+      {"US", UnitedStates()},
+      {"Germany", Germany()},
+      {"International", International()},
+      {"Finland", Finland()},
+      {"Bare", bare},
+      {"Marked", marked},
+      {"Letter", letter},
+      {"Strokes", strokes},
+      {"French", french},
+      {"Mar", mar},
+      {"Marks", {.AM = "a.m.", .PM = "p.m."}},
+      {"OddMarks", {.AM = "1", .PM = "2"}},
+      {"Points", {.TimeSeparator = "."}},
+      {"Padded", {.TimePattern = "hh:mm tt"}},
+      {"NoMarks", {.TimePattern = "hh:mm tt", .AM = "", .PM = ""}},
+  };
+}
+
+const std::map<std::string, RegionalValues> Regions = MakeRegions();
+
+void ExpectTable(const std::string& name, Conversion conversion) {
+  for (auto& columns : CasesOf(name)) {
+    const std::string wanted = columns.back();
+    columns.pop_back();
+    const bool names = columns.size() > 1 && Regions.contains(columns.front());
+    Region = names ? Regions.at(columns.front()) : UnitedStates();
+    if (names) columns.erase(columns.begin());
+    columns.resize(2);
+    std::string result;
+    const auto convert = [&] { result = conversion(FromUtf8Lossy(columns[0]), columns[1]); };
+    if (const int error = ErrorOf(convert)) result = "error " + std::to_string(error);
+    EXPECT_EQ(ToUtf8(result), wanted) << name << ": " << columns[0] << " " << columns[1];
+  }
+}
 
 class Conversions : public RegionTest {
  protected:
@@ -107,7 +162,7 @@ TEST_F(Conversions, FormatsOfTheSystemBecomePatterns) {
 }
 
 TEST_F(Conversions, DateTextIsReadBackToTheSecond) {
-  for (const auto& [name, region] : Regions()) {
+  for (const auto& [name, region] : Regions) {
     Region = region;
     for (int second = 0; second < SecondsPerDay; second += 59) {
       const Date time = TimeSerial(0, 0, second);

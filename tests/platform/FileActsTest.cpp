@@ -214,7 +214,8 @@ TEST_P(FileActs, GoAsTold) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, FileActs,
-                         testing::Values("operations", "replacing", "renaming", "refusals", "stores"));
+                         testing::Values("operations", "replacing", "renaming", "refusals", "stores"),
+                         [](const auto& acts) { return std::string(acts.param); });
 
 }  // namespace
 }  // namespace qel
