@@ -1,6 +1,4 @@
-// Whole analyses, told by files that read as journeys do; with QEL_ACCEPT=1 they are written anew.
-#include <cstdlib>
-
+// Whole analyses, told by connections.analysis.
 #include "analysis/AnalysisTest.h"
 #include "analysis/FreeTime.h"
 
@@ -45,10 +43,7 @@ class ConnectionsTest : public AnalysisTest {
 };
 
 TEST_F(ConnectionsTest, AreRebuiltAndCharged) {
-  Script script(QEL_SOURCE_DIR "/tests/analysis/connections.analysis");
-  for (Act& act : script.Acts()) Play(act);
-  if (std::getenv("QEL_ACCEPT") != nullptr) script.Accept();
-  EXPECT_EQ(script.Difference(), "");
+  ExpectScript("analysis/connections.analysis", [this](Act& act) { Play(act); });
 }
 
 TEST_F(ConnectionsTest, FreeTimeIsTheOverlapOfTimesOfDay) {

@@ -1,6 +1,4 @@
 // The road of errors through an analysis, told by errors.analysis.
-#include <cstdlib>
-
 #include "analysis/AnalysisTest.h"
 #include "support/ErrorRoad.h"
 
@@ -67,10 +65,7 @@ class FailureTest : public AnalysisTest {
 };
 
 TEST_F(FailureTest, LeavesOutOneEffectAndNothingElse) {
-  Script script(QEL_SOURCE_DIR "/tests/analysis/errors.analysis");
-  for (Act& act : script.Acts()) act.Now = Play(act);
-  if (std::getenv("QEL_ACCEPT") != nullptr) script.Accept();
-  EXPECT_EQ(script.Difference(), "");
+  ExpectScript("analysis/errors.analysis", [this](Act& act) { act.Now = Play(act); });
 }
 
 }  // namespace qel

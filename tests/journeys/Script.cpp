@@ -1,7 +1,9 @@
 #include "journeys/Script.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <stdexcept>
 
 namespace qel {
@@ -88,6 +90,13 @@ void Script::Accept() const {
     if (!line.empty() && !line.starts_with('#') && !line.starts_with(">")) now = &(act++)->Now;
   }
   tell();
+}
+
+void ExpectScript(const std::string& name, const std::function<void(Act&)>& play) {
+  Script script(std::string(QEL_SOURCE_DIR) + "/tests/" + name);
+  for (Act& act : script.Acts()) play(act);
+  if (std::getenv("QEL_ACCEPT") != nullptr) script.Accept();
+  EXPECT_EQ(script.Difference(), "");
 }
 
 }  // namespace qel

@@ -1,9 +1,9 @@
 // A journey as a file: lines that act, and below each one, indented, what is seen then. A line that begins
-// with
-// "#" tells the reader what goes on; one that begins with "> " belongs to the act above it, as a line of a
-// file.
+// with "#" tells the reader what goes on; one that begins with "> " belongs to the act above it, as a line of
+// a file.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -38,5 +38,9 @@ class Script {
   std::vector<std::string> lines;  // without what is seen
   std::vector<Act> acts;
 };
+
+// Plays each act of a file below tests/ and holds what is seen against what was accepted; with QEL_ACCEPT=1
+// in the environment the file is written anew.
+void ExpectScript(const std::string& name, const std::function<void(Act&)>& play);
 
 }  // namespace qel

@@ -1,4 +1,8 @@
+#include <map>
+
+#include "journeys/Script.h"
 #include "maintenance/ToolRuns.h"
+#include "support/Cases.h"
 
 namespace qel {
 namespace {
@@ -61,7 +65,7 @@ class Meddler : public TwoVolumes {
  public:
   using TwoVolumes::TwoVolumes;
   int RenameNew(const std::string& from, const std::string& to) override {
-    moved += to.substr(to.rfind('.'));
+    moved += " " + to.substr(to.rfind('.'));
     if (to == at) std::exchange(deed, [] {})();
     return TwoVolumes::RenameNew(from, to);
   }
@@ -69,57 +73,35 @@ class Meddler : public TwoVolumes {
   std::function<void()> deed = [] {};
 };
 
+// The log is one that another program holds open, on a volume where writers are not held back.
 TEST_P(OtherWritersTest, WhatHappensInTheMidstHasOneOutcome) {
-  const std::string path = CurrentLogPath, result = ResultOf(Tools[0]);
-  const auto append = [&] { memory.AppendToHeld(line); };
-  const auto anotherStarts = [&] {
-    MendInterruptedSwap(path);
-    EXPECT_TRUE(host.messages.empty()) << "another QEL leaves alone what is in hand";
-  };
-  const char* const changed = "the log changed while it was read";
-  const struct {
-    std::string at;
-    std::function<void()> deed;
-    std::string log, kept, safety, moved, reason;
-  } cases[] = {
-      {path + ".qel-new", append, log + line, "", "older", ".qel-new", changed},
-      {path + ".qel-old", append, log + line, "", "older", ".qel-new.qel-old.txt", changed},
-      {path, append, result, log + line, "older", ".qel-new.qel-old.txt.txt.kept", changed},
-      {path, [&] { memory.Append(path, line); }, line, log, "older", ".qel-new.qel-old.txt.txt.kept",
-       "another program began a new log meanwhile"},
-      {path, anotherStarts, result, "", log, ".qel-new.qel-old.txt", ""},
-      {"", [] {}, result, "", log, ".qel-new.qel-old.txt", ""},
-  };
   Meddler meddler(memory);
-  meddler.NoLeases = true;
   const DiskInPlace inPlace(meddler);
-  for (const auto& c : cases) {
+  std::optional<LogSwap> another;
+  const std::map<std::string, std::function<void()>> deeds = {
+      {"nothing", [] {}},
+      {"append", [this] { memory.AppendToHeld(line); }},
+      {"begin", [this] { memory.Append(CurrentLogPath, line); }},
+      {"another-starts", [] { MendInterruptedSwap(CurrentLogPath); }},
+      {"another-rewrites", [&another] { another.emplace(CurrentLogPath); }},
+      {"hold-back", [&meddler] { meddler.NoLeases = false; }},
+      {"link", [this] { memory.PutLink(CurrentLogPath, CurrentLogPath + ".qel-old"); }}};
+  ExpectScript("maintenance/other-writers.tools", [&](Act& act) {
     Begin();
     memory.Put("/app/ModemLog.old", "older");
-    memory.Hold(path);
-    meddler.at = c.at;
-    meddler.deed = c.deed;
+    memory.Hold(CurrentLogPath);
+    meddler.NoLeases = true;
     meddler.moved.clear();
+    meddler.at = CurrentLogPath + (act.WordOr(1, "log") == "log" ? "" : act.Word(1));
+    meddler.deed = deeds.at(act.Words[0]);
+    if (act.Words.size() == 1) std::exchange(meddler.deed, [] {})();
     Purge();
-    EXPECT_EQ(Log(), c.log) << c.moved;
-    EXPECT_EQ(Kept(), c.kept) << c.moved;
-    EXPECT_EQ(Safety(), c.safety) << c.moved;
-    EXPECT_EQ(meddler.moved, c.moved);
-    EXPECT_EQ(reason, c.reason) << c.moved;
-  }
-  {
-    const LogSwap ofAnotherQEL(path);
-    EXPECT_FALSE(Purge());
-    EXPECT_EQ(reason, "another QEL is rewriting the log");
-  }
-  meddler.NoLeases = false;
-  memory.Hold(path);
-  EXPECT_FALSE(Purge());
-  EXPECT_EQ(reason, "another program holds the log open for writing");
-  Begin();
-  // As a run leaves it that ended between giving the second name and taking the first.
-  memory.PutLink(path, path + ".qel-old");
-  EXPECT_TRUE(Purge() && Kept().empty());
+    another.reset();
+    act.Now = {"moved" + meddler.moved, "log " + Folded(Log()), "safety copy " + Folded(Safety())};
+    if (!Kept().empty()) act.Now.push_back("kept " + Folded(Kept()));
+    if (!reason.empty()) act.Now.push_back("failed: " + reason);
+    for (const Message& message : host.messages) act.Now.push_back("message: " + message.Title);
+  });
 }
 
 INSTANTIATE_TEST_SUITE_P(Volumes, OtherWritersTest, ::testing::Values("/app", "/far"));
