@@ -46,6 +46,24 @@ TEST_F(ConnectionsTest, AreRebuiltAndCharged) {
   ExpectScript("analysis/connections.analysis", [this](Act& act) { Play(act); });
 }
 
+TEST_F(ConnectionsTest, LongLinesAndNulsAreTextABadTimeOrNumberIsToldAnUndatedLineIsTheEnd) {
+  const std::string noise(1 << 20, '\0');
+  Run("01-05-1999 10:00:00.0" + noise + "recv: atdt555<cr>" + noise +
+      "\n01-05-1999 x.0 CONNECTION ESTABLISHED\n   \n" + LogText("5 10:02 U; 5 10:02:01 R99999999999") +
+      "noise\n" + LogText("5 10:03 D666"));
+  EXPECT_EQ(ServiceTotals[1].Number, "555");
+  EXPECT_EQ(ServiceTotals[1].Connections, 1);
+  EXPECT_EQ(host.errors, (std::vector<std::string>{"Process, Log Entry: 2: Type mismatch",
+                                                   "Process, Log Entry: 4: Overflow"}));
+  EXPECT_EQ(EntriesProcessed, 4);
+  EXPECT_TRUE(LogCorrupt && !host.Showed("report"));
+  Run(LogText("5 10:00 D555"));
+  EXPECT_FALSE(LogCorrupt) << "an undated line is the log's that has it";
+  LogCorrupt = true;  // as other tests find it
+  Analyse();
+  EXPECT_TRUE(LogCorrupt);
+}
+
 TEST_F(ConnectionsTest, FreeTimeIsTheOverlapOfTimesOfDay) {
   service.FreePeriod = true;
   for (const auto& [from, to, call, seconds] : Cases("analysis/FreeTimes")) {
