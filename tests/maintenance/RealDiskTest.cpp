@@ -12,17 +12,12 @@
 namespace qel {
 namespace {
 
-class RealDisk : public FreshProgram {
- protected:
-  RealDisk() {
-    AppPath = folder.Path();
-    OpenLog(log);
-    ArchiveOpen = false;
-  }
-  const std::string log = "01-05-1999 10:00:00.00 - READS 1\r\n01-06-1999 10:00:00.00 - Reads 2\r\n";
-};
+using RealDisk = FreshProgram;
 
 TEST_F(RealDisk, NoLineIsMissingWithoutAWordAfterManyRewrites) {
+  AppPath = folder.Path();
+  OpenLog("01-05-1999 10:00:00.00 - READS 1\r\n01-06-1999 10:00:00.00 - Reads 2\r\n");
+  ArchiveOpen = false;
   constexpr int rewrites = 40;
   const auto begun = std::chrono::steady_clock::now();
   DoOptimize();

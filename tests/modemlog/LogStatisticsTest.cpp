@@ -48,13 +48,12 @@ class LogStatisticsTest : public FreshProgram {
   void Play(Act& act) {
     const std::string& what = act.Words[0];
     if (what == "most") return void(MaxLogSize = std::stoi(act.Word(1)));
+    if (what == "remove") return folder.Empty();
     if (what == "log") {
-      std::string text;
-      for (int times = std::stoi(act.WordOr(2, "1")); times > 0; --times) text += Unfolded(act.Word(1));
-      folder.Put("test.log", text + Unfolded(act.WordOr(3, "")));
+      folder.Put("test.log",
+                 Unfolded(act.Word(1), std::stoi(act.WordOr(2, "1"))) + Unfolded(act.WordOr(3, "")));
       return SetCurrentLog(folder.Path("test.log"));
     }
-    if (what == "remove") return folder.Empty();
     int yields = 0;
     host.yielded = [&yields] { ++yields; };
     host.pointer = MousePointer::Default;

@@ -26,14 +26,12 @@ class AnsweringHost : public ScriptedHost {
   std::vector<Answer> turns = {Answer::Ignore};
 };
 
-// Keeps the pointer, the progress and the yielding too.
+// Keeps the pointer and the yielding too.
 class TellingHost : public AnsweringHost {
   void SetMousePointer(MousePointer shape) override {
     transcript.push_back(shape == MousePointer::Default ? "pointer" : "hourglass");
   }
   void Yield() override { transcript.push_back("yield"); }
-  void ShowProgress(bool visible) override { transcript.push_back(visible ? "progress" : "no progress"); }
-  void Progress(Int16 percent) override { transcript.push_back("progress: " + std::to_string(percent)); }
 };
 
 }  // namespace qel

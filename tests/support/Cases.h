@@ -36,7 +36,7 @@ std::vector<std::array<std::string, Columns>> Cases(const std::string& name) {
   return rows;
 }
 
-inline std::string Unfolded(const std::string& text) {
+inline std::string Unfolded(const std::string& text, int times = 1) {
   std::string lines;
   for (std::size_t at = 0; at < text.size(); ++at) {
     if (text[at] == '|') {
@@ -48,7 +48,9 @@ inline std::string Unfolded(const std::string& text) {
       lines += text[at] == '/' ? '\n' : text[at];
     }
   }
-  return lines;
+  std::string all;
+  for (; times > 0; --times) all += lines;
+  return all;
 }
 
 inline std::string Folded(std::string lines) {

@@ -153,11 +153,9 @@ class MemoryDisk : public Disk {
     return names[path] = std::make_shared<Node>(Node{.mode = mode, .number = numbers, .changed = numbers});
   }
   Node& At(int file) { return *open.at(file).node; }
-  void Append(Node& node, const std::string& text) {
-    if (!text.empty()) Change(node, node.content + text);
-  }
-
+  void Append(Node& node, const std::string& text) { Change(node, node.content + text); }
   void Change(Node& node, std::string content) {
+    if (content == node.content) return;
     node.content = std::move(content);
     node.changed = ++numbers;
   }

@@ -12,51 +12,48 @@ class TariffDays : public WindowTest {
   TariffDays() {
     std::tie(ShortDayNames, LongDayNames) = std::pair(Germany().ShortDays, Germany().LongDays);
     TariffCopy.Make(MaxTariffs - 1);
+    TariffCopyCount = 1;
+    NewTariff = false;
+    ServiceForm->lstDialTimeTariff.SetRows({{"Evening", {}}});
+    ServiceForm->lstDialTimeTariff.SelectRow(1);
   }
 
   // The first entry of the working copy.
   frmTariff& Edit(const std::string& days) {
-    TariffForm.Reset();
-    NewTariff = false;
     TariffCopy[0] = {.Description = "Evening",
                      .AppliesDays = days,
-                     .AppliesTimeStart = TimeSerial(18, 0, 0),
                      .AppliesTimeEnd = TimeSerial(23, 59, 0),
                      .DialRate = 0.1,
                      .Unit = "Per Minute"};
-    TariffCopyCount = 1;
-    ServiceForm->lstDialTimeTariff.SetRows({{"Evening", {}}});
-    ServiceForm->lstDialTimeTariff.SelectRow(1);
+    TariffForm.Reset();
     TariffForm->Show();
     return *TariffForm;
+  }
+  std::string Written() {
+    TariffForm->btnOK.UserClick();
+    return TariffCopy[0].AppliesDays;
   }
 };
 
 TEST_F(TariffDays, WrittenInEnglishAreShownAndKeptInAnotherLanguage) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {{"Mon - Fri", "Mo - Fr", "Mon - Fri"},
-                                                                     {"Sa - So", "Sa - So", "Sa - So"},
-                                                                     {"Tuesday", "Tuesday", "Tuesday"}};
-  for (const auto& [stored, shown, written] : cases) {
-    frmTariff& window = Edit(stored);
-    EXPECT_EQ(window.lstDialTimeTariffDialDays.Text(), shown);
-    window.btnOK.UserClick();
-    EXPECT_EQ(TariffCopy[0].AppliesDays, written);
+  const std::pair<const char*, const char*> cases[] = {
+      {"Mon - Fri", "Mo - Fr"}, {"Sa - So", "Sa - So"}, {"Tuesday", "Tuesday"}};
+  for (const auto& [stored, shown] : cases) {
+    EXPECT_EQ(Edit(stored).lstDialTimeTariffDialDays.Text(), shown);
+    EXPECT_EQ(Written(), stored);
     Edit(stored).lstDialTimeTariffDialDays.UserChoose(8);
-    TariffForm->btnOK.UserClick();
-    EXPECT_EQ(TariffCopy[0].AppliesDays, "Dienstag") << stored;
+    EXPECT_EQ(Written(), "Dienstag") << stored;
   }
   EXPECT_TRUE(host.messages.empty());
 }
 
 TEST_F(TariffDays, OfBothLanguagesStandInOneOrder) {
-  BoundedArray<TariffRecord> tariffs;
-  tariffs.Make(1);
-  tariffs[0].AppliesDays = "Mon - Fri";
-  tariffs[0].AppliesTimeStart = TimeSerial(18, 0, 0);
-  tariffs[1].AppliesDays = "Mo - Fr";
+  TariffCopy[0].AppliesDays = "Mon - Fri";
+  TariffCopy[0].AppliesTimeStart = TimeSerial(18, 0, 0);
+  TariffCopy[1].AppliesDays = "Mo - Fr";
   Int16 selected = 1;
-  OrderTariffs(tariffs, 2, selected);
-  EXPECT_EQ(tariffs[0].AppliesDays, "Mo - Fr") << "the same days go by their time";
+  OrderTariffs(TariffCopy, 2, selected);
+  EXPECT_EQ(TariffCopy[0].AppliesDays, "Mo - Fr") << "the same days go by their time";
 }
 
 }  // namespace

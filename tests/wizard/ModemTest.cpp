@@ -1,4 +1,6 @@
 // What the wizard finds in a store, and what a change writes there, told by modems.wizard.
+#include <map>
+
 #include "core/EndProgram.h"
 #include "journeys/Script.h"
 #include "settings/Registry_Functions.h"
@@ -79,17 +81,13 @@ class ModemTest : public FreshProgram {
     if (what == "file") return folder.Put(act.Word(1), "kept");
     host.transcript.clear();
     const std::string answer = act.WordOr(3, "");
-    host.AnswerErrors({answer == "Retry"   ? Answer::Retry
-                       : answer == "Abort" ? Answer::Abort
-                                           : Answer::Ignore,
-                       Answer::Ignore});
+    static const std::map<std::string, Answer> Answers = {{"Retry", Answer::Retry}, {"Abort", Answer::Abort}};
+    host.AnswerErrors({Answers.contains(answer) ? Answers.at(answer) : Answer::Ignore, Answer::Ignore});
     const DiskInPlace inPlace(disk);
     answer.empty() ? disk.Mend() : disk.FailFrom(1, ENOSPC);
     try {
-      if (what == "change")
-        DoChange(Int16(std::stoi(act.Word(1))));
-      else
-        Tell(act, PreConfigure(what == "ask") ? "wizard" : "quiet");
+      if (what == "change") DoChange(Int16(std::stoi(act.Word(1))));
+      if (what != "change") Tell(act, PreConfigure(what == "ask") ? "wizard" : "quiet");
     } catch (const ProgramEnd&) {
       Tell(act, "the program ends");
     }
