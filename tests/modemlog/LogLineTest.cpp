@@ -97,6 +97,7 @@ TEST_F(LogLine, ANewLogHasOneEntryAndComesInTheWayOfNone) {
         << n;
     if (n == 0) operations = disk.Operations();
   }
+  disk.Before = nullptr;
   EXPECT_EQ(ErrorOf([] { NewModemLog("/"); }), FileAlreadyExists);
   EXPECT_EQ(ErrorOf([] { NewModemLog("/none/log"); }), PathNotFound);
 }
