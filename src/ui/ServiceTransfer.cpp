@@ -125,7 +125,7 @@ void frmService::WriteService(ServiceRecord& service) const {
 // Both ends of the free time are kept while it is switched off. They are taken by their entries, not by their
 // texts: no regional separator can come between.
 void frmService::WriteServiceCost(ServiceRecord& service) const {
-  Attempt([&] { service.Block = Int16(Val(txtServiceBlock.Text())); });
+  service.Block = Int16(Val(txtServiceBlock.Text()));
   service.MaxCharge = XVal(txtMaxCharge.Text);
   service.FreePeriod = chkFreePeriod.Value;
   service.FreeStart = QuarterHour(lstFreePeriodStart.ListIndex());
@@ -136,7 +136,7 @@ void frmService::WriteServiceCost(ServiceRecord& service) const {
   service.ServiceOption = ServiceOption;
   service.ServiceRate = XVal(txtServiceFixedRate.Text);
   service.FlexRate = XVal(txtServiceFlexRate.Text);
-  Attempt([&] { service.UpToHours = Int16(Val(txtServiceFlexHours.Text())); });
+  service.UpToHours = Int16(Val(txtServiceFlexHours.Text()));
   service.PenaltyPeriod = lstServiceFlexPeriod.Text();
   service.FlexRate2 = XVal(txtServiceFlexRate2.Text);
 }

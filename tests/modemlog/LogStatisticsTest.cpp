@@ -64,7 +64,7 @@ TEST_F(LogStatistics, AnExaminationFindsAllThereIsToKnow) {
   std::size_t yields = 0;
   host.yielded = [&yields] { ++yields; };
   Examine(LogHealth::Unknown);
-  EXPECT_EQ(Found(), "0 bytes, 0 entries, none to none:");
+  EXPECT_EQ(Found(), "0 bytes, 0 entries, none to none: empty");
   Examined(good);
   EXPECT_EQ(yields, 2u) << "for the hourglass of either pass";
   EXPECT_TRUE(host.messages.empty());
