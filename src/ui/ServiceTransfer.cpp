@@ -28,7 +28,6 @@ void ShowIn(ComboBox& list, const std::string& text) {
   Attempt([&] { list.SetText(text); });
 }
 
-// Raises 9 behind the last tariff that there can be; those before it are copied then.
 void CopyTariffs(const ServiceRecord& service) {
   for (TariffCopyCount = 0; TariffCopyCount < service.UsedTariffs; ++TariffCopyCount) {
     TariffRecord& copy = TariffCopy[TariffCopyCount];
@@ -62,11 +61,11 @@ void frmService::LoadNewService() {
 
 void frmService::LoadService() {
   ServiceIndex = Int16(SetupForm->lstServices.SelectedRow() - 1);
-  Attempt([this] { ShowService(Services[ServiceIndex]); });
+  ShowService(Services[ServiceIndex]);
 }
 
 void frmService::ShowService(const ServiceRecord& service) {
-  Attempt([&] { CopyTariffs(service); });
+  CopyTariffs(service);
   SelectedTariff = 1;
   txtDescription.Text = service.ServiceName;
   txtNumber.Text = service.ServiceNumber;

@@ -44,6 +44,7 @@ class Journey : public Host {
   virtual std::string AnswerTo(const Message& message, const std::vector<std::string>& possible);
   std::size_t NextAct() const { return next; }
   bool DiskFailed() const { return failing.Failed(); }
+  void Tell(std::string line);
   std::string Shortened(std::string text) const;
 
   virtual void Start();
@@ -86,7 +87,6 @@ class Journey : public Host {
   RegistryTree StoredTree() const;
   void TellStore();
   void TellDisk();
-  void Tell(std::string line);
   void TellLines(const std::string& text);
   std::string WithFolder(std::string text) const;
 

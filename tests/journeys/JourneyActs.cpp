@@ -409,7 +409,8 @@ void Journey::show(const Act& act) {
     return TellLines(IsUtf8(content) ? FromUtf8Lossy(content) : content);
   }
   const auto dot = act.Word(1).find('.');
-  if (!LoadedForm(act.Word(1).substr(0, dot))) return Tell("not to be seen");
+  if (const Form* form = LoadedForm(act.Word(1).substr(0, dot)); !form || !form->Visible())
+    return Tell("not to be seen");
   if (dot != std::string::npos) {
     for (const Shown& control : WindowText(FormNamed(act.Word(1).substr(0, dot)), false))
       if (control.Name == act.Word(1).substr(dot + 1)) return TellChanged(control);

@@ -43,7 +43,7 @@ class JourneyTest : public WindowTest {
   const std::string path;
 };
 
-// The errors from one act on are answered in turns, over and over; those before it are ignored, and other
+// The errors from one act on are answered in turns, over and over; those before it are told, and other
 // questions answered by their first button.
 class HinderedJourney : public Journey {
  public:
@@ -57,9 +57,10 @@ class HinderedJourney : public Journey {
  private:
   Answer ErrorBox(const RunTimeError& error, const Message& message) override {
     if (message.Title == error.Source() + " - Error") return Answer::Abort;  // the second answer counts
-    if (NextAct() <= from) return Answer::Ignore;
-    Errors.push_back(ModuleTrace + "." + ProcedureTrace + ", " + Shortened(StepTrace) + ": " +
-                     error.Description());
+    const std::string text =
+        ModuleTrace + "." + ProcedureTrace + ", " + Shortened(StepTrace) + ": " + error.Description();
+    if (NextAct() <= from) return Tell("ignored: " + text), Answer::Ignore;
+    Errors.push_back(text);
     return turns[(Errors.size() - 1) % turns.size()];
   }
   void SetClipboardText(const std::string& /*text*/) override {}  // the errors' report
@@ -84,7 +85,7 @@ class RoadTest : public JourneyTest {
   };
 
   void Play(Script& script) override {
-    Run(script, 0, {Answer::Ignore});
+    Run(script, script.Acts().size(), {Answer::Ignore});
     for (std::size_t at = 0; at < script.Acts().size(); ++at)
       if (Act& act = script.Acts()[at]; act.Words[0] == "each") act.Now = Road(at, act.Word(1) == "failure");
   }
@@ -128,8 +129,7 @@ class RoadTest : public JourneyTest {
   }
 
   Outcome Run(Script& script, std::size_t from, const std::vector<Answer>& turns) {
-    for (const auto& entry : std::filesystem::directory_iterator(folder.Path()))
-      std::filesystem::remove_all(entry);
+    folder.Empty();
     HinderedJourney journey(script, folder, BeAsNew, from, turns);
     journey.Play();
     ResetWindows();
