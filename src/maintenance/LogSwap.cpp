@@ -56,6 +56,12 @@ std::string PutBackOrKeep(const std::string& log) {
   }
 }
 
+bool Holds(const std::string& path, std::string_view text) {
+  bool same = false;
+  IgnoreErrors([&] { same = ReadWholeFile(path) == text; });
+  return same;
+}
+
 // True where the log was put back.
 bool Mend(const std::string& log) {
   const std::string aside = AsidePath(log), replacement = ReplacementPath(log);
@@ -175,7 +181,13 @@ void LogSwap::RescueLateLines() {
 void WriteLog(const std::string& path, std::string_view text, const std::optional<FileStamp>& seen) {
   if (IsStream(path)) return ReplaceFile(path, text);
   if (!seen && !PathExists(path)) return CreateFile(path, text);
-  LogSwap(path, seen).PutTextInPlace(text, "");
+  try {
+    LogSwap(path, seen).PutTextInPlace(text, "");
+  } catch (const LogFailure&) {
+    throw;
+  } catch (const RunTimeError&) {
+    if (!Holds(path, text)) throw;  // what fails behind the exchange does not undo it
+  }
 }
 
 void MendInterruptedSwap(const std::string& log) {

@@ -79,7 +79,8 @@ class LogSwap {
 };
 
 // Writes a log, archive or not: a new one, or in the place of one that is as it was `seen` (or is now). No
-// safety copy is made. Raises as LogSwap does; 58 for a new one where somebody else made it meanwhile.
+// safety copy is made. Raises as LogSwap does, but for a failure behind which the text stands in the log; 58
+// for a new one where somebody else made it meanwhile.
 void WriteLog(const std::string& path, std::string_view text,
               const std::optional<FileStamp>& seen = std::nullopt);
 

@@ -149,6 +149,7 @@ void Examine(LogHealth health, bool keepPointer) {
   Attempt([] { LogExists = FileExists(CurrentLogPath); });
   if (!LogExists) {
     LogTooBig = LogInvalid = false;
+    LogEmpty = true;
     return;
   }
   const bool told = health == LogHealth::UnknownTold;

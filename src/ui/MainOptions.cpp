@@ -116,7 +116,7 @@ void frmMain::mnuImport_Click() {
   std::string why;
   const auto file = FindSettingsFile(*path, why);
   if (!file) return TellNotImported(*path, why);
-  if (!Attempt([&file] { ImportOptions(*file); })) return;
+  ImportOptions(*file);
   SaveRegistry();
   const std::string before = ModemLogDir + ModemLogFile;
   LoadSettingsAnew();

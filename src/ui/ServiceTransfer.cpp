@@ -28,7 +28,6 @@ void ShowIn(ComboBox& list, const std::string& text) {
   Attempt([&] { list.SetText(text); });
 }
 
-// Raises 9 behind the last tariff that there can be; those before it are copied then.
 void CopyTariffs(const ServiceRecord& service) {
   for (TariffCopyCount = 0; TariffCopyCount < service.UsedTariffs; ++TariffCopyCount) {
     TariffRecord& copy = TariffCopy[TariffCopyCount];
@@ -62,11 +61,11 @@ void frmService::LoadNewService() {
 
 void frmService::LoadService() {
   ServiceIndex = Int16(SetupForm->lstServices.SelectedRow() - 1);
-  Attempt([this] { ShowService(Services[ServiceIndex]); });
+  ShowService(Services[ServiceIndex]);
 }
 
 void frmService::ShowService(const ServiceRecord& service) {
-  Attempt([&] { CopyTariffs(service); });
+  CopyTariffs(service);
   SelectedTariff = 1;
   txtDescription.Text = service.ServiceName;
   txtNumber.Text = service.ServiceNumber;
@@ -125,7 +124,7 @@ void frmService::WriteService(ServiceRecord& service) const {
 // Both ends of the free time are kept while it is switched off. They are taken by their entries, not by their
 // texts: no regional separator can come between.
 void frmService::WriteServiceCost(ServiceRecord& service) const {
-  Attempt([&] { service.Block = Int16(Val(txtServiceBlock.Text())); });
+  service.Block = Int16(Val(txtServiceBlock.Text()));
   service.MaxCharge = XVal(txtMaxCharge.Text);
   service.FreePeriod = chkFreePeriod.Value;
   service.FreeStart = QuarterHour(lstFreePeriodStart.ListIndex());
@@ -136,7 +135,7 @@ void frmService::WriteServiceCost(ServiceRecord& service) const {
   service.ServiceOption = ServiceOption;
   service.ServiceRate = XVal(txtServiceFixedRate.Text);
   service.FlexRate = XVal(txtServiceFlexRate.Text);
-  Attempt([&] { service.UpToHours = Int16(Val(txtServiceFlexHours.Text())); });
+  service.UpToHours = Int16(Val(txtServiceFlexHours.Text()));
   service.PenaltyPeriod = lstServiceFlexPeriod.Text();
   service.FlexRate2 = XVal(txtServiceFlexRate2.Text);
 }

@@ -25,13 +25,17 @@ void frmSetup::WireHolidays() {
 
 void frmSetup::LoadHolidays() {
   SetTrace("frmSetup", "LoadHolidays");
-  Attempt([this] {
-    for (int i = 0; i < UsedHolidays; ++i)
-      if (Holidays[i] >= Today()) holidays.push_back(Holidays[i]);
-    ShowPastHolidays(UsedHolidays - static_cast<int>(holidays.size()));
-  });
+  int past = 0;
+  for (int i = 0; i < UsedHolidays; ++i) {
+    const Date day = Holidays[i];
+    if (day < Today())
+      ++past;
+    else if (Attempt([day] { FormatDate(day, "Short Date"); }))  // else no list can show it
+      holidays.push_back(day);
+  }
+  ShowPastHolidays(past);
   CalHolidays.Value = Today();
-  Attempt([this] { ShowHolidays(0); });
+  ShowHolidays(0);
 }
 
 // Tariffs for holidays hold on them, so reports on their days change with the saving.
@@ -76,7 +80,7 @@ void frmSetup::AddHoliday() {
       isLast ? holidays.end()
              : std::find_if(holidays.begin(), holidays.end(), [day](Date listed) { return listed >= day; });
   const auto added = holidays.insert(place, day);
-  Attempt([&] { ShowHolidays(static_cast<int>(added - holidays.begin())); });
+  ShowHolidays(static_cast<int>(added - holidays.begin()));
 }
 
 void frmSetup::btnAdd_Click() {
@@ -90,7 +94,7 @@ void frmSetup::btnRemove_Click() {
   if (chosen < 0) return;
   holidays.erase(holidays.begin() + chosen);
   lblUsedHolidays.ForeColor = SystemColour::WindowText;
-  Attempt([&] { ShowHolidays(chosen); });
+  ShowHolidays(chosen);
 }
 
 void frmSetup::lstHolidays_Click() {

@@ -66,9 +66,7 @@ void frmSetup::WireServices() {
 
 void frmSetup::ShowServices() {
   SetTrace("frmSetup", "ShowServices");
-  Attempt([this] {
-    for (int i = 0; i < UsedServices; ++i) lstServices.AddRow(RowOf(Services[i]));
-  });
+  for (int i = 0; i < UsedServices; ++i) lstServices.AddRow(RowOf(Services[i]));
   if (lstServices.RowCount() > 0) SelectRow(1);
 }
 

@@ -60,7 +60,7 @@ void frmSetup::Form_Load() {
   mskNoDisconDuration.Mask = "##" + TimeSeparator + "##" + TimeSeparator + "##";
   Label8.Caption = "hh" + TimeSeparator + "mm" + TimeSeparator + "ss";
   SetTrace("frmSetup", "Form_Load");
-  Attempt([this] { snapshot.Take(); });
+  snapshot.Take();
   ShowGeneral();
   ShowMarkers();
   optShowErrors.Value = ShowErrors;

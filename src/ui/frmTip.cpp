@@ -53,10 +53,11 @@ void frmTip::Form_Load() {
 bool frmTip::LoadTips(const std::string& fileName) {
   SetTrace("frmTip", "LoadTips");
   if (!FileExists(fileName)) return false;
-  tips.clear();
+  std::vector<std::string> read;
   LineReader file(fileName);
-  for (std::string_view line; file.Next(line);) tips.emplace_back(line);
+  for (std::string_view line; file.Next(line);) read.emplace_back(line);
   file.Close();
+  tips = std::move(read);
   ShowNextTip();
   return true;
 }

@@ -137,14 +137,16 @@ bool frmViewLog::SaveLogFile(const std::string& path) {
   const bool ran = Attempt([&] {
     try {
       WriteLog(path, TextViewLog.Text() + NewLine, PathExists(path) ? std::optional(opened) : std::nullopt);
-      opened = StampOf(path);
     } catch (const LogFailure& failure) {
       inOtherHands = failure.Reason();
     }
   });
   CurrentHost().SetMousePointer(MousePointer::Default);
   const bool saved = ran && inOtherHands.empty();
-  if (saved) EnableSave(false);
+  if (saved) {
+    EnableSave(false);
+    Attempt([&] { opened = StampOf(path); });
+  }
   // The handler would end the program, and the changes with it.
   if (!inOtherHands.empty())
     MsgBox({"Your changes have not been saved:\r\n" + inOtherHands +

@@ -258,13 +258,18 @@ Answer Journey::MessageBox(const Message& message) {
   Tell(line);
   TellLines(message.Text);
   if (possible.size() == 1) return Answer::OK;
-  const Act& act = script.Acts()[current];
-  if (answers.empty()) Fail(act, "nobody answers \"" + message.Title + '"');
-  const std::string answer = answers.front();
-  answers.pop_front();
-  if (std::ranges::find(possible, answer) == possible.end()) Fail(act, "an answer that no button gives");
+  const std::string answer = AnswerTo(message, possible);
+  if (std::ranges::find(possible, answer) == possible.end())
+    Fail(script.Acts()[current], "an answer that no button gives");
   Tell("answered " + answer);
   return static_cast<Answer>(std::ranges::find(AnswerNames, answer) - AnswerNames);
+}
+
+std::string Journey::AnswerTo(const Message& message, const std::vector<std::string>& /*possible*/) {
+  if (answers.empty()) Fail(script.Acts()[current], "nobody answers \"" + message.Title + '"');
+  std::string answer = std::move(answers.front());
+  answers.pop_front();
+  return answer;
 }
 
 // The script goes on in the modal window.

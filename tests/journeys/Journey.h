@@ -40,6 +40,12 @@ class Journey : public Host {
   void PlayWhile(const std::function<bool()>& goesOn);
   void RunModal(const std::function<bool()>& done) override;
   std::string ClipboardText() override { return clipboard; }
+  // The next one of the script, unless somebody else answers.
+  virtual std::string AnswerTo(const Message& message, const std::vector<std::string>& possible);
+  std::size_t NextAct() const { return next; }
+  bool DiskFailed() const { return failing.Failed(); }
+  void Tell(std::string line);
+  std::string Shortened(std::string text) const;
 
   virtual void Start();
   virtual bool HasEnded() { return false; }
@@ -81,9 +87,7 @@ class Journey : public Host {
   RegistryTree StoredTree() const;
   void TellStore();
   void TellDisk();
-  void Tell(std::string line);
   void TellLines(const std::string& text);
-  std::string Shortened(std::string text) const;
   std::string WithFolder(std::string text) const;
 
   // Host

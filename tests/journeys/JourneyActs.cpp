@@ -106,6 +106,7 @@ const std::map<std::string, Journey::Handler> Journey::Acts = {
     {"font", &Journey::font},
     {"clip", [](Journey& my, const Act& act) { my.clipboard = FromUtf8Lossy(act.Word(1)); }},
     {"disk", &Journey::disk},
+    {"each", [](Journey&, const Act&) {}},  // of errors, in the way of the act behind it
     {"hold", [](Journey& my,
                 const Act& act) { my.held[act.Word(1)].open(my.folder.Path(act.Word(1)), std::ios::app); }},
     {"release", [](Journey& my, const Act& act) { my.held.erase(act.Word(1)); }},
@@ -407,7 +408,10 @@ void Journey::show(const Act& act) {
     const std::string content = folder.Content(act.Word(2));
     return TellLines(IsUtf8(content) ? FromUtf8Lossy(content) : content);
   }
-  if (const auto dot = act.Word(1).find('.'); dot != std::string::npos) {
+  const auto dot = act.Word(1).find('.');
+  if (const Form* form = LoadedForm(act.Word(1).substr(0, dot)); !form || !form->Visible())
+    return Tell("not to be seen");
+  if (dot != std::string::npos) {
     for (const Shown& control : WindowText(FormNamed(act.Word(1).substr(0, dot)), false))
       if (control.Name == act.Word(1).substr(dot + 1)) return TellChanged(control);
     return Tell("not to be seen");
