@@ -145,9 +145,9 @@ const std::map<std::string, Journey::Handler> Journey::Acts = {
     {"follow", [](Journey& my, const Act& act) { my.Follow(my.NamedAs<Document>(act), act.Word(2)); }},
     {"point", &Journey::point},
     {"width",
-     [](Journey& my, const Act& act) {
-       my.NamedAs<ListView>(act).UserColumnWidth(std::stoi(act.Word(2)), std::stoi(act.Word(3)));
-     }},
+     [](Journey& my,
+        const Act&
+            act) { my.NamedAs<ListView>(act).UserColumnWidth(std::stoi(act.Word(2)), std::stoi(act.Word(3))); }},
     {"move", &Journey::move},
     {"resize", &Journey::resize},
     {"minimize", &Journey::state},
