@@ -165,6 +165,7 @@ void FormFace::PushGeometry() {
   if (size != shownSize) {
     shownSize = size;
     if (!window->isMaximized() && !window->isMinimized()) window->resize(size);
+    BringOntoScreen(*window);
   }
   // Only when the program changes it: the user's change may be on its way here.
   if (std::exchange(shownState, form->WindowState()) == form->WindowState()) return;
