@@ -23,6 +23,14 @@ void frmMain::WireStatistics() {
   PicAnimQel.DblClick = [this] { PicAnimQel_DblClick(); };
 }
 
+void frmMain::ShowStatLabels(bool visible) {
+  for (Label* label :
+       {&LabelHeading, &LabelHeading2, &LabelLogName, &LabelLogName2, &LabelLogPath, &LabelLogPath2,
+        &LabelLogLength, &LabelLogLength2, &LabelLogEntries, &LabelLogEntries2, &LabelLogFirst,
+        &LabelLogFirst2, &LabelLogLast, &LabelLogLast2, &LabelLogSpan, &LabelLogSpan2})
+    label->Visible = visible;
+}
+
 void frmMain::SetStatDisplay() {
   SetTrace("frmMain", "SetStatDisplay");
   const bool found = LogExists || ArchiveOpen;

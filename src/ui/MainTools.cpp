@@ -50,6 +50,7 @@ void frmMain::NameLogCommands() {
 
 void frmMain::mnuClearLog_Click() {
   SetTrace("frmMain", "mnuClearLog_Click");
+  KeepWindowSize();
   const Message question{
       "You are about to delete your modem log. Before clearing this log, \n"
       "you should save it as an archive if you haven't done so already.\n"
@@ -99,6 +100,7 @@ void frmMain::mnuPurgeLog_Click() {
 void frmMain::mnuOptimize_Click() {
   SetTrace("frmMain", "mnuOptimize_Click");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  KeepWindowSize();
   Optimize();
   ReadLogAgain();
   CurrentHost().SetMousePointer(MousePointer::Default);
@@ -143,6 +145,11 @@ void frmMain::EnableControls(bool enabled) {
 
 void frmMain::EnableRecentMenu(bool state) {
   for (MenuItem& item : mnuRecent) item.Enabled = state;
+}
+
+void frmMain::KeepWindowSize() {
+  MainWinWidth = Width();
+  MainWinHeight = Height();
 }
 
 // Whether the log is corrupt is the caller's to say.

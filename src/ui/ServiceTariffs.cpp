@@ -42,7 +42,10 @@ void frmService::SetTariffColumns() {
                                 {"After (Unit Size)", 1550}});
 }
 
-void frmService::SortTariffs() { OrderTariffs(TariffCopy, TariffCopyCount, SelectedTariff); }
+void frmService::SortTariffs() {
+  SetTrace("frmService", "SortTariffs");
+  Attempt([this] { OrderTariffs(TariffCopy, TariffCopyCount, SelectedTariff); });
+}
 
 void frmService::DisplayTariffs() {
   SetTrace("frmService", "DisplayTariffs");
@@ -83,18 +86,25 @@ void frmService::SetTariffButtons() {
 }
 
 void frmService::btnDialTimeTariffNew_Click() {
-  NewTariff = true;
-  ShowTariffEditor();
-  if (NewTariff) SelectedTariff = TariffCopyCount;
+  if (TariffCopyCount < MaxTariffs) {
+    NewTariff = true;
+    ShowTariffEditor();
+    if (NewTariff) SelectedTariff = TariffCopyCount;
+  } else {
+    CurrentHost().Beep();
+  }
   SortTariffs();
   DisplayTariffs();
   ShowTariffCount();
   SetTariffButtons();
+  RefreshOKButton();
   ShowTariffSummary();
+  lstDialTimeTariff.SetFocus();
 }
 
 void frmService::btnDialTimeTariffEdit_Click() {
   if (!btnDialTimeTariffEdit.Enabled || lstDialTimeTariff.SelectedRow() == 0) return;
+  SelectedTariff = Int16(lstDialTimeTariff.SelectedRow());
   NewTariff = false;
   ShowTariffEditor();
   SortTariffs();

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int TelephoneIcon = 3;
 constexpr char NoService[] = "No service is selected.";
+constexpr char NoRoom[] = "There is room for no more services.";
 
 constexpr int MostNamed = 3;
 
@@ -109,7 +110,9 @@ bool frmSetup::EditService(bool isNew) {
 
 void frmSetup::btnNew_Click() {
   SetTrace("frmSetup", "btnNew_Click");
-  if (HasRecord(UsedServices) && EditService(true)) {
+  if (UsedServices >= MaxServices) {
+    Refuse(lstServices, NoRoom);
+  } else if (HasRecord(UsedServices) && EditService(true)) {
     ++UsedServices;
     AddServiceRow(UsedServices - 1);
   }
@@ -194,6 +197,7 @@ void frmSetup::btnScan_Click() {
   SetTrace("frmSetup", "btnScan_Click");
   const std::string path = ModemLogDir + ModemLogFile;
   StepTrace = PathText(path);
+  ProgressBar1.SetValue(0);
   ProgressBar1.Visible = true;
   fralblServices.Visible = false;
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
@@ -212,6 +216,7 @@ void frmSetup::btnScan_Click() {
   const bool done = Attempt([&] { ScanForServices(path, show, proceed); });
   CurrentHost().SetMousePointer(MousePointer::Default);
   if (!IsLoaded()) return;
+  ProgressBar1.SetValue(100);
   ProgressBar1.Visible = false;
   fralblServices.Visible = Settings[2].Visible();  // the user may have gone to another tab
   if (done || found > 0) TellScanned(found);

@@ -48,7 +48,9 @@ void frmMain::Form_Load() {
   }
   EnableByLog();
   setLogExtents();
+  HideStatDisplay();
   SetStatDisplay();
+  DisplayStats();
   StatusIndex = 1;  // dates that the window was given are nobody's mistake
   FormLoading = false;
   ForgetComplaint();
@@ -168,8 +170,7 @@ bool frmMain::Form_Unload() {
 
 void frmMain::SaveMainWinSettings() {
   SetTrace("QELMain", "SaveMainWinSettings");
-  MainWinWidth = Width();
-  MainWinHeight = Height();
+  KeepWindowSize();
   const std::string key = std::string(SettingsKey) + "\\General";
   SetKeyValue(SettingsRoot, key, "MainWinWidth", MainWinWidth, REG_DWORD);
   SetKeyValue(SettingsRoot, key, "MainWinHeight", MainWinHeight, REG_DWORD);

@@ -200,12 +200,16 @@ class frmMain : public Form, public Display, public PeriodFields {
   void EnableControls(bool enabled);
   void EnableRecentMenu(bool state);
   bool ClearsUnsavedLog();
+  void KeepWindowSize();
   void UseNewDefaultLog();
   void ShowAnew();
   void ShowActiveDate();
   void ReadLogAgain();
   static void ReadDefaultLog(const std::string& folder, const std::string& file);
 
+  void HideStatDisplay() { ShowStatLabels(false); }
+  void DisplayStats() { ShowStatLabels(true); }
+  void ShowStatLabels(bool visible);
   void SetStatDisplay();
   void SetDateStatistics();
   void SetStatus(int index);

@@ -104,6 +104,7 @@ void frmReport::Form_Activate() {
 bool frmReport::Form_Unload() {
   SetTrace("frmReport", "Form_Unload");
   StoreSettings();
+  SaveReportSettings = mnuSaveSettings.Checked();
   ReportAutoArrange = mnuAutoArrange.Checked();
   if (content != Content::File) ReportListView = mnuListView.Checked();
   if (SaveReportSettings)

@@ -73,11 +73,14 @@ void frmService::Form_Load() {
   DisplayTariffs();
   ShowTariffCount();
   ShowTariffSummary();
+  SetTariffButtons();
+  RefreshOKButton();
 }
 
 void frmService::Form_Activate() {
   CurrentHost().SetMousePointer(MousePointer::Default);
   TabStrip1_Click();
+  txtDescription.SetFocus();
 }
 
 void frmService::FillComboBoxes() {

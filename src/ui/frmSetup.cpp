@@ -85,12 +85,17 @@ void frmSetup::TabStrip1_Click() {
   btnDefaults.Enabled = btnDefaults.Visible = tab == ModemTab;
   fralblServices.Visible = tab == ServicesTab && !ProgressBar1.Visible;
   HelpContextID = Pages[tab - 1].HelpContext;
-  if (tab == ServicesTab && UsedServices > 0) lstServices.SetFocus();
+  if (tab != ServicesTab)
+    TabStrip1.SetFocus();
+  else if (UsedServices > 0)
+    lstServices.SetFocus();
 }
 
 void frmSetup::Form_KeyDown(KeyPress& press) {
   if (SelectNextTabByKey(TabStrip1, press)) return;
-  if (press.key == Key::Delete && TabStrip1.SelectedTab() == ServicesTab) DeleteService();
+  if (press.key != Key::Delete || TabStrip1.SelectedTab() != ServicesTab) return;
+  press.Handled = true;
+  DeleteService();
 }
 
 void frmSetup::btnSave_Click() {
@@ -100,8 +105,13 @@ void frmSetup::btnSave_Click() {
   Unload();
 }
 
+void frmSetup::restoreOldValues() {
+  SetTrace("frmSetup", "restoreOldValues");
+  Attempt([this] { snapshot.Restore(); });
+}
+
 bool frmSetup::Form_Unload() {
-  if (!saved) snapshot.Restore();
+  if (!saved) restoreOldValues();
   LogPathChanged = saved && snapshot.Differs({&ModemLogFile, &ModemLogDir});
   if (LogPathChanged) LogCorrupt = LogTooBig = false;
   if (regionalSettingsOpened)

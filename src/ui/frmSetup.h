@@ -160,6 +160,7 @@ class frmSetup : public Form {
   void Form_KeyDown(KeyPress& press);
   void TabStrip1_Click();
   void btnSave_Click();
+  void restoreOldValues();
   static void EnableField(Control& field, bool enabled);
 
   void WireGeneral();
