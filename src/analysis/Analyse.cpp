@@ -25,6 +25,10 @@ void MakeArrays() {
   Attempt([] { Connections.Make(MaxConnections); });
   StepTrace = "Penalty Arrays";
   Attempt([] { Penalties.Make(MaxServices); });
+  StepTrace = "Clr Analysis Vars";
+  ClearAnalysisVars();
+  StepTrace = "Clr Analysis Arrays";
+  ClearAnalysisArrays();
 }
 
 bool NextLine(LineReader& log, std::string_view& line) {

@@ -58,10 +58,16 @@ void OpenSlot(const std::string& number) {
 }  // namespace
 
 void NewDial() {
+  CurrentService = 0;
+  ServicesExceeded = false;
+  ConnectionsExceeded = false;
   std::string number = "Answered Calls";
   if (!AnsweredPending) {
     number = CutDialledNumber(CurrentLine);
-    if (!IsValidNumber(number)) return;
+    if (!IsValidNumber(number)) {
+      Connected = false;
+      return;
+    }
   }
   OpenConnection(number);
   OpenSlot(number);

@@ -136,7 +136,10 @@ void TakeWrites() {
 void Idle(unsigned classes) {
   const bool DialledPending = classes & DialLine;
   AnsweredPending = classes & AnswerLine;
-  if (DialledPending || AnsweredPending) NewDial();
+  if (DialledPending || AnsweredPending) {
+    NewDial();
+    Connected = false;
+  }
   if (classes & ConnectLine) ConnectWithoutDial();
   if (classes & ReadsLine) TakeReads();
   if (classes & WritesLine) TakeWrites();

@@ -1,5 +1,7 @@
 #include "ui/frmSplash.h"
 
+#include <cmath>
+
 #include "core/ProgramState.h"
 #include "core/Version.h"
 #include "platform/Host.h"
@@ -22,6 +24,15 @@ frmSplash::frmSplash() : Form("frmSplash") {
 void frmSplash::Form_Load() {
   SetTrace("frmSplash", "Form_Load");
   SetDisplay(*this);
+  Picture1.Left = Picture1.Top = 0;
+  Width = Picture1.Width;
+  Height = Picture1.Height;
+  const auto place = [this](Label& label, double factor) {
+    label.Top = static_cast<int>(std::lround(factor * (Picture1.Height - label.Height)));
+    label.Left = static_cast<int>(std::lround(factor * (Picture1.Width - label.Width)));
+  };
+  place(SplashLabel1, 0.5);
+  place(LabelVersion, 0.89);
   LabelVersion.Caption = "Version " + std::to_string(VersionMajor) + "." + std::to_string(VersionMinor);
   Show();
   CurrentHost().Paint();

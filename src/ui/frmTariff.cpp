@@ -70,9 +70,9 @@ void frmTariff::ConnectLists() {
   const auto check = [this] { CheckOKBtn(); };
   lstDialTimeTariffDescrip.SelectsOnTab = false;
   lstDialTimeTariffDescrip.Change = check;
-  lstDialTimeTariffDescrip.Click = check;
+  lstDialTimeTariffDescrip.Click = lstDialTimeTariffDescrip.LostFocus = check;
   lstDialTimeTariffDescrip.GotFocus = [this] { lstDialTimeTariffDescrip.TextSelected = NewTariff; };
-  lstDialTimeTariffDialDays.Click = check;
+  lstDialTimeTariffDialDays.Click = lstDialTimeTariffDialDays.LostFocus = check;
 
   lstDialTimeTariffDialStart.Click = [this] { lstDialTimeTariffDialStart_Click(); };
   lstDialTimeTariffDialEnd.Click = [this] { lstDialTimeTariffDialEnd_Click(); };
@@ -185,6 +185,7 @@ void frmTariff::lstDialTimeTariffDialEnd_Click() {
   ComboBox &start = lstDialTimeTariffDialStart, &end = lstDialTimeTariffDialEnd;
   Assist(end);
   if (end.Text() < start.Text()) start.SetListIndex(end.ListIndex());
+  CheckOKBtn();
   if (Visible()) end.SetFocus();
 }
 
@@ -194,7 +195,10 @@ void frmTariff::TimeList_GotFocus(ComboBox& list) {
   lblAssist.Enabled = lblAssist.Visible = true;
 }
 
-void frmTariff::TimeList_LostFocus() { lblAssist.Enabled = lblAssist.Visible = false; }
+void frmTariff::TimeList_LostFocus() {
+  lblAssist.Enabled = lblAssist.Visible = false;
+  CheckOKBtn();
+}
 
 // Spells the time out in 12 hours, since the lists are in 24.
 void frmTariff::Assist(const ComboBox& list) {
@@ -236,6 +240,8 @@ std::string frmTariff::Missing() const {
       {!lstDialTimeTariffDescrip.Text().empty(), "Give the tariff a description."},
       {!lstDialTimeTariffDialDays.Text().empty(), "Choose the days on which the tariff applies."},
       {!lstDialTimeTariffDialStart.Text().empty(), "Choose when the tariff starts."},
+      {!lstDialTimeTariffDialEnd.Text().empty(), "Choose when the tariff ends."},
+      {!lstDialTimeTariffUnit.Text().empty(), "Choose a charge interval."},
       {DialRate.Valid(), "Enter the cost per call as an amount."},
       {MinuteRate.Valid(), "Enter the rate as an amount."},
       {!byMinute || AfterMins.Valid(), "Let the rate start after 0 to 999 minutes."},
@@ -243,6 +249,8 @@ std::string frmTariff::Missing() const {
       {byMinute || UnitMins.Valid(), "Give a unit 1 to 999 minutes."},
       {byMinute || UnitSecs.Valid(), "Give a unit 0 to 60 seconds."},
       {charges > 0, "Give the tariff a cost per call or a rate."},
+      {TimeIn(lstDialTimeTariffDialStart) <= TimeIn(lstDialTimeTariffDialEnd),
+       "Let the tariff end after its start."},
   };
   for (const auto& demand : demands)
     if (!demand.holds) return demand.otherwise;
