@@ -207,10 +207,7 @@ class FileActs : public testing::TestWithParam<const char*> {
 };
 
 TEST_P(FileActs, GoAsTold) {
-  Script script(QEL_SOURCE_DIR "/tests/platform/" + std::string(GetParam()) + ".files");
-  for (Act& act : script.Acts()) act.Now = Play(act);
-  if (std::getenv("QEL_ACCEPT") != nullptr) script.Accept();
-  EXPECT_EQ(script.Difference(), "");
+  ExpectScript("platform/" + std::string(GetParam()) + ".files", [this](Act& act) { act.Now = Play(act); });
 }
 
 INSTANTIATE_TEST_SUITE_P(All, FileActs,
