@@ -1,15 +1,9 @@
 // Whole analyses, told by connections.analysis.
 #include "analysis/AnalysisTest.h"
 #include "analysis/FreeTime.h"
+#include "support/Text.h"
 
 namespace qel {
-
-// With its line ends as they are written in sources.
-std::string OneLine(const std::string& text) {
-  std::string line;
-  for (const char c : text) line += c == '\n' ? "\\n" : c == '\r' ? "\\r" : std::string(1, c);
-  return line;
-}
 
 class ConnectionsTest : public AnalysisTest {
  protected:
@@ -33,7 +27,7 @@ class ConnectionsTest : public AnalysisTest {
     Run(LogOf(act));
     act.Now = State().Lines();
     for (const std::string& error : host.errors) act.Now.push_back("error " + error);
-    for (const Message& message : host.messages) act.Now.push_back(OneLine(message.Text));
+    for (const Message& message : host.messages) act.Now.push_back(Quotable(message.Text));
     const std::string finished =
         "status:  F I N I S H E D !  -  (" + std::to_string(EntriesProcessed) + " entries processed)";
     for (const auto& told : host.transcript)

@@ -2,6 +2,7 @@
 #include "analysis/DialupCost.h"
 #include "analysis/ServiceCost.h"
 #include "analysis/TariffDays.h"
+#include "support/Text.h"
 
 namespace qel {
 

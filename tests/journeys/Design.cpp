@@ -9,6 +9,7 @@
 #include "controls/TextControls.h"
 #include "journeys/ControlNames.h"
 #include "platform/CodePage.h"
+#include "support/Text.h"
 
 namespace qel {
 
@@ -19,9 +20,7 @@ constexpr int TwipsPerPixel = 15;
 std::string Decoded(std::string text) {
   const std::pair<std::string, std::string> entities[] = {{"&lt;", "<"},   {"&gt;", ">"},   {"&quot;", "\""},
                                                           {"&apos;", "'"}, {"&#10;", "\n"}, {"&amp;", "&"}};
-  for (const auto& [entity, character] : entities)
-    for (std::size_t at = 0; (at = text.find(entity, at)) != std::string::npos; at += character.size())
-      text.replace(at, entity.size(), character);
+  for (const auto& [entity, character] : entities) text = WithEach(text, entity, character);
   return FromUtf8Lossy(text);
 }
 

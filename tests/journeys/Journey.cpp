@@ -13,6 +13,7 @@
 #include "platform/RegistryStore.h"
 #include "platform/TextConversion.h"
 #include "settings/Registry_Functions.h"
+#include "support/Text.h"
 
 namespace qel {
 
@@ -108,14 +109,10 @@ void Journey::Tell(std::string line) {
   constexpr std::size_t Most = 2000;  // some messages come again for as long as their cause stands
   auto& now = script.Acts()[current].Now;
   if (now.size() == Most) Fail(script.Acts()[current], "it does not end");
-  now.push_back(Shortened(std::move(line)));
+  now.push_back(Shortened(line));
 }
 
-std::string Journey::Shortened(std::string text) const {
-  for (std::size_t at = 0; (at = text.find(folder.Path(), at)) != std::string::npos;)
-    text.replace(at, folder.Path().size(), "~");
-  return text;
-}
+std::string Journey::Shortened(const std::string& text) const { return WithEach(text, folder.Path(), "~"); }
 
 // The lines of a text, however they are divided. A pilcrow makes blanks at the end of a line visible.
 void Journey::TellLines(const std::string& text) {

@@ -45,7 +45,7 @@ class Journey : public Host {
   std::size_t NextAct() const { return next; }
   bool DiskFailed() const { return failing.Failed(); }
   void Tell(std::string line);
-  std::string Shortened(std::string text) const;
+  std::string Shortened(const std::string& text) const;
 
   virtual void Start();
   virtual bool HasEnded() { return false; }
@@ -88,7 +88,7 @@ class Journey : public Host {
   void TellStore();
   void TellDisk();
   void TellLines(const std::string& text);
-  std::string WithFolder(std::string text) const;
+  std::string WithFolder(const std::string& text) const;
 
   // Host
   Answer MessageBox(const Message& message) override;

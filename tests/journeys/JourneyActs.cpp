@@ -24,6 +24,7 @@
 #include "platform/RegistryFile.h"
 #include "platform/RegistryStore.h"
 #include "startup/QELMain.h"
+#include "support/Text.h"
 #include "ui/frmHelp.h"
 
 namespace qel {
@@ -200,10 +201,8 @@ Kind& Journey::NamedAs(const Act& act) {
   Fail(act, act.Word(1) + " is of another kind");
 }
 
-std::string Journey::WithFolder(std::string text) const {
-  for (std::size_t at = 0; (at = text.find("~/", at)) != std::string::npos;)
-    text.replace(at, 1, folder.Path());
-  return text;
+std::string Journey::WithFolder(const std::string& text) const {
+  return WithEach(text, "~/", folder.Path(""));
 }
 
 // file NAME, copied from a file of the project, with the lines behind "> " below it; "~/" is the folder.
@@ -215,7 +214,7 @@ void Journey::file(const Act& act) {
     content.assign(std::istreambuf_iterator<char>(source), {});
   }
   for (const std::string& line : act.Content) content += line + "\r\n";
-  content = WithFolder(std::move(content));
+  content = WithFolder(content);
   std::filesystem::create_directories(std::filesystem::path(folder.Path(act.Word(1))).parent_path());
   folder.Put(act.Word(1), content);
   files[act.Word(1)] = content;

@@ -14,17 +14,13 @@
 #include "platform/CodePage.h"
 #include "platform/DateConversion.h"
 #include "platform/TextConversion.h"
+#include "support/Text.h"
 
 namespace qel {
 
 namespace {
 
-std::string Quoted(const std::string& text) {
-  std::string quoted = ToUtf8(text);
-  for (std::size_t at = 0; (at = quoted.find_first_of("\r\n", at)) != std::string::npos;)
-    quoted.replace(at, 1, quoted[at] == '\r' ? "\\r" : "\\n");
-  return '"' + quoted + '"';
-}
+std::string Quoted(const std::string& text) { return '"' + Quotable(ToUtf8(text)) + '"'; }
 
 const char* const ColourTexts[] = {"", "in text colour", "on white", "on grey", "grey", "red", "on red"};
 

@@ -2,7 +2,7 @@
 
 #include "journeys/Script.h"
 #include "maintenance/ToolRuns.h"
-#include "support/Cases.h"
+#include "support/Text.h"
 
 namespace qel {
 namespace {

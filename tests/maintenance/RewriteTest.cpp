@@ -8,10 +8,10 @@
 #include "maintenance/LinePass.h"
 #include "maintenance/LogRewrite.h"
 #include "maintenance/Repair.h"
-#include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/FreshProgram.h"
 #include "support/Listener.h"
+#include "support/Text.h"
 
 namespace qel {
 

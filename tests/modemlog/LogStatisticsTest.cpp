@@ -7,6 +7,7 @@
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
 #include "support/Listener.h"
+#include "support/Text.h"
 
 namespace qel {
 

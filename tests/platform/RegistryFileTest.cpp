@@ -4,6 +4,7 @@
 #include "platform/CodePage.h"
 #include "platform/RegistryFile.h"
 #include "support/Cases.h"
+#include "support/Text.h"
 
 namespace qel {
 namespace {
@@ -27,12 +28,6 @@ std::string Rewritten(const std::string& content) {
     EXPECT_TRUE(std::string(error.what()).starts_with("line " + std::to_string(error.Line()) + ": "));
     return error.what();
   }
-}
-
-std::string WithEach(std::string text, const std::string& mark, const std::string& instead) {
-  for (std::size_t at = 0; (at = text.find(mark, at)) != std::string::npos; at += instead.size())
-    text.replace(at, mark.size(), instead);
-  return text;
 }
 
 TEST(RegistryFile, IsReadAndWrittenAgainOrRefusedWithItsLine) {

@@ -7,6 +7,7 @@
 #include "support/AnsweringHost.h"
 #include "support/FailingDisk.h"
 #include "support/FreshProgram.h"
+#include "support/Text.h"
 #include "wizard/QELPreConfigure.h"
 
 namespace qel {
@@ -51,11 +52,7 @@ class ModemTest : public FreshProgram {
     SetModemText(key, key.starts_with("\\Ports") ? "ConfigDialog" : "AttachedTo", act.WordOr(6, ""));
   }
 
-  void Tell(Act& act, std::string line) {
-    for (auto at = line.find(folder.Path()); at != std::string::npos; at = line.find(folder.Path()))
-      line.replace(at, folder.Path().size(), "~");
-    act.Now.push_back(line);
-  }
+  void Tell(Act& act, const std::string& line) { act.Now.push_back(WithEach(line, folder.Path(), "~")); }
   void TellAll(Act& act) {
     for (int i = 0; i < ModemCount; ++i) {
       const ModemRecord& m = Modems[i];
