@@ -7,9 +7,9 @@
 
 #include "FuzzedProgram.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/FormatMask.h"
 #include "reports/ReportExport.h"
 #include "settings/Settings.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 namespace {

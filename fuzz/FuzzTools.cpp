@@ -9,8 +9,8 @@
 #include "maintenance/LogSwap.h"
 #include "maintenance/Repair.h"
 #include "modemlog/LogLine.h"
-#include "platform/CodePage.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
 
 namespace qel {
 namespace {

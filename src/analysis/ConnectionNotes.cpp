@@ -6,8 +6,8 @@
 #include "analysis/ReportPeriod.h"
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
-#include "platform/CodePage.h"
-#include "platform/FormatMask.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

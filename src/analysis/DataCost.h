@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/Calendar.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "platform/Calendar.h"
-#include "platform/CheckedInteger.h"
 #include "settings/ServiceRecords.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

@@ -5,9 +5,9 @@
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
 #include "modemlog/DialledNumber.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -16,10 +16,10 @@
 #include "core/ProgramState.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

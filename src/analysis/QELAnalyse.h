@@ -4,9 +4,9 @@
 
 #include <string>
 
-#include "platform/BoundedArray.h"
-#include "platform/Calendar.h"
-#include "platform/CheckedInteger.h"
+#include "values/BoundedArray.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

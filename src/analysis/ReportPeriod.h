@@ -7,8 +7,8 @@
 #include <array>
 #include <string>
 
-#include "platform/Calendar.h"
-#include "platform/CheckedInteger.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

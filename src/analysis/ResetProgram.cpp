@@ -5,8 +5,8 @@
 #include "core/ProgramState.h"
 #include "modemlog/LogMessages.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/Regional.h"
 #include "settings/Settings.h"
+#include "values/Region.h"
 
 namespace qel {
 

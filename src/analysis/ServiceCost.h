@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "platform/Calendar.h"
-#include "platform/CheckedInteger.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

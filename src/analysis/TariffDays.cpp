@@ -4,9 +4,9 @@
 #include <array>
 
 #include "core/GeneralFunctions.h"
-#include "platform/CodePage.h"
-#include "platform/Regional.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
+#include "values/Region.h"
 
 namespace qel {
 

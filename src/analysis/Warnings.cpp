@@ -9,10 +9,10 @@
 #include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "modemlog/DialledNumber.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Calendar.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "core/Display.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -6,13 +6,13 @@
 
 #include "cli/CommandLineHost.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"
 #include "reports/LogFigures.h"
 #include "reports/ReportExport.h"
 #include "reports/SummaryReport.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

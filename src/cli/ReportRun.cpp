@@ -15,13 +15,13 @@
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/RegistryFile.h"
-#include "platform/RegistryStore.h"
+#include "registry/RegistryStore.h"
+#include "registry/RegistryText.h"
 #include "reports/ReportExport.h"
 #include "reports/SummaryDifference.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -7,9 +7,9 @@
 #include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
-#include "platform/RegistryStore.h"
+#include "registry/RegistryStore.h"
 #include "settings/SettingsFile.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

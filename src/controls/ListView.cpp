@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/RunTimeError.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

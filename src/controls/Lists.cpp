@@ -1,7 +1,7 @@
 #include "controls/Lists.h"
 
-#include "platform/CodePage.h"
-#include "platform/RunTimeError.h"
+#include "values/CodePage.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/Calendar.h"
-#include "platform/CodePage.h"
+#include "values/Calendar.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "controls/Control.h"
-#include "platform/Calendar.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

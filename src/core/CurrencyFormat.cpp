@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include "platform/FormatMask.h"
-#include "platform/Regional.h"
-#include "platform/RegistryStore.h"
+#include "registry/RegistryStore.h"
+#include "registry/StoredRegion.h"
+#include "values/FormatMask.h"
+#include "values/Region.h"
 
 namespace qel {
 

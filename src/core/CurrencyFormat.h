@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/CheckedInteger.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/CheckedInteger.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

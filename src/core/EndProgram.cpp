@@ -4,11 +4,11 @@
 
 #include "controls/Form.h"
 #include "core/ErrorHandler.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
-#include "platform/RegistryStore.h"
-#include "platform/RunTimeError.h"
+#include "registry/RegistryStore.h"
+#include "values/CodePage.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

@@ -10,8 +10,8 @@
 #include <new>
 #include <utility>
 
-#include "platform/CheckedInteger.h"
-#include "platform/RunTimeError.h"
+#include "values/CheckedInteger.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

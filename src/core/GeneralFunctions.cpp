@@ -6,13 +6,14 @@
 
 #include "core/CurrencyFormat.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
-#include "platform/FormatMask.h"
-#include "platform/PatternSeparator.h"
-#include "platform/Regional.h"
-#include "platform/TextConversion.h"
+#include "values/CodePage.h"
+#include "values/DatePattern.h"
+#include "values/DateText.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
+#include "values/Region.h"
 
 namespace qel {
 

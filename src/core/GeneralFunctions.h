@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "platform/Calendar.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

@@ -4,8 +4,8 @@
 
 #include "core/ErrorHandler.h"
 #include "platform/Files.h"
-#include "platform/RunTimeError.h"
 #include "platform/SymbolicLinks.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

@@ -3,7 +3,7 @@
 #include <QFontInfo>
 #include <QTextDocument>
 
-#include "platform/CodePage.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "controls/Control.h"
-#include "platform/Calendar.h"
 #include "platform/Font.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

@@ -7,8 +7,8 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "maintenance/LogSwap.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/CheckedInteger.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

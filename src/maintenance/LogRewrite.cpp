@@ -7,11 +7,11 @@
 #include "modemlog/LineClassifier.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CheckedInteger.h"
-#include "platform/CodePage.h"
 #include "platform/FileLock.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
+#include "values/CheckedInteger.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

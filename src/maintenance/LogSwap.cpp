@@ -5,9 +5,9 @@
 
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
 #include "platform/SymbolicLinks.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -6,9 +6,9 @@
 #include "maintenance/LinePass.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

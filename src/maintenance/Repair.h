@@ -7,8 +7,8 @@
 #include <string>
 
 #include "maintenance/LogSwap.h"
-#include "platform/CheckedInteger.h"
 #include "platform/FileLock.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

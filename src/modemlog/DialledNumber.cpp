@@ -1,7 +1,7 @@
 #include "modemlog/DialledNumber.h"
 
-#include "platform/CodePage.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

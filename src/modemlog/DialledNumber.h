@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/CheckedInteger.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <bit>
 
-#include "platform/CodePage.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

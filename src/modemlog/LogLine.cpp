@@ -5,12 +5,12 @@
 #include "core/ProgramState.h"
 #include "core/Version.h"
 #include "platform/Clock.h"
-#include "platform/CodePage.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
-#include "platform/FormatMask.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

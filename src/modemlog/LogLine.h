@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Calendar.h"
-#include "platform/CheckedInteger.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

@@ -12,8 +12,8 @@
 #include "modemlog/LogLine.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

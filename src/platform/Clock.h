@@ -1,7 +1,7 @@
 // The one clock: everything that asks for today or now asks here, so that tests can set it.
 #pragma once
 
-#include "platform/Calendar.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <sys/stat.h>
 
-#include "platform/RunTimeError.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "platform/Font.h"
-#include "platform/RunTimeError.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

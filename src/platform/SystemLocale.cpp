@@ -9,9 +9,9 @@
 #include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is POSIX's, not the standard library's
 #include <utility>
 
-#include "platform/CodePage.h"
-#include "platform/PatternSeparator.h"
-#include "platform/Regional.h"
+#include "values/CodePage.h"
+#include "values/DatePattern.h"
+#include "values/Region.h"
 
 namespace qel {
 

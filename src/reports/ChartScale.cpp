@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "core/CurrencyFormat.h"
-#include "platform/FormatMask.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -9,9 +9,9 @@
 #include "analysis/ServiceCost.h"
 #include "core/Display.h"
 #include "core/ErrorHandler.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

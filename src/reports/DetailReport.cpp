@@ -10,11 +10,11 @@
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "reports/DetailLines.h"
 #include "settings/Settings.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

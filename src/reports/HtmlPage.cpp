@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "platform/CodePage.h"
 #include "reports/HtmlStyle.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

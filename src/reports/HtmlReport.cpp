@@ -8,9 +8,6 @@
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
-#include "platform/CodePage.h"
-#include "platform/FormatMask.h"
-#include "platform/TextConversion.h"
 #include "reports/DetailLines.h"
 #include "reports/HtmlPage.h"
 #include "reports/LogFigures.h"
@@ -19,6 +16,9 @@
 #include "reports/UseByTime.h"
 #include "reports/UseFigures.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -2,10 +2,10 @@
 
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/FormatMask.h"
-#include "platform/TextConversion.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -6,8 +6,8 @@
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/CurrencyFormat.h"
-#include "platform/FormatMask.h"
 #include "settings/Settings.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -11,12 +11,12 @@
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/FormatMask.h"
 #include "reports/DetailLines.h"
 #include "reports/UseByService.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

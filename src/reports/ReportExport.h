@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "platform/Calendar.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

@@ -10,12 +10,12 @@
 #include "core/Display.h"
 #include "core/GeneralFunctions.h"
 #include "modemlog/DialledNumber.h"
-#include "platform/CodePage.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
 #include "reports/SummaryReport.h"
 #include "reports/UseByService.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

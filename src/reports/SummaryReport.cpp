@@ -8,11 +8,11 @@
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
-#include "platform/CodePage.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

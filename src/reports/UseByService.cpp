@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "modemlog/DialledNumber.h"
-#include "platform/CodePage.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "platform/Calendar.h"
 #include "reports/DetailLines.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

@@ -6,10 +6,10 @@
 
 #include "core/CurrencyFormat.h"
 #include "core/GeneralFunctions.h"
-#include "platform/FormatMask.h"
 #include "reports/HtmlCharts.h"
 #include "reports/HtmlPage.h"
 #include "settings/Settings.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -1,8 +1,8 @@
 #include "settings/Registry_Functions.h"
 
 #include "core/ProgramState.h"
-#include "platform/DateConversion.h"
-#include "platform/TextConversion.h"
+#include "values/DateText.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

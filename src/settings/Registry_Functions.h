@@ -8,8 +8,8 @@
 #include <string>
 #include <variant>
 
-#include "platform/Calendar.h"
-#include "platform/RegistryStore.h"
+#include "registry/RegistryStore.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

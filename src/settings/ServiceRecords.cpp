@@ -6,9 +6,9 @@
 
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

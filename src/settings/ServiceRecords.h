@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/BoundedArray.h"
-#include "platform/Calendar.h"
-#include "platform/CheckedInteger.h"
 #include "settings/SettingField.h"
+#include "values/BoundedArray.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

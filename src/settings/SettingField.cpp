@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 #include "platform/DateConversion.h"
-#include "platform/TextConversion.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

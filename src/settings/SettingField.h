@@ -6,9 +6,9 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/Calendar.h"
-#include "platform/CheckedInteger.h"
 #include "settings/Registry_Functions.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

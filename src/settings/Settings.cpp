@@ -4,9 +4,9 @@
 #include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
 #include "settings/SettingsTables.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -7,10 +7,10 @@
 #include <array>
 #include <string>
 
-#include "platform/Calendar.h"
-#include "platform/CheckedInteger.h"
 #include "settings/ServiceRecords.h"
 #include "settings/SettingField.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

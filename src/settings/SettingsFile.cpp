@@ -1,13 +1,13 @@
 #include "settings/SettingsFile.h"
 
-#include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/RegistryFile.h"
-#include "platform/RegistryStore.h"
-#include "platform/RunTimeError.h"
+#include "registry/RegistryStore.h"
+#include "registry/RegistryText.h"
 #include "settings/Registry_Functions.h"
 #include "settings/ServiceRecords.h"
 #include "settings/SettingsTables.h"
+#include "values/CodePage.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/RegistryTree.h"
+#include "registry/RegistryTree.h"
 
 namespace qel {
 

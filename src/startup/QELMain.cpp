@@ -14,14 +14,14 @@
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
-#include "platform/RegistryStore.h"
+#include "registry/RegistryStore.h"
 #include "settings/Settings.h"
 #include "ui/frmFind.h"
 #include "ui/frmPreConfigure.h"
 #include "ui/frmSplash.h"
+#include "values/CodePage.h"
 #include "wizard/QELPreConfigure.h"
 
 namespace qel {

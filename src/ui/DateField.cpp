@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/GeneralFunctions.h"
-#include "platform/CodePage.h"
 #include "platform/DateConversion.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -4,9 +4,9 @@
 
 #include "controls/Form.h"
 #include "core/GeneralFunctions.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

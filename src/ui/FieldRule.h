@@ -9,7 +9,7 @@
 #include <string>
 
 #include "controls/TextControls.h"
-#include "platform/CheckedInteger.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "core/ErrorHandler.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/TextConversion.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -8,7 +8,6 @@
 #include "core/ProgramState.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
@@ -19,6 +18,7 @@
 #include "ui/frmReport.h"
 #include "ui/frmTip.h"
 #include "ui/frmViewLog.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -7,14 +7,14 @@
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
 #include "settings/SettingsFile.h"
 #include "ui/frmMain.h"
 #include "ui/frmSetup.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -11,11 +11,11 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
 #include "ui/frmMain.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -2,11 +2,11 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
-#include "platform/FormatMask.h"
-#include "platform/TextConversion.h"
 #include "ui/frmMain.h"
 #include "ui/frmReport.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -1,6 +1,6 @@
 #include "ui/QuarterHours.h"
 
-#include "platform/FormatMask.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Calendar.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

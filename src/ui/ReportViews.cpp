@@ -7,11 +7,11 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "reports/DetailReport.h"
 #include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
 #include "ui/frmReport.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

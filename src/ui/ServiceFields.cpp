@@ -7,8 +7,8 @@
 #include "core/CurrencyFormat.h"
 #include "core/GeneralFunctions.h"
 #include "modemlog/DialledNumber.h"
-#include "platform/TextConversion.h"
 #include "ui/frmService.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

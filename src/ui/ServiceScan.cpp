@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "modemlog/DialledNumber.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -3,13 +3,13 @@
 
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
-#include "platform/FormatMask.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
 #include "ui/QuarterHours.h"
 #include "ui/TariffList.h"
 #include "ui/frmService.h"
 #include "ui/frmSetup.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -2,9 +2,9 @@
 #include "core/ErrorHandler.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
 #include "ui/frmService.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

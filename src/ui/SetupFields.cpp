@@ -4,12 +4,12 @@
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "core/Version.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "ui/frmSetup.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

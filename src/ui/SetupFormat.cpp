@@ -5,9 +5,9 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/Clock.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
 #include "ui/frmSetup.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

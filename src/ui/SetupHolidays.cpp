@@ -4,9 +4,9 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/Clock.h"
-#include "platform/FormatMask.h"
-#include "platform/TextConversion.h"
 #include "ui/frmSetup.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

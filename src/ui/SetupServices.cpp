@@ -3,12 +3,12 @@
 
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "ui/ServiceScan.h"
 #include "ui/frmService.h"
 #include "ui/frmSetup.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

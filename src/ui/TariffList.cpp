@@ -4,10 +4,10 @@
 
 #include "analysis/TariffDays.h"
 #include "core/CurrencyFormat.h"
-#include "platform/FormatMask.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
 #include "ui/FieldRule.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -5,10 +5,10 @@
 
 #include "core/ProgramState.h"
 #include "core/Version.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmViewLog.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

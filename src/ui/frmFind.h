@@ -7,7 +7,7 @@
 #include "controls/Buttons.h"
 #include "controls/Form.h"
 #include "controls/TextControls.h"
-#include "platform/CheckedInteger.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

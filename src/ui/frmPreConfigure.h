@@ -9,7 +9,7 @@
 #include "controls/Form.h"
 #include "controls/Lists.h"
 #include "controls/TextControls.h"
-#include "platform/CheckedInteger.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

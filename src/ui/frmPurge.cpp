@@ -8,6 +8,7 @@
 #include "platform/Host.h"
 #include "ui/DateField.h"
 #include "ui/HelpContexts.h"
+#include "values/DateText.h"
 
 namespace qel {
 

@@ -6,8 +6,8 @@
 #include "controls/Buttons.h"
 #include "controls/Form.h"
 #include "controls/TextControls.h"
-#include "platform/Calendar.h"
-#include "platform/CheckedInteger.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

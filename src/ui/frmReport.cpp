@@ -8,12 +8,12 @@
 #include "core/EndProgram.h"
 #include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
 #include "settings/SettingField.h"
 #include "ui/HelpContexts.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -13,9 +13,9 @@
 #include "controls/ListView.h"
 #include "controls/TextControls.h"
 #include "core/Display.h"
-#include "platform/RunTimeError.h"
 #include "reports/ReportDocument.h"
 #include "settings/Settings.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

@@ -5,13 +5,13 @@
 #include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
-#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
 #include "ui/HelpContexts.h"
 #include "ui/QuarterHours.h"
 #include "ui/TabPages.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

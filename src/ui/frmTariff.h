@@ -9,9 +9,9 @@
 #include "controls/Lists.h"
 #include "controls/TextControls.h"
 #include "core/CurrencyFormat.h"
-#include "platform/Calendar.h"
 #include "settings/ServiceRecords.h"
 #include "ui/FieldRule.h"
+#include "values/Calendar.h"
 
 namespace qel {
 

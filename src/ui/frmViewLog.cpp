@@ -9,14 +9,14 @@
 #include "maintenance/LinePass.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/CodePage.h"
-#include "platform/FormatMask.h"
 #include "platform/Host.h"
-#include "platform/TextConversion.h"
 #include "settings/Settings.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmFind.h"
 #include "ui/frmMain.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -6,10 +6,10 @@
 #include "core/ProgramState.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
-#include "platform/CodePage.h"
 #include "platform/Host.h"
 #include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

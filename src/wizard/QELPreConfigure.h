@@ -8,8 +8,8 @@
 
 #include <string>
 
-#include "platform/BoundedArray.h"
-#include "platform/CheckedInteger.h"
+#include "values/BoundedArray.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 

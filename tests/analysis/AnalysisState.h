@@ -9,8 +9,8 @@
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
-#include "platform/FormatMask.h"
 #include "settings/Settings.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -8,10 +8,10 @@
 #include "analysis/AnalysisState.h"
 #include "journeys/Script.h"
 #include "platform/DateConversion.h"
-#include "platform/FormatMask.h"
 #include "support/AnsweringHost.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -9,8 +9,8 @@
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
-#include "platform/RunTimeError.h"
 #include "support/Cases.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

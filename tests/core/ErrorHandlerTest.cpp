@@ -4,7 +4,7 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/Files.h"
-#include "platform/RegistryStore.h"
+#include "registry/RegistryStore.h"
 #include "support/TemporaryFolder.h"
 
 namespace qel {

@@ -2,11 +2,11 @@
 
 #include "core/OSVersion.h"
 #include "platform/DateConversion.h"
-#include "platform/FormatMask.h"
 #include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/FreshProgram.h"
 #include "support/Regions.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -16,7 +16,7 @@
 #include "desktop/Look.h"
 #include "desktop/MissingBindings.h"
 #include "desktop/QtValues.h"
-#include "platform/FormatMask.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 namespace {

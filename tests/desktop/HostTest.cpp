@@ -8,8 +8,8 @@
 #include "core/EndProgram.h"
 #include "desktop/Dialogues.h"
 #include "desktop/Printing.h"
-#include "platform/RunTimeError.h"
 #include "support/TemporaryFolder.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 namespace {

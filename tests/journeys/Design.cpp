@@ -8,8 +8,8 @@
 #include "controls/Buttons.h"
 #include "controls/TextControls.h"
 #include "journeys/ControlNames.h"
-#include "platform/CodePage.h"
 #include "support/Text.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -9,11 +9,11 @@
 #include "core/ProgramState.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
-#include "platform/CodePage.h"
-#include "platform/RegistryStore.h"
-#include "platform/TextConversion.h"
+#include "registry/RegistryStore.h"
 #include "settings/Registry_Functions.h"
 #include "support/Text.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

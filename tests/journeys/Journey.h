@@ -21,7 +21,7 @@
 #include "journeys/Script.h"
 #include "journeys/WindowText.h"
 #include "platform/Host.h"
-#include "platform/RegistryTree.h"
+#include "registry/RegistryTree.h"
 #include "support/FailingDisk.h"
 #include "support/TemporaryFolder.h"
 

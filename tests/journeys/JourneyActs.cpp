@@ -20,12 +20,12 @@
 #include "journeys/Design.h"
 #include "journeys/Journey.h"
 #include "platform/Clock.h"
-#include "platform/CodePage.h"
-#include "platform/RegistryFile.h"
-#include "platform/RegistryStore.h"
+#include "registry/RegistryStore.h"
+#include "registry/RegistryText.h"
 #include "startup/QELMain.h"
 #include "support/Text.h"
 #include "ui/frmHelp.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

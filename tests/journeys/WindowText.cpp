@@ -11,10 +11,10 @@
 #include "controls/TextControls.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
-#include "platform/CodePage.h"
-#include "platform/DateConversion.h"
-#include "platform/TextConversion.h"
 #include "support/Text.h"
+#include "values/CodePage.h"
+#include "values/DateText.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -3,13 +3,13 @@
 #include "modemlog/DialledNumber.h"
 #include "modemlog/LineClassifier.h"
 #include "modemlog/LogLine.h"
-#include "platform/CodePage.h"
-#include "platform/FormatMask.h"
 #include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/FailingDisk.h"
 #include "support/FreshProgram.h"
 #include "support/MemoryDisk.h"
+#include "values/CodePage.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -1,13 +1,13 @@
 // What an examination finds of a log, told by logs.statistics.
 #include "journeys/Script.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/FormatMask.h"
-#include "platform/TextConversion.h"
 #include "support/AnsweringHost.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
 #include "support/Listener.h"
 #include "support/Text.h"
+#include "values/FormatMask.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -10,7 +10,7 @@
 
 #include "journeys/Script.h"
 #include "platform/Files.h"
-#include "platform/RegistryStore.h"
+#include "registry/RegistryStore.h"
 #include "support/FailingDisk.h"
 #include "support/TemporaryFolder.h"
 

@@ -2,12 +2,12 @@
 #include <map>
 #include <numeric>
 
-#include "platform/FormatMask.h"
 #include "reports/ChartScale.h"
 #include "reports/UseByTime.h"
 #include "reports/UseFigures.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
+#include "values/FormatMask.h"
 
 namespace qel {
 

@@ -1,4 +1,4 @@
-#include "platform/RegistryFile.h"
+#include "registry/RegistryText.h"
 #include "settings/SettingsFile.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"

@@ -1,10 +1,10 @@
 #include <algorithm>
 
-#include "platform/DateConversion.h"
-#include "platform/RegistryFile.h"
-#include "platform/TextConversion.h"
+#include "registry/RegistryText.h"
 #include "settings/SettingsFile.h"
 #include "support/FreshProgram.h"
+#include "values/DateText.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "platform/RunTimeError.h"
+#include "values/RunTimeError.h"
 
 namespace qel {
 

@@ -14,7 +14,7 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
-#include "platform/RegistryStore.h"
+#include "registry/RegistryStore.h"
 #include "settings/Settings.h"
 #include "support/ScriptedHost.h"
 #include "support/TemporaryFolder.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/Display.h"
-#include "platform/TextConversion.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 

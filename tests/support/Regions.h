@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Regional.h"
+#include "values/Region.h"
 
 namespace qel {
 
