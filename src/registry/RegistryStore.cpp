@@ -173,8 +173,8 @@ void RegistryStore::Flush() {
 bool RegistryStore::ChangedElsewhere(std::string_view key) const {
   const auto now = tree.find(KeyPath(key));
   const auto before = known.find(KeyPath(key));
-  if (now == tree.end() || before == known.end()) return (now == tree.end()) != (before == known.end());
-  return now->second != before->second;
+  const bool isThere = now != tree.end(), wasThere = before != known.end();
+  return isThere && wasThere ? now->second != before->second : isThere != wasThere;
 }
 
 RegistryStore::Versions RegistryStore::VersionsOf(std::string_view key, std::string_view name) const {

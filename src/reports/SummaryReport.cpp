@@ -143,7 +143,7 @@ std::string SummaryBuilder::TakeUse(const ServiceTotal& total) {
     const Int16 minutes = total.Blocks * ServiceBlockMinutes(total.Number);
     std::string value = BlocksText(total.Blocks, minutes);
     Attempt([&] { totalBlocks += total.Blocks; });
-    Attempt([&] { totalBlockMinutes += minutes; });
+    totalBlockMinutes += minutes;
     return value;
   }
   std::string value = FormatNumber(total.BytesRead / 1024.0, "#,##0");
@@ -185,7 +185,7 @@ void SummaryBuilder::AddSlot(const ServiceTotal& total) {
     SetTimes(total, row);
     Attempt([&] { row.SetSubItem(UseColumn, TakeUse(total)); });
     if (CalcCosts) {
-      Attempt([&] { row.SetSubItem(CostColumn, MoneyText(ShownCost(total))); });
+      row.SetSubItem(CostColumn, MoneyText(ShownCost(total)));
       totalCost += ShownCost(total);
     }
   }
@@ -229,7 +229,7 @@ ReportDocument SummaryBuilder::Build() {
   anyConnections = !ServiceTotals[0].Number.empty() || TotalsCount > 0;
   if (anyConnections) {
     for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot) AddSlot(ServiceTotals[slot]);
-    Attempt([this] { useTotal = UseTotal(); });
+    useTotal = UseTotal();
     document.AddDottedRow();
     Attempt([this] { AddTotalsRow(); });
   } else {

@@ -158,9 +158,7 @@ void ReadUsed(BoundedArray<Record>& array, Int16& used, Read read, Exists exists
 
 // Writes the elements in use, and behind them those that found no room.
 template <typename Record, typename Write>
-void WriteUsed(BoundedArray<Record>& array, Int16& used, Write write) {
-  const int room = array.Last() + 1;
-  if (used > room && !Attempt([&] { static_cast<void>(array[room]); })) used = Int16(room);
+void WriteUsed(BoundedArray<Record>& array, Int16 used, Write write) {
   for (int i = 0; i < used; ++i) write(array[i], i + 1);
   for (std::size_t i = 0; i < array.Beyond.size(); ++i)
     write(array.Beyond[i], used + static_cast<int>(i) + 1);
@@ -241,7 +239,7 @@ void FollowSound(const Counts& counts) {
       Registry.VersionsOf(KeyPath(SettingsRoot, ServicesKey), SoundFileName(counts.Before)).Ours;
   const bool changed = WarningSoundFile != (ours ? TextOf(Decoded(*ours).value()) : "");
   if (counts.Now == counts.Before || changed) return;
-  Attempt([&] { LoadSetting(ServicesKey, SoundFileName(counts.Now), StoredAs::Text, &WarningSoundFile); });
+  LoadSetting(ServicesKey, SoundFileName(counts.Now), StoredAs::Text, &WarningSoundFile);
 }
 
 void ReadService(ServiceRecord& service, int number, int count) {
@@ -306,9 +304,7 @@ void ReadServices() {
       Services, UsedServices,
       [count](ServiceRecord& service, int number) { ReadService(service, number, count); },
       [](int number) { return IsStored(ServicesKey, "ServiceName" + std::to_string(number)); });
-  Attempt([] {
-    LoadSetting(ServicesKey, SoundFileName(StoredServiceCount()), StoredAs::Text, &WarningSoundFile);
-  });
+  LoadSetting(ServicesKey, SoundFileName(StoredServiceCount()), StoredAs::Text, &WarningSoundFile);
 }
 
 // The count that stands in the store governs: another program may have changed it where this one did not.
@@ -317,7 +313,7 @@ void WriteServices() {
   WriteUsed(Services, UsedServices, [count](ServiceRecord& service, int number) {
     if (number <= count) WriteService(service, number, count);
   });
-  Attempt([count] { StoreSetting(ServicesKey, SoundFileName(count), StoredAs::Text, &WarningSoundFile); });
+  StoreSetting(ServicesKey, SoundFileName(count), StoredAs::Text, &WarningSoundFile);
 }
 
 void MergeServices() {
@@ -367,7 +363,7 @@ void MergeHolidays() {
 
 void WriteHolidays() {
   Int16 count = StoredCount(Holidays, UsedHolidays);
-  Attempt([&] { StoreSetting(HolidaysKey, "UsedHolidays", StoredAs::Whole, &count); });
+  StoreSetting(HolidaysKey, "UsedHolidays", StoredAs::Whole, &count);
   WriteUsed(Holidays, UsedHolidays, [](Date& holiday, int number) {
     Attempt([&] { StoreSetting(HolidaysKey, Str(number), StoredAs::Whole, &holiday); });
   });

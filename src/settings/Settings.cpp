@@ -161,7 +161,7 @@ void WriteWindowSettings(std::string lastKey) {
     lastKey =
         StoreKey("\\ViewReport\\DetailReport", "Write ViewReport Settings - Detail", DetailReportTable());
   }
-  Attempt([&] { StoreSetting(lastKey, "ForceAMPM", StoredAs::Whole, &ForceAMPM); });
+  StoreSetting(lastKey, "ForceAMPM", StoredAs::Whole, &ForceAMPM);
 }
 
 }  // namespace

@@ -82,7 +82,6 @@ std::vector<const HelpTopic*> SearchHelp(const std::vector<HelpTopic>& topics, c
   std::stable_sort(ranked.begin(), ranked.end(),
                    [](const auto& a, const auto& b) { return a.first > b.first; });
   std::vector<const HelpTopic*> found;
-  found.reserve(ranked.size());
   for (const auto& [rank, topic] : ranked) found.push_back(topic);
   return found;
 }

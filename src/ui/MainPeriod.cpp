@@ -104,7 +104,7 @@ void frmMain::DateField_Change(DateField field) {
   if (!follows) complained = false;
   const std::string text = InputOf(field).Text;
   SetTrace("frmMain", field == DateField::Starting ? "inputStarting_Change" : "inputEnding_Change");
-  Attempt([&] { field == DateField::Starting ? SetStarting(text) : SetEnding(text); });
+  field == DateField::Starting ? SetStarting(text) : SetEnding(text);
   checkProcess();
   CalTitle();
   if (follows) return;

@@ -1,5 +1,4 @@
 // What the main window shows of the current file, its status line, and its animation.
-#include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
 #include "ui/frmMain.h"
@@ -47,11 +46,9 @@ void frmMain::SetStatDisplay() {
 }
 
 void frmMain::SetDateStatistics() {
-  Attempt([this] {
-    LabelLogFirst2.Caption = FormatDate(FirstEntryDate, "Short Date");
-    LabelLogLast2.Caption = FormatDate(LastEntryDate, "Short Date");
-    LabelLogSpan2.Caption = NumberText(DaysBetween(FirstEntryDate, LastEntryDate)) + " Days";
-  });
+  LabelLogFirst2.Caption = FormatDate(FirstEntryDate, "Short Date");
+  LabelLogLast2.Caption = FormatDate(LastEntryDate, "Short Date");
+  LabelLogSpan2.Caption = NumberText(DaysBetween(FirstEntryDate, LastEntryDate)) + " Days";
 }
 
 void frmMain::SetStatus(int index) {

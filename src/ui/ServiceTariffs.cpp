@@ -44,7 +44,7 @@ void frmService::SetTariffColumns() {
 
 void frmService::SortTariffs() {
   SetTrace("frmService", "SortTariffs");
-  Attempt([this] { OrderTariffs(TariffCopy, TariffCopyCount, SelectedTariff); });
+  OrderTariffs(TariffCopy, TariffCopyCount, SelectedTariff);
 }
 
 void frmService::DisplayTariffs() {

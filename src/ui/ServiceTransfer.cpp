@@ -114,7 +114,7 @@ void frmService::WriteService(ServiceRecord& service) const {
   service.ServiceNumber = txtNumber.Text;
   service.ServiceAltNumber = txtAltNumber.Text;
   service.DialOption = DialOption;
-  Attempt([&] { service.DialFixedTariff = TextToNumber(txtDialFixedTariff.Text()); });
+  service.DialFixedTariff = TextToNumber(txtDialFixedTariff.Text());
   service.UsedTariffs = TariffCopyCount;
   for (int i = 0; i < TariffCopyCount; ++i) service.Tariffs[i] = TariffCopy[i];
   WriteServiceCost(service);

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/CurrencyFormat.h"
-#include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
@@ -193,10 +192,8 @@ void frmService::btnOK_Click() {
   }
   SetTrace("frmService", "btnOK_Click");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  ServiceRecord* service = nullptr;
-  // Without room for the record there is no new service.
-  ServiceEditCancelled = !Attempt([&] { service = &Services[ServiceIndex]; });
-  if (service) WriteService(*service);
+  ServiceEditCancelled = false;
+  WriteService(Services[ServiceIndex]);
   CurrentHost().SetMousePointer(MousePointer::Default);
   Unload();
 }

@@ -1,7 +1,6 @@
 #include "ui/frmSetup.h"
 
 #include "core/CurrencyFormat.h"
-#include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
@@ -107,7 +106,7 @@ void frmSetup::btnSave_Click() {
 
 void frmSetup::restoreOldValues() {
   SetTrace("frmSetup", "restoreOldValues");
-  Attempt([this] { snapshot.Restore(); });
+  snapshot.Restore();
 }
 
 bool frmSetup::Form_Unload() {

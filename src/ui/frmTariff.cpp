@@ -118,12 +118,8 @@ void frmTariff::LoadNewTariff() {
 }
 
 void frmTariff::LoadTariff() {
-  TariffRecord tariff;
-  const bool found = Attempt([&] {
-    TariffNumber = Int16(ServiceForm->lstDialTimeTariff.SelectedRow());
-    tariff = TariffCopy[TariffNumber - 1];
-  });
-  if (!found) return;
+  TariffNumber = Int16(ServiceForm->lstDialTimeTariff.SelectedRow());
+  const TariffRecord& tariff = TariffCopy[TariffNumber - 1];
   lstDialTimeTariffDescrip.SetText(tariff.Description);
   ShowDays(tariff.AppliesDays);
   ShowStored(lstDialTimeTariffDialStart, QuarterHourText(tariff.AppliesTimeStart));
@@ -290,12 +286,7 @@ void frmTariff::WriteTariff() {
 
 void frmTariff::btnOK_Click() {
   SetTrace("frmTariff", "btnOK_Click");
-  Int16 namesake;
-  const bool compared = Attempt([&] {
-    if (NewTariff) namesake = TariffExists(lstDialTimeTariffDescrip.Text(), TariffCopyCount);
-  });
-  if (!compared) return;
-  if (namesake > 0) {
+  if (NewTariff && TariffExists(lstDialTimeTariffDescrip.Text(), TariffCopyCount) > 0) {
     MsgBox({"A Tariff With This Name Already Exists!", "WARNING", Icon::Exclamation});
     return lstDialTimeTariffDescrip.SetFocus();
   }

@@ -58,11 +58,9 @@ int Weekday(Date date) {
   return ((days % 7) + 7) % 7 + 1;
 }
 
-bool IsLeapYear(int year) { return std::chrono::year{year}.is_leap(); }
-
 int DaysInMonth(int year, int month) {
-  static constexpr int Lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return month == 2 && IsLeapYear(year) ? 29 : Lengths[month - 1];
+  const auto last = std::chrono::year{year} / month / std::chrono::last;
+  return static_cast<int>(static_cast<unsigned>(last.day()));
 }
 
 Date AtTime(Date day, Date time) { return day + std::copysign(time, day); }

@@ -42,7 +42,6 @@ int SecondOfDay(Date date);
 // 1 is Monday, 7 is Sunday.
 int Weekday(Date date);
 int DaysInMonth(int year, int month);  // month 1 to 12
-bool IsLeapYear(int year);
 
 // The date of a whole day and a time of day, which counts forward before day 0 too.
 Date AtTime(Date day, Date time);

@@ -21,9 +21,9 @@ bool CanDivide(std::string_view separator) {
          std::none_of(separator.begin(), separator.end(), [](char c) { return IsDigit(c) || c == ' '; });
 }
 
-constexpr std::array<std::string_view, 12> EnglishMonths = {"January",   "February", "March",    "April",
-                                                            "May",       "June",     "July",     "August",
-                                                            "September", "October",  "November", "December"};
+constexpr std::string_view EnglishMonths[] = {"January",   "February", "March",    "April",
+                                              "May",       "June",     "July",     "August",
+                                              "September", "October",  "November", "December"};
 
 // The regional order of day, month and year.
 struct Order {
@@ -104,7 +104,7 @@ std::optional<DateReader::Piece> DateReader::TakeMonthName() {
     if (name.ends_with('.')) name.remove_suffix(1);
     return TakeWord(name);
   };
-  for (std::size_t month = 0; month < EnglishMonths.size(); ++month) {
+  for (std::size_t month = 0; month < std::size(EnglishMonths); ++month) {
     const std::string_view english = EnglishMonths[month];
     if (take(Region.LongMonths[month]) || take(Region.ShortMonths[month]) || take(english) ||
         take(english.substr(0, 3))) {

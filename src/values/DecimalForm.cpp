@@ -40,7 +40,6 @@ DecimalForm ToDecimalForm(double number) {
 
   DecimalForm form;
   form.Negative = number < 0;
-  form.Digits.reserve(15);
   form.Digits += written.front();
   form.Digits += written.substr(2, mark - 2);
   const char* exponent = written.data() + mark + (written[mark + 1] == '+' ? 2 : 1);

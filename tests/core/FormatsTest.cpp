@@ -20,6 +20,7 @@ std::string Formatted(const std::string& what, const std::string& given) {
   if (what == "before") return FormatCurrency(number, "$", 1, 0, Int16(digits), Int16(places));
   if (what == "behind") return FormatCurrency(number, "EUR", 0, 1, Int16(digits), Int16(places));
   if (what == "spaced") return FormatCurrency(number, "Fr", 1, 2, Int16(digits), Int16(places));
+  if (what == "money") return MoneyText(number);
   if (what == "time") return FormatTime(static_cast<float>(number), false);
   if (what == "no hours") return FormatTime(static_cast<float>(number), true);
   if (what == "value") return std::to_string(XVal(given));

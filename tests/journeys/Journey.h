@@ -104,7 +104,7 @@ class Journey : public Host {
   std::optional<std::string> AskSaveFile(const FileDialog& dialog) override;
   std::optional<Font> AskFont(const Font& font) override;
   void Print(const PrintJob& job) override;
-  void OpenDocument(const std::string& document) override { Tell("document " + Shortened(document)); }
+  void OpenDocument(const std::string& document) override;
   void StartProgram(const std::string& command) override;
   std::optional<std::string> NextPath(const std::string& kind, const FileDialog& dialog);
 

@@ -240,6 +240,11 @@ void Journey::disk(const Act& act) {
   failing.FailNth(std::stoi(act.Word(2)), error);
 }
 
+void Journey::OpenDocument(const std::string& document) {
+  if (onlyProgram == "none") Raise(FileNotFound);
+  Tell("document " + Shortened(document));
+}
+
 void Journey::StartProgram(const std::string& command) {
   if (onlyProgram && *onlyProgram != command) Raise(FileNotFound);
   Tell("program " + Shortened(command));

@@ -112,7 +112,8 @@ class Writer {
     if (const auto* list = dynamic_cast<const ListBox*>(&control)) return ItemsOf(*list);
     if (const auto* list = dynamic_cast<const ListView*>(&control)) return RowsOf(*list);
     if (const auto* page = dynamic_cast<const Document*>(&control)) return Lines(page->Html());
-    if (const auto* calendar = dynamic_cast<const Calendar*>(&control)) return DayOf(calendar->Value());
+    if (const auto* calendar = dynamic_cast<const Calendar*>(&control))
+      return DayOf(std::min(calendar->Value(), DateSerial(9999, 12, 31)));
     if (const auto* picture = dynamic_cast<const Picture*>(&control); picture && picture->Frame != 0)
       return " " + std::to_string(picture->Frame());
     return "";

@@ -1,4 +1,5 @@
 // What an examination finds of a log, told by logs.statistics.
+#include "core/EndProgram.h"
 #include "journeys/Script.h"
 #include "modemlog/LogStatistics.h"
 #include "support/AnsweringHost.h"
@@ -46,6 +47,20 @@ class LogStatisticsTest : public FreshProgram {
     }
   }
 
+  std::vector<std::string> Told(const Act& act, std::vector<Answer> answers) {
+    int yields = 0;
+    host.yielded = [&yields] { ++yields; };
+    host.pointer = MousePointer::Default;
+    host.AnswerErrors(std::move(answers));
+    listener.said.clear();
+    Find(act);
+    std::vector<std::string> told = listener.said;
+    told.push_back(Known() + (host.pointer == MousePointer::Default ? "" : " busy"));
+    told.push_back("at " + ProcedureTrace + ", yields " + std::to_string(yields));
+    return told;
+  }
+
+  // What goes on behind an error is told; repeated, it fails again and goes on then, or ends the program.
   void Play(Act& act) {
     const std::string& what = act.Words[0];
     if (what == "most") return void(MaxLogSize = std::stoi(act.Word(1)));
@@ -55,16 +70,13 @@ class LogStatisticsTest : public FreshProgram {
                  Unfolded(act.Word(1), std::stoi(act.WordOr(2, "1"))) + Unfolded(act.WordOr(3, "")));
       return SetCurrentLog(folder.Path("test.log"));
     }
-    int yields = 0;
-    host.yielded = [&yields] { ++yields; };
-    host.pointer = MousePointer::Default;
-    host.AnswerErrors({Answer::Ignore});
-    listener.said.clear();
-    Find(act);
-    act.Now = listener.said;
-    act.Now.push_back(Known() + (host.pointer == MousePointer::Default ? "" : " busy"));
-    act.Now.push_back("at " + ProcedureTrace + ", yields " + std::to_string(yields));
-    act.Now.insert(act.Now.end(), host.errors.begin(), host.errors.end());
+    act.Now = Told(act, {Answer::Ignore});
+    const std::vector<std::string> errors = host.errors;
+    if (!errors.empty()) {
+      EXPECT_EQ(Told(act, {Answer::Retry, Answer::Retry, Answer::Ignore}), act.Now);
+      EXPECT_THROW(Told(act, {Answer::Abort}), ProgramEnd);
+    }
+    act.Now.insert(act.Now.end(), errors.begin(), errors.end());
   }
 
   AnsweringHost host;

@@ -56,7 +56,9 @@ class SharedStores : public RegistryStoreTest {
     if (what == "key") store.CreateKey(Key + "\\" + name);
     if (what == "drop") store.DeleteKey(name == "QEL" ? Key : Key + "\\" + name);
     if (what == "delete") store.DeleteValue(Key, name);
-    if (what == "changed") Tell(who + (store.ChangedElsewhere(Key) ? " changed" : " unchanged"));
+    if (what == "changed")
+      Tell(who +
+           (store.ChangedElsewhere(Key + (name.empty() ? "" : "\\" + name)) ? " changed" : " unchanged"));
     if (what == "spoil") folder.Put("registry.reg", "spoilt");
     if (what == "open") store.Open(path, Access::Shared);
     if (what == "refresh") store.Refresh();

@@ -59,8 +59,12 @@ class ErrorRoad {
     std::set<Lines> told;
     Lines all;
     for (int n = 1; n == 1 || met; ++n) {
-      const Lines road = Around([&] { refuse(n); }, undisturbed, true);
-      if (told.insert(road).second) all.insert(all.end(), road.begin(), road.end());
+      try {
+        const Lines road = Around([&] { refuse(n); }, undisturbed, true);
+        if (told.insert(road).second) all.insert(all.end(), road.begin(), road.end());
+      } catch (const std::bad_alloc&) {
+        met = true;  // outside all statements: nothing comes of the work, and whoever asked for it is told
+      }
     }
     return all;
   }

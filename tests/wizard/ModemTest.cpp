@@ -48,7 +48,6 @@ class ModemTest : public FreshProgram {
     if (!act.Word(5).empty()) SetModemText(key, "UserInit", act.Word(5));
     SetKeyValue(RegistryRoot::LocalMachine, ModemClass + key, "Logging", Int32(act.Word(4) == "on"),
                 REG_BINARY);
-    if (act.Word(4) == "bad") SetModemText(key, "Logging", "bad");
     SetModemText(key, key.starts_with("\\Ports") ? "ConfigDialog" : "AttachedTo", act.WordOr(6, ""));
   }
 
