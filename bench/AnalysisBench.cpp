@@ -10,12 +10,12 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/CurrencyFormat.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "makelog/WriteLog.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
+#include "registry/RegistryStore.h"
+#include "registry/StoredRegion.h"
 #include "reports/DetailReport.h"
 #include "reports/SummaryReport.h"
 #include "settings/Settings.h"
@@ -64,8 +64,7 @@ class OpenedLog {
     WriteLog(options, file);
     file.close();
     ResetSettings();
-    GetCurrencySymbolInfo();
-    BuildDayNames();
+    Region = GetCurrencySymbolInfo(Registry);
     MaxServices = 100;
     MaxConnections = 32767;
     Services.Make(MaxServices);

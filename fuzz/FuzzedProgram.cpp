@@ -6,12 +6,13 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/CurrencyFormat.h"
 #include "core/EndProgram.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "core/ShownDates.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
+#include "registry/RegistryStore.h"
+#include "registry/StoredRegion.h"
 #include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"
 #include "reports/ReportExport.h"
@@ -24,9 +25,7 @@ namespace qel {
 FuzzedProgram::FuzzedProgram() {
   SetHost(host);
   std::cerr.rdbuf(nullptr);
-  GetCurrencySymbolInfo();
-  BuildDateMask();
-  BuildDayNames();
+  Region = GetCurrencySymbolInfo(Registry);
   StopClockAt(DateSerial(1999, 1, 15));
   AppPath = "/app";
   SetDefaults();

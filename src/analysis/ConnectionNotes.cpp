@@ -5,7 +5,7 @@
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
+#include "core/ShownDates.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
 

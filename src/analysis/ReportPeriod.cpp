@@ -1,7 +1,7 @@
 #include "analysis/ReportPeriod.h"
 
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "core/ShownDates.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/DateConversion.h"
 

@@ -6,13 +6,11 @@
 #include "modemlog/LogMessages.h"
 #include "modemlog/LogStatistics.h"
 #include "settings/Settings.h"
-#include "values/Region.h"
 
 namespace qel {
 
 void ResetProgram() {
   ResetProgramState();
-  ResetRegion();
   ResetSettings();
   ResetLogStatistics();
   ResetLogMessages();

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "core/GeneralFunctions.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/Region.h"
@@ -20,6 +19,13 @@ constexpr int NoDay = 8;
 Int16 PositionIn(const DayNames& names, std::string_view name) {
   const auto found = std::find(names.begin(), names.end(), Trim(name));
   return Int16(found - names.begin() + 1);
+}
+
+// 1 to 7, the position of a full day name; 0 when it is none.
+int DayIndex(std::string_view longName) {
+  const auto& names = Region.LongDays;
+  const auto found = std::find(names.begin(), names.end(), longName);
+  return found == names.end() ? 0 : static_cast<int>(found - names.begin()) + 1;
 }
 
 // The region's values are those of English where nobody changes them.
@@ -44,8 +50,8 @@ Int16 EndOf(std::string_view name, std::string_view threeLetters) {
 
 Span SpanOf(std::string_view days) {
   // How far a single long name reaches is a matter of its own language: "Montag" does not begin with "Mon".
-  if (DayIndex(std::string(days)) > 0)
-    return {PositionIn(ShortDayNames, FirstThree(days)), PositionIn(ShortDayNames, LastThree(days))};
+  if (DayIndex(days) > 0)
+    return {PositionIn(Region.ShortDays, FirstThree(days)), PositionIn(Region.ShortDays, LastThree(days))};
   const auto between = days.find(Between);
   if (between == std::string_view::npos) return {EndOf(days, FirstThree(days)), EndOf(days, LastThree(days))};
   return {EndOf(days.substr(0, between), FirstThree(days)),
@@ -62,7 +68,7 @@ bool DayMatches(Date date, const std::string& appliesDays) {
 }
 
 Int16 GetDayIndex(const std::string& shortName) {
-  const Int16 position = PositionIn(ShortDayNames, shortName);
+  const Int16 position = PositionIn(Region.ShortDays, shortName);
   return position < NoDay ? position : PositionIn(English.ShortDays, shortName);
 }
 
@@ -76,7 +82,7 @@ std::string DaysInUsersWords(const std::string& appliesDays) {
   const Span span = SpanOf(appliesDays);
   if (appliesDays.find(Between) == std::string::npos || span.first >= NoDay || span.last >= NoDay)
     return appliesDays;
-  const auto nameOf = [](int position) { return ShortDayNames[static_cast<std::size_t>(position - 1)]; };
+  const auto nameOf = [](int position) { return Region.ShortDays[static_cast<std::size_t>(position - 1)]; };
   return nameOf(span.first) + std::string(Between) + nameOf(span.last);
 }
 

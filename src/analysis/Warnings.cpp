@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "analysis/QELAnalyse.h"
-#include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
+#include "core/ShownMoney.h"
 #include "modemlog/DialledNumber.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"

@@ -10,14 +10,14 @@
 #include "analysis/TariffDays.h"
 #include "cli/LogSelection.h"
 #include "cli/ReportOutput.h"
-#include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "core/ShownDates.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"
 #include "registry/RegistryText.h"
+#include "registry/StoredRegion.h"
 #include "reports/ReportExport.h"
 #include "reports/SummaryDifference.h"
 #include "settings/Settings.h"
@@ -45,9 +45,7 @@ bool OpenSettings(const std::optional<std::string>& named) {
 // The same road as the desktop program's start, in its order.
 void LoadSettings() {
   ReadEnvironment();
-  GetCurrencySymbolInfo();
-  BuildDateMask();
-  BuildDayNames();
+  Region = GetCurrencySymbolInfo(Registry);
   ReadUserParameters();
   FillMissingSettings();
   SettleMissingLogPath();

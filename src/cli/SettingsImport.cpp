@@ -4,10 +4,10 @@
 
 #include "analysis/ResetProgram.h"
 #include "cli/CommandLineHost.h"
-#include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "registry/RegistryStore.h"
+#include "registry/StoredRegion.h"
 #include "settings/SettingsFile.h"
 #include "values/CodePage.h"
 
@@ -34,7 +34,7 @@ bool ImportSettings(const std::string& path) {
   // locale's; opening it to write decides about such a store, but only for a file that will be taken.
   Registry.Reset();
   IgnoreErrors([&] { Registry.Open(store, RegistryStore::Access::ReadOnly); });
-  GetCurrencySymbolInfo();
+  Region = GetCurrencySymbolInfo(Registry);
   std::string why;
   const auto file = FindSettingsFile(path, why);
   if (!file) {

@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 
-#include "core/GeneralFunctions.h"
 #include "core/OSVersion.h"
 #include "platform/Files.h"
 
@@ -10,7 +9,6 @@ namespace qel {
 
 std::string ModuleTrace, ProcedureTrace, StepTrace;
 std::string AppPath, HelpFile, WindowsDir, DefaultLogFile, DefaultLogDir, OSName;
-std::string TimeFormat;
 bool SettingsDirty;
 std::string ActiveLogFile, ActiveLogDir;
 std::string CurrentLogFile, CurrentLogDir, CurrentLogPath;
@@ -63,15 +61,12 @@ void SetCurrentLog(const std::string& folder, const std::string& file) {
   LogExists = LogCorrupt = LogTooBig = LogEmpty = LogInvalid = false;
 }
 
-void SetCurrentLog(const std::string& path) {
-  const std::string file = FileNamePart(path);
-  SetCurrentLog(path.substr(0, path.size() - file.size()), file);
-}
+void SetCurrentLog(const std::string& path) { SetCurrentLog(FolderPart(path), FileNamePart(path)); }
 
 void ResetProgramState() {
   for (std::string* text : {&ModuleTrace, &ProcedureTrace, &StepTrace, &AppPath, &HelpFile, &WindowsDir,
-                            &DefaultLogFile, &DefaultLogDir, &OSName, &TimeFormat, &ActiveLogFile,
-                            &ActiveLogDir, &CurrentLogFile, &CurrentLogDir, &CurrentLogPath})
+                            &DefaultLogFile, &DefaultLogDir, &OSName, &ActiveLogFile, &ActiveLogDir,
+                            &CurrentLogFile, &CurrentLogDir, &CurrentLogPath})
     text->clear();
   for (bool* flag :
        {&SettingsDirty, &ArchiveOpen, &LogExists, &LogCorrupt, &LogTooBig, &LogEmpty, &LogInvalid, &TipShown})

@@ -30,8 +30,6 @@ void ReadEnvironment();
 // ($XDG_CONFIG_HOME, else ~/.config).
 std::string SettingsStorePath();
 
-extern std::string TimeFormat;  // format of clock times in reports: "Long Time" or a 12 hour mask
-
 extern bool SettingsDirty;         // a default was filled in; the settings must be written
 extern std::string ActiveLogFile;  // the log that the system's modem is set to write; empty if unknown
 extern std::string ActiveLogDir;

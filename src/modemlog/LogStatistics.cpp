@@ -7,7 +7,6 @@
 
 #include "core/Display.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogLine.h"
 #include "platform/Files.h"

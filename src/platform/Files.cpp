@@ -17,6 +17,8 @@ bool IsFolder(const std::string& path) {
   return FindStatus(path, status) && S_ISDIR(status.st_mode);
 }
 
+bool FileExists(const std::string& path) { return !path.empty() && PathExists(path) && !IsFolder(path); }
+
 bool IsStream(const std::string& path) {
   struct stat status {};
   return CurrentDisk().Status(path, &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
@@ -59,6 +61,10 @@ std::string FolderOf(const std::string& path) {
   if (separator == std::string::npos) return ".";
   return path.substr(0, std::max<std::size_t>(separator, 1));
 }
+
+std::string FileNamePart(const std::string& path) { return path.substr(path.rfind(PathSeparator) + 1); }
+
+std::string FolderPart(const std::string& path) { return path.substr(0, path.rfind(PathSeparator) + 1); }
 
 std::string ReadWholeFile(const std::string& path) {
   std::string content;

@@ -24,6 +24,7 @@ inline constexpr std::size_t BlockSize = 64 * 1024;
 // not be searched.
 bool PathExists(const std::string& path);
 bool IsFolder(const std::string& path);
+bool FileExists(const std::string& path);  // something that is no folder
 
 // Whether `path` is a pipe or a device, which gives its bytes only once and tells no length. False where it
 // cannot be looked at.
@@ -51,6 +52,10 @@ void MakeFolders(const std::string& path, int mode = 0777);
 
 // The folder part of a path, without the separator; "." when it has none.
 std::string FolderOf(const std::string& path);
+
+// The part of a path behind the last separator, and the part up to and with it.
+std::string FileNamePart(const std::string& path);
+std::string FolderPart(const std::string& path);
 
 // A file that is open. Open files stand in one table so that all can be closed at once; a file closed that
 // way raises 52 when it is used again.

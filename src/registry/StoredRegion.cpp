@@ -94,7 +94,7 @@ void TakeMoneyNumbers(RegionalValues& values, const RegistryStore& store) {
 
 }  // namespace
 
-RegionalValues ReadRegionalValues(const RegistryStore& store) {
+RegionalValues GetCurrencySymbolInfo(const RegistryStore& store) {
   RegionalValues values;
   TakeSystemLocale(values);
   for (const TextValue& value : TextValues) {

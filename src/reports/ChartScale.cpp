@@ -4,8 +4,9 @@
 #include <cmath>
 #include <utility>
 
-#include "core/CurrencyFormat.h"
+#include "core/ShownMoney.h"
 #include "values/FormatMask.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -44,7 +45,7 @@ ChartScale TimeScale(double highest) {
 }
 
 ChartScale MoneyScale(double highest) {
-  return ScaleBy(DecimalStep(highest, std::pow(10.0, -CurrencyDigits)), highest, MoneyText);
+  return ScaleBy(DecimalStep(highest, std::pow(10.0, -Region.CurrencyDigits)), highest, MoneyText);
 }
 
 }  // namespace qel

@@ -5,10 +5,10 @@
 #include "analysis/ConnectionNotes.h"
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/CurrencyFormat.h"
 #include "core/Display.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "core/ShownDates.h"
+#include "core/ShownMoney.h"
 #include "modemlog/DialledNumber.h"
 #include "platform/Host.h"
 #include "reports/DetailLines.h"
@@ -40,7 +40,8 @@ std::string CostCell(const std::string& money) {
 
 // One end of a connection as text.
 struct Stamp {
-  Stamp(Date date, Date time) : Day(FormatDate(date, "Short Date")), Clock(FormatDate(time, TimeFormat)) {}
+  Stamp(Date date, Date time)
+      : Day(FormatDate(date, "Short Date")), Clock(FormatDate(time, TimeFormat(ForceAMPM))) {}
   std::string Day, Clock;
 };
 

@@ -3,10 +3,10 @@
 #include "analysis/ConnectionNotes.h"
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/CurrencyFormat.h"
 #include "core/Display.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "core/ShownDates.h"
+#include "core/ShownMoney.h"
 #include "modemlog/DialledNumber.h"
 #include "reports/DetailLines.h"
 #include "reports/HtmlPage.h"
@@ -118,7 +118,7 @@ std::string KeyFigures(const Cells& totals) {
 }
 
 std::string Moment(Date date, Date time) {
-  return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat);
+  return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat(ForceAMPM));
 }
 
 class ConnectionTable {

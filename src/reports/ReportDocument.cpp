@@ -5,9 +5,9 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/CurrencyFormat.h"
 #include "settings/Settings.h"
 #include "values/FormatMask.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -41,7 +41,8 @@ std::string Blanks(int count) { return std::string(static_cast<std::size_t>(std:
 std::string Dashes(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), '-'); }
 
 int CostWidth() {
-  return static_cast<int>(CurrencySymbol.size()) + 8 + int{SymbolSpaced} + int{CurrencyDigits};
+  return static_cast<int>(Region.CurrencySymbol.size()) + 8 + int{Region.SymbolSpaced} +
+         int{Region.CurrencyDigits};
 }
 
 }  // namespace qel

@@ -7,7 +7,6 @@
 #include "analysis/ConnectionNotes.h"
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/CurrencyFormat.h"
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
 #include "modemlog/LogStatistics.h"
@@ -17,6 +16,7 @@
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -127,7 +127,7 @@ class ReportWriter {
     text = std::string("{\n  \"report\": ") + JsonText(report) +
            ",\n  \"from\": " + JsonText(IsoDate(PeriodStart)) +
            ",\n  \"to\": " + JsonText(IsoDate(PeriodEnd)) + ",\n  \"days\": " + std::to_string(PeriodDays) +
-           ",\n  \"currency\": " + JsonText(ToCleanUtf8(CurrencySymbol)) +
+           ",\n  \"currency\": " + JsonText(ToCleanUtf8(Region.CurrencySymbol)) +
            ",\n  \"errors_found\": " + (LogErrorsFound ? "true" : "false") +
            ",\n  \"complete\": " + (ConnectionsExceeded ? "false" : "true") + ",\n  " + JsonText(records) +
            ": [";

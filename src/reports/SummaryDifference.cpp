@@ -6,9 +6,9 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/CurrencyFormat.h"
 #include "core/Display.h"
-#include "core/GeneralFunctions.h"
+#include "core/ShownDates.h"
+#include "core/ShownMoney.h"
 #include "modemlog/DialledNumber.h"
 #include "platform/Host.h"
 #include "reports/SummaryReport.h"
@@ -16,6 +16,7 @@
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -158,7 +159,8 @@ std::string DifferenceOf(const ServiceUse& summary, const ServiceUse& connection
   const auto bytes = static_cast<double>(summary.BytesRead - connections.BytesRead);
   if (std::fabs(bytes) >= 512) add(FormatNumber(std::fabs(bytes) / 1024, "#,##0") + "K of data", bytes);
   const double cost = summary.TotalCost - connections.TotalCost;
-  if (std::fabs(cost) >= 0.5 * std::pow(10.0, -int{CurrencyDigits})) add(MoneyText(std::fabs(cost)), cost);
+  if (std::fabs(cost) >= 0.5 * std::pow(10.0, -int{Region.CurrencyDigits}))
+    add(MoneyText(std::fabs(cost)), cost);
   return text;
 }
 

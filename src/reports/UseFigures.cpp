@@ -4,8 +4,8 @@
 #include <numeric>
 #include <vector>
 
-#include "core/CurrencyFormat.h"
-#include "core/GeneralFunctions.h"
+#include "core/ShownDates.h"
+#include "core/ShownMoney.h"
 #include "reports/HtmlCharts.h"
 #include "reports/HtmlPage.h"
 #include "settings/Settings.h"

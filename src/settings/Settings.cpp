@@ -1,6 +1,5 @@
 #include "settings/Settings.h"
 
-#include "core/CurrencyFormat.h"
 #include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
@@ -225,7 +224,6 @@ void FillMissingSettings() {
   FillDefaults(ModemSettings());
   FillCosts();
   FillWindowSettings();
-  BuildTimeFormat();
 }
 
 bool SettleMissingLogPath() {
@@ -235,10 +233,6 @@ bool SettleMissingLogPath() {
   ModemLogDir = known ? ActiveLogDir : DefaultLogDir;
   SettingsDirty = true;
   return true;
-}
-
-void BuildTimeFormat() {
-  TimeFormat = ForceAMPM ? "h" + TimeSeparator + "mm" + TimeSeparator + "ss AMPM" : "Long Time";
 }
 
 void WriteUserParameters() {

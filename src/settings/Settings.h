@@ -108,14 +108,11 @@ void ReadUserParameters();
 void TakeUpOthersRecords();
 
 // Fills every missing option but the log's path with its default, setting SettingsDirty for those that must
-// be stored at once. Builds TimeFormat.
+// be stored at once.
 void FillMissingSettings();
 
 // Where no log is set, takes the system's active log, or else the default one. True when it did.
 bool SettleMissingLogPath();
-
-// "Long Time" or the 12 hour mask, by ForceAMPM.
-void BuildTimeFormat();
 
 // Stores everything and brings it to the disk. The viewer's and the report window's settings go only with
 // their own SaveSettings on, and ForceAMPM follows into whichever key was named last.

@@ -4,11 +4,9 @@
 
 #include "analysis/ReportPeriod.h"
 #include "analysis/ResetProgram.h"
-#include "core/CurrencyFormat.h"
 #include "core/Display.h"
 #include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/Installation.h"
 #include "core/ProgramState.h"
 #include "maintenance/LogSwap.h"
@@ -17,6 +15,7 @@
 #include "platform/Files.h"
 #include "platform/Host.h"
 #include "registry/RegistryStore.h"
+#include "registry/StoredRegion.h"
 #include "settings/Settings.h"
 #include "ui/frmFind.h"
 #include "ui/frmPreConfigure.h"
@@ -35,9 +34,7 @@ void TellStep(const char* text) {
 
 void ReadRegion() {
   TellStep("Reading Regional Settings");
-  GetCurrencySymbolInfo();
-  BuildDateMask();
-  BuildDayNames();
+  Region = GetCurrencySymbolInfo(Registry);
 }
 
 void LoadSettings() {

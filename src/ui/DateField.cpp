@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/GeneralFunctions.h"
+#include "core/ShownDates.h"
 #include "platform/DateConversion.h"
 #include "values/CodePage.h"
 
@@ -34,7 +34,7 @@ std::string DateIn(const std::string& text) {
 }  // namespace
 
 void MakeDateField(MaskedEdit& field) {
-  field.Mask = DateMask;
+  field.Mask = DateMask();
   field.Understands = DateIn;
 }
 

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "controls/Form.h"
-#include "core/GeneralFunctions.h"
+#include "core/ShownMoney.h"
 #include "platform/Host.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"

@@ -4,7 +4,6 @@
 
 #include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"

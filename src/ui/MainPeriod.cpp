@@ -5,8 +5,8 @@
 
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "core/ShownDates.h"
 #include "modemlog/LogMessages.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"

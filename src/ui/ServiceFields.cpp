@@ -4,11 +4,10 @@
 #include <array>
 #include <cmath>
 
-#include "core/CurrencyFormat.h"
-#include "core/GeneralFunctions.h"
 #include "modemlog/DialledNumber.h"
 #include "ui/frmService.h"
 #include "values/NumberConversion.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -36,7 +35,7 @@ enum class Refresh { OnChange, OnLeaving, OnBoth };
 void frmService::WireFields() {
   // An amount that is looked at when its field is left, and one that is looked at while it is typed.
   const FieldRule lateAmount{.TestsTyping = false, .WhenLeft = Leaving::Insists, .Filler = ""};
-  const FieldRule amount{.Unfinished = &NumberDecimal, .WhenLeft = Leaving::Resets};
+  const FieldRule amount{.Unfinished = &Region.NumberDecimal, .WhenLeft = Leaving::Resets};
   const struct {
     TextBox& Field;
     FieldRule Rule;

@@ -1,13 +1,13 @@
 // The tariffs of the service editor: their list, and the buttons that change it.
 #include <algorithm>
 
-#include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "platform/Host.h"
 #include "ui/TariffList.h"
 #include "ui/frmService.h"
 #include "ui/frmTariff.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -37,8 +37,8 @@ void frmService::SetTariffColumns() {
   lstDialTimeTariff.SetColumns({{"Description", 1600},
                                 {"Days", 1080},
                                 {"Hours", 1900},
-                                {CurrencySymbol + "/Call", 860},
-                                {CurrencySymbol + "/M/S/U", 900},
+                                {Region.CurrencySymbol + "/Call", 860},
+                                {Region.CurrencySymbol + "/M/S/U", 900},
                                 {"After (Unit Size)", 1550}});
 }
 

@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "settings/Settings.h"
 #include "ui/QuarterHours.h"
 #include "ui/TariffList.h"

@@ -1,8 +1,7 @@
 // The options window's tabs of plain fields: General, Modem, Costs, Errors.
-#include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "core/ShownDates.h"
 #include "core/Version.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
@@ -10,6 +9,7 @@
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -227,7 +227,7 @@ void frmSetup::mskNoDisconDuration_LostFocus() {
     return RefuseAndStay(mskNoDisconDuration, "Enter hours, minutes and seconds of two digits each.");
   const std::string& text = mskNoDisconDuration.Text;
   const auto digits = [&text](std::size_t from) { return Int16(Val(text.substr(from, 2))); };
-  const Int16 hours = digits(0), minutes = digits(2 + TimeSeparator.size()),
+  const Int16 hours = digits(0), minutes = digits(2 + Region.TimeSeparator.size()),
               seconds = digits(text.size() - 2);
   NoDisconDuration = hours * 60 + minutes * 60 + seconds;
 }

@@ -1,13 +1,14 @@
 // The options window's examples of the regional formats, and the way to the system's own settings.
 #include <span>
 
-#include "core/CurrencyFormat.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/ShownMoney.h"
 #include "platform/Clock.h"
 #include "platform/Host.h"
 #include "ui/frmSetup.h"
 #include "values/FormatMask.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -39,8 +40,8 @@ bool StartFirstOf(std::span<const char* const> programs) {
 }  // namespace
 
 void frmSetup::ShowFormats() {
-  lblCountry.Caption = Country;
-  lblRegionalSettings.Caption = "The Country setting for this computer is " + Country +
+  lblCountry.Caption = Region.Country;
+  lblRegionalSettings.Caption = "The Country setting for this computer is " + Region.Country +
                                 ". Below are examples of your Currency format and 'Short' and 'Long' Date "
                                 "formats.";
   lblPreview.Caption = MoneyText(SampleAmount);

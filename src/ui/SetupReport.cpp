@@ -1,12 +1,13 @@
 // The options window's preferences for reports: their format, and the day on which they begin.
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "core/ShownDates.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
 #include "ui/DateField.h"
 #include "ui/frmSetup.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -15,7 +16,7 @@ void frmSetup::WireReport() {
       {"First Log Entry", "Last Log Entry", "Start of Week", "Start of Month", "User Defined"});
   lstMonthStart.AddItem("First Day");
   for (ListBox* list : {&lstWeekStart, &lstMonthStart})
-    list->AddItems({LongDayNames.begin(), LongDayNames.end()});
+    list->AddItems({Region.LongDays.begin(), Region.LongDays.end()});
   for (OptionButton& format : optFormat) format.Click = [&format] { UserReportPref = Int16(format.Index()); };
   chkAMPM.Click = [this] { ForceAMPM = chkAMPM.Value; };
   lstStartDate.Click = [this] {

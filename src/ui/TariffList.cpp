@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "analysis/TariffDays.h"
-#include "core/CurrencyFormat.h"
+#include "core/ShownMoney.h"
 #include "settings/Settings.h"
 #include "ui/FieldRule.h"
 #include "values/FormatMask.h"
@@ -43,9 +43,7 @@ std::string HoursOf(const TariffRecord& tariff) {
   return FormatDate(tariff.AppliesTimeStart, Clock) + " - " + FormatDate(tariff.AppliesTimeEnd, Clock);
 }
 
-std::string RateText(double rate) {
-  return FormatCurrency(rate, CurrencySymbol, SymbolPrecedes, SymbolSpaced, CurrencyDigits, MoneyPlaces);
-}
+std::string RateText(double rate) { return FormatCurrency(rate, MoneyPlaces); }
 
 bool ChargesUnits(const TariffRecord& tariff) { return tariff.Unit == "Per Unit"; }
 bool ChargesTime(const TariffRecord& tariff) {

@@ -3,9 +3,9 @@
 #include <string>
 
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "core/Version.h"
+#include "platform/Files.h"
 #include "platform/Host.h"
 #include "settings/Registry_Functions.h"
 #include "settings/Settings.h"

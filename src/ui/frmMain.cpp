@@ -4,11 +4,11 @@
 
 #include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
+#include "platform/Files.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
 #include "ui/DateField.h"

@@ -1,7 +1,7 @@
 #include "ui/frmPurge.h"
 
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
+#include "core/ShownDates.h"
 #include "maintenance/LogRewrite.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/DateConversion.h"

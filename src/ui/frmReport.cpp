@@ -6,7 +6,6 @@
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/EndProgram.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "platform/Files.h"
 #include "platform/Host.h"

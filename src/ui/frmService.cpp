@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/CurrencyFormat.h"
 #include "core/ProgramState.h"
 #include "platform/Files.h"
 #include "platform/Host.h"
@@ -11,6 +10,7 @@
 #include "ui/QuarterHours.h"
 #include "ui/TabPages.h"
 #include "values/CodePage.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -68,7 +68,7 @@ void frmService::Form_Load() {
   else
     LoadService();
   txtWarningSound.Text = PathText(WarningSoundFile);
-  for (Label& label : lblCurrencySymbol) label.Caption = "(" + CurrencySymbol + ")";
+  for (Label& label : lblCurrencySymbol) label.Caption = "(" + Region.CurrencySymbol + ")";
   DisplayTariffs();
   ShowTariffCount();
   ShowTariffSummary();

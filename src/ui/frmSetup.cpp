@@ -1,10 +1,10 @@
 #include "ui/frmSetup.h"
 
-#include "core/CurrencyFormat.h"
 #include "core/ProgramState.h"
 #include "platform/Host.h"
 #include "settings/Settings.h"
 #include "ui/TabPages.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -56,8 +56,8 @@ frmSetup::frmSetup() : Form("frmSetup") {
 void frmSetup::Form_Load() {
   TakeUpOthersRecords();
   ShowFormats();
-  mskNoDisconDuration.Mask = "##" + TimeSeparator + "##" + TimeSeparator + "##";
-  Label8.Caption = "hh" + TimeSeparator + "mm" + TimeSeparator + "ss";
+  mskNoDisconDuration.Mask = "##" + Region.TimeSeparator + "##" + Region.TimeSeparator + "##";
+  Label8.Caption = "hh" + Region.TimeSeparator + "mm" + Region.TimeSeparator + "ss";
   SetTrace("frmSetup", "Form_Load");
   snapshot.Take();
   ShowGeneral();
@@ -124,7 +124,6 @@ bool frmSetup::Form_Unload() {
          "Windows Regional Settings"});
   OptionsChanged =
       snapshot.Differs({&FlatToolbars, &UserStartPref, &UserStartDate, &UserStartOfWeek, &UserStartOfMonth});
-  BuildTimeFormat();
   return true;
 }
 

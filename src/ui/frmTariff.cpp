@@ -5,7 +5,6 @@
 
 #include "analysis/TariffDays.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "platform/Host.h"
 #include "ui/HelpContexts.h"
@@ -13,6 +12,7 @@
 #include "ui/frmService.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -102,8 +102,8 @@ void frmTariff::FillComboBoxes() {
     std::size_t first, last;
   } ranges[] = {{Sat, Sun}, {Mon, Fri}, {Mon, Thu}, {Fri, Sat}, {Fri, Sun}};
   for (const auto& [first, last] : ranges)
-    lstDialTimeTariffDialDays.AddItem(ShortDayNames[first] + " - " + ShortDayNames[last]);
-  lstDialTimeTariffDialDays.AddItems({LongDayNames.begin(), LongDayNames.end()});
+    lstDialTimeTariffDialDays.AddItem(Region.ShortDays[first] + " - " + Region.ShortDays[last]);
+  lstDialTimeTariffDialDays.AddItems({Region.LongDays.begin(), Region.LongDays.end()});
   lstDialTimeTariffDialStart.AddItems(QuarterHours());
   lstDialTimeTariffDialEnd.AddItems(QuarterHours(LastMinuteOfQuarter));
   lstDialTimeTariffUnit.AddItems({PerMinute, PerSecond, PerUnit});

@@ -8,10 +8,10 @@
 #include "controls/Form.h"
 #include "controls/Lists.h"
 #include "controls/TextControls.h"
-#include "core/CurrencyFormat.h"
 #include "settings/ServiceRecords.h"
 #include "ui/FieldRule.h"
 #include "values/Calendar.h"
+#include "values/Region.h"
 
 namespace qel {
 
@@ -78,7 +78,8 @@ class frmTariff : public Form {
   // An amount of the rate may be begun with a point in every region, one of the cost per call with the
   // regional symbol.
   static inline const std::string Point = ".";
-  RuledField DialRate{txtDialTimeTariffDialRate, {.Unfinished = &NumberDecimal, .WhenLeft = Leaving::Resets}};
+  RuledField DialRate{txtDialTimeTariffDialRate,
+                      {.Unfinished = &Region.NumberDecimal, .WhenLeft = Leaving::Resets}};
   RuledField MinuteRate{txtDialTimeTariffMinuteRate, {.Unfinished = &Point, .WhenLeft = Leaving::Resets}};
   RuledField AfterMins{txtDialTimeTariffAfterMins, {.Most = 999, .Mask = "##0"}};
   RuledField AfterSecs{txtDialTimeTariffAfterSecs, {.Most = 60, .Mask = "#0"}};

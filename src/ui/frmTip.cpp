@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "platform/Files.h"
 #include "platform/Host.h"

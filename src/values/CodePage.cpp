@@ -157,4 +157,9 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string PadLeft(std::string_view text, char pad, std::size_t width) {
+  const std::string_view trimmed = Trim(text);
+  return std::string(width - std::min(trimmed.size(), width), pad).append(trimmed);
+}
+
 }  // namespace qel

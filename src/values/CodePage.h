@@ -64,4 +64,7 @@ bool EqualNoCase(std::string_view a, std::string_view b);
 // Blanks (character 32, nothing else) off both ends.
 std::string_view Trim(std::string_view text);
 
+// Trims `text` and puts `pad` before it up to `width` characters.
+std::string PadLeft(std::string_view text, char pad, std::size_t width);
+
 }  // namespace qel

@@ -184,6 +184,25 @@ std::string Str(double number) {
 
 std::string NumberText(double number) { return TextOf(number, Region.NumberDecimal); }
 
+double XVal(const std::string& text) {
+  const auto decimal = text.find(Region.NumberDecimal);
+  const auto thousand = Region.NumberThousand.empty() ? std::string::npos : text.find(Region.NumberThousand);
+  if (thousand != std::string::npos && decimal < thousand) return Val(text);
+  std::string plain;
+  for (std::size_t i = 0; i < text.size();) {
+    if (i == decimal && !Region.NumberDecimal.empty()) {
+      plain += ".";
+      i += Region.NumberDecimal.size();
+    } else if (i < decimal && !Region.NumberThousand.empty() &&
+               text.compare(i, Region.NumberThousand.size(), Region.NumberThousand) == 0) {
+      i += Region.NumberThousand.size();
+    } else {
+      plain += text[i++];
+    }
+  }
+  return Val(plain);
+}
+
 bool IsNumber(std::string_view text) {
   const auto number = NumberIn(text);
   return number && std::isfinite(*number);

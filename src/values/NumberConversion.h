@@ -1,5 +1,5 @@
 // Between text and numbers, the lenient way and the strict way.
-// The strict ways follow the regional values of platform/Regional.h; Val and Str never do.
+// Val and Str never follow the region; all else does.
 #pragma once
 
 #include <string>
@@ -18,6 +18,11 @@ std::string Str(double number);
 // A number's text with the regional decimal symbol, up to 15 significant digits, exponent form below 1E-15
 // and from 1E+15 on: "0.25", "1E+20". Raises 6 (overflow) for an infinite number.
 std::string NumberText(double number);
+
+// The value of a text in regional form; what follows the number is ignored, an empty text is 0. Thousand
+// separators before the decimal symbol do not end the number; a decimal symbol before the first of them is no
+// regional form, and the text is read as it stands.
+double XVal(const std::string& text);
 
 // Whether TextToNumber takes the text: digits with optional regional thousand separators, decimal symbol,
 // sign before or behind, parentheses for negative, currency symbol, exponent, blanks around.

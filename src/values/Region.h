@@ -37,8 +37,6 @@ struct RegionalValues {
 };
 
 // The values that every conversion and format mask follows. Set once at the start.
-extern RegionalValues Region;
-
-void ResetRegion();
+inline RegionalValues Region;
 
 }  // namespace qel

@@ -2,7 +2,6 @@
 
 #include "core/Display.h"
 #include "core/ErrorHandler.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"

@@ -33,16 +33,16 @@ TEST_F(AnalysisTest, TariffDaysHoldInWhateverLanguageTheyWereWritten) {
     for (std::string& name : names) words >> name;
     return names;
   };
-  std::map<std::string, std::pair<Names, Names>> languages = {{"", {ShortDayNames, LongDayNames}}};
+  std::map<std::string, std::pair<Names, Names>> languages = {{"", {Region.ShortDays, Region.LongDays}}};
   for (const auto& [language, brief, whole, _] : Cases("analysis/DayNames"))
     languages[language] = {named(brief), named(whole)};
   for (const auto& [days, expected, language, _] : Cases("analysis/TariffDays")) {
-    std::tie(ShortDayNames, LongDayNames) = languages.at(language);
+    std::tie(Region.ShortDays, Region.LongDays) = languages.at(language);
     std::string matches;
     for (int day = 4; day <= 10; ++day) matches += DayMatches(Jan(day), days) ? "1" : "0";
     EXPECT_EQ(matches, expected) << days << " " << language;
   }
-  std::tie(ShortDayNames, LongDayNames) = languages.at("German");
+  std::tie(Region.ShortDays, Region.LongDays) = languages.at("German");
   for (const auto& c : Cases<2>("analysis/GermanDays"))
     EXPECT_EQ(DaysInUsersWords(c[0]) + (AreKnownDays(c[0]) ? ", known" : ""), c[1]);
 }

@@ -70,6 +70,18 @@ TEST(LineReader, LinesOfAnyLengthSurviveTheBlockBoundaries) {
   EXPECT_EQ(Lines(folder.Path("log")), lines);
 }
 
+TEST(Files, HaveAFolderAndAName) {
+  for (const auto& [path, folder, name] :
+       {std::tuple{"/a/b", "/a/", "b"}, {"b", "", "b"}, {"/a/", "/a/", ""}}) {
+    EXPECT_EQ(FolderPart(path), folder);
+    EXPECT_EQ(FileNamePart(path), name);
+  }
+  const TemporaryFolder folder;
+  folder.Put("file", "");
+  EXPECT_TRUE(FileExists(folder.Path("file")));
+  EXPECT_FALSE(FileExists("") || FileExists(folder.Path()) || FileExists(folder.Path("none")));
+}
+
 TEST(Files, ClosedAllAtOnceTheyRaise52) {
   const TemporaryFolder folder;
   folder.Put("log", "one\ntwo\nthree\n");

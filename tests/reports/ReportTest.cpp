@@ -46,7 +46,8 @@ std::string GridText(const ReportDocument& document) {
 
 // "summary.grid" is that form of the summary.
 std::string Output(const std::string& document) {
-  const std::string report = TextBefore(document, "."), form = document.substr(report.size() + 1);
+  const std::string report = document.substr(0, document.find('.')),
+                    form = document.substr(report.size() + 1);
   if (form == "csv" || form == "json") {
     const ExportFormat format = form == "csv" ? ExportFormat::Csv : ExportFormat::Json;
     if (report == "statistics") return ExportStatistics(format);

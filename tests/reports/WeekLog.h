@@ -28,9 +28,7 @@ class WeekLog : public FreshProgram {
     }
     folder.Put("settings.reg", settings);
     Registry.Open(folder.Path("settings.reg"), RegistryStore::Access::ReadOnly);
-    GetCurrencySymbolInfo();
-    BuildDateMask();
-    BuildDayNames();
+    Region = GetCurrencySymbolInfo(Registry);
     ReadUserParameters();
     FillMissingSettings();
     SetCurrentLog("inputs/", name + ".log");

@@ -8,13 +8,12 @@
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "analysis/ResetProgram.h"
-#include "core/CurrencyFormat.h"
-#include "core/GeneralFunctions.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"
+#include "registry/StoredRegion.h"
 #include "settings/Settings.h"
 #include "support/ScriptedHost.h"
 #include "support/TemporaryFolder.h"
@@ -28,9 +27,7 @@ class FreshProgram : public ::testing::Test {
     ResetProgram();
     // No store and no locale speak here, so the regional values are those of the United States.
     for (const char* name : {"LC_ALL", "LANG", "LC_TIME", "LC_NUMERIC", "LC_MONETARY"}) unsetenv(name);
-    GetCurrencySymbolInfo();
-    BuildDateMask();
-    BuildDayNames();
+    Region = GetCurrencySymbolInfo(Registry);
     ReadUserParameters();
     FillMissingSettings();
     StopClockAt(DateSerial(1999, 1, 15) + TimeSerial(12, 0, 0));

@@ -43,8 +43,8 @@ inline RegionalValues Finland() {
 // The United States before each test and behind it.
 class RegionTest : public testing::Test {
  protected:
-  RegionTest() { ResetRegion(); }
-  ~RegionTest() override { ResetRegion(); }
+  RegionTest() { Region = {}; }
+  ~RegionTest() override { Region = {}; }
 };
 
 }  // namespace qel

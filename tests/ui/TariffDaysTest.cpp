@@ -10,7 +10,8 @@ namespace {
 class TariffDays : public WindowTest {
  protected:
   TariffDays() {
-    std::tie(ShortDayNames, LongDayNames) = std::pair(Germany().ShortDays, Germany().LongDays);
+    Region.ShortDays = Germany().ShortDays;
+    Region.LongDays = Germany().LongDays;
     TariffCopy.Make(MaxTariffs - 1);
     TariffCopyCount = 1;
     NewTariff = false;

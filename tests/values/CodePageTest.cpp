@@ -44,6 +44,7 @@ TEST(CodePage, TrimTakesBlanksAndNothingElse) {
     const char *text, *trimmed;
   } cases[] = {{"  a b ", "a b"}, {"   ", ""}, {"", ""}, {" \ta\xA0 ", "\ta\xA0"}};
   for (const auto& c : cases) EXPECT_EQ(Trim(c.text), c.trimmed);
+  EXPECT_EQ(PadLeft(" 7 ", '0', 3) + PadLeft(" 1234", '0', 3) + PadLeft("", '0', 3), "0071234000");
 }
 
 }  // namespace qel

@@ -46,6 +46,8 @@ std::map<std::string, RegionalValues> MakeRegions() {
       {"Mar", mar},
       {"Marks", {.AM = "a.m.", .PM = "p.m."}},
       {"OddMarks", {.AM = "1", .PM = "2"}},
+      {"Comma", {.NumberDecimal = ","}},
+      {"Pointless", {.NumberDecimal = ""}},
       {"Points", {.TimeSeparator = "."}},
       {"Padded", {.TimePattern = "hh:mm tt"}},
       {"NoMarks", {.TimePattern = "hh:mm tt", .AM = "", .PM = ""}},
@@ -133,6 +135,7 @@ TEST_F(Conversions, NumbersAreReadAndWrittenByTheRegion) {
 
 TEST_F(Conversions, TextsBeginWithNumbersAndNumbersAreWhole) {
   ExpectTable("values/Vals", [](Text text, Text) { return Precise(Val(text)); });
+  ExpectTable("values/RegionalVals", [](Text text, Text) { return Precise(XVal(text)); });
   ExpectTable("values/WholeNumbers", [](Text number, Text) { return Precise(Int16(std::stod(number))); });
 }
 

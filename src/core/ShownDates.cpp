@@ -1,13 +1,12 @@
-#include "core/GeneralFunctions.h"
+#include "core/ShownDates.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 
-#include "core/CurrencyFormat.h"
 #include "core/ProgramState.h"
 #include "platform/DateConversion.h"
-#include "platform/Files.h"
 #include "values/CodePage.h"
 #include "values/DatePattern.h"
 #include "values/DateText.h"
@@ -16,9 +15,6 @@
 #include "values/Region.h"
 
 namespace qel {
-
-std::string DateMask;
-std::array<std::string, 7> ShortDayNames, LongDayNames;
 
 namespace {
 
@@ -45,7 +41,7 @@ bool MonthsHaveThreeLetters() {
 // month goes by its name where all names are of the same length. Nothing for a pattern that is not of day,
 // month and year.
 std::optional<ThreeParts> FieldParts() {
-  const auto places = DatePlacesIn(ShortDatePattern);
+  const auto places = DatePlacesIn(Region.ShortDatePattern);
   if (!places) return std::nullopt;
   ThreeParts parts;
   for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -57,7 +53,7 @@ std::optional<ThreeParts> FieldParts() {
 }
 
 std::string Joined(const ThreeParts& parts) {
-  return parts[0] + DateSeparator + parts[1] + DateSeparator + parts[2];
+  return parts[0] + Region.DateSeparator + parts[1] + Region.DateSeparator + parts[2];
 }
 
 std::string MaskPart(const std::string& part) {
@@ -67,24 +63,16 @@ std::string MaskPart(const std::string& part) {
 
 }  // namespace
 
-void BuildDateMask() {
+std::string DateMask() {
   const auto parts = FieldParts().value_or(ThreeParts{});
-  DateMask = Joined({MaskPart(parts[0]), MaskPart(parts[1]), MaskPart(parts[2])});
-}
-
-void BuildDayNames() {
-  const Date monday = DateSerial(1998, 10, 5);
-  for (std::size_t i = 0; i < 7; ++i) {
-    ShortDayNames[i] = FormatDate(monday + static_cast<double>(i), "ddd");
-    LongDayNames[i] = FormatDate(monday + static_cast<double>(i), "dddd");
-  }
+  return Joined({MaskPart(parts[0]), MaskPart(parts[1]), MaskPart(parts[2])});
 }
 
 std::string format_date(const std::string& dateText, const std::string& separator) {
-  const std::string& divider = separator.empty() ? DateSeparator : separator;
+  const std::string& divider = separator.empty() ? Region.DateSeparator : separator;
   StepTrace = dateText + " " + divider;
   // The parts of such a short date fit the field one by one; those of any other do not.
-  const bool inParts = HasOneSeparator(ShortDatePattern);
+  const bool inParts = HasOneSeparator(Region.ShortDatePattern);
   auto parts = SplitInThree(dateText, divider);
   if (!inParts && IsDate(dateText)) return format_date(TextToDate(dateText));
   if (!parts) return FormatDate(TextToDate(dateText), "Short Date");
@@ -100,6 +88,11 @@ std::string format_date(Date date) {
   return Joined(*parts);
 }
 
+std::string TimeFormat(bool forceAMPM) {
+  const std::string& divider = Region.TimeSeparator;
+  return forceAMPM ? "h" + divider + "mm" + divider + "ss AMPM" : "Long Time";
+}
+
 std::string FormatTime(float seconds, bool noHours) {
   double rest = seconds;
   const auto takeWhole = [&rest](double unit) {
@@ -111,53 +104,8 @@ std::string FormatTime(float seconds, bool noHours) {
   const double hours = takeWhole(3600);
   const double minutes = takeWhole(60);
   const auto twoDigits = [](double value) { return PadLeft(NumberText(std::trunc(value)), '0', 2); };
-  const std::string tail = twoDigits(minutes) + TimeSeparator + twoDigits(rest);
-  return noHours ? tail : twoDigits(hours) + TimeSeparator + tail;
-}
-
-std::string Format_Dplaces(const std::string& text, Int16 places) {
-  if (!IsNumber(text)) return "";
-  return FormatNumber(TextToNumber(text), AmountMask(CurrencyDigits, places));
-}
-
-double XVal(const std::string& text) {
-  const auto decimal = text.find(NumberDecimal);
-  const auto thousand = NumberThousand.empty() ? std::string::npos : text.find(NumberThousand);
-  if (thousand != std::string::npos && decimal < thousand) return Val(text);
-  std::string plain;
-  for (std::size_t i = 0; i < text.size();) {
-    if (i == decimal && !NumberDecimal.empty()) {
-      plain += ".";
-      i += NumberDecimal.size();
-    } else if (i < decimal && !NumberThousand.empty() &&
-               text.compare(i, NumberThousand.size(), NumberThousand) == 0) {
-      i += NumberThousand.size();
-    } else {
-      plain += text[i++];
-    }
-  }
-  return Val(plain);
-}
-
-bool FileExists(const std::string& path) { return !path.empty() && PathExists(path) && !IsFolder(path); }
-
-std::string PadLeft(const std::string& text, char pad, Int16 width) {
-  const std::string trimmed(Trim(text));
-  const auto wanted = static_cast<std::size_t>(std::max<int>(width, 0));
-  return trimmed.size() >= wanted ? trimmed : std::string(wanted - trimmed.size(), pad) + trimmed;
-}
-
-Int16 DayIndex(const std::string& longName) {
-  const auto found = std::find(LongDayNames.begin(), LongDayNames.end(), longName);
-  return found == LongDayNames.end() ? Int16(0) : Int16(found - LongDayNames.begin() + 1);
-}
-
-std::string FileNamePart(const std::string& path) { return path.substr(path.rfind(PathSeparator) + 1); }
-
-std::string FolderPart(const std::string& path) { return path.substr(0, path.rfind(PathSeparator) + 1); }
-
-std::string TextBefore(const std::string& text, const std::string& mark) {
-  return text.substr(0, text.find(mark));
+  const std::string tail = twoDigits(minutes) + Region.TimeSeparator + twoDigits(rest);
+  return noHours ? tail : twoDigits(hours) + Region.TimeSeparator + tail;
 }
 
 }  // namespace qel

@@ -1,9 +1,0 @@
-#include "values/Region.h"
-
-namespace qel {
-
-RegionalValues Region;
-
-void ResetRegion() { Region = RegionalValues{}; }
-
-}  // namespace qel
