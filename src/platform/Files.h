@@ -57,8 +57,8 @@ std::string FolderOf(const std::string& path);
 std::string FileNamePart(const std::string& path);
 std::string FolderPart(const std::string& path);
 
-// A file that is open. Open files stand in one table so that all can be closed at once; a file closed that
-// way raises 52 when it is used again.
+// A file that is open. The open files of a thread stand in one table so that all can be closed at once; a
+// file closed that way raises 52 when it is used again. It is destroyed on the thread that made it.
 class OpenFile {
  public:
   OpenFile(const OpenFile&) = delete;
@@ -74,7 +74,7 @@ class OpenFile {
   DiskFile file;
 };
 
-// Closes every open file of the program. Raises nothing.
+// Closes every open file of this thread. Raises nothing.
 void CloseAllFiles();
 
 // Reads a file line by line. A line ends at a line feed, a carriage return before it belonging to the end;

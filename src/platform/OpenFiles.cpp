@@ -8,7 +8,7 @@ namespace qel {
 
 namespace {
 
-std::set<OpenFile*> openFiles;
+thread_local std::set<OpenFile*> openFiles;
 
 }  // namespace
 
