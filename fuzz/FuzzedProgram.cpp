@@ -6,11 +6,11 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/EndProgram.h"
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
+#include "platform/Host.h"
 #include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"
 #include "reports/DetailReport.h"
@@ -23,7 +23,6 @@
 namespace qel {
 
 FuzzedProgram::FuzzedProgram() {
-  SetHost(host);
   std::cerr.rdbuf(nullptr);
   Region = GetCurrencySymbolInfo(Registry);
   StopClockAt(DateSerial(1999, 1, 15));

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/Surroundings.h"
 #include "platform/Host.h"
 #include "support/FailingDisk.h"
 #include "support/MemoryDisk.h"
@@ -14,7 +15,7 @@
 namespace qel {
 
 // Goes on behind every error.
-class QuietHost : public Host {
+class QuietHost : public Host, public Display {
  public:
   Answer MessageBox(const Message& message) override {
     return message.buttons == Buttons::AbortRetryIgnore ? Answer::Ignore : Answer::OK;
@@ -34,6 +35,7 @@ class FuzzedProgram {
 
  private:
   QuietHost host;
+  const Surroundings around{host, host};
   DiskInPlace inPlace{Disk};
 };
 

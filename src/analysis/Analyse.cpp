@@ -6,12 +6,11 @@
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "analysis/Warnings.h"
-#include "core/Display.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
-#include "platform/Host.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -19,15 +18,15 @@ namespace qel {
 namespace {
 
 void MakeArrays() {
-  StepTrace = "Service Arrays";
+  TraceStep("Service Arrays");
   Attempt([] { ServiceTotals.Make(MaxServices); });
-  StepTrace = "Connection Arrays";
+  TraceStep("Connection Arrays");
   Attempt([] { Connections.Make(MaxConnections); });
-  StepTrace = "Penalty Arrays";
+  TraceStep("Penalty Arrays");
   Attempt([] { Penalties.Make(MaxServices); });
-  StepTrace = "Clr Analysis Vars";
+  TraceStep("Clr Analysis Vars");
   ClearAnalysisVars();
-  StepTrace = "Clr Analysis Arrays";
+  TraceStep("Clr Analysis Arrays");
   ClearAnalysisArrays();
 }
 
@@ -69,12 +68,12 @@ void Analyse() {
   KeepReading = true;
   SetTrace("QELAnalyse", "Analyse");
   MakeArrays();
-  StepTrace = "Progress Chunk";
+  TraceStep("Progress Chunk");
   CurrentDisplay().ShowProgress(true);
   ProgressChunk = NextProgress = Int32(std::floor(LogEntries / 10));
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   ReadLog();
-  StepTrace = "Finished Processing";
+  TraceStep("Finished Processing");
   if (Connected) CloseAtEndOfLog();
   CurrentDisplay().ShowProgress(false);
   Attempt([] {

@@ -2,14 +2,14 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ServiceCost.h"
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
 #include "settings/Settings.h"
 
 namespace qel {
 
 double GetDataCost(const std::string& number, double bytes, Date date) {
-  ProcedureTrace = "GetDataCost";
+  TraceProcedure("GetDataCost");
   if (bytes == 0) return 0;
   const Int16 index = GetServiceIndex(number);
   if (index < 0) return bytes / BytesPerMegabyte * CostPerMeg;

@@ -6,7 +6,7 @@
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "analysis/TariffDays.h"
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
 #include "settings/Settings.h"
 
@@ -149,7 +149,7 @@ class TariffWalk {
 
 double GetDialupCost(const std::string& number, Date startDate, Date startTime, Date endDate, Date endTime,
                      Int16 index) {
-  ProcedureTrace = "GetDialupCost";
+  TraceProcedure("GetDialupCost");
   const Int16 found = GetServiceIndex(number);
   if (found < 0) return DialCost;
   const ServiceRecord& service = Services[found];

@@ -4,8 +4,8 @@
 
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
+#include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
-#include "platform/Host.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 

@@ -11,12 +11,11 @@
 #include "analysis/NewDial.h"
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/Display.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/Host.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
@@ -71,9 +70,9 @@ bool TakeLine(std::string_view line) {
 
 // The line in capitals, and its place in the trace: nothing can fail in a line of no class.
 bool TakeText(std::string_view line) {
-  ProcedureTrace = "Process";
+  TraceProcedure("Process");
   return Attempt([&] {
-    StepTrace = "Log Entry:" + Str(EntriesProcessed);
+    TraceStep("Log Entry:" + Str(EntriesProcessed));
     CurrentLine = UpperCase(line);
   });
 }

@@ -5,7 +5,7 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
 #include "settings/Settings.h"
 
@@ -32,7 +32,7 @@ double FlexibleCost(Int16 index, Int32 seconds, Date date) {
 double SecondsToHours(float seconds) { return seconds / 3600.0; }
 
 double GetServiceCost(const std::string& number, Int32 seconds, Date date) {
-  ProcedureTrace = "GetServiceCost";
+  TraceProcedure("GetServiceCost");
   const Int16 index = GetServiceIndex(number);
   const double hours = SecondsToHours(static_cast<float>(seconds));
   if (index < 0) return CostPerHour * hours;

@@ -2,8 +2,7 @@
 
 #include <iostream>
 
-#include "core/EndProgram.h"
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 
 namespace qel {
 
@@ -26,9 +25,10 @@ std::string IndentedLines(const std::string& text) {
 // What a user can do about a number that grew too large.
 std::string Advice(const RunTimeError& error) {
   if (error.Number() != Overflow && error.Number() != SubscriptOutOfRange) return "";
-  if (ModuleTrace == "QELAnalyse" || ModuleTrace == "ReportRun" || ModuleTrace == "HtmlReport")
+  const Surroundings& here = CurrentSurroundings();
+  if (here.ModuleTrace == "QELAnalyse" || here.ModuleTrace == "ReportRun" || here.ModuleTrace == "HtmlReport")
     return "; choose a shorter period with --from and --to";
-  return ProcedureTrace == "CheckCorruption" ? "; name the log with --log, which takes any size" : "";
+  return here.ProcedureTrace == "CheckCorruption" ? "; name the log with --log, which takes any size" : "";
 }
 
 }  // namespace
@@ -53,8 +53,9 @@ Answer CommandLineHost::MessageBox(const Message& message) {
 Answer CommandLineHost::ErrorBox(const RunTimeError& error, const Message&) {
   std::string line = "error " + std::to_string(error.Number()) + ", " + error.Description();
   if (!error.Path().empty()) line += ": " + ShownPath(error.Path());
-  Complain(line + " (in " + ToUtf8(ModuleTrace + ", " + ProcedureTrace + ", " + StepTrace) + ")" +
-           Advice(error));
+  const Surroundings& here = CurrentSurroundings();
+  Complain(line + " (in " + ToUtf8(here.ModuleTrace + ", " + here.ProcedureTrace + ", " + here.StepTrace) +
+           ")" + Advice(error));
   throw ProgramEnd();
 }
 

@@ -13,6 +13,7 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
+#include "core/Surroundings.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"
@@ -107,8 +108,7 @@ bool ChoosePeriod(const Arguments& arguments) {
 
 ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   ResetProgram();
-  SetHost(host);
-  SetDisplay(host);
+  const Surroundings around(host, host);
   if (!OpenSettings(arguments.settings)) return NoReport;
   LoadSettings();
   if (!SelectLog(arguments.log)) return NoReport;

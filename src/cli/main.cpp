@@ -10,8 +10,8 @@
 #include "cli/ReportOutput.h"
 #include "cli/ReportRun.h"
 #include "cli/SettingsImport.h"
-#include "core/EndProgram.h"
 #include "core/Version.h"
+#include "platform/Host.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 
 namespace qel {
 

@@ -10,7 +10,8 @@ namespace qel {
 
 class Display {
  public:
-  virtual ~Display();                             // nobody shows what this one did
+  virtual ~Display() = default;
+  virtual Display& Front() { return *this; }      // who shows it now
   virtual void SplashText(const std::string&) {}  // SplashLabel1
   virtual void StatusText(const std::string&) {}  // StatusBarMain
   virtual void ShowProgress(bool /*visible*/) {}  // ProgressBar1
@@ -19,8 +20,5 @@ class Display {
   }                             // beside the message that it did, which gives none
   virtual void ShowReport() {}  // frmReport: the analysis has a report to show
 };
-
-Display& CurrentDisplay();
-void SetDisplay(Display& display);
 
 }  // namespace qel

@@ -1,9 +1,8 @@
 #include "core/ErrorHandler.h"
 
-#include "core/EndProgram.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "core/Version.h"
-#include "platform/Host.h"
 
 namespace qel {
 
@@ -66,8 +65,9 @@ const ErrorRow* RowOf(int number) {
 }
 
 std::string TraceLines() {
-  return "Module: " + ModuleTrace + NewLine + "Sub: " + ProcedureTrace + NewLine + "Ref: " + StepTrace +
-         NewLine;
+  const Surroundings& here = CurrentSurroundings();
+  return "Module: " + here.ModuleTrace + NewLine + "Sub: " + here.ProcedureTrace + NewLine +
+         "Ref: " + here.StepTrace + NewLine;
 }
 
 std::string EndOfFileTrace() {
@@ -137,7 +137,7 @@ Int16 ErrorHandler(const RunTimeError& error) {
 
 bool RepeatAfter(const RunTimeError& error) {
   const Int16 result = ErrorHandler(error);
-  if (result > 1) EndProgram();
+  if (result > 1) CurrentHost().EndProgram();
   return result == 0;
 }
 

@@ -7,7 +7,6 @@
 
 namespace qel {
 
-std::string ModuleTrace, ProcedureTrace, StepTrace;
 std::string AppPath, HelpFile, WindowsDir, DefaultLogFile, DefaultLogDir, OSName;
 bool SettingsDirty;
 std::string ActiveLogFile, ActiveLogDir;
@@ -34,11 +33,6 @@ std::string FolderBy(const char* variable, const std::string& placeInHome) {
 
 }  // namespace
 
-void SetTrace(const char* module, const char* procedure) {
-  ModuleTrace = module;
-  ProcedureTrace = procedure;
-}
-
 void ReadEnvironment() {
   AppPath = FolderBy("XDG_DATA_HOME", "/.local/share");
   HelpFile = AppPath + PathSeparator + "QEL.HLP";
@@ -64,9 +58,8 @@ void SetCurrentLog(const std::string& folder, const std::string& file) {
 void SetCurrentLog(const std::string& path) { SetCurrentLog(FolderPart(path), FileNamePart(path)); }
 
 void ResetProgramState() {
-  for (std::string* text : {&ModuleTrace, &ProcedureTrace, &StepTrace, &AppPath, &HelpFile, &WindowsDir,
-                            &DefaultLogFile, &DefaultLogDir, &OSName, &ActiveLogFile, &ActiveLogDir,
-                            &CurrentLogFile, &CurrentLogDir, &CurrentLogPath})
+  for (std::string* text : {&AppPath, &HelpFile, &WindowsDir, &DefaultLogFile, &DefaultLogDir, &OSName,
+                            &ActiveLogFile, &ActiveLogDir, &CurrentLogFile, &CurrentLogDir, &CurrentLogPath})
     text->clear();
   for (bool* flag :
        {&SettingsDirty, &ArchiveOpen, &LogExists, &LogCorrupt, &LogTooBig, &LogEmpty, &LogInvalid, &TipShown})

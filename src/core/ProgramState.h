@@ -1,17 +1,10 @@
-// What the whole program knows: where it runs, which log it reads, what it is doing right now.
+// What the whole program knows: where it runs, which log it reads.
 // Valid from the start to the end of the program; each value has one writer.
 #pragma once
 
 #include <string>
 
 namespace qel {
-
-// Where the program is, for the error dialogue: every procedure of note writes these on its way in.
-extern std::string ModuleTrace;
-extern std::string ProcedureTrace;
-extern std::string StepTrace;
-
-void SetTrace(const char* module, const char* procedure);
 
 inline constexpr char NewLine[] = "\r\n";
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <optional>
 
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "platform/DateConversion.h"
 #include "values/CodePage.h"
 #include "values/DatePattern.h"
@@ -70,7 +70,7 @@ std::string DateMask() {
 
 std::string format_date(const std::string& dateText, const std::string& separator) {
   const std::string& divider = separator.empty() ? Region.DateSeparator : separator;
-  StepTrace = dateText + " " + divider;
+  TraceStep(dateText + " " + divider);
   // The parts of such a short date fit the field one by one; those of any other do not.
   const bool inParts = HasOneSeparator(Region.ShortDatePattern);
   auto parts = SplitInThree(dateText, divider);

@@ -3,11 +3,11 @@
 
 #include <string>
 
-#include "platform/Host.h"
+#include "ui/WindowHost.h"
 
 namespace qel {
 
-class DesktopHost : public Host {
+class DesktopHost : public WindowHost {
  public:
   Answer MessageBox(const Message& message) override;
   void RunModal(const std::function<bool()>& done) override;

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "core/Surroundings.h"
 #include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
 #include "desktop/QtValues.h"

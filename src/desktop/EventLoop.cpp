@@ -10,8 +10,10 @@
 #include <vector>
 
 #include "controls/Form.h"
-#include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
+#include "platform/Host.h"
+#include "settings/Registry_Functions.h"
+#include "values/Meanwhile.h"
 
 namespace qel {
 
@@ -20,19 +22,6 @@ namespace {
 int depth = 0;  // of dispatches
 bool ended = false;
 bool inputIsThrownAway = false;
-
-// Sets a value for as long as it lives.
-class Meanwhile {
- public:
-  Meanwhile(bool& place, bool value) : place(place), before(std::exchange(place, value)) {}
-  ~Meanwhile() { place = before; }
-  Meanwhile(const Meanwhile&) = delete;
-  Meanwhile& operator=(const Meanwhile&) = delete;
-
- private:
-  bool& place;
-  bool before;
-};
 
 // Keeps the user's input from the program. The release of a button that was pressed before comes when the
 // filter goes; without it the pressed widget, and the toolkit's hold on the mouse, would stay down.

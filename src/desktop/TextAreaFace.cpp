@@ -13,8 +13,8 @@
 #include <string_view>
 #include <utility>
 
+#include "core/Surroundings.h"
 #include "desktop/QtValues.h"
-#include "platform/Host.h"
 
 namespace qel {
 

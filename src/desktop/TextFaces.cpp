@@ -13,11 +13,11 @@
 
 #include "controls/MaskEntry.h"
 #include "controls/TextControls.h"
+#include "core/Surroundings.h"
 #include "desktop/ControlFace.h"
 #include "desktop/DocumentFace.h"
 #include "desktop/QtValues.h"
 #include "desktop/TextAreaFace.h"
-#include "platform/Host.h"
 
 namespace qel {
 

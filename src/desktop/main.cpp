@@ -7,13 +7,14 @@
 #include <optional>
 #include <string>
 
-#include "core/EndProgram.h"
+#include "core/Surroundings.h"
 #include "core/Version.h"
 #include "desktop/DesktopHost.h"
 #include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
 #include "desktop/Look.h"
 #include "desktop/Windows.h"
+#include "settings/Registry_Functions.h"
 #include "startup/QELMain.h"
 
 namespace {
@@ -58,7 +59,7 @@ int main(int count, char** words) {
   QApplication::setWindowIcon(QIcon(":/icons/qel.svg"));
   qel::ApplyLook();
   qel::DesktopHost host;
-  qel::SetHost(host);
+  const qel::Surroundings around(host, host);
   qel::AttachFaces(qel::ProgramWindows());
 
   qel::Dispatch(qel::StartProgram);

@@ -5,7 +5,7 @@
 
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 #include "platform/SymbolicLinks.h"
 #include "values/CodePage.h"
 

@@ -3,10 +3,10 @@
 #include <string_view>
 
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "maintenance/LinePass.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/Host.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
 

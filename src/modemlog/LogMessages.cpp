@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/ProgramState.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 
 namespace qel {
 

@@ -5,12 +5,11 @@
 #include <cstring>
 #include <limits>
 
-#include "core/Display.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "modemlog/LogLine.h"
 #include "platform/Files.h"
-#include "platform/Host.h"
 #include "settings/Settings.h"
 #include "values/NumberConversion.h"
 

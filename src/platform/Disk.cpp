@@ -97,7 +97,6 @@ int Disk::List(const std::string& folder, std::vector<std::string>& names) {
 
 Disk& CurrentDisk() { return *current; }
 
-DiskInPlace::DiskInPlace(Disk& disk) : before(current) { current = &disk; }
-DiskInPlace::~DiskInPlace() { current = before; }
+DiskInPlace::DiskInPlace(Disk& disk) : hold(current, &disk) {}
 
 }  // namespace qel

@@ -12,6 +12,8 @@
 #include <sys/types.h>
 #include <vector>
 
+#include "values/Meanwhile.h"
+
 namespace qel {
 
 class Disk {
@@ -50,12 +52,9 @@ Disk& CurrentDisk();
 class DiskInPlace {
  public:
   explicit DiskInPlace(Disk& disk);
-  ~DiskInPlace();
-  DiskInPlace(const DiskInPlace&) = delete;
-  DiskInPlace& operator=(const DiskInPlace&) = delete;
 
  private:
-  Disk* before;
+  Meanwhile<Disk*> hold;
 };
 
 }  // namespace qel

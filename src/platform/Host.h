@@ -46,9 +46,16 @@ struct PrintJob {
 // The colour that windows and buttons are drawn in where the display shows what the program was made for.
 inline constexpr unsigned StandardGrey = 0xC0C0C0;
 
+// Thrown by EndProgram. Only the two main functions and the event dispatch of the desktop catch it; a nested
+// loop throws it on, so that destructors run all the way out.
+struct ProgramEnd {};
+
 class Host {
  public:
   virtual ~Host() = default;
+
+  // The one way out of the program: closes all files, lets the user's windows go and throws ProgramEnd.
+  [[noreturn]] void EndProgram();
 
   virtual Answer MessageBox(const Message& message) = 0;
 
@@ -90,11 +97,10 @@ class Host {
 
   // 0xRRGGBB, of the background that windows are drawn on.
   virtual unsigned BackgroundColour() { return StandardGrey; }
+
+ private:
+  // Unloads the windows, which cannot prevent it, and keeps what they changed.
+  virtual void UnloadWindows() {}
 };
-
-Host& CurrentHost();
-void SetHost(Host& host);
-
-inline Answer MsgBox(const Message& message) { return CurrentHost().MessageBox(message); }
 
 }  // namespace qel

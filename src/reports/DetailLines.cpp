@@ -7,9 +7,8 @@
 #include "analysis/DataCost.h"
 #include "analysis/DialupCost.h"
 #include "analysis/ServiceCost.h"
-#include "core/Display.h"
 #include "core/ErrorHandler.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 

@@ -6,11 +6,10 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/Display.h"
 #include "core/ShownDates.h"
 #include "core/ShownMoney.h"
+#include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
-#include "platform/Host.h"
 #include "reports/SummaryReport.h"
 #include "reports/UseByService.h"
 #include "settings/Settings.h"
@@ -25,17 +24,8 @@ namespace {
 // Nobody is asked for a comparison that nobody asked for: what fails ends it.
 class Unheard : public Host, public Display {
  public:
-  Unheard() { SetHost(*this), SetDisplay(*this); }
-  ~Unheard() override { SetHost(host), SetDisplay(display); }
-  Unheard(const Unheard&) = delete;
-  Unheard& operator=(const Unheard&) = delete;
-
   Answer MessageBox(const Message&) override { return Answer::Abort; }
   Answer ErrorBox(const RunTimeError& error, const Message&) override { throw error; }
-
- private:
-  Host& host = CurrentHost();
-  Display& display = CurrentDisplay();
 };
 
 // The two sides of one service and what sets them apart.
@@ -207,7 +197,8 @@ std::vector<std::string> Comparisons::Lines() const {
 
 std::vector<std::string> SummaryDifferences() {
   try {
-    const Unheard unheard;
+    Unheard unheard;
+    const Surroundings around(unheard, unheard);
     return Comparisons().Lines();
   } catch (const RunTimeError&) {
     return {};

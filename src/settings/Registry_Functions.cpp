@@ -1,6 +1,9 @@
 #include "settings/Registry_Functions.h"
 
-#include "core/ProgramState.h"
+#include <iostream>
+
+#include "core/Surroundings.h"
+#include "values/CodePage.h"
 #include "values/DateText.h"
 #include "values/NumberConversion.h"
 
@@ -50,18 +53,18 @@ Int32 WholeOf(const SettingValue& value) {
 }
 
 void CreatNewKey(const std::string& keyName, RegistryRoot root) {
-  StepTrace = "CreatNewKey";
+  TraceStep("CreatNewKey");
   Registry.CreateKey(KeyPath(root, keyName));
 }
 
 void SetKeyValue(RegistryRoot root, const std::string& keyName, const std::string& valueName,
                  const SettingValue& value, std::uint32_t valueType) {
-  StepTrace = "SetKeyValue";
+  TraceStep("SetKeyValue");
   SetValueEx(KeyPath(root, keyName), valueName, valueType, value);
 }
 
 SettingValue QueryValue(RegistryRoot root, const std::string& keyName, const std::string& valueName) {
-  StepTrace = "QueryValue";
+  TraceStep("QueryValue");
   SettingValue value;
   QueryValueEx(KeyPath(root, keyName), valueName, value);
   return value;
@@ -82,7 +85,7 @@ std::optional<RegistryValue> Encoded(const SettingValue& value, std::uint32_t va
 
 long SetValueEx(const std::string& key, const std::string& valueName, std::uint32_t valueType,
                 const SettingValue& value) {
-  StepTrace = "SetValueEx";
+  TraceStep("SetValueEx");
   const auto stored = Encoded(value, valueType);
   return !stored || Registry.Set(key, valueName, *stored) ? Success : NotFound;
 }
@@ -101,13 +104,30 @@ std::optional<SettingValue> Decoded(const RegistryValue& stored) {
 }
 
 long QueryValueEx(const std::string& key, const std::string& valueName, SettingValue& value) {
-  StepTrace = "QueryValueEx";
+  TraceStep("QueryValueEx");
   const RegistryValue* stored = Registry.Query(key, valueName);
   if (!stored) return NotFound;
   const auto decoded = Decoded(*stored);
   if (!decoded) return UnknownType;
   value = *decoded;
   return Success;
+}
+
+void SaveRegistry() {
+  const bool told = Registry.FlushFailed();
+  try {
+    Registry.Flush();
+  } catch (const RunTimeError& error) {
+    if (!told) std::cerr << "qel: the settings could not be written: " << error.Description() << '\n';
+  }
+}
+
+void TellSetAside() {
+  for (const auto& file : Registry.TakeSetAside())
+    MsgBox({"QEL could not read your settings file\r\n" + PathText(file.Path) + "\r\n(" +
+                FromUtf8Lossy(file.Why) + ").\r\n\r\nThe file is kept as\r\n" + PathText(file.KeptAs) +
+                "\r\nand a new one takes its place.",
+            "QEL Settings", Icon::Exclamation});
 }
 
 }  // namespace qel

@@ -60,4 +60,11 @@ std::string TextOf(const SettingValue& value);
 // The nearest whole number of a value. Raises 6 or 13.
 Int32 WholeOf(const SettingValue& value);
 
+// Brings the settings' changes to the disk. A failure is never shown in a dialogue, since the program can go
+// on with the settings in memory; standard error has a word of it.
+void SaveRegistry();
+
+// Tells the user of settings files that made no sense and were set aside since this was last called.
+void TellSetAside();
+
 }  // namespace qel

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
@@ -244,16 +244,16 @@ void FollowSound(const Counts& counts) {
 
 void ReadService(ServiceRecord& service, int number, int count) {
   const std::string behind = std::to_string(number);
-  StepTrace = "Read Dial Costs";
+  TraceStep("Read Dial Costs");
   ReadFields(DialFields, service, "", behind, count);
-  StepTrace = "Read Tariffs";
+  TraceStep("Read Tariffs");
   ReadUsed(
       service.Tariffs, service.UsedTariffs,
       [&](TariffRecord& tariff, int k) {
         ReadFields(TariffFields, tariff, TariffPrefix(number, k), "", count);
       },
       [&](int k) { return IsStored(ServicesKey, TariffPrefix(number, k) + TariffFields[0].Name); });
-  StepTrace = "ReadService Costs";
+  TraceStep("ReadService Costs");
   ReadFields(CostFields, service, "", behind, count);
 }
 
@@ -261,13 +261,13 @@ void WriteService(ServiceRecord& service, int number, int count) {
   const std::string behind = std::to_string(number);
   ServiceRecord counted = service;  // with the tariffs that found no room
   counted.UsedTariffs = StoredCount(service.Tariffs, service.UsedTariffs);
-  StepTrace = "Write Dial Costs";
+  TraceStep("Write Dial Costs");
   WriteFields(DialFields, counted, "", behind, count);
-  StepTrace = "Write Tariffs";
+  TraceStep("Write Tariffs");
   WriteUsed(service.Tariffs, service.UsedTariffs, [&](TariffRecord& tariff, int k) {
     WriteFields(TariffFields, tariff, TariffPrefix(number, k), "", count);
   });
-  StepTrace = "Write Service Costs";
+  TraceStep("Write Service Costs");
   WriteFields(CostFields, service, "", behind, count);
 }
 

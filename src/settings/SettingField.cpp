@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "platform/DateConversion.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
@@ -67,7 +67,7 @@ struct Storer {
 
 // So that the report of a failure names the value.
 void TraceSetting(const std::string& keyName, const std::string& valueName) {
-  StepTrace += ": " + keyName + "\\" + valueName;
+  CurrentSurroundings().StepTrace += ": " + keyName + "\\" + valueName;
 }
 
 }  // namespace

@@ -1,9 +1,9 @@
 #include "settings/Settings.h"
 
-#include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
+#include "settings/Registry_Functions.h"
 #include "settings/SettingsTables.h"
 #include "values/CodePage.h"
 
@@ -52,14 +52,14 @@ void Store(const std::string& keyName, const Setting& setting) {
 
 // These two give the name of the key.
 std::string LoadKey(const char* below, const std::string& step, std::span<const Setting> settings) {
-  StepTrace = step;
+  TraceStep(step);
   const std::string keyName = OpenKey(below);
   for (const auto& setting : settings) Load(keyName, setting);
   return keyName;
 }
 
 std::string StoreKey(const char* below, const char* step, std::span<const Setting> settings) {
-  StepTrace = step;
+  TraceStep(step);
   const std::string keyName = OpenKey(below);
   for (const auto& setting : settings) Store(keyName, setting);
   return keyName;
@@ -82,14 +82,14 @@ void MakeServices() {
 
 void ReadGeneral() {
   const std::string keyName = LoadKey("\\General", "Read General", GeneralSettings());
-  StepTrace = "Read Boolean";
+  TraceStep("Read Boolean");
   for (const auto& setting : BooleanSettings()) Load(keyName, setting);
   MakeServices();
 }
 
 void ReadReportWindow() {
   LoadKey("\\ViewReport", "View Report Settings", ViewReportTable());
-  LoadKey("\\ViewReport\\SummaryReport", StepTrace + "-Summary", SummaryReportTable());
+  LoadKey("\\ViewReport\\SummaryReport", CurrentSurroundings().StepTrace + "-Summary", SummaryReportTable());
   const std::string keyName =
       LoadKey("\\ViewReport\\DetailReport", "View Report Settings-Detail", DetailReportTable());
   Attempt([&] { LoadSetting(keyName, "ForceAMPM", StoredAs::Whole, &ForceAMPM); });
@@ -97,7 +97,7 @@ void ReadReportWindow() {
 
 void ReadRecentFiles() {
   for (std::size_t i = 0; i < RecentFiles.size(); ++i) {
-    StepTrace = "Read Recent Files";
+    TraceStep("Read Recent Files");
     const std::string keyName = OpenKey("\\RecentFiles");
     const std::string number = std::to_string(i + 1);
     LoadSetting(keyName, "RecentFileName" + number, StoredAs::Text, &RecentFiles[i].RecentFileName);
@@ -128,7 +128,7 @@ void FillWindowSettings() {
 }
 
 void WriteGeneral() {
-  StepTrace = "Write General";
+  TraceStep("Write General");
   const std::string keyName = OpenKey("\\General");
   Int16 services = StoredServiceCount();
   for (const std::string_view name : GeneralStoreOrder()) {
@@ -186,12 +186,12 @@ void ReadUserParameters() {
   ReadGeneral();
   LoadKey("\\Modem", "Read Modem", ModemSettings());
   LoadKey("\\Costs", "Read Default Costs", CostSettings());
-  StepTrace = "Read Services";
+  TraceStep("Read Services");
   OpenKey("\\Services");
   ReadServices();
   LoadKey("\\ViewLog", "View Log Settings", ViewLogTable());
   ReadReportWindow();
-  StepTrace = "Read Holidays";
+  TraceStep("Read Holidays");
   OpenKey("\\Holidays");
   ReadHolidays();
   ReadRecentFiles();
@@ -244,11 +244,11 @@ void WriteUserParameters() {
   MergeHolidays();
   WriteGeneral();
   WriteModem();
-  StepTrace = "Write Services";
+  TraceStep("Write Services");
   OpenKey("\\Services");
   WriteServices();
   WriteWindowSettings(StoreKey("\\Costs", "Write Default Costs", CostSettings()));
-  StepTrace = "Write Holidays";
+  TraceStep("Write Holidays");
   OpenKey("\\Holidays");
   WriteHolidays();
   SaveRegistry();

@@ -4,7 +4,7 @@
 
 #include "controls/Form.h"
 #include "core/ShownMoney.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
 

@@ -2,14 +2,14 @@
 #include <algorithm>
 #include <map>
 
-#include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
-#include "platform/Host.h"
+#include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
 #include "ui/frmAbout.h"
 #include "ui/frmHelp.h"
@@ -40,7 +40,7 @@ std::string RecentCaption(const std::string& fileName) {
 
 // The user's way out: changes in the viewer that the user wants kept, and that cannot be saved, prevent it.
 void LeaveProgram() {
-  if (!ViewerOpen || ViewLogForm->Unload()) EndProgram();
+  if (!ViewerOpen || ViewLogForm->Unload()) CurrentHost().EndProgram();
 }
 
 // Pipes and devices may never come to an end.
@@ -109,7 +109,7 @@ void frmMain::mnuOpenArchive_Click() {
 
 void frmMain::OpenArchive(const std::string& path) {
   SetTrace("frmMain", "OpenArchive");
-  StepTrace = PathText(path);
+  TraceStep(PathText(path));
   Attempt([&path] { MendInterruptedSwap(path); });
   if (!CanBeOpened(path)) return;
   if (!ArchiveOpen) {
@@ -129,7 +129,7 @@ void frmMain::OpenArchive(const std::string& path) {
 // The file may have grown, or have come into being, since it was looked into. The dates stay where they can.
 void frmMain::mnuRefresh_Click() {
   SetTrace("frmMain", "mnuRefresh_Click");
-  StepTrace = PathText(CurrentLogPath);
+  TraceStep(PathText(CurrentLogPath));
   const std::string dates[] = {inputStarting.Text, inputEnding.Text};
   if (!ArchiveOpen)
     ReadDefaultLog(CurrentLogDir, CurrentLogFile);
@@ -170,7 +170,7 @@ void frmMain::mnuOpenReport_Click() {
 
 void frmMain::DoOpenReport(const std::string& path) {
   SetTrace("frmMain", "DoOpenReport");
-  StepTrace = PathText(path);
+  TraceStep(PathText(path));
   const bool opened = Attempt([&path] {
     RefuseStream(path);
     ReportForm->OpenReport(path);

@@ -2,12 +2,12 @@
 #include <optional>
 #include <string>
 
-#include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
-#include "platform/Host.h"
+#include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
 #include "settings/SettingsFile.h"
 #include "ui/frmMain.h"

@@ -1,5 +1,6 @@
 // What the main window shows of the current file, its status line, and its animation.
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "modemlog/LogStatistics.h"
 #include "ui/frmMain.h"
 #include "ui/frmReport.h"

@@ -5,8 +5,7 @@
 
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 #include "reports/DetailReport.h"
 #include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
@@ -38,30 +37,6 @@ constexpr Measure Measures[] = {
     {&ReportViewSettings::WinWidth, &Form::Width},
     {&ReportViewSettings::WinTop, &Form::Top},
     {&ReportViewSettings::WinLeft, &Form::Left},
-};
-
-// Takes over the words on progress for as long as it lives.
-class DisplayInstead {
- public:
-  explicit DisplayInstead(Display& display) : before(CurrentDisplay()) { SetDisplay(display); }
-  ~DisplayInstead() { SetDisplay(before); }
-  DisplayInstead(const DisplayInstead&) = delete;
-  DisplayInstead& operator=(const DisplayInstead&) = delete;
-
- private:
-  Display& before;
-};
-
-// For as long as it lives.
-class Building {
- public:
-  explicit Building(bool& flag) : flag(flag) { flag = true; }
-  ~Building() { flag = false; }
-  Building(const Building&) = delete;
-  Building& operator=(const Building&) = delete;
-
- private:
-  bool& flag;
 };
 
 // The widths that the settings begin with. They show no whole date in the letters of today.
@@ -172,8 +147,8 @@ void frmReport::ShowFormat(bool list) {
 }
 
 void frmReport::BuildReport(const Kind& kind) {
-  const DisplayInstead here(*this);
-  const Building now(building);
+  const Meanwhile here(CurrentSurroundings().Display, this);
+  const Meanwhile now(building, true);
   Attempt([&] {
     ShowDocument(kind);
     ShowDifferences(kind);

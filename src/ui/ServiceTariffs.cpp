@@ -2,8 +2,7 @@
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 #include "ui/TariffList.h"
 #include "ui/frmService.h"
 #include "ui/frmTariff.h"

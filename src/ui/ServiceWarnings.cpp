@@ -1,8 +1,7 @@
 // The service editor's warnings: what they watch, and the sound that goes with them.
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "platform/Files.h"
-#include "platform/Host.h"
 #include "ui/frmService.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"

@@ -2,10 +2,9 @@
 #include <span>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/ShownMoney.h"
+#include "core/Surroundings.h"
 #include "platform/Clock.h"
-#include "platform/Host.h"
 #include "ui/frmSetup.h"
 #include "values/FormatMask.h"
 #include "values/Region.h"

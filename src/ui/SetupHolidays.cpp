@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "platform/Clock.h"
 #include "ui/frmSetup.h"
 #include "values/FormatMask.h"

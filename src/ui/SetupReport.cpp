@@ -1,7 +1,7 @@
 // The options window's preferences for reports: their format, and the day on which they begin.
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/ShownDates.h"
+#include "core/Surroundings.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"

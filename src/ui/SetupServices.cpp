@@ -2,8 +2,7 @@
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 #include "ui/ServiceScan.h"
 #include "ui/frmService.h"
 #include "ui/frmSetup.h"
@@ -196,7 +195,7 @@ void frmSetup::btnScan_Click() {
   if (ProgressBar1.Visible) return;  // a scan is under way
   SetTrace("frmSetup", "btnScan_Click");
   const std::string path = ModemLogDir + ModemLogFile;
-  StepTrace = PathText(path);
+  TraceStep(PathText(path));
   ProgressBar1.SetValue(0);
   ProgressBar1.Visible = true;
   fralblServices.Visible = false;

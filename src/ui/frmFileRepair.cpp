@@ -1,10 +1,9 @@
 #include "ui/frmFileRepair.h"
 
-#include "core/EndProgram.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "maintenance/LinePass.h"
 #include "maintenance/Repair.h"
-#include "platform/Host.h"
 #include "ui/HelpContexts.h"
 
 namespace qel {
@@ -58,7 +57,7 @@ void frmFileRepair::RepairFailure(const std::string& reason) {
        "\n"
        "QEL will now close.",
        "Repair Failure!"});
-  EndProgram();
+  CurrentHost().EndProgram();
 }
 
 }  // namespace qel

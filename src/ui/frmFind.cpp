@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "core/Version.h"
-#include "platform/Host.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmViewLog.h"
 #include "values/CodePage.h"

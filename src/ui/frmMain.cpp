@@ -2,14 +2,13 @@
 
 #include <cmath>
 
-#include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
-#include "platform/Host.h"
 #include "settings/Settings.h"
 #include "ui/DateField.h"
 #include "ui/HelpContexts.h"
@@ -34,7 +33,6 @@ frmMain::frmMain() : Form("frmMain") {
 
 void frmMain::Form_Load() {
   SetTrace("frmMain", "Form_Load");
-  SetDisplay(*this);
   FormLoading = true;
   if (!laidOut) {
     if (MainWinWidth != 0) Width = MainWinWidth;

@@ -1,11 +1,10 @@
 #include "ui/frmPurge.h"
 
-#include "core/ProgramState.h"
 #include "core/ShownDates.h"
+#include "core/Surroundings.h"
 #include "maintenance/LogRewrite.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/DateConversion.h"
-#include "platform/Host.h"
 #include "ui/DateField.h"
 #include "ui/HelpContexts.h"
 #include "values/DateText.h"

@@ -5,10 +5,9 @@
 
 #include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/EndProgram.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "platform/Files.h"
-#include "platform/Host.h"
 #include "settings/SettingField.h"
 #include "ui/HelpContexts.h"
 #include "values/CodePage.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "platform/Files.h"
-#include "platform/Host.h"
 #include "settings/Settings.h"
 #include "ui/HelpContexts.h"
 #include "ui/QuarterHours.h"

@@ -1,7 +1,7 @@
 #include "ui/frmSetup.h"
 
 #include "core/ProgramState.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 #include "settings/Settings.h"
 #include "ui/TabPages.h"
 #include "values/Region.h"

@@ -2,9 +2,8 @@
 
 #include <cmath>
 
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "core/Version.h"
-#include "platform/Host.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmMain.h"
 
@@ -23,7 +22,6 @@ frmSplash::frmSplash() : Form("frmSplash") {
 
 void frmSplash::Form_Load() {
   SetTrace("frmSplash", "Form_Load");
-  SetDisplay(*this);
   Picture1.Left = Picture1.Top = 0;
   Width = Picture1.Width;
   Height = Picture1.Height;

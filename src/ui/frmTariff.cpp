@@ -5,8 +5,7 @@
 
 #include "analysis/TariffDays.h"
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
-#include "platform/Host.h"
+#include "core/Surroundings.h"
 #include "ui/HelpContexts.h"
 #include "ui/QuarterHours.h"
 #include "ui/frmService.h"

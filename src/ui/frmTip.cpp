@@ -4,8 +4,8 @@
 
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "platform/Files.h"
-#include "platform/Host.h"
 #include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
 #include "ui/HelpContexts.h"

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
-#include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "core/Version.h"
 #include "maintenance/LinePass.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/Host.h"
 #include "settings/Settings.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmFind.h"

@@ -1,11 +1,10 @@
 #include "wizard/QELPreConfigure.h"
 
-#include "core/Display.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
-#include "platform/Host.h"
 #include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"

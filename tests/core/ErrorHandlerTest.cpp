@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
+#include <thread>
 
-#include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "platform/Files.h"
-#include "registry/RegistryStore.h"
+#include "support/ScriptedHost.h"
 #include "support/TemporaryFolder.h"
 
 namespace qel {
@@ -25,27 +25,37 @@ TEST(ErrorHandler, LeavesWhatAFailedAssignmentWouldHaveChanged) {
   EXPECT_TRUE((PassedOver({3, 4}) == FileStamp{3, 4}));
 }
 
-TEST(EndProgram, SettingsThatCannotBeWrittenAreToldOnce) {
-  const TemporaryFolder folder;
-  Registry.Open(folder.Path("none/registry.reg"), RegistryStore::Access::Shared);
-  Registry.CreateKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL");
-  folder.Put("none", "");
-  testing::internal::CaptureStderr();
-  SaveRegistry();
-  EXPECT_THROW(EndProgram(), ProgramEnd);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "qel: the settings could not be written: Path not found\n");
-  Registry.Reset();
-}
-
-TEST(EndProgram, ClosesTheFiles) {
+TEST(EndProgram, ClosesTheFilesOfItsThread) {
   const auto openFiles = [] {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
   };
+  const auto end = [] { EXPECT_THROW(CurrentHost().EndProgram(), ProgramEnd); };
   const auto before = openFiles();
   LineReader file("/dev/null");
-  EXPECT_THROW(EndProgram(), ProgramEnd);
+  std::thread(end).join();
+  EXPECT_EQ(openFiles(), before + 1);
+  end();
   EXPECT_EQ(openFiles(), before);
+}
+
+TEST(Surroundings, HoldForTheirScopeOnTheirThread) {
+  const ScriptedHost outer;
+  SetTrace("Outer", "Work");
+  Display shown;
+  {
+    const ScriptedHost inner;
+    const Meanwhile here(CurrentSurroundings().Display, &shown);
+    EXPECT_EQ(&CurrentHost(), &inner);
+    EXPECT_EQ(&CurrentDisplay(), &shown);
+    EXPECT_EQ(CurrentSurroundings().ModuleTrace, "") << "nothing is named yet";
+    std::thread([] {
+      EXPECT_EQ(MsgBox({"Goes on?", "", Icon::Question, Buttons::YesNo}), Answer::Abort) << "nobody is there";
+      SetTrace("Aside", "Work");
+    }).join();
+  }
+  EXPECT_EQ(&CurrentHost(), &outer);
+  EXPECT_EQ(&CurrentDisplay(), &outer);
+  EXPECT_EQ(CurrentSurroundings().ModuleTrace, "Outer");
 }
 
 }  // namespace qel

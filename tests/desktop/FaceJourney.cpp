@@ -18,11 +18,11 @@
 #include <QToolBar>
 #include <QTreeView>
 
-#include "core/EndProgram.h"
 #include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
 #include "desktop/QtValues.h"
 #include "desktop/UpDownButton.h"
+#include "platform/Host.h"
 #include "startup/QELMain.h"
 
 namespace qel {

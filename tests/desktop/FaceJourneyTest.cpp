@@ -2,7 +2,7 @@
 
 #include "FaceJourney.h"
 #include "ProgramTest.h"
-#include "core/EndProgram.h"
+#include "platform/Host.h"
 
 namespace qel {
 namespace {

@@ -7,6 +7,7 @@
 #include <QWindow>
 
 #include "ProgramTest.h"
+#include "core/Surroundings.h"
 
 namespace qel {
 namespace {

@@ -5,9 +5,9 @@
 #include <filesystem>
 
 #include "SampleForm.h"
-#include "core/EndProgram.h"
 #include "desktop/Dialogues.h"
 #include "desktop/Printing.h"
+#include "platform/Host.h"
 #include "support/TemporaryFolder.h"
 #include "values/RunTimeError.h"
 

@@ -19,7 +19,7 @@
 #include <unistd.h>
 
 #include "ProgramTest.h"
-#include "core/EndProgram.h"
+#include "core/Surroundings.h"
 #include "desktop/Dialogues.h"
 
 namespace qel {
@@ -35,7 +35,7 @@ class Monkey : public ProgramTest, private DesktopHost {
  protected:
   [[noreturn]] void PlayRound(unsigned seed, bool tells) {
     tellsActs = tells;
-    SetHost(*this);
+    const Surroundings here(*this, *this);
     dice.seed(seed);
     playedTime = PlayBegins;
     folder.Empty();
@@ -70,7 +70,7 @@ class Monkey : public ProgramTest, private DesktopHost {
   }
   // Its answers to a scan without a log, a number too big for its field, a period too long to be counted.
   Answer ErrorBox(const RunTimeError& error, const Message& message) override {
-    const std::string& place = ProcedureTrace;
+    const std::string& place = CurrentSurroundings().ProcedureTrace;
     const bool isTooLong = place == "checkProcess" && DaysBetween(PeriodStart, PeriodEnd) > 32766;
     const bool isNoLog = place == "btnScan_Click" && !PathExists(ModemLogDir + ModemLogFile);
     const int expected = isNoLog ? FileNotFound : isTooLong || place.ends_with("_LostFocus") ? Overflow : 0;

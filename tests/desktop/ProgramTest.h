@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "core/Surroundings.h"
 #include "desktop/DesktopHost.h"
 #include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
@@ -17,10 +18,7 @@ namespace qel {
 
 class ProgramTest : public WindowTest {
  protected:
-  ProgramTest() {
-    SetHost(desktop);
-    ShowForms();
-  }
+  ProgramTest() { ShowForms(); }
   ~ProgramTest() override {
     ReleaseFaces();
     ResetWindows();
@@ -48,6 +46,7 @@ class ProgramTest : public WindowTest {
   }
 
   DesktopHost desktop;
+  const Surroundings around{desktop, desktop};
 
  private:
   static void ShowForms() {

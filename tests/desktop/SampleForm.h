@@ -16,6 +16,7 @@
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
+#include "core/Surroundings.h"
 #include "desktop/DesktopHost.h"
 #include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
@@ -73,7 +74,6 @@ class DesktopTest : public ::testing::Test {
  protected:
   DesktopTest() {
     ResetEventLoop();
-    SetHost(host);
     AttachFaces({{"frmSample", MakeWindow<QMainWindow, Ui::frmSample>},
                  {"frmDialog", MakeWindow<QDialog, Ui::frmDialog, Qt::Dialog>}});
     form.Timer1.Enabled = false;
@@ -101,6 +101,7 @@ class DesktopTest : public ::testing::Test {
   }
 
   DesktopHost host;
+  const Surroundings around{host, host};
   frmSample form;
 };
 

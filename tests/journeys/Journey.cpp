@@ -5,8 +5,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "core/EndProgram.h"
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
 #include "registry/RegistryStore.h"
@@ -50,7 +49,6 @@ std::string KeyText(const std::string& key) {
 
 Journey::Journey(Script& script, const TemporaryFolder& folder, std::function<void()> newProcess)
     : script(script), folder(folder), newProcess(std::move(newProcess)) {
-  SetHost(*this);
   AttachFace = [](Form& form) { Design::Of(form).TellTo(form); };
   diskInPlace.emplace(failing);
 }
@@ -175,7 +173,8 @@ void Journey::TellWindows() {
   TellFocus();
   if (pointer != pointerTold) Tell(pointer == MousePointer::Hourglass ? "hourglass" : "arrow");
   pointerTold = pointer;
-  if (const std::string trace = ModuleTrace + "." + ProcedureTrace;
+  if (const std::string trace =
+          CurrentSurroundings().ModuleTrace + "." + CurrentSurroundings().ProcedureTrace;
       traces && trace != std::exchange(traceTold, trace))
     Tell("trace " + trace);
 }

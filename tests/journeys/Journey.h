@@ -18,16 +18,17 @@
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
+#include "core/Surroundings.h"
 #include "journeys/Script.h"
 #include "journeys/WindowText.h"
-#include "platform/Host.h"
 #include "registry/RegistryTree.h"
 #include "support/FailingDisk.h"
 #include "support/TemporaryFolder.h"
+#include "ui/WindowHost.h"
 
 namespace qel {
 
-class Journey : public Host {
+class Journey : public WindowHost {
  public:
   // Files lie in `folder`, which the transcript calls "~". `newProcess` makes the program as a new process
   // has it.
@@ -159,6 +160,7 @@ class Journey : public Host {
   std::map<std::string, std::ofstream> held;
   FailingDisk failing;
   std::optional<DiskInPlace> diskInPlace;
+  std::optional<Surroundings> around;  // of the process that runs, if one does
 
   // As it was told last.
   std::map<std::string, std::vector<Shown>> windows;

@@ -13,13 +13,13 @@
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
-#include "core/EndProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
 #include "journeys/Journey.h"
 #include "platform/Clock.h"
+#include "platform/Host.h"
 #include "registry/RegistryStore.h"
 #include "registry/RegistryText.h"
 #include "startup/QELMain.h"
@@ -281,7 +281,7 @@ void Journey::start(const Act&) {
     throw ProgramEnd();
   }
   newProcess();
-  SetHost(*this);
+  around.emplace(*this, *this);
   windows.clear();
   fronts.clear();
   front.clear();

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <set>
 
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "journeys/Journey.h"
 #include "support/WindowTest.h"
 
@@ -57,8 +57,9 @@ class HinderedJourney : public Journey {
  private:
   Answer ErrorBox(const RunTimeError& error, const Message& message) override {
     if (message.Title == error.Source() + " - Error") return Answer::Abort;  // the second answer counts
-    const std::string text =
-        ModuleTrace + "." + ProcedureTrace + ", " + Shortened(StepTrace) + ": " + error.Description();
+    const Surroundings& here = CurrentSurroundings();
+    const std::string text = here.ModuleTrace + "." + here.ProcedureTrace + ", " + Shortened(here.StepTrace) +
+                             ": " + error.Description();
     if (NextAct() <= from) return Tell("ignored: " + text), Answer::Ignore;
     Errors.push_back(text);
     return turns[(Errors.size() - 1) % turns.size()];

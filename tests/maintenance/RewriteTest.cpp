@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "core/Surroundings.h"
 #include "journeys/Script.h"
 #include "maintenance/LinePass.h"
 #include "maintenance/LogRewrite.h"
@@ -20,7 +21,6 @@ class RewriteTest : public FreshProgram {
   RewriteTest() {
     ::umask(022);
     AppPath = folder.Path();
-    SetDisplay(listener);
   }
 
   void Open(const std::string& text) {
@@ -37,7 +37,7 @@ class RewriteTest : public FreshProgram {
     });
     LogLength = 7;  // which each pass finds out for itself
     repair.FixCorruption();
-    EXPECT_EQ(ProcedureTrace, "FixCorruption");
+    EXPECT_EQ(CurrentSurroundings().ProcedureTrace, "FixCorruption");
     EXPECT_EQ(host.pointer, MousePointer::Default);
     if (another) folder.Put("test.log", *another);
     LogLength = 7;
@@ -106,12 +106,14 @@ class RewriteTest : public FreshProgram {
     act.Now = listener.said;
     if (yields > 0) act.Now.push_back("yields " + std::to_string(yields));
     for (const Message& message : host.messages) act.Now.push_back("message: " + message.Title);
-    act.Now.push_back("at " + ProcedureTrace + (host.pointer == MousePointer::Default ? "" : ", hourglass"));
+    act.Now.push_back("at " + CurrentSurroundings().ProcedureTrace +
+                      (host.pointer == MousePointer::Default ? "" : ", hourglass"));
     for (const auto& [name, content] : Files()) act.Now.push_back(name + content);
     if (ErrorOf([&] { left.Next(line); }) == 0) act.Now.push_back("what others have open stays so");
   }
 
   Listener listener;
+  const Meanwhile<Display*> here{CurrentSurroundings().Display, &listener};
   std::string log;  // as it was opened
 };
 

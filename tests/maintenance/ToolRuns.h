@@ -1,6 +1,7 @@
 // All that rewrites a log, run in memory on one that lies with the program's folder or on another volume.
 #pragma once
 
+#include "core/Surroundings.h"
 #include "maintenance/LinePass.h"
 #include "maintenance/LogRewrite.h"
 #include "maintenance/LogSwap.h"
@@ -14,7 +15,6 @@ namespace qel {
 class ToolRuns : public FreshProgram, public Display, public ::testing::WithParamInterface<const char*> {
  protected:
   ToolRuns() {
-    SetDisplay(*this);
     AppPath = "/app";
     SetCurrentLog(GetParam() + std::string("/"), "log.txt");
   }
@@ -80,6 +80,7 @@ class ToolRuns : public FreshProgram, public Display, public ::testing::WithPara
   MemoryDisk memory;
   TwoVolumes disk{memory};
   const DiskInPlace inPlace{disk};
+  const Meanwhile<Display*> here{CurrentSurroundings().Display, this};
 };
 
 }  // namespace qel

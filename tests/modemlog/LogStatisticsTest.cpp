@@ -1,5 +1,5 @@
 // What an examination finds of a log, told by logs.statistics.
-#include "core/EndProgram.h"
+#include "core/Surroundings.h"
 #include "journeys/Script.h"
 #include "modemlog/LogStatistics.h"
 #include "support/AnsweringHost.h"
@@ -14,8 +14,6 @@ namespace qel {
 
 class LogStatisticsTest : public FreshProgram {
  protected:
-  LogStatisticsTest() { SetDisplay(listener); }
-
   // All that is known of the log.
   static std::string Known() {
     const auto day = [](Date date) { return date == 0 ? "none" : FormatDate(date, "yyyy-mm-dd"); };
@@ -56,7 +54,7 @@ class LogStatisticsTest : public FreshProgram {
     Find(act);
     std::vector<std::string> told = listener.said;
     told.push_back(Known() + (host.pointer == MousePointer::Default ? "" : " busy"));
-    told.push_back("at " + ProcedureTrace + ", yields " + std::to_string(yields));
+    told.push_back("at " + CurrentSurroundings().ProcedureTrace + ", yields " + std::to_string(yields));
     return told;
   }
 
@@ -81,6 +79,7 @@ class LogStatisticsTest : public FreshProgram {
 
   AnsweringHost host;
   Listener listener;
+  const Meanwhile<Display*> here{CurrentSurroundings().Display, &listener};
 };
 
 TEST_F(LogStatisticsTest, AnExaminationFindsAllThereIsToKnow) {

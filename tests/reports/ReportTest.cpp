@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <sstream>
 
+#include "core/Surroundings.h"
 #include "journeys/Script.h"
-#include "platform/CodePage.h"
 #include "platform/DateConversion.h"
 #include "reports/DetailReport.h"
 #include "reports/Documents.h"
@@ -17,6 +17,7 @@
 #include "support/Cases.h"
 #include "support/ErrorRoad.h"
 #include "support/Expected.h"
+#include "values/CodePage.h"
 
 namespace qel {
 
@@ -136,7 +137,7 @@ TEST_F(ReportTest, ProgressIsToldOnceForEveryPercent) {
   };
   Analyse();
   Watch watch;
-  SetDisplay(watch);
+  const Meanwhile here(CurrentSurroundings().Display, &watch);
   host.yielded = [&] { watch.seen += host.pointer == MousePointer::Hourglass ? "%" : "?"; };
   DisplayDetailReport();
   EXPECT_EQ(watch.seen, "shown 12% 25% 37% 50% 62% 75% 87% 100% gone");

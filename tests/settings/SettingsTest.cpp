@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "registry/RegistryText.h"
+#include "settings/Registry_Functions.h"
 #include "settings/SettingsFile.h"
 #include "support/FreshProgram.h"
 #include "values/DateText.h"
@@ -319,6 +320,19 @@ TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
             std::tuple(13, 14, "a.wav"));
   EXPECT_EQ(stored(services, "UsedTariffs12"), "12");
   EXPECT_EQ(stored(services, "Tariff12-12After"), "12");
+}
+
+TEST(SaveRegistry, ThatItCannotWriteIsToldOnce) {
+  const TemporaryFolder folder;
+  Registry.Open(folder.Path("none/registry.reg"), RegistryStore::Access::Shared);
+  Registry.CreateKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL");
+  folder.Put("none", "");
+  testing::internal::CaptureStderr();
+  SaveRegistry();
+  SaveRegistry();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "qel: the settings could not be written: Path not found\n");
+  Registry.Reset();
 }
 
 }  // namespace qel

@@ -1,7 +1,7 @@
 // A host whose user answers errors in turns: the same answer each time, or another one the third time.
 #pragma once
 
-#include "core/ProgramState.h"
+#include "core/Surroundings.h"
 #include "support/ScriptedHost.h"
 
 namespace qel {
@@ -16,7 +16,8 @@ class AnsweringHost : public ScriptedHost {
 
   Answer ErrorBox(const RunTimeError& error, const Message& message) override {
     if (message.Title == error.Source() + " - Error") return Answer::Abort;  // the second answer counts
-    errors.push_back(ProcedureTrace + ", " + StepTrace + ": " + error.Description());
+    const Surroundings& here = CurrentSurroundings();
+    errors.push_back(here.ProcedureTrace + ", " + here.StepTrace + ": " + error.Description());
     return turns[(errors.size() - 1) % turns.size()];
   }
 

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-#include "core/EndProgram.h"
+#include "platform/Host.h"
 #include "support/AnsweringHost.h"
 #include "support/FailingDisk.h"
 #include "support/FailingMemory.h"

@@ -7,18 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "core/Display.h"
+#include "core/Surroundings.h"
 #include "platform/Host.h"
 
 namespace qel {
 
 class ScriptedHost : public Host, public Display {
  public:
-  ScriptedHost() {
-    SetHost(*this);
-    SetDisplay(*this);
-  }
-
   Answer MessageBox(const Message& message) override {
     messages.push_back(message);
     transcript.push_back("message: " + message.Title);
@@ -50,6 +45,9 @@ class ScriptedHost : public Host, public Display {
   std::vector<std::string> transcript;
   std::string clipboard;
   MousePointer pointer = MousePointer::Default;
+
+ private:
+  const Surroundings around{*this, *this};
 };
 
 }  // namespace qel

@@ -1,8 +1,8 @@
 // What the wizard finds in a store, and what a change writes there, told by modems.wizard.
 #include <map>
 
-#include "core/EndProgram.h"
 #include "journeys/Script.h"
+#include "platform/Host.h"
 #include "settings/Registry_Functions.h"
 #include "support/AnsweringHost.h"
 #include "support/FailingDisk.h"
