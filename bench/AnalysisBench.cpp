@@ -18,7 +18,7 @@
 #include "registry/StoredRegion.h"
 #include "reports/DetailReport.h"
 #include "reports/SummaryReport.h"
-#include "settings/Settings.h"
+#include "settings/UserParameters.h"
 
 namespace qel {
 namespace {
@@ -63,20 +63,21 @@ class OpenedLog {
     std::ofstream file(path, std::ios::binary);
     WriteLog(options, file);
     file.close();
-    ResetSettings();
+    settings = {};
+    windowSettings = {};
     Region = GetCurrencySymbolInfo(Registry);
-    MaxServices = 100;
-    MaxConnections = 32767;
-    Services.Make(MaxServices);
-    FillMissingSettings();
-    for (UsedServices = 0; UsedServices < ServiceCount; ++UsedServices)
-      Services[UsedServices] = BusyService(UsedServices);
-    CurrentLogPath = path.string();
-    LogExists = ArchiveOpen = true;
+    settings.MaxServices = 100;
+    settings.MaxConnections = 32767;
+    settings.Services.Make(settings.MaxServices);
+    FillMissingSettings(settings, windowSettings);
+    for (settings.UsedServices = 0; settings.UsedServices < ServiceCount; ++settings.UsedServices)
+      settings.Services[settings.UsedServices] = BusyService(settings.UsedServices);
+    logFile.CurrentLogPath = path.string();
+    findings.LogExists = logFile.ArchiveOpen = true;
     GetLogStats(false);
-    PeriodStart = FirstEntryDate;
-    PeriodEnd = LastEntryDate;
-    PeriodDays = Int16(DaysBetween(PeriodStart, PeriodEnd)) + 1;
+    period.PeriodStart = findings.FirstEntryDate;
+    period.PeriodEnd = findings.LastEntryDate;
+    period.PeriodDays = Int16(DaysBetween(period.PeriodStart, period.PeriodEnd)) + 1;
   }
   ~OpenedLog() { std::filesystem::remove(path); }
   OpenedLog(const OpenedLog&) = delete;
@@ -87,12 +88,12 @@ class OpenedLog {
 };
 
 void CountBytes(benchmark::State& state) {
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * FileLength(CurrentLogPath));
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * FileLength(logFile.CurrentLogPath));
 }
 
 void CountConnections(benchmark::State& state) {
-  if (ConnectionCount == 0) throw std::runtime_error("nothing was analysed");
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * int{ConnectionCount});
+  if (analysis.ConnectionCount == 0) throw std::runtime_error("nothing was analysed");
+  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * int{analysis.ConnectionCount});
 }
 
 void Statistics(benchmark::State& state) {

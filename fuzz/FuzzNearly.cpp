@@ -55,17 +55,18 @@ void MakeService(Choices& choices, ServiceRecord& service) {
 
 void MakeSettings(Choices& choices) {
   SetDefaults();
-  CalcCosts = choices.Below(4) != 0;
-  ShowErrors = choices.Below(4) != 0;
-  MaxConnections = choices.OneOf({200, 3, 1});
-  MaxConnectDays = choices.OneOf({2, 1, 31, 0});
-  NoDisconDuration = choices.OneOf({600, 0, 7200, 172800});
-  NoDisconData = choices.OneOf({0, 64});
-  for (double* rate : {&DialCost, &CostPerHour, &CostPerMeg}) *rate = choices.OneOf(Rates);
-  UsedServices = static_cast<int>(choices.Below(4));
-  for (int i = 0; i < UsedServices; ++i) MakeService(choices, Services[i]);
-  UsedHolidays = static_cast<int>(choices.Below(2));
-  Holidays[0] = DateSerial(1999, 1, 5);
+  settings.CalcCosts = choices.Below(4) != 0;
+  settings.ShowErrors = choices.Below(4) != 0;
+  settings.MaxConnections = choices.OneOf({200, 3, 1});
+  settings.MaxConnectDays = choices.OneOf({2, 1, 31, 0});
+  settings.NoDisconDuration = choices.OneOf({600, 0, 7200, 172800});
+  settings.NoDisconData = choices.OneOf({0, 64});
+  for (double* rate : {&settings.DialCost, &settings.CostPerHour, &settings.CostPerMeg})
+    *rate = choices.OneOf(Rates);
+  settings.UsedServices = static_cast<int>(choices.Below(4));
+  for (int i = 0; i < settings.UsedServices; ++i) MakeService(choices, settings.Services[i]);
+  settings.UsedHolidays = static_cast<int>(choices.Below(2));
+  settings.Holidays[0] = DateSerial(1999, 1, 5);
 }
 
 struct MadeLog {

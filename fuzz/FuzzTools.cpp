@@ -8,6 +8,7 @@
 #include "maintenance/LogRewrite.h"
 #include "maintenance/LogSwap.h"
 #include "maintenance/Repair.h"
+#include "modemlog/LogFile.h"
 #include "modemlog/LogLine.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
@@ -30,7 +31,7 @@ struct Plan {
     if (tool == Purge) return DoPurge(from, to);
     if (tool == Optimize) return DoOptimize();
     ReasonOfFailure([this] {
-      if (tool == Clear) return WriteLog(CurrentLogPath, NewLogEntry());
+      if (tool == Clear) return WriteLog(logFile.CurrentLogPath, NewLogEntry());
       LogRepair repair([](const auto&, const auto&) {});
       repair.FixCorruption();
       repair.CheckEntries();
@@ -62,10 +63,10 @@ struct Plan {
     const Date date = GetLineDate(text);
     if (tool == Repair) return text.find_first_not_of(' ') != std::string::npos && date != 0;
     if (tool == Purge) return date != 0 && (date < from || date > to);
-    if (text.find(ModemDial) != std::string::npos)
+    if (text.find(settings.ModemDial) != std::string::npos)
       return text.find_first_of("0123456789", 25) != std::string::npos;
-    for (const auto& response :
-         {ModemAnswer, ModemConnect, ModemUserDisconnect, ModemHostDisconnect, ModemReads, ModemWrites})
+    for (const auto& response : {settings.ModemAnswer, settings.ModemConnect, settings.ModemUserDisconnect,
+                                 settings.ModemHostDisconnect, settings.ModemReads, settings.ModemWrites})
       if (text.find(response) != std::string::npos) return true;
     return false;
   }
@@ -89,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool failed = program.Disk.Failed();
   program.Disk.Mend();
   if (ending == 2) program.Memory.FailPower();
-  MendInterruptedSwap(CurrentLogPath);
+  MendInterruptedSwap(logFile.CurrentLogPath);
   const std::string now = content("/app/log.txt");
   const bool isSafe =
       plan.tool == Clear || content("/app/ModemLog.old") == log || content("/app/log.txt.kept") == log;

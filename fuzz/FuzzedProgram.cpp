@@ -18,7 +18,7 @@
 #include "reports/ReportExport.h"
 #include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
-#include "settings/Settings.h"
+#include "settings/UserParameters.h"
 
 namespace qel {
 
@@ -39,10 +39,11 @@ void FuzzedProgram::OpenLog(std::string_view log) {
 }
 
 void SetDefaults() {
-  ResetSettings();
-  FillMissingSettings();
-  Services.Make(MaxServices);
-  ServiceRecord& service = Services[0];
+  settings = {};
+  windowSettings = {};
+  FillMissingSettings(settings, windowSettings);
+  settings.Services.Make(settings.MaxServices);
+  ServiceRecord& service = settings.Services[0];
   service.ServiceName = "Alpha";
   service.ServiceNumber = "5551234";
   service.DialOption = 2;
@@ -52,18 +53,18 @@ void SetDefaults() {
   service.Tariffs[0].Unit = "Per Unit";
   service.Tariffs[0].UnitMins = 1;
   service.Tariffs[0].PerMinuteRate = 0.05;
-  UsedServices = 1;
+  settings.UsedServices = 1;
 }
 
 bool AnalyseAll(int firstDay, int lastDay) {
   Examine(LogHealth::Unknown);
-  if (LogEmpty || LogInvalid || LogCorrupt) return false;
+  if (findings.LogEmpty || findings.LogInvalid || findings.LogCorrupt) return false;
   PeriodFields fields;
-  fields.SetStarting(format_date(FirstEntryDate + firstDay));
-  fields.SetEnding(format_date(LastEntryDate - lastDay));
+  fields.SetStarting(format_date(findings.FirstEntryDate + firstDay));
+  fields.SetEnding(format_date(findings.LastEntryDate - lastDay));
   if (!checkProcess()) return false;
   Analyse();
-  return !LogCorrupt;
+  return !findings.LogCorrupt;
 }
 
 std::string ReportIn(std::size_t form) {

@@ -19,11 +19,11 @@ namespace {
 
 void MakeArrays() {
   TraceStep("Service Arrays");
-  Attempt([] { ServiceTotals.Make(MaxServices); });
+  Attempt([] { analysis.ServiceTotals.Make(settings.MaxServices); });
   TraceStep("Connection Arrays");
-  Attempt([] { Connections.Make(MaxConnections); });
+  Attempt([] { analysis.Connections.Make(settings.MaxConnections); });
   TraceStep("Penalty Arrays");
-  Attempt([] { Penalties.Make(MaxServices); });
+  Attempt([] { Penalties.Make(settings.MaxServices); });
   TraceStep("Clr Analysis Vars");
   ClearAnalysisVars();
   TraceStep("Clr Analysis Arrays");
@@ -41,12 +41,12 @@ void ReadLog() {
   std::optional<LineClassifier> classifier;
   const bool opened = Attempt([&] {
     classifier.emplace();
-    log.emplace(CurrentLogPath);
+    log.emplace(logFile.CurrentLogPath);
   });
   if (!opened) return;
   for (std::string_view line; KeepReading && NextLine(*log, line);) {
     Process(line, *classifier);
-    if (ServicesExceeded || ConnectionsExceeded) KeepReading = false;
+    if (analysis.ServicesExceeded || analysis.ConnectionsExceeded) KeepReading = false;
   }
   Attempt([&log] { log->Close(); });
 }
@@ -70,19 +70,19 @@ void Analyse() {
   MakeArrays();
   TraceStep("Progress Chunk");
   CurrentDisplay().ShowProgress(true);
-  ProgressChunk = NextProgress = Int32(std::floor(LogEntries / 10));
+  ProgressChunk = NextProgress = Int32(std::floor(findings.LogEntries / 10));
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   ReadLog();
   TraceStep("Finished Processing");
   if (Connected) CloseAtEndOfLog();
   CurrentDisplay().ShowProgress(false);
   Attempt([] {
-    CurrentDisplay().StatusText(" F I N I S H E D !  -  (" + std::to_string(EntriesProcessed) +
+    CurrentDisplay().StatusText(" F I N I S H E D !  -  (" + std::to_string(analysis.EntriesProcessed) +
                                 " entries processed)");
   });
-  if (TariffIncomplete) Attempt(TellIncompleteTariffs);
+  if (analysis.TariffIncomplete) Attempt(TellIncompleteTariffs);
   CheckWarnings();
-  if (!ServicesExceeded && !LogCorrupt) CurrentDisplay().ShowReport();
+  if (!analysis.ServicesExceeded && !findings.LogCorrupt) CurrentDisplay().ShowReport();
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
 

@@ -2,13 +2,11 @@
 
 #include "analysis/QELAnalyse.h"
 #include "core/ProgramState.h"
+#include "modemlog/LogFile.h"
 
 namespace qel {
 
-BoundedArray<ConnectionRecord> Connections;
-Int16 ConnectionCount;
-BoundedArray<ServiceTotal> ServiceTotals;
-Int16 TotalsCount;
+AnalysisResult analysis;
 UsageTable Penalties;
 
 std::string CurrentLine, LineDateText;
@@ -20,9 +18,7 @@ Int32 ConnectSeconds;
 Int16 BlockMinutes, BlockCount;
 double DialCostNow{}, ServiceCostNow{}, DataCostNow{};
 bool KeepReading{};
-Int32 EntriesProcessed, ProgressChunk, NextProgress;
-bool ServicesExceeded{}, ConnectionsExceeded{};
-bool LogErrorsFound{}, TariffIncomplete{}, UndatedLineMet{}, ShowBlocks{};
+Int32 ProgressChunk, NextProgress;
 bool SummaryBuilt{}, DetailBuilt{};
 
 void UsageTable::Make(Int16 lastService) {
@@ -31,7 +27,7 @@ void UsageTable::Make(Int16 lastService) {
 }
 
 void ForgetUndatedLine() {
-  if (std::exchange(UndatedLineMet, false)) LogCorrupt = false;
+  if (std::exchange(analysis.UndatedLineMet, false)) findings.LogCorrupt = false;
 }
 
 void ClearAnalysisVars() {
@@ -44,16 +40,16 @@ void ClearAnalysisVars() {
 }
 
 void ClearAnalysisArrays() {
-  for (int i = 0; i <= ServiceTotals.Last(); ++i) {
-    ServiceTotal& slot = ServiceTotals[i];
+  for (int i = 0; i <= analysis.ServiceTotals.Last(); ++i) {
+    ServiceTotal& slot = analysis.ServiceTotals[i];
     slot.Number.clear();
     slot.Seconds = 0;
     slot.Connections = 0;
     slot.TotalCost = 0;
     slot.BytesRead = 0;
   }
-  for (int i = 1; i <= Connections.Last(); ++i) {
-    ConnectionRecord& connection = Connections[i];
+  for (int i = 1; i <= analysis.Connections.Last(); ++i) {
+    ConnectionRecord& connection = analysis.Connections[i];
     connection.StartDate = connection.StartTime = connection.EndDate = connection.EndTime = 0;
     connection.Number.clear();
     connection.Notes.clear();
@@ -63,17 +59,14 @@ void ClearAnalysisArrays() {
 
 void ResetAnalysis() {
   ForgetUndatedLine();
-  Connections = {};
-  ServiceTotals = {};
+  analysis = {};
   Penalties = {};
-  ConnectionCount = TotalsCount = 0;
   LineDateText.clear();
   LineTime = 0;
   ClearAnalysisVars();
   LastService = 0;
   DialCostNow = ServiceCostNow = DataCostNow = 0;
-  EntriesProcessed = ProgressChunk = NextProgress = 0;
-  ServicesExceeded = ConnectionsExceeded = LogErrorsFound = TariffIncomplete = ShowBlocks = false;
+  ProgressChunk = NextProgress = 0;
   SummaryBuilt = DetailBuilt = false;
 }
 

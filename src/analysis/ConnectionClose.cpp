@@ -19,8 +19,8 @@ namespace qel {
 
 namespace {
 
-ConnectionRecord& Connection() { return Connections[ConnectionCount]; }
-ServiceTotal& Slot() { return ServiceTotals[CurrentService]; }
+ConnectionRecord& Connection() { return analysis.Connections[analysis.ConnectionCount]; }
+ServiceTotal& Slot() { return analysis.ServiceTotals[CurrentService]; }
 
 // Where a close begins: no cost of another connection is about, and there is a record and a slot to close.
 bool BeginClose() {
@@ -36,10 +36,10 @@ Int32 SecondsToMidnight(Date time) { return SecondsBetween(time, TimeSerial(23, 
 // What is known of the time before the period goes. A little of it stays behind in the slots and in
 // Penalties.
 void ForgetTimeBeforePeriod() {
-  ConnectionCount = 0;
+  analysis.ConnectionCount = 0;
   ClearAnalysisArrays();
-  TotalsCount = 0;
-  LogErrorsFound = false;
+  analysis.TotalsCount = 0;
+  analysis.LogErrorsFound = false;
 }
 
 // A connection over midnight loses the part on a day outside the period; whole days in between always count.
@@ -47,8 +47,8 @@ Int32 SecondsInsidePeriod() {
   if (DisconnectDate == ConnectDate) return SecondsBetween(ConnectTime, DisconnectTime);
   const Int16 days = DaysBetween(ConnectDate, DisconnectDate);
   Int32 seconds = std::max<Int32>(days - 1, 0) * SecondsPerDay;
-  if (ConnectDate >= PeriodStart) seconds += SecondsToMidnight(ConnectTime);
-  if (DisconnectDate <= PeriodEnd) seconds += SecondsBetween(0, DisconnectTime);
+  if (ConnectDate >= period.PeriodStart) seconds += SecondsToMidnight(ConnectTime);
+  if (DisconnectDate <= period.PeriodEnd) seconds += SecondsBetween(0, DisconnectTime);
   return seconds;
 }
 
@@ -67,7 +67,7 @@ bool PriceTheCall(double share) {
   });
   DialCostNow = std::fabs(cost);
   const bool gap = cost < 0;
-  if (gap) TariffIncomplete = true;
+  if (gap) analysis.TariffIncomplete = true;
   return gap;
 }
 
@@ -78,7 +78,7 @@ void CountBlocks() {
     BlockMinutes = minutes;
   });
   if (BlockCount <= 0) return;
-  ShowBlocks = true;
+  analysis.ShowBlocks = true;
   Attempt([] { Connection().Notes += BlocksNote(BlockCount, BlockMinutes); });
 }
 
@@ -117,8 +117,8 @@ void AddCostsToSlot() {
   Slot().ServiceCost += ServiceCostNow;
 }
 
-double EstimatedBytes() { return NoDisconData * 1024; }
-double ErrorShare() { return ShowErrors ? 1 : 0; }
+double EstimatedBytes() { return settings.NoDisconData * 1024; }
+double ErrorShare() { return settings.ShowErrors ? 1 : 0; }
 
 void StampEnd(Date date, Date time) {
   Connection().EndDate = DisconnectDate = date;
@@ -130,13 +130,13 @@ bool EstimateEnd() {
   const Date startDate = Connection().StartDate, startTime = Connection().StartTime;
   StampEnd(startDate, startTime);
   return Attempt([&] {
-    const double duration = NoDisconDuration * ErrorShare();
+    const double duration = settings.NoDisconDuration * ErrorShare();
     ConnectSeconds = Int32(duration);
     const Int32 rest = SecondsToMidnight(startTime);
     if (rest > duration)
       StampEnd(startDate, AddSeconds(startTime, duration));
     else
-      StampEnd(startDate + 1, AddSeconds(0, NoDisconDuration - rest));
+      StampEnd(startDate + 1, AddSeconds(0, settings.NoDisconDuration - rest));
   });
 }
 
@@ -164,7 +164,7 @@ void AddCostsAndDataToSlot() {
 
 void OrdinaryClose() {
   Attempt([] { LineTime = TimeOfLine(CurrentLine); });
-  if (LineDate < PeriodStart) {
+  if (LineDate < period.PeriodStart) {
     ClearAnalysisVars();
     return ForgetTimeBeforePeriod();
   }
@@ -179,7 +179,7 @@ void OrdinaryClose() {
 }
 
 void CloseNoDisconnect() {
-  LogErrorsFound = true;
+  analysis.LogErrorsFound = true;
   if (!BeginClose()) return ClearAnalysisVars();
   NoteLostDisconnect();
   const bool estimated = EstimateEnd();
@@ -192,11 +192,11 @@ void CloseNoDisconnect() {
   AddCostsAndDataToSlot();
   const Date endDate = DisconnectDate;
   ClearAnalysisVars();
-  if (estimated && endDate < PeriodStart) ForgetTimeBeforePeriod();
+  if (estimated && endDate < period.PeriodStart) ForgetTimeBeforePeriod();
 }
 
 void CloseAtEndOfLog() {
-  LogErrorsFound = true;
+  analysis.LogErrorsFound = true;
   if (!BeginClose()) return ClearAnalysisVars();
   EstimateEnd();
   NoteLostDisconnect();

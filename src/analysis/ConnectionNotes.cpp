@@ -36,18 +36,18 @@ std::string TidyNotes(const std::string& text) {
 float GetConnectionSeconds(Int16 index) {
   float seconds{};
   IgnoreErrors([&] {
-    ConnectionRecord& c = Connections[index];
+    ConnectionRecord& c = analysis.Connections[index];
     if (c.StartDate == c.EndDate) {
       seconds = static_cast<float>(SecondsBetween(c.StartTime, c.EndTime));
       return;
     }
     Int32 n = std::max<Int32>(Int32(DaysBetween(c.StartDate, c.EndDate)) - 1, 0) * SecondsPerDay;
     std::string notes = c.Notes;
-    if (c.StartDate >= PeriodStart) {
+    if (c.StartDate >= period.PeriodStart) {
       notes = " Time prior to midnight";
       n += SecondsBetween(c.StartTime, TimeSerial(23, 59, 59)) + 1;
     }
-    if (c.EndDate <= PeriodEnd) {
+    if (c.EndDate <= period.PeriodEnd) {
       notes = n == 0 ? " Time from midnight" : "";
       n += SecondsBetween(0, c.EndTime);
     }

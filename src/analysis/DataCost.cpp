@@ -12,8 +12,8 @@ double GetDataCost(const std::string& number, double bytes, Date date) {
   TraceProcedure("GetDataCost");
   if (bytes == 0) return 0;
   const Int16 index = GetServiceIndex(number);
-  if (index < 0) return bytes / BytesPerMegabyte * CostPerMeg;
-  const ServiceRecord& service = Services[index];
+  if (index < 0) return bytes / BytesPerMegabyte * settings.CostPerMeg;
+  const ServiceRecord& service = settings.Services[index];
   const double allowance = BytesPerMegabyte * service.AfterMeg;
   Int32& used = Penalties.At(index, GetPeriodNumber(date, service.MegPeriod)).Bytes;
   const bool afresh = service.MegPeriod == "Session";  // the allowance is each connection's own

@@ -32,7 +32,7 @@ class TariffWalk {
         second(SecondOfDay(startTime)),
         endDay(endDate),
         endSecond(SecondOfDay(endTime)),
-        told(index > 0 ? &Connections[index].Notes : nullptr) {}
+        told(index > 0 ? &analysis.Connections[index].Notes : nullptr) {}
 
   double Cost() {
     if (service.UsedTariffs < 1) return 0;  // nothing that could end the walk
@@ -50,7 +50,7 @@ class TariffWalk {
       const TariffRecord& tariff = service.Tariffs[t];
       Outcome outcome = Try(tariff);
       while (outcome == Outcome::SameTariffAgain) outcome = Try(tariff);
-      if (outcome == Outcome::CheckEnd && day > PeriodEnd) done = covered = true;
+      if (outcome == Outcome::CheckEnd && day > period.PeriodEnd) done = covered = true;
       if (done) return;
       ++misses;
       if (misses >= service.UsedTariffs) done = true;
@@ -60,7 +60,7 @@ class TariffWalk {
   Outcome Try(const TariffRecord& tariff) {
     if (!DayMatches(day, tariff.AppliesDays)) return Outcome::Miss;
     if (SecondOfDay(tariff.AppliesTimeStart) > second) return Outcome::CheckEnd;
-    const bool withinOneDay = endDay <= PeriodEnd && day >= PeriodStart && endDay == day;
+    const bool withinOneDay = endDay <= period.PeriodEnd && day >= period.PeriodStart && endDay == day;
     return withinOneDay ? TryWithinOneDay(tariff) : TryAcrossDays(tariff);
   }
 
@@ -79,11 +79,11 @@ class TariffWalk {
 
   // The call crosses days or an edge of the period.
   Outcome TryAcrossDays(const TariffRecord& tariff) {
-    if (day < PeriodStart) {
+    if (day < period.PeriodStart) {
       EnterPeriod();
       return Outcome::SameTariffAgain;
     }
-    if (day > PeriodEnd) return Outcome::CheckEnd;
+    if (day > period.PeriodEnd) return Outcome::CheckEnd;
     const int tariffEnd = SecondOfDay(tariff.AppliesTimeEnd);
     int segmentEnd = tariffEnd + LastMinute;
     if (endDay < day && endSecond <= tariffEnd) {
@@ -98,7 +98,7 @@ class TariffWalk {
 
   // What lies before the period is not priced, the charge per call and the first piece's allowance included.
   void EnterPeriod() {
-    day = PeriodStart;
+    day = period.PeriodStart;
     second = 0;
     firstPiece = false;
     dialAdded = true;
@@ -151,8 +151,8 @@ double GetDialupCost(const std::string& number, Date startDate, Date startTime, 
                      Int16 index) {
   TraceProcedure("GetDialupCost");
   const Int16 found = GetServiceIndex(number);
-  if (found < 0) return DialCost;
-  const ServiceRecord& service = Services[found];
+  if (found < 0) return settings.DialCost;
+  const ServiceRecord& service = settings.Services[found];
   switch (service.DialOption) {
     case FixedCharge:
       return service.DialFixedTariff;

@@ -40,8 +40,9 @@ Int32 GetFreeSeconds(const std::string& number, Date start, Date stop) {
   Int32 seconds;
   IgnoreErrors([&] {
     const Int16 index = GetServiceIndex(number);
-    if (index < 0 || !Services[index].FreePeriod) return;
-    const Span free{SecondOfDay(Services[index].FreeStart), SecondOfDay(Services[index].FreeEnd)};
+    if (index < 0 || !settings.Services[index].FreePeriod) return;
+    const Span free{SecondOfDay(settings.Services[index].FreeStart),
+                    SecondOfDay(settings.Services[index].FreeEnd)};
     seconds = FreeSecondsOf(free, {SecondOfDay(start), SecondOfDay(stop)});
   });
   return seconds;

@@ -20,13 +20,13 @@ void TellLimit(const std::string& things) {
 }
 
 void OpenConnection(const std::string& number) {
-  IgnoreErrors([] { ++ConnectionCount; });
-  if (ConnectionCount >= MaxConnections) {
-    ConnectionsExceeded = true;
+  IgnoreErrors([] { ++analysis.ConnectionCount; });
+  if (analysis.ConnectionCount >= settings.MaxConnections) {
+    analysis.ConnectionsExceeded = true;
     TellLimit("Connections");
   }
   IgnoreErrors([&] {
-    ConnectionRecord& connection = Connections[ConnectionCount];
+    ConnectionRecord& connection = analysis.Connections[analysis.ConnectionCount];
     connection.Number = AnsweredPending ? AnsweredNumber : number;
     if (AnsweredPending) connection.Answered = true;
   });
@@ -35,8 +35,8 @@ void OpenConnection(const std::string& number) {
 // The first slot that has the number or whose service has it. The first free slot is looked at too, so an
 // empty number takes it without counting it.
 Int16 FindSlot(const std::string& number) {
-  for (Int16 i = 1; i <= TotalsCount + 1; ++i) {
-    const ServiceTotal& slot = ServiceTotals[i];
+  for (Int16 i = 1; i <= analysis.TotalsCount + 1; ++i) {
+    const ServiceTotal& slot = analysis.ServiceTotals[i];
     if (Trim(slot.Number) == number || Trim(slot.AltNumber) == number) return i;
   }
   return 0;
@@ -45,22 +45,22 @@ Int16 FindSlot(const std::string& number) {
 void OpenSlot(const std::string& number) {
   IgnoreErrors([&] { CurrentService = FindSlot(number); });
   if (CurrentService > 0) return;
-  CurrentService = TotalsCount + 1;
+  CurrentService = analysis.TotalsCount + 1;
   IgnoreErrors([&] {
-    ServiceTotal& slot = ServiceTotals[CurrentService];
+    ServiceTotal& slot = analysis.ServiceTotals[CurrentService];
     slot.Number = number;
     slot.AltNumber = GetAltNumber(number);
     slot.Blocks = 0;
   });
-  TotalsCount = CurrentService;
+  analysis.TotalsCount = CurrentService;
 }
 
 }  // namespace
 
 void NewDial() {
   CurrentService = 0;
-  ServicesExceeded = false;
-  ConnectionsExceeded = false;
+  analysis.ServicesExceeded = false;
+  analysis.ConnectionsExceeded = false;
   std::string number = "Answered Calls";
   if (!AnsweredPending) {
     number = CutDialledNumber(CurrentLine);
@@ -71,9 +71,9 @@ void NewDial() {
   }
   OpenConnection(number);
   OpenSlot(number);
-  if (TotalsCount >= MaxServices) {
+  if (analysis.TotalsCount >= settings.MaxServices) {
     TellLimit("Services");
-    ServicesExceeded = true;
+    analysis.ServicesExceeded = true;
   }
   LastService = CurrentService;
 }

@@ -29,16 +29,17 @@ constexpr int ByteCountWindow = 20;  // seconds behind a connection's end in whi
 constexpr unsigned AnyDisconnect = UserDisconnectLine | HostDisconnectLine;
 constexpr unsigned AnyOpening = ConnectLine | DialLine | AnswerLine;
 
-ConnectionRecord& Connection() { return Connections[ConnectionCount]; }
+ConnectionRecord& Connection() { return analysis.Connections[analysis.ConnectionCount]; }
 
 void TakeLineTime() {
   Attempt([] { LineTime = TimeOfLine(CurrentLine); });
 }
 
 void TellProgress() {
-  if (EntriesProcessed != NextProgress || ProgressChunk < 1) return;
+  if (analysis.EntriesProcessed != NextProgress || ProgressChunk < 1) return;
   NextProgress += ProgressChunk;
-  const double percent = std::floor(EntriesProcessed / static_cast<double>(LogEntries) * 100);
+  const double percent =
+      std::floor(analysis.EntriesProcessed / static_cast<double>(findings.LogEntries) * 100);
   if (percent <= 100) {
     CurrentDisplay().StatusText("Please Wait .....Processing  " + NumberText(percent) + "%");
     CurrentDisplay().Progress(Int16(percent));
@@ -60,10 +61,10 @@ bool TakeLine(std::string_view line) {
   LineDate = DateOf(line);
   if (LineDate == 0) {
     KeepReading = false;
-    if (!LogCorrupt) LogCorrupt = UndatedLineMet = true;
+    if (!findings.LogCorrupt) findings.LogCorrupt = analysis.UndatedLineMet = true;
     return false;
   }
-  Attempt([] { ++EntriesProcessed; });
+  Attempt([] { ++analysis.EntriesProcessed; });
   Attempt(TellProgress);
   return true;
 }
@@ -72,7 +73,7 @@ bool TakeLine(std::string_view line) {
 bool TakeText(std::string_view line) {
   TraceProcedure("Process");
   return Attempt([&] {
-    TraceStep("Log Entry:" + Str(EntriesProcessed));
+    TraceStep("Log Entry:" + Str(analysis.EntriesProcessed));
     CurrentLine = UpperCase(line);
   });
 }
@@ -87,16 +88,16 @@ void StampConnect() {
 void ConnectWithoutDial() {
   StampConnect();
   Connected = Attempt([] {
-    const Int16 number = ConnectionCount + 1;
-    ConnectionRecord connection = Connections[number];
+    const Int16 number = analysis.ConnectionCount + 1;
+    ConnectionRecord connection = analysis.Connections[number];
     connection.StartDate = ConnectDate;
     connection.StartTime = ConnectTime;
     connection.Number = UndialledNumber;
     connection.Notes = NoDialLineNote;
-    Connections[number] = std::move(connection);
-    ConnectionCount = number;
+    analysis.Connections[number] = std::move(connection);
+    analysis.ConnectionCount = number;
   });
-  if (Connected) Attempt([] { ServiceTotals[0].Number = "Unknown"; });
+  if (Connected) Attempt([] { analysis.ServiceTotals[0].Number = "Unknown"; });
 }
 
 // Only times of day are compared: a line earlier in any day than the connection's end passes.
@@ -113,10 +114,10 @@ void TakeReads() {
   });
   if (!taken) return;
   Connection().BytesRead = bytes;
-  Attempt([&] { ServiceTotals[LastService].BytesRead += bytes; });
+  Attempt([&] { analysis.ServiceTotals[LastService].BytesRead += bytes; });
   Attempt([&] { Connection().Notes += ReadNote(bytes); });
   Attempt([&] {
-    ServiceTotal& slot = ServiceTotals[LastService];
+    ServiceTotal& slot = analysis.ServiceTotals[LastService];
     DataCostNow = GetDataCost(slot.Number, bytes, Connection().StartDate);
     slot.TotalCost += DataCostNow;
   });
@@ -150,7 +151,7 @@ void Dialling(unsigned classes) {
   StampConnect();
   Attempt([] {
     ConnectionRecord& connection = Connection();
-    connection.Notes = AnsweredPending && CalcCosts ? AnsweredNote : "";
+    connection.Notes = AnsweredPending && settings.CalcCosts ? AnsweredNote : "";
     connection.StartDate = ConnectDate;
     connection.StartTime = ConnectTime;
     AnsweredPending = false;
@@ -159,7 +160,7 @@ void Dialling(unsigned classes) {
 
 void BetweenConnections(unsigned classes) {
   if (classes & AnyDisconnect) {
-    if (CurrentService > 0) --ConnectionCount;  // a dial that never connected gives its number back
+    if (CurrentService > 0) --analysis.ConnectionCount;  // a dial that never connected gives its number back
     CurrentService = 0;
   }
   if (CurrentService == 0) Idle(classes);
@@ -173,11 +174,11 @@ void Process(std::string_view line, const LineClassifier& classifier) {
   bool classified = false;
   unsigned classes = NoClass;
   for (;;) {
-    if (LineDate > PeriodEnd && !Connected) {
+    if (LineDate > period.PeriodEnd && !Connected) {
       KeepReading = false;
       return;
     }
-    if (LineDate < PeriodStart - MaxConnectDays) return;
+    if (LineDate < period.PeriodStart - settings.MaxConnectDays) return;
     if (!classified) {
       classified = true;
       classes = classifier.ClassesOf(line);

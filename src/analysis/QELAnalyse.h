@@ -63,10 +63,21 @@ class UsageTable {
   BoundedArray<BoundedArray<PeriodUsage>> byService;
 };
 
-extern BoundedArray<ConnectionRecord> Connections;  // 0 to MaxConnections; 0 is never used
-extern Int16 ConnectionCount;                       // the last one in use
-extern BoundedArray<ServiceTotal> ServiceTotals;    // 0 to MaxServices; 0 is the group "Unknown"
-extern Int16 TotalsCount;                           // the highest slot in use
+// What an analysis leaves behind.
+struct AnalysisResult {
+  BoundedArray<ConnectionRecord> Connections;  // 0 to MaxConnections; 0 is never used
+  Int16 ConnectionCount;                       // the last one in use
+  BoundedArray<ServiceTotal> ServiceTotals;    // 0 to MaxServices; 0 is the group "Unknown"
+  Int16 TotalsCount;                           // the highest slot in use
+  Int32 EntriesProcessed;
+  bool ServicesExceeded = false, ConnectionsExceeded = false;
+  bool LogErrorsFound = false;    // a connection was closed without a disconnect line
+  bool TariffIncomplete = false;  // a connection could not be fully priced
+  bool UndatedLineMet = false;    // LogCorrupt stands for a line that this analysis met, and for nothing else
+  bool ShowBlocks = false;        // the Summary shows blocks, not data; some connection has blocks
+};
+
+extern AnalysisResult analysis;  // of the running program
 extern UsageTable Penalties;
 
 // The line in hand, in capitals. Only lines of some class are kept here.
@@ -83,14 +94,8 @@ extern Int32 ConnectSeconds;  // of the connection being closed, as the next two
 extern Int16 BlockMinutes, BlockCount;
 extern double DialCostNow, ServiceCostNow, DataCostNow;
 extern bool KeepReading;
-extern Int32 EntriesProcessed;
 extern Int32 ProgressChunk;  // entries between two words on the progress
 extern Int32 NextProgress;   // the entry that gives the next one
-extern bool ServicesExceeded, ConnectionsExceeded;
-extern bool LogErrorsFound;    // a connection was closed without a disconnect line
-extern bool TariffIncomplete;  // a connection could not be fully priced
-extern bool UndatedLineMet;    // LogCorrupt stands for a line that this analysis met, and for nothing else
-extern bool ShowBlocks;        // the Summary shows blocks, not data; some connection has blocks
 
 // Which reports show this analysis already.
 extern bool SummaryBuilt, DetailBuilt;

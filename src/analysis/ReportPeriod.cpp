@@ -7,8 +7,7 @@
 
 namespace qel {
 
-Date PeriodStart{}, PeriodEnd{};
-Int16 PeriodDays;
+Period period;
 bool StartingChanged{}, EndingChanged{};
 
 const std::array<StatusMessage, 16> StatusMessages = {{
@@ -35,7 +34,8 @@ namespace {
 // A log whose last entry lies before its first (a clock was set back) has no limits that both dates could
 // keep.
 bool LimitsKnown() {
-  return (LogExists || ArchiveOpen) && !LogInvalid && !LogCorrupt && FirstEntryDate <= LastEntryDate;
+  return (findings.LogExists || logFile.ArchiveOpen) && !findings.LogInvalid && !findings.LogCorrupt &&
+         findings.FirstEntryDate <= findings.LastEntryDate;
 }
 
 }  // namespace
@@ -57,43 +57,37 @@ void PeriodFields::SetEnding(const std::string& text) {
 void PeriodFields::inputStarting_Change() {
   StartingChanged = IsDate(starting);
   if (!StartingChanged) return;
-  PeriodStart = WholeDay(TextToDate(starting));
-  if (PeriodStart < FirstEntryDate && LimitsKnown()) {
-    PeriodStart = FirstEntryDate;
-    SetStarting(format_date(FirstEntryDate));
+  period.PeriodStart = WholeDay(TextToDate(starting));
+  if (period.PeriodStart < findings.FirstEntryDate && LimitsKnown()) {
+    period.PeriodStart = findings.FirstEntryDate;
+    SetStarting(format_date(findings.FirstEntryDate));
     StatusIndex = CurrentDateField == DateField::Starting ? 10 : 11;
     if (!FormLoading) Complain();
   }
-  ShowOnCalendar(PeriodStart);
-  if (PeriodEnd < PeriodStart) SetEnding(starting);
+  ShowOnCalendar(period.PeriodStart);
+  if (period.PeriodEnd < period.PeriodStart) SetEnding(starting);
 }
 
 void PeriodFields::inputEnding_Change() {
   EndingChanged = IsDate(ending);
   if (!EndingChanged) return;
-  PeriodEnd = WholeDay(TextToDate(ending));
-  if (PeriodEnd > LastEntryDate && LimitsKnown() && !LogEmpty) {
-    PeriodEnd = LastEntryDate;
-    SetEnding(format_date(LastEntryDate));
+  period.PeriodEnd = WholeDay(TextToDate(ending));
+  if (period.PeriodEnd > findings.LastEntryDate && LimitsKnown() && !findings.LogEmpty) {
+    period.PeriodEnd = findings.LastEntryDate;
+    SetEnding(format_date(findings.LastEntryDate));
     StatusIndex = CurrentDateField == DateField::Ending ? 12 : 13;
     if (!FormLoading) Complain();
   }
-  ShowOnCalendar(PeriodEnd);
-  if (PeriodEnd < PeriodStart) SetStarting(ending);
+  ShowOnCalendar(period.PeriodEnd);
+  if (period.PeriodEnd < period.PeriodStart) SetStarting(ending);
 }
 
-bool PeriodIsSet() { return StartingChanged && EndingChanged && (LogExists || ArchiveOpen); }
+bool PeriodIsSet() { return StartingChanged && EndingChanged && (findings.LogExists || logFile.ArchiveOpen); }
 
 bool checkProcess() {
   if (!PeriodIsSet()) return false;
-  PeriodDays = Int16(DaysBetween(PeriodStart, PeriodEnd)) + 1;
+  period.PeriodDays = Int16(DaysBetween(period.PeriodStart, period.PeriodEnd)) + 1;
   return true;
-}
-
-void ResetReportPeriod() {
-  PeriodStart = PeriodEnd = 0;
-  PeriodDays = 0;
-  StartingChanged = EndingChanged = false;
 }
 
 }  // namespace qel

@@ -12,8 +12,13 @@
 
 namespace qel {
 
-extern Date PeriodStart, PeriodEnd;          // whole days, both inside the period
-extern Int16 PeriodDays;                     // both ends counted
+struct Period {
+  Date PeriodStart = 0, PeriodEnd = 0;  // whole days, both inside the period
+  Int16 PeriodDays;                     // both ends counted
+};
+
+extern Period period;  // of the running program
+
 extern bool StartingChanged, EndingChanged;  // the field's text is a date
 
 // A line for the status bar. The complaints are bold and stand for some seconds.
@@ -60,7 +65,5 @@ class PeriodFields {
 bool PeriodIsSet();
 // The same; counts PeriodDays when it can. Raises 6 for a period of 32768 days or more.
 bool checkProcess();
-
-void ResetReportPeriod();
 
 }  // namespace qel

@@ -11,10 +11,13 @@ namespace qel {
 
 void ResetProgram() {
   ResetProgramState();
-  ResetSettings();
-  ResetLogStatistics();
+  settings = {};
+  windowSettings = {};
+  logFile = {};
+  findings = {};
   ResetLogMessages();
-  ResetReportPeriod();
+  period = {};
+  StartingChanged = EndingChanged = false;
   ResetAnalysis();
 }
 

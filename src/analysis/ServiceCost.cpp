@@ -16,10 +16,10 @@ namespace {
 enum ServiceOption { FlatRate = 1, FlexibleRate = 2 };
 
 double FlexibleCost(Int16 index, Int32 seconds, Date date) {
-  const ServiceRecord& service = Services[index];
+  const ServiceRecord& service = settings.Services[index];
   const Int32 limit = Int32(service.UpToHours) * 3600;
-  const Int16 period = GetPeriodNumber(std::max(date, PeriodStart), service.PenaltyPeriod);
-  Int32& sum = Penalties.At(index, period).Seconds;
+  const Int16 number = GetPeriodNumber(std::max(date, period.PeriodStart), service.PenaltyPeriod);
+  Int32& sum = Penalties.At(index, number).Seconds;
   const Int32 used = sum + seconds;
   const Int32 within = used > limit ? std::max<Int32>(seconds - (used - limit), 0) : seconds;
   sum = used;
@@ -35,10 +35,10 @@ double GetServiceCost(const std::string& number, Int32 seconds, Date date) {
   TraceProcedure("GetServiceCost");
   const Int16 index = GetServiceIndex(number);
   const double hours = SecondsToHours(static_cast<float>(seconds));
-  if (index < 0) return CostPerHour * hours;
-  switch (Services[index].ServiceOption) {
+  if (index < 0) return settings.CostPerHour * hours;
+  switch (settings.Services[index].ServiceOption) {
     case FlatRate:
-      return Services[index].ServiceRate * hours;
+      return settings.Services[index].ServiceRate * hours;
     case FlexibleRate:
       return FlexibleCost(index, seconds, date);
     default:
@@ -47,10 +47,10 @@ double GetServiceCost(const std::string& number, Int32 seconds, Date date) {
 }
 
 Int16 GetPeriodNumber(Date date, const std::string& periodName) {
-  const double days = DaysBetween(PeriodStart, date);
+  const double days = DaysBetween(period.PeriodStart, date);
   double number = 0;
   if (periodName == "Month") {
-    const double length = DaysBetween(PeriodStart, AddMonths(PeriodStart, 1));
+    const double length = DaysBetween(period.PeriodStart, AddMonths(period.PeriodStart, 1));
     number = std::floor(days / length);
   } else if (periodName == "Week") {
     number = std::floor(days / 7);
@@ -62,13 +62,13 @@ Int16 GetPeriodNumber(Date date, const std::string& periodName) {
 
 double ApplyMaxCharge(double cost, const std::string& number) {
   const Int16 index = GetServiceIndex(number);
-  const double most = index < 0 ? 0 : Services[index].MaxCharge;
+  const double most = index < 0 ? 0 : settings.Services[index].MaxCharge;
   return most > 0 ? std::min(cost, most) : cost;
 }
 
 Int16 ServiceBlockMinutes(const std::string& number) {
   const Int16 index = GetServiceIndex(number);
-  return index < 0 ? Int16(0) : Services[index].Block;
+  return index < 0 ? Int16(0) : settings.Services[index].Block;
 }
 
 Int16 GetBlockCount(Int16 minutes, Int32 seconds) {

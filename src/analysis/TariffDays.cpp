@@ -73,8 +73,8 @@ Int16 GetDayIndex(const std::string& shortName) {
 }
 
 bool IsHoliday(Date date) {
-  for (int i = 0; i < UsedHolidays; ++i)
-    if (Holidays[i] == date) return true;
+  for (int i = 0; i < settings.UsedHolidays; ++i)
+    if (settings.Holidays[i] == date) return true;
   return false;
 }
 

@@ -57,11 +57,11 @@ void ShowWarnings(const std::vector<WarningEntry>& list) {
 void CheckAll() {
   std::vector<WarningEntry> list;
   bool play = false, display = false;
-  for (int i = 1; i <= MaxServices; ++i) {
-    const ServiceTotal& slot = ServiceTotals[i];
+  for (int i = 1; i <= settings.MaxServices; ++i) {
+    const ServiceTotal& slot = analysis.ServiceTotals[i];
     const Int16 index = GetServiceIndex(slot.Number);
-    if (index < 0 || !Services[index].ShowWarnings) continue;
-    const ServiceRecord& service = Services[index];
+    if (index < 0 || !settings.Services[index].ShowWarnings) continue;
+    const ServiceRecord& service = settings.Services[index];
     const auto text = ExceededBy(slot, service);
     if (!text) continue;
     list.push_back({service.ServiceName, *text});
@@ -69,7 +69,7 @@ void CheckAll() {
     display = display || service.WarningDisplay;
   }
   if (play) {
-    CurrentHost().PlaySoundFile(WarningSoundFile);
+    CurrentHost().PlaySoundFile(settings.WarningSoundFile);
     CurrentHost().Yield();
   }
   if (display) ShowWarnings(list);

@@ -14,18 +14,19 @@ namespace qel {
 namespace {
 
 bool Refuse(const std::string& why) {
-  Complain(ShownPath(CurrentLogPath) + ": " + why);
+  Complain(ShownPath(logFile.CurrentLogPath) + ": " + why);
   return false;
 }
 
 bool CanBeRead() {
-  if (IsStream(CurrentLogPath)) return Refuse("cannot read the log: it must be a file, no pipe or device");
+  if (IsStream(logFile.CurrentLogPath))
+    return Refuse("cannot read the log: it must be a file, no pipe or device");
   try {
-    LineReader file(CurrentLogPath);
+    LineReader file(logFile.CurrentLogPath);
     file.Close();
     return true;
   } catch (const RunTimeError& error) {
-    const bool missingDefault = !ArchiveOpen && error.SystemError() == ENOENT;
+    const bool missingDefault = !logFile.ArchiveOpen && error.SystemError() == ENOENT;
     return Refuse(missingDefault ? "there is no modem log here; name one with --log FILE"
                                  : "cannot read the log: " + ReasonOf(error));
   }
@@ -37,14 +38,14 @@ bool SelectLog(const std::optional<std::string>& named) {
   if (named)
     SetCurrentLog(*named);
   else
-    SetCurrentLog(ModemLogDir, ModemLogFile);
-  ArchiveOpen = named.has_value();
+    SetCurrentLog(settings.ModemLogDir, settings.ModemLogFile);
+  logFile.ArchiveOpen = named.has_value();
   if (!CanBeRead()) return false;
-  Examine(ArchiveOpen ? LogHealth::Sound : LogHealth::Unknown);
-  if (LogCorrupt) return Refuse("the log is corrupt: it holds a byte that no text log can hold");
-  if (LogEmpty) return Refuse("the log is empty");
-  if (LogInvalid) return Refuse("this is no modem log: its first or last entry has no date");
-  if (!ArchiveOpen) ShowLogTooBig();
+  Examine(logFile.ArchiveOpen ? LogHealth::Sound : LogHealth::Unknown);
+  if (findings.LogCorrupt) return Refuse("the log is corrupt: it holds a byte that no text log can hold");
+  if (findings.LogEmpty) return Refuse("the log is empty");
+  if (findings.LogInvalid) return Refuse("this is no modem log: its first or last entry has no date");
+  if (!logFile.ArchiveOpen) ShowLogTooBig();
   return true;
 }
 

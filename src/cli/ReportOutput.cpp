@@ -6,6 +6,7 @@
 
 #include "cli/CommandLineHost.h"
 #include "core/ProgramState.h"
+#include "modemlog/LogFile.h"
 #include "platform/Files.h"
 #include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"
@@ -52,7 +53,7 @@ std::string StatisticsOutput(OutputFormat format) {
 }
 
 bool MayWriteTo(const std::string& path, const std::optional<std::string>& settings) {
-  const std::string read[] = {CurrentLogPath, settings.value_or(SettingsStorePath())};
+  const std::string read[] = {logFile.CurrentLogPath, settings.value_or(SettingsStorePath())};
   for (const auto& file : read)
     if (IsSameFile(path, file)) {
       Complain("--output " + ShownPath(path) + " would overwrite what the report is made from");

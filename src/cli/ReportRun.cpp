@@ -21,7 +21,7 @@
 #include "registry/StoredRegion.h"
 #include "reports/ReportExport.h"
 #include "reports/SummaryDifference.h"
-#include "settings/Settings.h"
+#include "settings/UserParameters.h"
 #include "values/CodePage.h"
 
 namespace qel {
@@ -47,26 +47,27 @@ bool OpenSettings(const std::optional<std::string>& named) {
 void LoadSettings() {
   ReadEnvironment();
   Region = GetCurrencySymbolInfo(Registry);
-  ReadUserParameters();
-  FillMissingSettings();
-  SettleMissingLogPath();
+  ReadUserParameters(Registry, settings, windowSettings);
+  FillMissingSettings(settings, windowSettings);
+  SettleMissingLogPath(settings);
 }
 
 // Tariffs keep their days in the words of whoever wrote them, and a run by a schedule often has no language.
 // Such a tariff would change the costs without a word.
 void TellUnknownDays() {
   constexpr int byTariffs = 2;
-  for (Int16 i = 0; i < UsedServices; ++i)
-    for (Int16 t = 0; t < Services[i].UsedTariffs; ++t) {
-      const TariffRecord& tariff = Services[i].Tariffs[t];
-      if (Services[i].DialOption == byTariffs && !AreKnownDays(tariff.AppliesDays))
-        Complain(ToUtf8(Services[i].ServiceName + ": the tariff '" + tariff.Description + "' never holds: '" +
-                        tariff.AppliesDays + "' names no days in English or in the language of this run"));
+  for (Int16 i = 0; i < settings.UsedServices; ++i)
+    for (Int16 t = 0; t < settings.Services[i].UsedTariffs; ++t) {
+      const TariffRecord& tariff = settings.Services[i].Tariffs[t];
+      if (settings.Services[i].DialOption == byTariffs && !AreKnownDays(tariff.AppliesDays))
+        Complain(ToUtf8(settings.Services[i].ServiceName + ": the tariff '" + tariff.Description +
+                        "' never holds: '" + tariff.AppliesDays +
+                        "' names no days in English or in the language of this run"));
     }
 }
 
 void TellDateOutsideLog(const char* option, const std::optional<Date>& date) {
-  const auto [first, last] = std::minmax(FirstEntryDate, LastEntryDate);
+  const auto [first, last] = std::minmax(findings.FirstEntryDate, findings.LastEntryDate);
   if (!date || (first <= *date && *date <= last)) return;
   Complain(std::string(option) + " " + IsoDate(*date) + " lies outside the log, which holds " +
            IsoDate(first) + " to " + IsoDate(last));
@@ -75,16 +76,17 @@ void TellDateOutsideLog(const char* option, const std::optional<Date>& date) {
 // Fills the two date fields as a user of the window would, who has their rules too. What is not granted is
 // said on standard error.
 void TypePeriod(const Arguments& arguments) {
-  const Date from = arguments.from.value_or(FirstEntryDate), to = arguments.to.value_or(LastEntryDate);
+  const Date from = arguments.from.value_or(findings.FirstEntryDate),
+             to = arguments.to.value_or(findings.LastEntryDate);
   PeriodFields fields;
-  fields.SetStarting(format_date(FirstEntryDate));
-  fields.SetEnding(format_date(LastEntryDate));
+  fields.SetStarting(format_date(findings.FirstEntryDate));
+  fields.SetEnding(format_date(findings.LastEntryDate));
   if (arguments.from) fields.SetStarting(format_date(from));
   if (arguments.to) fields.SetEnding(format_date(to));
   TellDateOutsideLog("--from", arguments.from);
   TellDateOutsideLog("--to", arguments.to);
-  if (PeriodStart != from || PeriodEnd != to)
-    Complain("the report is of " + IsoDate(PeriodStart) + " to " + IsoDate(PeriodEnd));
+  if (period.PeriodStart != from || period.PeriodEnd != to)
+    Complain("the report is of " + IsoDate(period.PeriodStart) + " to " + IsoDate(period.PeriodEnd));
 }
 
 void TellDifferences() {
@@ -118,13 +120,13 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   if (!ChoosePeriod(arguments)) return NoReport;
   TellUnknownDays();
   Analyse();
-  if (LogCorrupt)
-    Complain(ShownPath(CurrentLogPath) + ": entry " + std::to_string(EntriesProcessed + 1) +
+  if (findings.LogCorrupt)
+    Complain(ShownPath(logFile.CurrentLogPath) + ": entry " + std::to_string(analysis.EntriesProcessed + 1) +
              " has no date; the log is damaged and must be repaired first");
   if (!host.ReportReady()) return NoReport;
   if (arguments.report == ReportKind::Summary) TellDifferences();
   if (!WriteOut(ReportOutput(arguments.report, arguments.format), arguments.output)) return NoReport;
-  return ConnectionsExceeded ? IncompleteReport : WholeReport;
+  return analysis.ConnectionsExceeded ? IncompleteReport : WholeReport;
 }
 
 }  // namespace qel

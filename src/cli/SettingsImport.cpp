@@ -8,7 +8,7 @@
 #include "core/ProgramState.h"
 #include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"
-#include "settings/SettingsFile.h"
+#include "settings/SettingsExchange.h"
 #include "values/CodePage.h"
 
 namespace qel {
@@ -43,7 +43,7 @@ bool ImportSettings(const std::string& path) {
   }
   try {
     Registry.Open(store, RegistryStore::Access::Shared);
-    ImportOptions(*file);
+    ImportOptions(Registry, *file);
     Registry.Flush();
     TellSetAsideStores();
   } catch (const RunTimeError& error) {

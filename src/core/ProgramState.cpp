@@ -8,11 +8,7 @@
 namespace qel {
 
 std::string AppPath, HelpFile, WindowsDir, DefaultLogFile, DefaultLogDir, OSName;
-bool SettingsDirty;
 std::string ActiveLogFile, ActiveLogDir;
-std::string CurrentLogFile, CurrentLogDir, CurrentLogPath;
-bool ArchiveOpen;
-bool LogExists, LogCorrupt, LogTooBig, LogEmpty, LogInvalid;
 bool TipShown;
 
 namespace {
@@ -47,23 +43,11 @@ std::string SettingsStorePath() {
   return FolderBy("XDG_CONFIG_HOME", "/.config") + PathSeparator + "registry.reg";
 }
 
-void SetCurrentLog(const std::string& folder, const std::string& file) {
-  CurrentLogFile = file;
-  CurrentLogDir = folder;
-  CurrentLogPath = folder + file;
-  // What was found in one file says nothing of the next.
-  LogExists = LogCorrupt = LogTooBig = LogEmpty = LogInvalid = false;
-}
-
-void SetCurrentLog(const std::string& path) { SetCurrentLog(FolderPart(path), FileNamePart(path)); }
-
 void ResetProgramState() {
   for (std::string* text : {&AppPath, &HelpFile, &WindowsDir, &DefaultLogFile, &DefaultLogDir, &OSName,
-                            &ActiveLogFile, &ActiveLogDir, &CurrentLogFile, &CurrentLogDir, &CurrentLogPath})
+                            &ActiveLogFile, &ActiveLogDir})
     text->clear();
-  for (bool* flag :
-       {&SettingsDirty, &ArchiveOpen, &LogExists, &LogCorrupt, &LogTooBig, &LogEmpty, &LogInvalid, &TipShown})
-    *flag = false;
+  TipShown = false;
 }
 
 }  // namespace qel

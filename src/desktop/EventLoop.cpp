@@ -12,7 +12,7 @@
 #include "controls/Form.h"
 #include "core/ErrorHandler.h"
 #include "platform/Host.h"
-#include "settings/Registry_Functions.h"
+#include "settings/StoredValues.h"
 #include "values/Meanwhile.h"
 
 namespace qel {
@@ -72,7 +72,7 @@ void RunToItsEnd(const std::function<void()>& event) {
 void GoOnAfter(const std::function<void()>& events) {
   const bool hadForms = !LoadedForms.empty();
   events();
-  SaveRegistry();
+  SaveRegistry(Registry);
   if (ended || (hadForms && LoadedForms.empty())) throw ProgramEnd();
 }
 
@@ -91,14 +91,14 @@ void Dispatch(const std::function<void()>& event) noexcept {
   try {
     RunToItsEnd(event);
     if (depth == 1) {
-      SaveRegistry();
-      TellSetAside();
+      SaveRegistry(Registry);
+      TellSetAside(Registry);
     }
   } catch (const ProgramEnd&) {
     ended = true;
     CloseDialogues();
   }
-  if (--depth == 0 && ended) SaveRegistry();
+  if (--depth == 0 && ended) SaveRegistry(Registry);
 }
 
 bool ProgramEnded() { return ended; }

@@ -14,7 +14,7 @@
 #include "desktop/FormFace.h"
 #include "desktop/Look.h"
 #include "desktop/Windows.h"
-#include "settings/Registry_Functions.h"
+#include "settings/StoredValues.h"
 #include "startup/QELMain.h"
 
 namespace {
@@ -65,6 +65,6 @@ int main(int count, char** words) {
   qel::Dispatch(qel::StartProgram);
   qel::RunProgram();
   qel::ReleaseFaces();
-  qel::Dispatch(qel::SaveRegistry);  // what an earlier attempt could not write
+  qel::Dispatch([] { qel::SaveRegistry(qel::Registry); });  // what an earlier attempt could not write
   return 0;
 }

@@ -34,8 +34,8 @@ class Progress {
   explicit Progress(std::string doing) : doing(std::move(doing)) {}
 
   void CountLine(Int16 lines) {
-    if (LogEntries <= 0) return;
-    const Int16 percent(static_cast<double>(lines) / static_cast<double>(LogEntries) * 100);
+    if (findings.LogEntries <= 0) return;
+    const Int16 percent(static_cast<double>(lines) / static_cast<double>(findings.LogEntries) * 100);
     if (percent == told) return;
     told = percent;
     CurrentDisplay().StatusText("Please Wait ....." + doing + "  " + NumberText(percent) + "%");
@@ -61,11 +61,11 @@ void TellFailure(const Tool& tool) {
 void RewriteLog(const Tool& tool, const LineRule& rule) {
   RefuseOwnFile({tool.WorkingName, tool.SafetyName});
   const FileLock lock(WorkingPath(LockName));
-  LogSwap swap(CurrentLogPath);
+  LogSwap swap(logFile.CurrentLogPath);
   const WorkingFile working(tool.WorkingName);
   CloseAllFiles();
   Progress progress(tool.Doing);
-  RewriteLines(CurrentLogPath, working.Path, rule,
+  RewriteLines(logFile.CurrentLogPath, working.Path, rule,
                [&progress](Int16 lines, std::size_t) { progress.CountLine(lines); });
   swap.PutInPlace(working.Path, WorkingPath(tool.SafetyName));
 }
@@ -97,7 +97,7 @@ void DoPurge(Date from, Date to) {
 
 void DoOptimize() {
   SetTrace("QELOptimize", "DoOptimize");
-  const Tool optimize{OptimizedName,         ArchiveOpen ? ArchiveSafetyCopyName : SafetyCopyName,
+  const Tool optimize{OptimizedName,         logFile.ArchiveOpen ? ArchiveSafetyCopyName : SafetyCopyName,
                       "Optimizing",          "Finished Optimizing Modem Log File!",
                       "Optimization Failed", "QEL was unable to optimize your modem log file!"};
   const LineClassifier classifier;

@@ -6,6 +6,7 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
+#include "modemlog/LogFile.h"
 #include "platform/SymbolicLinks.h"
 #include "values/CodePage.h"
 
@@ -91,7 +92,7 @@ std::string WorkingPath(const std::string& name) { return AppPath + PathSeparato
 
 void RefuseOwnFile(std::initializer_list<const char*> names) {
   for (const char* name : names)
-    if (IsSameFile(CurrentLogPath, WorkingPath(name)))
+    if (IsSameFile(logFile.CurrentLogPath, WorkingPath(name)))
       throw LogFailure(PermissionDenied, "the log is one of QEL's own working files");
 }
 

@@ -24,19 +24,19 @@ void LogRepair::FixCorruption() {
   SetTrace("frmFileRepair", "FixCorruption");
   RefuseOwnFile({CleanedName, RepairedName, SafetyCopyName});
   lock.emplace(WorkingPath(LockName));
-  swap.emplace(CurrentLogPath);
-  LogLength = Int32(FileLength(CurrentLogPath));
+  swap.emplace(logFile.CurrentLogPath);
+  findings.LogLength = Int32(FileLength(logFile.CurrentLogPath));
   const Int16 interval = UpdateInterval();
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   progress("Please Wait.... Reading Modem Log", std::nullopt);
-  const std::string log = ReadWholeFile(CurrentLogPath);
+  const std::string log = ReadWholeFile(logFile.CurrentLogPath);
   std::string kept;
   Int32 position = 0;
   for (const char byte : log) {
     if (IsKept(byte)) kept += byte;
     ++position;
     if (interval <= 0 || position % interval != 0) continue;
-    const Int16 percent = PercentOf(position, LogLength);
+    const Int16 percent = PercentOf(position, findings.LogLength);
     progress("Repairing Modem Log......... " + NumberText(percent) + "%", percent);
   }
   if (kept.empty()) throw LogFailure(SubscriptOutOfRange, "the log holds nothing that could be kept");
@@ -53,7 +53,7 @@ void LogRepair::FixCorruption() {
 void LogRepair::CheckEntries() {
   SetTrace("frmFileRepair", "CheckEntries");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  LogLength = Int32(FileLength(CurrentLogPath));
+  findings.LogLength = Int32(FileLength(logFile.CurrentLogPath));
   std::optional<Int16> told;
   Int32 bytes;
   const auto keepDated = [](std::string_view line) -> std::optional<std::string> {
@@ -64,7 +64,7 @@ void LogRepair::CheckEntries() {
   const WorkingFile repaired(RepairedName);
   RewriteLines(WorkingPath(CleanedName), repaired.Path, keepDated, [&](Int16, std::size_t length) {
     bytes += Int32(length + 2);
-    const Int16 percent = LogLength > 0 ? PercentOf(bytes, LogLength) : Int16(0);
+    const Int16 percent = findings.LogLength > 0 ? PercentOf(bytes, findings.LogLength) : Int16(0);
     if (percent == told) return;
     told = percent;
     progress("Checking Entries......... " + NumberText(percent) + "%", percent);
@@ -77,8 +77,8 @@ void LogRepair::CheckEntries() {
 // In bytes.
 Int16 LogRepair::UpdateInterval() const {
   constexpr int TooLong = 3276750;
-  if (LogLength >= TooLong) throw LogFailure(Overflow, "the log is longer than 3,276,749 bytes");
-  return Int16(LogLength / 100.0);
+  if (findings.LogLength >= TooLong) throw LogFailure(Overflow, "the log is longer than 3,276,749 bytes");
+  return Int16(findings.LogLength / 100.0);
 }
 
 }  // namespace qel

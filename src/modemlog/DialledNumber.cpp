@@ -9,17 +9,18 @@ namespace {
 
 // Of the first service with this number or alternate number, or -1.
 Int16 IndexOf(std::string_view number) {
-  for (Int16 i = 0; i < UsedServices; ++i)
-    if (number == Services[i].ServiceNumber || number == Services[i].ServiceAltNumber) return i;
+  for (Int16 i = 0; i < settings.UsedServices; ++i)
+    if (number == settings.Services[i].ServiceNumber || number == settings.Services[i].ServiceAltNumber)
+      return i;
   return -1;
 }
 
 }  // namespace
 
 std::string CutDialledNumber(std::string_view line) {
-  const auto marker = line.find(ModemDial);
+  const auto marker = line.find(settings.ModemDial);
   if (marker == std::string_view::npos) return "";
-  const std::size_t start = marker + ModemDial.size() + 1;
+  const std::size_t start = marker + settings.ModemDial.size() + 1;
   const std::string_view text = line.substr(0, line.size() - 1);
   if (start > text.size()) return "";
   return std::string(text.substr(start, text.find('<', start) - start));
@@ -33,13 +34,13 @@ Int16 GetServiceIndex(const std::string& number) { return IndexOf(Trim(number));
 
 std::string GetServiceName(const std::string& number) {
   const Int16 index = GetServiceIndex(number);
-  return index < 0 ? number : std::string(Trim(Services[index].ServiceName));
+  return index < 0 ? number : std::string(Trim(settings.Services[index].ServiceName));
 }
 
 std::string GetAltNumber(const std::string& number) {
   const Int16 index = IndexOf(number);
   if (index < 0) return "";
-  const ServiceRecord& service = Services[index];
+  const ServiceRecord& service = settings.Services[index];
   return number == service.ServiceNumber ? service.ServiceAltNumber : service.ServiceNumber;
 }
 

@@ -30,8 +30,9 @@ std::string SpellingsOf(char capital) {
 }  // namespace
 
 LineClassifier::LineClassifier()
-    : LineClassifier({ModemDial, ModemAnswer, ModemConnect, ModemUserDisconnect, ModemHostDisconnect,
-                      ModemReads, ModemWrites}) {}
+    : LineClassifier({settings.ModemDial, settings.ModemAnswer, settings.ModemConnect,
+                      settings.ModemUserDisconnect, settings.ModemHostDisconnect, settings.ModemReads,
+                      settings.ModemWrites}) {}
 
 LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) {
   for (std::size_t i = 0; i < texts.size(); ++i) {

@@ -86,8 +86,8 @@ Date TimeOfLine(std::string_view line) {
   return TimeSerial(0, 0, SecondOfDay(TextToDate(text)));
 }
 
-Int32 GetReadBytes(std::string_view line) { return BytesBehind(line, ModemReads); }
-Int32 GetWriteBytes(std::string_view line) { return BytesBehind(line, ModemWrites); }
+Int32 GetReadBytes(std::string_view line) { return BytesBehind(line, settings.ModemReads); }
+Int32 GetWriteBytes(std::string_view line) { return BytesBehind(line, settings.ModemWrites); }
 
 std::string NewLogEntry() {
   const Date now = Now();

@@ -5,6 +5,7 @@
 
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
+#include "modemlog/LogFile.h"
 
 namespace qel {
 
@@ -25,7 +26,7 @@ std::string Lines(std::initializer_list<std::string> lines) {
 void ResetLogMessages() { missingShown = false; }
 
 void ShowLogMissing() {
-  if (LogExists || missingShown) return;
+  if (findings.LogExists || missingShown) return;
   missingShown = true;
   const std::string text = Lines({
       "Qelmark Cannot Locate Your Modem Log File!",
@@ -48,7 +49,7 @@ void ShowLogMissing() {
 }
 
 void ShowLogCorrupt() {
-  if (!LogCorrupt) return;
+  if (!findings.LogCorrupt) return;
   const std::string text = Lines({
       "Corruption Detected in Modem Log File!",
       "",
@@ -62,7 +63,7 @@ void ShowLogCorrupt() {
 }
 
 void ShowLogInvalid() {
-  if (!LogInvalid) return;
+  if (!findings.LogInvalid) return;
   const std::string text = Lines({
       "INVALID MODEM LOG FILE!",
       "",
@@ -74,7 +75,7 @@ void ShowLogInvalid() {
 }
 
 void ShowLogTooBig() {
-  if (!LogTooBig) return;
+  if (!findings.LogTooBig) return;
   const std::string text = Lines({
       "Your Modem Log is Too Big!",
       "",

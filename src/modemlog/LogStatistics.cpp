@@ -15,10 +15,6 @@
 
 namespace qel {
 
-Int32 LogLength;
-float LogEntries = 0;
-Date FirstEntryDate = 0, LastEntryDate = 0;
-
 namespace {
 
 bool IsTextByte(unsigned char byte) {
@@ -26,8 +22,8 @@ bool IsTextByte(unsigned char byte) {
 }
 
 void TakeLength() {
-  const auto length = FileLength(CurrentLogPath);
-  LogLength = Int32(std::min<std::int64_t>(length, std::numeric_limits<std::int32_t>::max()));
+  const auto length = FileLength(logFile.CurrentLogPath);
+  findings.LogLength = Int32(std::min<std::int64_t>(length, std::numeric_limits<std::int32_t>::max()));
 }
 
 void ShowLoading(int percent) {
@@ -39,26 +35,26 @@ void ShowLoading(int percent) {
 void ShowLoadingUpTo(int position, int before, int step) {
   if (step < 1) return;
   for (int next = (before / step + 1) * step; next <= position; next += step)
-    ShowLoading(Int16(100.0 * next / LogLength));
+    ShowLoading(Int16(100.0 * next / findings.LogLength));
 }
 
 // True where a byte before the last one of the file is none of a text.
 bool HoldsBadByte(bool showProgress, int step) {
-  BlockReader file(CurrentLogPath);
-  auto left = static_cast<std::size_t>(LogLength - 1);
+  BlockReader file(logFile.CurrentLogPath);
+  auto left = static_cast<std::size_t>(findings.LogLength - 1);
   for (;;) {
     const std::string_view block = file.Next().substr(0, left);
     if (block.empty()) return false;
     if (!std::ranges::all_of(block, [](char c) { return IsTextByte(static_cast<unsigned char>(c)); }))
       return true;
     left -= block.size();
-    const int position = LogLength - static_cast<int>(left);  // of the next byte, counted from 1
+    const int position = findings.LogLength - static_cast<int>(left);  // of the next byte, counted from 1
     if (showProgress) ShowLoadingUpTo(position, position - static_cast<int>(block.size()), step);
   }
 }
 
 void ReadEntries() {
-  LineReader file(CurrentLogPath);
+  LineReader file(logFile.CurrentLogPath);
   std::array<char, DateLength> last{};  // as much of the last entry as its date takes
   std::size_t lastLength = 0;
   std::int64_t entries = 0;
@@ -75,9 +71,9 @@ void ReadEntries() {
   }
   file.Close();
   // A float counter that is stepped by one stops at 2^24.
-  LogEntries = static_cast<float>(std::min<std::int64_t>(entries, 16777216));
-  FirstEntryDate = first;
-  LastEntryDate = GetLineDate({last.data(), lastLength});
+  findings.LogEntries = static_cast<float>(std::min<std::int64_t>(entries, 16777216));
+  findings.FirstEntryDate = first;
+  findings.LastEntryDate = GetLineDate({last.data(), lastLength});
 }
 
 }  // namespace
@@ -92,24 +88,18 @@ std::string LengthText(std::int64_t bytes) {
          (fits ? "KB)" : "MB)");
 }
 
-void ResetLogStatistics() {
-  LogLength = 0;
-  LogEntries = 0;
-  FirstEntryDate = LastEntryDate = 0;
-}
-
 bool CheckCorruption(bool showProgress) {
   SetTrace("QELMain", "CheckCorruption");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   CurrentHost().Yield();
   Attempt(TakeLength);
-  if (LogLength < 1) {
-    LogEmpty = true;
+  if (findings.LogLength < 1) {
+    findings.LogEmpty = true;
     CurrentHost().SetMousePointer(MousePointer::Default);
     return false;
   }
   Int16 step;
-  Attempt([&step] { step = Int16(LogLength / 100.0); });
+  Attempt([&step] { step = Int16(findings.LogLength / 100.0); });
   CloseAllFiles();
   bool corrupt = false;
   Attempt([&] { corrupt = HoldsBadByte(showProgress, step); });
@@ -126,34 +116,36 @@ void GetLogStats(bool keepPointer) {
   SetTrace("QELMain", "GetLogStats");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   CurrentHost().Yield();
-  LogEntries = 0;
-  FirstEntryDate = LastEntryDate = 0;
-  LogEmpty = false;
+  findings.LogEntries = 0;
+  findings.FirstEntryDate = findings.LastEntryDate = 0;
+  findings.LogEmpty = false;
   Attempt(TakeLength);
-  if (LogLength < 1) {
-    LogEmpty = true;
+  if (findings.LogLength < 1) {
+    findings.LogEmpty = true;
     CurrentHost().SetMousePointer(MousePointer::Default);
     return;
   }
-  Attempt([] { LogTooBig = LogLength >= MaxLogSize * 1024; });
+  Attempt([] { findings.LogTooBig = findings.LogLength >= settings.MaxLogSize * 1024; });
   Attempt(ReadEntries);
-  LogInvalid = FirstEntryDate == 0 || LastEntryDate == 0;
+  findings.LogInvalid = findings.FirstEntryDate == 0 || findings.LastEntryDate == 0;
   if (!keepPointer) CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
 void Examine(LogHealth health, bool keepPointer) {
-  LogExists = LogCorrupt = LogEmpty = false;
-  ResetLogStatistics();
-  Attempt([] { LogExists = FileExists(CurrentLogPath); });
-  if (!LogExists) {
-    LogTooBig = LogInvalid = false;
-    LogEmpty = true;
+  findings.LogExists = findings.LogCorrupt = findings.LogEmpty = false;
+  findings.LogLength = 0;
+  findings.LogEntries = 0;
+  findings.FirstEntryDate = findings.LastEntryDate = 0;
+  Attempt([] { findings.LogExists = FileExists(logFile.CurrentLogPath); });
+  if (!findings.LogExists) {
+    findings.LogTooBig = findings.LogInvalid = false;
+    findings.LogEmpty = true;
     return;
   }
   const bool told = health == LogHealth::UnknownTold;
   const bool tested = told || health == LogHealth::Unknown;
-  LogCorrupt = tested ? CheckCorruption(told) : health == LogHealth::Corrupt;
-  if (!LogCorrupt) GetLogStats(keepPointer);
+  findings.LogCorrupt = tested ? CheckCorruption(told) : health == LogHealth::Corrupt;
+  if (!findings.LogCorrupt) GetLogStats(keepPointer);
 }
 
 }  // namespace qel

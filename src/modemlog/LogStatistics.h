@@ -5,21 +5,13 @@
 #include <cstdint>
 #include <string>
 
-#include "values/Calendar.h"
-#include "values/CheckedInteger.h"
+#include "modemlog/LogFile.h"
 
 namespace qel {
-
-extern Int32 LogLength;      // bytes; a longer archive counts as 2147483647
-extern float LogEntries;     // lines that are not blank; exact up to 16777216
-extern Date FirstEntryDate;  // of the first entry that has a date; 0 when none has
-extern Date LastEntryDate;   // of the last entry; 0 when it has none
 
 // The length of a log as it is shown: "4058 Bytes (4KB)", to the nearest kilobyte, ties to the even one; in
 // megabytes where 16 bits do not hold the kilobytes.
 std::string LengthText(std::int64_t bytes);
-
-void ResetLogStatistics();
 
 // Looks at every byte of the current log but its last. True at the first byte below 32 other than tab, line
 // feed and carriage return, and at the first byte of 127 or above. Sets LogLength, and LogEmpty for an empty
@@ -36,7 +28,7 @@ void GetLogStats(bool keepPointer);
 enum class LogHealth { Unknown, UnknownTold, Sound, Corrupt };
 
 // Examines the current log, the one way for all: whether it is there, corrupt, and unless it is, its
-// statistics. Sets all that ProgramState.h has of it. What is corrupt has none: they would call it invalid,
+// statistics. Sets all that LogFindings has of it. What is corrupt has none: they would call it invalid,
 // and its repair would be out of reach. An empty log keeps being too big or invalid.
 void Examine(LogHealth health, bool keepPointer = false);
 

@@ -76,7 +76,7 @@ void TellProgress(int percent) {
 // What is wrapped in attempts of its own comes last: what fails before it can be run again from the
 // beginning.
 void VisitConnection(Int16 index, const DetailVisit& visit) {
-  ConnectionRecord& connection = Connections[index];
+  ConnectionRecord& connection = analysis.Connections[index];
   if (IsPassedOver(connection)) return;
   const bool hasError = NotesTellError(connection);
   const Kept notes(connection.Notes);
@@ -84,7 +84,7 @@ void VisitConnection(Int16 index, const DetailVisit& visit) {
   Int32 billable = line.Seconds;
   Attempt([&] { billable = BillableSeconds(line); });
   MergeNotes(connection, notes.Before());
-  if (CalcCosts) {
+  if (settings.CalcCosts) {
     if (!connection.Answered) {
       Price(connection, index, billable);
       line.ConnectionCost = DialCostNow + ServiceCostNow + DataCostNow;
@@ -97,11 +97,12 @@ void VisitConnection(Int16 index, const DetailVisit& visit) {
 }
 
 void ForEach(const std::function<void(Int16 index)>& visitOne) {
-  Attempt([] { Penalties.Make(MaxServices); });
+  Attempt([] { Penalties.Make(settings.MaxServices); });
   int shown = 0;
-  for (int i = 1; i <= ConnectionCount; ++i) {
+  for (int i = 1; i <= analysis.ConnectionCount; ++i) {
     Attempt([&] { visitOne(Int16(i)); });
-    if (const int percent = 100 * i / int{ConnectionCount}; percent > shown) TellProgress(shown = percent);
+    if (const int percent = 100 * i / int{analysis.ConnectionCount}; percent > shown)
+      TellProgress(shown = percent);
   }
 }
 
@@ -116,7 +117,9 @@ void ForgetEarlierUser(ConnectionRecord& connection) {
 
 }  // namespace
 
-bool IsPassedOver(const ConnectionRecord& connection) { return !ShowErrors && NotesTellError(connection); }
+bool IsPassedOver(const ConnectionRecord& connection) {
+  return !settings.ShowErrors && NotesTellError(connection);
+}
 
 void ForEachDetailLine(const DetailVisit& visit) {
   ForEach([&](Int16 index) { VisitConnection(index, visit); });
@@ -125,7 +128,7 @@ void ForEachDetailLine(const DetailVisit& visit) {
 void ForEachConnection(const DetailVisit& visit) {
   const Kept dial(DialCostNow), service(ServiceCostNow), data(DataCostNow);
   ForEach([&](Int16 index) {
-    ConnectionRecord& connection = Connections[index];
+    ConnectionRecord& connection = analysis.Connections[index];
     if (connection.StartDate == 0) return;  // dialled, and no more
     const Kept record(connection);
     ForgetEarlierUser(connection);

@@ -40,7 +40,7 @@ std::string CostCell(const std::string& money) {
 // One end of a connection as text.
 struct Stamp {
   Stamp(Date date, Date time)
-      : Day(FormatDate(date, "Short Date")), Clock(FormatDate(time, TimeFormat(ForceAMPM))) {}
+      : Day(FormatDate(date, "Short Date")), Clock(FormatDate(time, TimeFormat(settings.ForceAMPM))) {}
   std::string Day, Clock;
 };
 
@@ -51,7 +51,7 @@ struct LineTexts {
         Start(line.Connection.StartDate, line.Connection.StartTime),
         End(line.Connection.EndDate, line.Connection.EndTime),
         Duration(FormatTime(static_cast<float>(line.Seconds), false)),
-        Cost(CalcCosts ? MoneyText(line.ConnectionCost) : "") {}
+        Cost(settings.CalcCosts ? MoneyText(line.ConnectionCost) : "") {}
   std::string Service;
   Stamp Start, End;
   std::string Duration, Cost;
@@ -71,12 +71,12 @@ class DetailBuilder {
   ReportRow SecondRow(const DetailLine& line, const LineTexts& texts) const;
   void AddTotalsRow();
   std::string TotalsLine() const;
-  int NotesItem() const { return CalcCosts ? CostItem + 1 : CostItem; }
+  int NotesItem() const { return settings.CalcCosts ? CostItem + 1 : CostItem; }
   std::string TotalTime() const { return FormatTime(totalSeconds, false); }
 
   ReportDocument document;
   std::string body;
-  const int costExtra = CalcCosts ? CostWidth() : 0;
+  const int costExtra = settings.CalcCosts ? CostWidth() : 0;
   float totalSeconds = 0;
   Costs totals;
 };
@@ -85,14 +85,14 @@ void DetailBuilder::FillColumns() {
   using enum ColumnAlignment;
   document.Columns = {ReportColumn(),   {"Service", Left}, {"Status", Centre},
                       {"Date", Centre}, {"Time", Centre},  {"Duration", Centre}};
-  if (CalcCosts) document.Columns.push_back({"Cost ", Right});
+  if (settings.CalcCosts) document.Columns.push_back({"Cost ", Right});
   document.Columns.push_back({" Notes", Left, NotesWidth});
 }
 
 // For one more connection, and where there is none left for it, for all of them: a long report grows once.
 void DetailBuilder::MakeRoom(std::size_t characters) {
   constexpr std::size_t rowsALine = 3, charactersALine = 260;
-  const auto lines = static_cast<std::size_t>(int{ConnectionCount});
+  const auto lines = static_cast<std::size_t>(int{analysis.ConnectionCount});
   auto& rows = document.Rows;
   if (rows.capacity() < rows.size() + rowsALine) rows.reserve(rows.size() + lines * rowsALine + 2);
   if (body.capacity() < body.size() + characters)
@@ -102,9 +102,9 @@ void DetailBuilder::MakeRoom(std::size_t characters) {
 std::string DetailBuilder::Header() const {
   const bool warn = ErrorsAreShown();
   return std::string(" QELMARK - Details Report") + NewLine + NewLine +
-         " Beginning: " + FormatDate(PeriodStart, "Short Date") +
+         " Beginning: " + FormatDate(period.PeriodStart, "Short Date") +
          (warn ? "    WARNING: Errors found in log." : "") + NewLine +
-         " Ending:    " + FormatDate(PeriodEnd, "Short Date") +
+         " Ending:    " + FormatDate(period.PeriodEnd, "Short Date") +
          (warn ? "      Report may not be accurate." : "") + NewLine + " Period:    " + PeriodText() +
          NewLine + NewLine + " " + Dashes(52 + costExtra) + NewLine + NewLine;
 }
@@ -122,7 +122,7 @@ std::string DetailBuilder::TextOf(const DetailLine& line, const LineTexts& texts
   }
   text += Blanks(4) + Dashes(49 + costExtra) + NewLine;
   text += Blanks(4) + Blanks(49 - static_cast<int>(texts.Duration.size())) + texts.Duration;
-  if (CalcCosts) text += CostCell(texts.Cost);
+  if (settings.CalcCosts) text += CostCell(texts.Cost);
   return text + NewLine + NewLine;
 }
 
@@ -146,7 +146,7 @@ ReportRow DetailBuilder::SecondRow(const DetailLine& line, const LineTexts& text
   row.SetSubItem(DateItem, texts.End.Day);
   row.SetSubItem(TimeItem, texts.End.Clock);
   row.SetSubItem(DurationItem, texts.Duration);
-  if (!CalcCosts) return row;
+  if (!settings.CalcCosts) return row;
   row.SetSubItem(CostItem, texts.Cost);
   row.SetSubItem(NotesItem(), SplitText({line.DialCost, line.ServiceCost, line.DataCost}));
   return row;
@@ -173,24 +173,24 @@ void DetailBuilder::AddTotalsRow() {
   ReportRow row;
   row.SetSubItem(ServiceItem, "TOTALS:");
   row.SetSubItem(DurationItem, TotalTime());
-  if (CalcCosts) row.SetSubItem(CostItem, MoneyText(totals.Total));
+  if (settings.CalcCosts) row.SetSubItem(CostItem, MoneyText(totals.Total));
   row.SetSubItem(NotesItem(), SplitText(totals));
   document.Rows.push_back(std::move(row));
 }
 
 std::string DetailBuilder::TotalsLine() const {
   std::string text = "TOTALS: " + TotalTime();
-  if (CalcCosts) text += CostCell(MoneyText(totals.Total));
+  if (settings.CalcCosts) text += CostCell(MoneyText(totals.Total));
   return Blanks(53 + costExtra - static_cast<int>(text.size())) + text;
 }
 
 ReportDocument DetailBuilder::Build() {
   FillColumns();
   document.FillLabels("Details");
-  document.fraNoConn = ConnectionCount == 0;
+  document.fraNoConn = analysis.ConnectionCount == 0;
   CurrentDisplay().ShowProgress(true);
   ForEachDetailLine([this](const DetailLine& line) { AddLine(line); });
-  if (ConnectionCount > 0) {
+  if (analysis.ConnectionCount > 0) {
     document.AddDottedRow();
     AddTotalsRow();
   }

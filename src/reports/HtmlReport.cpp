@@ -8,6 +8,7 @@
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
+#include "modemlog/LogFile.h"
 #include "reports/DetailLines.h"
 #include "reports/HtmlPage.h"
 #include "reports/LogFigures.h"
@@ -40,7 +41,7 @@ std::string Heading(const std::string& title, const std::string& below) {
          "</header>\n";
 }
 
-std::string LogName() { return "<p>Log: " + HtmlUtf8(ShownPath(CurrentLogFile)) + "</p>\n"; }
+std::string LogName() { return "<p>Log: " + HtmlUtf8(ShownPath(logFile.CurrentLogFile)) + "</p>\n"; }
 
 std::string ReportHeading(const std::string& title) {
   ReportDocument labels;
@@ -54,7 +55,7 @@ std::string Warnings() {
   std::string text;
   if (ErrorsAreShown())
     text += Paragraph("WARNING: Errors found in log. Report may not be accurate.", "warning");
-  if (ConnectionsExceeded)
+  if (analysis.ConnectionsExceeded)
     text += Paragraph(
         "WARNING: The log holds more connections than the settings allow. Report is incomplete.", "warning");
   return text;
@@ -68,7 +69,7 @@ double Kilobytes(const ServiceUse& use) {
 }
 
 std::string UseText(const ServiceUse& use, double kilobytes) {
-  if (!ShowBlocks) return FormatNumber(kilobytes, "#,##0") + "K";
+  if (!analysis.ShowBlocks) return FormatNumber(kilobytes, "#,##0") + "K";
   return std::to_string(use.Blocks) + " (" + TimeText(60.0 * static_cast<double>(use.BlockMinutes)) + ")";
 }
 
@@ -88,14 +89,15 @@ Cells TotalsOf(const UseByService& use) {
 std::string SummaryTable(const UseByService& use) {
   std::vector<HtmlColumn> columns = {{"Service", true},   {"Connected time"},
                                      {"Sessions"},        {"Average session"},
-                                     {"Average per day"}, {ShowBlocks ? "Blocks" : "Data read"}};
-  if (CalcCosts) columns.push_back({"Cost"});
+                                     {"Average per day"}, {analysis.ShowBlocks ? "Blocks" : "Data read"}};
+  if (settings.CalcCosts) columns.push_back({"Cost"});
   HtmlTable table("Services", columns);
   for (const auto& service : use.Services()) {
     const auto seconds = static_cast<double>(service.Seconds);
     table.AddRow({service.Service, TimeText(seconds), std::to_string(service.Sessions),
-                  TimeText(seconds / static_cast<double>(service.Sessions)), TimeText(seconds / PeriodDays),
-                  UseText(service, Kilobytes(service)), MoneyText(service.TotalCost)});
+                  TimeText(seconds / static_cast<double>(service.Sessions)),
+                  TimeText(seconds / period.PeriodDays), UseText(service, Kilobytes(service)),
+                  MoneyText(service.TotalCost)});
   }
   return Section("services", table.Finish(TotalsOf(use)));
 }
@@ -107,8 +109,8 @@ std::string KeyFigures(const Cells& totals) {
     bool shown;
   } figures[] = {{1, "Connected time", true},
                  {2, "Sessions", true},
-                 {5, ShowBlocks ? "Blocks" : "Data read", true},
-                 {6, "Cost", CalcCosts}};
+                 {5, analysis.ShowBlocks ? "Blocks" : "Data read", true},
+                 {6, "Cost", settings.CalcCosts}};
   std::string text = "<div class=\"figures\">\n";
   for (const auto& figure : figures)
     if (figure.shown)
@@ -118,7 +120,7 @@ std::string KeyFigures(const Cells& totals) {
 }
 
 std::string Moment(Date date, Date time) {
-  return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat(ForceAMPM));
+  return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat(settings.ForceAMPM));
 }
 
 class ConnectionTable {
@@ -147,14 +149,14 @@ class ConnectionTable {
   static std::vector<HtmlColumn> Columns() {
     std::vector<HtmlColumn> columns = {
         {"No.", true}, {"Service", true}, {"Connect", true}, {"Disconnect", true}, {"Duration"}};
-    if (CalcCosts)
+    if (settings.CalcCosts)
       for (const char* title : {"Dial-up", "Service", "Data", "Cost"}) columns.push_back({title});
     columns.push_back({"Notes", true});
     return columns;
   }
 
   static void AddCosts(Cells& cells, const double (&costs)[4]) {
-    if (CalcCosts)
+    if (settings.CalcCosts)
       for (const double cost : costs) cells.push_back(MoneyText(cost));
   }
 
@@ -166,7 +168,7 @@ class ConnectionTable {
 std::string ReportPage(const std::string& title, bool withConnections) {
   SetTrace("HtmlReport", "ReportPage");
   UseByService use;
-  UseByTime times(PeriodStart, PeriodEnd);
+  UseByTime times(period.PeriodStart, period.PeriodEnd);
   ConnectionTable connections;
   CurrentDisplay().ShowProgress(true);
   ForEachConnection([&](const DetailLine& line) {

@@ -10,14 +10,14 @@
 namespace qel {
 
 std::vector<LogFigure> LogFigures() {
-  const auto length = FileLength(CurrentLogPath);
-  return {{"Path", ShownPath(CurrentLogDir)},
-          {"Name", ShownPath(CurrentLogFile)},
+  const auto length = FileLength(logFile.CurrentLogPath);
+  return {{"Path", ShownPath(logFile.CurrentLogDir)},
+          {"Name", ShownPath(logFile.CurrentLogFile)},
           {"Length", LengthText(length)},
-          {"Entries", ToUtf8(NumberText(LogEntries))},
-          {"First Entry", ToUtf8(FormatDate(FirstEntryDate, "Short Date"))},
-          {"Last Entry", ToUtf8(FormatDate(LastEntryDate, "Short Date"))},
-          {"Span", std::to_string(DaysBetween(FirstEntryDate, LastEntryDate)) + " Days"}};
+          {"Entries", ToUtf8(NumberText(findings.LogEntries))},
+          {"First Entry", ToUtf8(FormatDate(findings.FirstEntryDate, "Short Date"))},
+          {"Last Entry", ToUtf8(FormatDate(findings.LastEntryDate, "Short Date"))},
+          {"Span", std::to_string(DaysBetween(findings.FirstEntryDate, findings.LastEntryDate)) + " Days"}};
 }
 
 }  // namespace qel

@@ -20,8 +20,8 @@ void ReportRow::SetSubItem(int number, std::string text) {
 void ReportDocument::FillLabels(const std::string& title) {
   RepTitle = "QELMARK - " + title + " Report";
   TitleLength = static_cast<int>(RepTitle.size());
-  RepBegin = FormatDate(PeriodStart, "long date");
-  RepEnd = FormatDate(PeriodEnd, "long date");
+  RepBegin = FormatDate(period.PeriodStart, "long date");
+  RepEnd = FormatDate(period.PeriodEnd, "long date");
   RepPeriod = PeriodText();
   fraWarning = ErrorsAreShown();
 }
@@ -33,9 +33,11 @@ ReportRow& ReportDocument::AddRow(std::string text) {
 
 void ReportDocument::AddDottedRow() { AddRow().SubItems.assign(Columns.size() - 1, std::string(100, '.')); }
 
-bool ErrorsAreShown() { return LogErrorsFound && ShowErrors; }
+bool ErrorsAreShown() { return analysis.LogErrorsFound && settings.ShowErrors; }
 
-std::string PeriodText() { return std::to_string(PeriodDays) + (PeriodDays > 1 ? " days" : " day"); }
+std::string PeriodText() {
+  return std::to_string(period.PeriodDays) + (period.PeriodDays > 1 ? " days" : " day");
+}
 
 std::string Blanks(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), ' '); }
 std::string Dashes(int count) { return std::string(static_cast<std::size_t>(std::max(count, 0)), '-'); }

@@ -125,12 +125,13 @@ class ReportWriter {
       return;
     }
     text = std::string("{\n  \"report\": ") + JsonText(report) +
-           ",\n  \"from\": " + JsonText(IsoDate(PeriodStart)) +
-           ",\n  \"to\": " + JsonText(IsoDate(PeriodEnd)) + ",\n  \"days\": " + std::to_string(PeriodDays) +
+           ",\n  \"from\": " + JsonText(IsoDate(period.PeriodStart)) +
+           ",\n  \"to\": " + JsonText(IsoDate(period.PeriodEnd)) +
+           ",\n  \"days\": " + std::to_string(period.PeriodDays) +
            ",\n  \"currency\": " + JsonText(ToCleanUtf8(Region.CurrencySymbol)) +
-           ",\n  \"errors_found\": " + (LogErrorsFound ? "true" : "false") +
-           ",\n  \"complete\": " + (ConnectionsExceeded ? "false" : "true") + ",\n  " + JsonText(records) +
-           ": [";
+           ",\n  \"errors_found\": " + (analysis.LogErrorsFound ? "true" : "false") +
+           ",\n  \"complete\": " + (analysis.ConnectionsExceeded ? "false" : "true") + ",\n  " +
+           JsonText(records) + ": [";
   }
 
   void Add(const Record& record) {
@@ -210,12 +211,12 @@ std::string ExportSummary(ExportFormat format) {
 }
 
 std::string ExportStatistics(ExportFormat format) {
-  const Record record = {{"path", ShownPath(CurrentLogPath)},
-                         {"length", static_cast<long>(FileLength(CurrentLogPath))},
-                         {"entries", double{LogEntries}},
-                         {"first_entry", IsoDate(FirstEntryDate)},
-                         {"last_entry", IsoDate(LastEntryDate)},
-                         {"span_days", long{DaysBetween(FirstEntryDate, LastEntryDate)}}};
+  const Record record = {{"path", ShownPath(logFile.CurrentLogPath)},
+                         {"length", static_cast<long>(FileLength(logFile.CurrentLogPath))},
+                         {"entries", double{findings.LogEntries}},
+                         {"first_entry", IsoDate(findings.FirstEntryDate)},
+                         {"last_entry", IsoDate(findings.LastEntryDate)},
+                         {"span_days", long{DaysBetween(findings.FirstEntryDate, findings.LastEntryDate)}}};
   const std::string text = RecordText(record, format);
   return format == ExportFormat::Csv ? CsvNames(record) + text : text + "\n";
 }

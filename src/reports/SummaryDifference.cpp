@@ -73,14 +73,14 @@ void Comparisons::AddRow(const ServiceTotal& total) {
   row.Seconds = total.Seconds;
   if (total.Seconds > 0) {
     row.BytesRead = total.BytesRead;
-    row.TotalCost = CalcCosts ? ShownCost(total) : 0;
+    row.TotalCost = settings.CalcCosts ? ShownCost(total) : 0;
   }
   Of(total.Number).Summary.Add(row);
 }
 
 bool HasNumber(const ServiceKey& key, const std::string& number) {
   if (key.Index < 0) return false;
-  const ServiceRecord& service = Services[key.Index];
+  const ServiceRecord& service = settings.Services[key.Index];
   return service.ServiceNumber == number || service.ServiceAltNumber == number;
 }
 
@@ -93,8 +93,8 @@ std::string CallsTo(const std::string& number) {
 // it had before the period, until it gets one of the period.
 void Comparisons::AddCountedElsewhere(const ConnectionRecord& connection) {
   const std::string &number = connection.Number, calls = CallsTo(number);
-  const bool shown = FirstSlotShown() <= connection.Slot && connection.Slot <= TotalsCount;
-  const std::string& holder = ServiceTotals[connection.Slot].Number;
+  const bool shown = FirstSlotShown() <= connection.Slot && connection.Slot <= analysis.TotalsCount;
+  const std::string& holder = analysis.ServiceTotals[connection.Slot].Number;
   const std::string leftOver = number.empty() ? "" : " (left over from before the period)";
   if (!shown) return AddReason(Of(number), "its " + calls + " are not counted");
   if (KeyOf(holder) != KeyOf(number)) {
@@ -108,22 +108,23 @@ void Comparisons::AddCountedElsewhere(const ConnectionRecord& connection) {
 
 void Comparisons::AddEstimate(const ConnectionRecord& connection) {
   const bool estimated = connection.Notes.find("No Disconnect Entry") != std::string::npos;
-  if (estimated && (connection.StartDate < PeriodStart || connection.EndDate > PeriodEnd))
+  if (estimated && (connection.StartDate < period.PeriodStart || connection.EndDate > period.PeriodEnd))
     AddReason(Of(connection.Number),
               "the time supposed for a lost disconnect entry counts outside the period too");
 }
 
 void Comparisons::AddPassedOver() {
-  for (int i = 1; i <= ConnectionCount; ++i) {
-    const ConnectionRecord& connection = Connections[i];
-    if (IsPassedOver(connection) && connection.Slot <= TotalsCount)
-      AddReason(Of(ServiceTotals[connection.Slot].Number),
+  for (int i = 1; i <= analysis.ConnectionCount; ++i) {
+    const ConnectionRecord& connection = analysis.Connections[i];
+    if (IsPassedOver(connection) && connection.Slot <= analysis.TotalsCount)
+      AddReason(Of(analysis.ServiceTotals[connection.Slot].Number),
                 "connections with errors are counted, which the options do not show");
   }
 }
 
 Comparisons::Comparisons() {
-  for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot) AddRow(ServiceTotals[slot]);
+  for (int slot = FirstSlotShown(); slot <= analysis.TotalsCount; ++slot)
+    AddRow(analysis.ServiceTotals[slot]);
   UseByService use;
   ForEachConnection([&](const DetailLine& line) {
     use.Add(line);
@@ -156,7 +157,7 @@ std::string DifferenceOf(const ServiceUse& summary, const ServiceUse& connection
 
 bool HasLimits(const ServiceKey& key) {
   if (key.Index < 0) return false;
-  const ServiceRecord& service = Services[key.Index];
+  const ServiceRecord& service = settings.Services[key.Index];
   return service.ServiceOption == 2 || (service.PerMeg != 0 && service.MegPeriod != "Session");
 }
 

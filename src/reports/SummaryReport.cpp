@@ -88,11 +88,13 @@ class SummaryBuilder {
 
 void SummaryBuilder::FillColumns() {
   using enum ColumnAlignment;
-  columns = {
-      {"Service", 16, Left},    {"Qelmark", 15, Centre},
-      {"Sessions", 11, Centre}, {"AvSession", 13, Centre},
-      {"AvDay", 8, Centre},     {ShowBlocks ? "* Blocks" : "* Data Read", ShowBlocks ? 14 : 12, Right}};
-  if (CalcCosts) columns.push_back({"Cost", CostWidth(), Right});
+  columns = {{"Service", 16, Left},
+             {"Qelmark", 15, Centre},
+             {"Sessions", 11, Centre},
+             {"AvSession", 13, Centre},
+             {"AvDay", 8, Centre},
+             {analysis.ShowBlocks ? "* Blocks" : "* Data Read", analysis.ShowBlocks ? 14 : 12, Right}};
+  if (settings.CalcCosts) columns.push_back({"Cost", CostWidth(), Right});
   document.Columns = {ReportColumn()};
   for (const auto& column : columns) {
     totalWidth += column.Width;
@@ -103,9 +105,9 @@ void SummaryBuilder::FillColumns() {
 std::string SummaryBuilder::Header() const {
   const bool warn = ErrorsAreShown();
   return std::string(" QELMARK - Summary Report") + NewLine + NewLine +
-         " Beginning: " + FormatDate(PeriodStart, "long date") +
+         " Beginning: " + FormatDate(period.PeriodStart, "long date") +
          (warn ? "        WARNING: Errors found in log!" : "") + NewLine +
-         " Ending:    " + FormatDate(PeriodEnd, "long date") +
+         " Ending:    " + FormatDate(period.PeriodEnd, "long date") +
          (warn ? "                 Check details report." : "") + NewLine + " Period:    " + PeriodText() +
          NewLine;
 }
@@ -134,12 +136,12 @@ void SummaryBuilder::SetTimes(const ServiceTotal& total, ReportRow& row) const {
     Attempt([&] { row.SetSubItem(column, WholeTime(Quotient(total.Seconds, divisor))); });
   };
   average(AvSessionColumn, total.Connections);
-  average(AvDayColumn, PeriodDays);
+  average(AvDayColumn, period.PeriodDays);
 }
 
 // The cell of blocks or data; gives what the grid shows.
 std::string SummaryBuilder::TakeUse(const ServiceTotal& total) {
-  if (ShowBlocks) {
+  if (analysis.ShowBlocks) {
     const Int16 minutes = total.Blocks * ServiceBlockMinutes(total.Number);
     std::string value = BlocksText(total.Blocks, minutes);
     Attempt([&] { totalBlocks += total.Blocks; });
@@ -161,7 +163,7 @@ std::string SummaryBuilder::LineOf(const ReportRow& row) const {
     const std::string value = cell(column);
     if (column < UseColumn)
       line += Before(column, value);
-    else if (column == UseColumn && !ShowBlocks && !value.empty())
+    else if (column == UseColumn && !analysis.ShowBlocks && !value.empty())
       line += Behind(column, value.substr(0, value.size() - 1)) + "K";  // which hangs over the column
     else
       line += Behind(column, value);
@@ -173,7 +175,7 @@ std::string SummaryBuilder::LineOf(const ReportRow& row) const {
 void SummaryBuilder::AddSlot(const ServiceTotal& total) {
   ReportRow row;
   const bool begun = Attempt([&] {
-    row.SubItems.resize(total.Seconds <= 0 ? SessionsColumn : CalcCosts ? CostColumn : UseColumn);
+    row.SubItems.resize(total.Seconds <= 0 ? SessionsColumn : settings.CalcCosts ? CostColumn : UseColumn);
     row.SetSubItem(ServiceColumn, GetServiceName(total.Number));
     row.SetSubItem(TimeColumn, WholeTime(static_cast<float>(total.Seconds)));
     row.SetSubItem(SessionsColumn, std::to_string(total.Connections));
@@ -184,7 +186,7 @@ void SummaryBuilder::AddSlot(const ServiceTotal& total) {
   if (total.Seconds > 0) {
     SetTimes(total, row);
     Attempt([&] { row.SetSubItem(UseColumn, TakeUse(total)); });
-    if (CalcCosts) {
+    if (settings.CalcCosts) {
       row.SetSubItem(CostColumn, MoneyText(ShownCost(total)));
       totalCost += ShownCost(total);
     }
@@ -200,8 +202,8 @@ void SummaryBuilder::AddRow(const ReportRow& row) {
 }
 
 std::string SummaryBuilder::UseTotal() const {
-  return ShowBlocks ? BlocksText(totalBlocks, totalBlockMinutes)
-                    : FormatNumber(totalKilobytes, "#,##0") + "K";
+  return analysis.ShowBlocks ? BlocksText(totalBlocks, totalBlockMinutes)
+                             : FormatNumber(totalKilobytes, "#,##0") + "K";
 }
 
 void SummaryBuilder::AddTotalsRow() {
@@ -210,12 +212,12 @@ void SummaryBuilder::AddTotalsRow() {
   row.SetSubItem(TimeColumn, WholeTime(totalTime));
   row.SetSubItem(SessionsColumn, std::to_string(totalSessions));
   row.SetSubItem(UseColumn, useTotal);
-  if (CalcCosts) row.SetSubItem(CostColumn, MoneyText(totalCost));
+  if (settings.CalcCosts) row.SetSubItem(CostColumn, MoneyText(totalCost));
   document.Rows.push_back(std::move(row));
 }
 
 std::string SummaryBuilder::TotalsLine() const {
-  const std::string cost = anyConnections && CalcCosts ? MoneyText(totalCost) : "";
+  const std::string cost = anyConnections && settings.CalcCosts ? MoneyText(totalCost) : "";
   return " " + Dashes(totalWidth) + NewLine + " " + Before(ServiceColumn, "TOTALS:") +
          Before(TimeColumn, WholeTime(totalTime)) + Before(SessionsColumn, std::to_string(totalSessions)) +
          Blanks(WidthOf(AvSessionColumn) + WidthOf(AvDayColumn)) + Behind(UseColumn, useTotal) +
@@ -226,9 +228,10 @@ ReportDocument SummaryBuilder::Build() {
   FillColumns();
   document.FillLabels("Summary");
   document.AddRow();
-  anyConnections = !ServiceTotals[0].Number.empty() || TotalsCount > 0;
+  anyConnections = !analysis.ServiceTotals[0].Number.empty() || analysis.TotalsCount > 0;
   if (anyConnections) {
-    for (int slot = FirstSlotShown(); slot <= TotalsCount; ++slot) AddSlot(ServiceTotals[slot]);
+    for (int slot = FirstSlotShown(); slot <= analysis.TotalsCount; ++slot)
+      AddSlot(analysis.ServiceTotals[slot]);
     useTotal = UseTotal();
     document.AddDottedRow();
     Attempt([this] { AddTotalsRow(); });
@@ -252,7 +255,7 @@ ReportDocument DisplaySummaryReport() {
   return document;
 }
 
-Int16 FirstSlotShown() { return ServiceTotals[0].Seconds > 0 ? 0 : 1; }
+Int16 FirstSlotShown() { return analysis.ServiceTotals[0].Seconds > 0 ? 0 : 1; }
 
 bool IsAnswered(const ServiceTotal& total) {
   return UpperCase(total.Number).find("ANSWER") != std::string::npos;

@@ -106,16 +106,16 @@ std::string UseOverPeriod(const UseByTime& use) {
   std::vector<ChartPanel> panels;
   if (Highest(seconds) > 0)
     panels.push_back(PanelOf("Connected time", "time", seconds, names, TimeScale, TimeText));
-  if (CalcCosts && Highest(costs) > 0)
+  if (settings.CalcCosts && Highest(costs) > 0)
     panels.push_back(PanelOf("Cost", "cost", costs, names, MoneyScale, MoneyText));
   if (panels.empty()) return "";
   std::vector<HtmlColumn> columns = {{words.Column, true}, {"Connected time"}};
-  if (CalcCosts) columns.push_back({"Cost"});
+  if (settings.CalcCosts) columns.push_back({"Cost"});
   HtmlTable table(words.Title, columns);
   for (std::size_t i = 0; i < names.size(); ++i)
     table.AddRow({names[i], TimeText(seconds[i]), MoneyText(costs[i])});
   std::string caption = "Time counts on the days in which it passed.";
-  if (CalcCosts) caption += " Cost counts on the day on which the connection began.";
+  if (settings.CalcCosts) caption += " Cost counts on the day on which the connection began.";
   ChartTexts texts{words.Title, ""};
   for (const auto& panel : panels) texts.Description += PeakWords(panel) + " ";
   return Figure(words.Title, BarChart(texts, panels, TicksOf(use)), caption,
@@ -140,7 +140,7 @@ std::string UseByHour(const UseByTime& use) {
 }
 
 std::string CostByService(const UseByService& use) {
-  if (!CalcCosts) return "";
+  if (!settings.CalcCosts) return "";
   const std::vector<ServiceUse> drawn = Dearest(use.Services());
   if (drawn.empty() || !(drawn.front().TotalCost > 0)) return "";
   const std::vector<StackPart> parts = {{"Dial-up", "dialup"}, {"Service", "service"}, {"Data", "data"}};

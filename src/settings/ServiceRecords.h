@@ -2,11 +2,8 @@
 // Money is in the user's currency, times of day are fractions of a day.
 #pragma once
 
-#include <optional>
 #include <string>
-#include <string_view>
 
-#include "settings/SettingField.h"
 #include "values/BoundedArray.h"
 #include "values/Calendar.h"
 #include "values/CheckedInteger.h"
@@ -66,40 +63,7 @@ struct ServiceRecord {
   bool WarningSound = false;
 };
 
-extern BoundedArray<ServiceRecord> Services;  // 0 to MaxServices; the first UsedServices in use
-extern std::string WarningSoundFile;          // one for all services
-extern BoundedArray<Date> Holidays;           // 0 to 99; the first UsedHolidays in use
-extern Int16 UsedHolidays;
-
-void ResetServiceRecords();
-
 // Whether nothing that happens with the service is charged: no call, no time on line, no data.
 bool CostsNothing(const ServiceRecord& service);
-
-// Load and store the records above by their numbered value names. Part of ReadUserParameters and
-// WriteUserParameters; a missing value is empty. A count beyond its array raises 9 to the error handler, and
-// becomes what there is room for; the other records are kept beyond the array and stored behind those in it.
-void ReadServices();
-void ReadHolidays();
-void WriteServices();
-void WriteHolidays();
-
-// Before storing: where the user has added or removed something here, and other programs have stored more of
-// it since, both are kept. Services that others added stay under their numbers, and those added here go
-// behind them; holidays come into the order of their dates. What finds no room goes beyond the array.
-void MergeServices();
-void MergeHolidays();
-
-// UsedServices as it is stored: with the services that found no room.
-Int16 StoredServiceCount();
-
-// The unambiguous name of a value whose name ("FlexRate21") the values of two services share; it stands
-// beside that name, and counts, where there are so many services. Nothing for any other name.
-std::optional<std::string> OwnNameBeside(std::string_view name);
-
-// How the value of a name is stored in the key of the services or of the holidays; nothing for a name that
-// stands for no value there.
-std::optional<SettingForm> FormOfService(std::string_view name);
-std::optional<SettingForm> FormOfHoliday(std::string_view name);
 
 }  // namespace qel

@@ -1,5 +1,4 @@
-// Every option of the program, with the names it has in the store. Loaded once at the start, changed by the
-// options window and the wizard, stored again as a whole.
+// Every option of the program as a value: copied to edit, assigned to save. The names are those of the store.
 //
 // Zero, an empty text and a missing value are the same thing: such an option takes its default at the start.
 #pragma once
@@ -8,56 +7,64 @@
 #include <string>
 
 #include "settings/ServiceRecords.h"
-#include "settings/SettingField.h"
+#include "settings/SettingRow.h"
+#include "values/BoundedArray.h"
 #include "values/Calendar.h"
 #include "values/CheckedInteger.h"
 
 namespace qel {
 
-// General
-extern std::string ModemLogFile;
-extern std::string ModemLogDir;  // with a separator at its end
-extern Int16 MaxServices;
-extern Int16 UsedServices;
-extern Int16 MaxConnections;     // of one report
-extern Int16 MaxConnectDays;     // longest connection looked for
-extern double NoDisconDuration;  // seconds given to a connection without a disconnect entry
-extern double NoDisconData;      // kilobytes given to it
-extern Int32 MaxLogSize;         // kilobytes from which the log is too big
-extern Int16 PreferredModem;
-extern std::string UserStartPref;
-extern Date UserStartDate;
-extern Int16 UserStartOfWeek;
-extern Int16 UserStartOfMonth;
-extern Int16 UserReportPref;
-extern Int32 MainWinWidth;  // twips; 0 keeps the design size
-extern Int32 MainWinHeight;
-extern Option EditLog;
-extern Option ShowErrors;  // connections with errors are shown and charged by estimate
-extern Option ShowToolbars;
-extern Option FlatToolbars;
-extern Option ShowGraphic;
-extern Option AutoOptimize;
-extern Option ModemCheck;
-extern Option Tips;
+struct Settings {
+  // General
+  std::string ModemLogFile;
+  std::string ModemLogDir;  // with a separator at its end
+  Int16 MaxServices;
+  Int16 UsedServices;
+  Int16 MaxConnections;         // of one report
+  Int16 MaxConnectDays;         // longest connection looked for
+  double NoDisconDuration = 0;  // seconds given to a connection without a disconnect entry
+  double NoDisconData = 0;      // kilobytes given to it
+  Int32 MaxLogSize;             // kilobytes from which the log is too big
+  Int16 PreferredModem;
+  std::string UserStartPref;
+  Date UserStartDate = 0;
+  Int16 UserStartOfWeek;
+  Int16 UserStartOfMonth;
+  Int16 UserReportPref;
+  Option EditLog;
+  Option ShowErrors;  // connections with errors are shown and charged by estimate
+  Option ShowToolbars;
+  Option FlatToolbars;
+  Option ShowGraphic;
+  Option AutoOptimize;
+  Option ModemCheck;
+  Option Tips;
+  bool ForceAMPM = false;  // connection times in 12 hour form
 
-// Whether the display can show the graphics; without it the stored ShowGraphic is left as it was.
-extern bool GraphicsAvailable;
+  // Modem: the texts by which log lines are recognised
+  std::string ModemDial;
+  std::string ModemAnswer;
+  std::string ModemConnect;
+  std::string ModemUserDisconnect;
+  std::string ModemHostDisconnect;
+  std::string ModemReads;
+  std::string ModemWrites;
 
-// Modem: the texts by which log lines are recognised
-extern std::string ModemDial;
-extern std::string ModemAnswer;
-extern std::string ModemConnect;
-extern std::string ModemUserDisconnect;
-extern std::string ModemHostDisconnect;
-extern std::string ModemReads;
-extern std::string ModemWrites;
+  // Costs, for numbers that are no service
+  Option CalcCosts;
+  double DialCost = 0;     // per call
+  double CostPerHour = 0;  // of connected time
+  double CostPerMeg = 0;   // of data read
 
-// Costs, for numbers that are no service
-extern Option CalcCosts;
-extern double DialCost;     // per call
-extern double CostPerHour;  // of connected time
-extern double CostPerMeg;   // of data read
+  BoundedArray<ServiceRecord> Services;          // 0 to MaxServices; the first UsedServices in use
+  std::string WarningSoundFile;                  // one for all services
+  BoundedArray<Date> Holidays{MaxHolidays - 1};  // the first UsedHolidays in use
+  Int16 UsedHolidays;
+
+  bool SettingsDirty = false;  // a default was filled in; the settings must be stored
+  // Whether the display can show the graphics; without it the stored ShowGraphic is left as it was.
+  bool GraphicsAvailable = false;
+};
 
 // The log viewer
 struct ViewLogRecord {
@@ -70,7 +77,6 @@ struct ViewLogRecord {
   Int16 WinWidth;
   Int16 WinState;
 };
-extern ViewLogRecord ViewLogSettings;
 
 // The report window: one record for each report. Twips; zero means not stored.
 struct ReportViewSettings {
@@ -81,52 +87,28 @@ struct ReportViewSettings {
   float FontSize = 0;
   std::array<Int32, 7> Column;  // Column1 to Column7; not all are stored
 };
-extern ReportViewSettings SummaryViewSettings;
-extern ReportViewSettings DetailViewSettings;
-extern Option SaveReportSettings;
-extern Option ReportListView;
-extern Option ReportAutoArrange;
-extern bool ForceAMPM;  // connection times in 12 hour form
 
 struct RecentFile {
   std::string RecentFileName;
   std::string RecentFilePath;
   std::string RecentFileType;  // "A" an archive or log, "R" a report, "" a free slot
 };
-extern std::array<RecentFile, 5> RecentFiles;
 
-// Puts all of the above, services and holidays included, as a fresh process has it.
-void ResetSettings();
+// What windows remember of themselves: no option of the options window.
+struct WindowSettings {
+  Int32 MainWinWidth;  // twips; 0 keeps the design size
+  Int32 MainWinHeight;
+  ViewLogRecord ViewLogSettings;
+  ReportViewSettings SummaryViewSettings;
+  ReportViewSettings DetailViewSettings;
+  Option SaveReportSettings;
+  Option ReportListView;
+  Option ReportAutoArrange;
+  std::array<RecentFile, 5> RecentFiles;
+};
 
-// Loads everything from the store, creating the keys on the way, and sizes `Services`. Sets SettingsDirty
-// where MaxServices was missing. A value that does not convert goes to the error handler, and the rest still
-// loads.
-void ReadUserParameters();
-
-// Takes up the services and holidays as other programs have stored them since, so that what the user adds to
-// them goes behind what is there. For a moment in which nothing of them is being edited.
-void TakeUpOthersRecords();
-
-// Fills every missing option but the log's path with its default, setting SettingsDirty for those that must
-// be stored at once.
-void FillMissingSettings();
-
-// Where no log is set, takes the system's active log, or else the default one. True when it did.
-bool SettleMissingLogPath();
-
-// Stores everything and brings it to the disk. The viewer's and the report window's settings go only with
-// their own SaveSettings on, and ForceAMPM follows into whichever key was named last.
-void WriteUserParameters();
-
-// Stores the SaveSettings of a window alone, under the window's key ("\\ViewLog", "\\ViewReport"), so that
-// switching it off is itself remembered.
-void WriteSaveSettings(const char* below, Option& saveSettings);
-
-// Stores one value of "\\General" apart from the others, and brings it to the disk.
-void StoreGeneralValue(const std::string& valueName, const SettingValue& value, RegistryType type);
-
-// The seven marker texts of the modem, and the viewer's settings, by default.
-void RestoreModemDefaults();
-void RestoreViewLogDefaults();
+// Those of the running program.
+extern Settings settings;
+extern WindowSettings windowSettings;
 
 }  // namespace qel

@@ -1,6 +1,6 @@
 #include "settings/SettingsTables.h"
 
-#include "settings/Settings.h"
+#include "settings/ServiceStore.h"
 #include "values/CodePage.h"
 
 namespace qel {
@@ -9,36 +9,39 @@ namespace {
 
 constexpr bool NotDirty = false;
 
-const Setting General[] = {
-    {"ModemLogFile", StoredAs::Text, &ModemLogFile},
-    {"ModemLogDir", StoredAs::Text, &ModemLogDir},
-    {"MaxServices", StoredAs::Whole, &MaxServices, 10.0},
-    {"UsedServices", StoredAs::Whole, &UsedServices},
-    {"MaxConnections", StoredAs::Whole, &MaxConnections, 200.0},
-    {"MaxConnectDays", StoredAs::Whole, &MaxConnectDays, 2.0},
-    {"NoDisconDuration", StoredAs::Whole, &NoDisconDuration, 900.0},
+const SettingRow<Settings> General[] = {
+    Row<&Settings::ModemLogFile>("ModemLogFile", StoredAs::Text),
+    Row<&Settings::ModemLogDir>("ModemLogDir", StoredAs::Text),
+    Row<&Settings::MaxServices>("MaxServices", StoredAs::Whole, 10),
+    Row<&Settings::UsedServices>("UsedServices", StoredAs::Whole),
+    Row<&Settings::MaxConnections>("MaxConnections", StoredAs::Whole, 200),
+    Row<&Settings::MaxConnectDays>("MaxConnectDays", StoredAs::Whole, 2),
+    Row<&Settings::NoDisconDuration>("NoDisconDuration", StoredAs::Whole, 900),
     // The default is 0, which is missing at the next start again: the settings are stored at every start.
-    {"NoDisconData", StoredAs::Whole, &NoDisconData, 0.0},
-    {"MaxLogSize", StoredAs::Whole, &MaxLogSize, 150.0},
-    {"PreferredModem", StoredAs::Whole, &PreferredModem},
-    {"UserStartPref", StoredAs::Text, &UserStartPref, "Last Log Entry", NotDirty},
-    {"UserStartDate", StoredAs::Whole, &UserStartDate},
-    {"UserStartOfWeek", StoredAs::Whole, &UserStartOfWeek},
-    {"UserStartOfMonth", StoredAs::Whole, &UserStartOfMonth},
-    {"UserReportPref", StoredAs::Whole, &UserReportPref},
-    {"MainWinWidth", StoredAs::Whole, &MainWinWidth},
-    {"MainWinHeight", StoredAs::Whole, &MainWinHeight},
+    Row<&Settings::NoDisconData>("NoDisconData", StoredAs::Whole, 0),
+    Row<&Settings::MaxLogSize>("MaxLogSize", StoredAs::Whole, 150),
+    Row<&Settings::PreferredModem>("PreferredModem", StoredAs::Whole),
+    Row<&Settings::UserStartPref>("UserStartPref", StoredAs::Text, "Last Log Entry", NotDirty),
+    Row<&Settings::UserStartDate>("UserStartDate", StoredAs::Whole),
+    Row<&Settings::UserStartOfWeek>("UserStartOfWeek", StoredAs::Whole),
+    Row<&Settings::UserStartOfMonth>("UserStartOfMonth", StoredAs::Whole),
+    Row<&Settings::UserReportPref>("UserReportPref", StoredAs::Whole),
 };
 
-const Setting Booleans[] = {
-    {"EditLog", StoredAs::Word, &EditLog, true},
-    {"ShowErrors", StoredAs::Word, &ShowErrors, true},
-    {"ShowToolbars", StoredAs::Word, &ShowToolbars, true},
-    {"FlatToolbars", StoredAs::Word, &FlatToolbars, true},
-    {"ShowGraphic", StoredAs::Word, &ShowGraphic, true},
-    {"AutoOptimize", StoredAs::Word, &AutoOptimize, false},
-    {"ModemCheck", StoredAs::Word, &ModemCheck, true, NotDirty},
-    {"Tips", StoredAs::Word, &Tips, true, NotDirty},
+const SettingRow<WindowSettings> MainWindow[] = {
+    Row<&WindowSettings::MainWinWidth>("MainWinWidth", StoredAs::Whole),
+    Row<&WindowSettings::MainWinHeight>("MainWinHeight", StoredAs::Whole),
+};
+
+const SettingRow<Settings> Booleans[] = {
+    Row<&Settings::EditLog>("EditLog", StoredAs::Word, true),
+    Row<&Settings::ShowErrors>("ShowErrors", StoredAs::Word, true),
+    Row<&Settings::ShowToolbars>("ShowToolbars", StoredAs::Word, true),
+    Row<&Settings::FlatToolbars>("FlatToolbars", StoredAs::Word, true),
+    Row<&Settings::ShowGraphic>("ShowGraphic", StoredAs::Word, true),
+    Row<&Settings::AutoOptimize>("AutoOptimize", StoredAs::Word, false),
+    Row<&Settings::ModemCheck>("ModemCheck", StoredAs::Word, true, NotDirty),
+    Row<&Settings::Tips>("Tips", StoredAs::Word, true, NotDirty),
 };
 
 const char* const GeneralOrder[] = {
@@ -50,142 +53,116 @@ const char* const GeneralOrder[] = {
     "UserStartOfMonth", "UserReportPref",
 };
 
-const Setting Modem[] = {
-    {"ModemDial", StoredAs::Text, &ModemDial, "RECV: ATD"},
-    {"ModemAnswer", StoredAs::Text, &ModemAnswer, "ANSWERING"},
-    {"ModemConnect", StoredAs::Text, &ModemConnect, "CONNECTION ESTABLISHED"},
-    {"ModemUserDisconnect", StoredAs::Text, &ModemUserDisconnect, "HANGING UP THE MODEM"},
-    {"ModemHostDisconnect", StoredAs::Text, &ModemHostDisconnect, "REMOTE MODEM HUNG UP"},
-    {"ModemReads", StoredAs::Text, &ModemReads, "READS"},
-    {"ModemWrites", StoredAs::Text, &ModemWrites, "WRITES"},
+const SettingRow<Settings> Modem[] = {
+    Row<&Settings::ModemDial>("ModemDial", StoredAs::Text, "RECV: ATD"),
+    Row<&Settings::ModemAnswer>("ModemAnswer", StoredAs::Text, "ANSWERING"),
+    Row<&Settings::ModemConnect>("ModemConnect", StoredAs::Text, "CONNECTION ESTABLISHED"),
+    Row<&Settings::ModemUserDisconnect>("ModemUserDisconnect", StoredAs::Text, "HANGING UP THE MODEM"),
+    Row<&Settings::ModemHostDisconnect>("ModemHostDisconnect", StoredAs::Text, "REMOTE MODEM HUNG UP"),
+    Row<&Settings::ModemReads>("ModemReads", StoredAs::Text, "READS"),
+    Row<&Settings::ModemWrites>("ModemWrites", StoredAs::Text, "WRITES"),
 };
 
-const Setting Costs[] = {
-    {"CalcCosts", StoredAs::Word, &CalcCosts, true},
-    {"DialCost", StoredAs::Money, &DialCost, 0.2},
-    {"CostPerHour", StoredAs::Money, &CostPerHour, 1.5},
-    {"CostPerMeg", StoredAs::Money, &CostPerMeg, 0.0},
+const SettingRow<Settings> Costs[] = {
+    Row<&Settings::CalcCosts>("CalcCosts", StoredAs::Word, true),
+    Row<&Settings::DialCost>("DialCost", StoredAs::Money, 0.2),
+    Row<&Settings::CostPerHour>("CostPerHour", StoredAs::Money, 1.5),
+    Row<&Settings::CostPerMeg>("CostPerMeg", StoredAs::Money, 0),
 };
 
-const Setting ViewLog[] = {
-    {"SaveSettings", StoredAs::Word, &ViewLogSettings.SaveSettings, false},
-    {"FontName", StoredAs::Text, &ViewLogSettings.FontName, "MS Sans Serif"},
-    {"FontSize", StoredAs::Whole, &ViewLogSettings.FontSize, 8.0},
-    {"FontBold", StoredAs::Whole, &ViewLogSettings.FontBold, false},
-    {"FontItalic", StoredAs::Whole, &ViewLogSettings.FontItalic, false},
-    {"WinHeight", StoredAs::Whole, &ViewLogSettings.WinHeight, 4300.0},
-    {"WinWidth", StoredAs::Whole, &ViewLogSettings.WinWidth, 6000.0},
-    {"WinState", StoredAs::Whole, &ViewLogSettings.WinState, 0.0},
+const SettingRow<ViewLogRecord> ViewLog[] = {
+    Row<&ViewLogRecord::SaveSettings>("SaveSettings", StoredAs::Word, false),
+    Row<&ViewLogRecord::FontName>("FontName", StoredAs::Text, "MS Sans Serif"),
+    Row<&ViewLogRecord::FontSize>("FontSize", StoredAs::Whole, 8),
+    Row<&ViewLogRecord::FontBold>("FontBold", StoredAs::Whole, false),
+    Row<&ViewLogRecord::FontItalic>("FontItalic", StoredAs::Whole, false),
+    Row<&ViewLogRecord::WinHeight>("WinHeight", StoredAs::Whole, 4300),
+    Row<&ViewLogRecord::WinWidth>("WinWidth", StoredAs::Whole, 6000),
+    Row<&ViewLogRecord::WinState>("WinState", StoredAs::Whole, 0),
 };
 
-const Setting ViewReport[] = {
-    {"SaveSettings", StoredAs::Word, &SaveReportSettings, true},
-    {"ListView", StoredAs::Word, &ReportListView, true},
-    {"AutoArrange", StoredAs::Word, &ReportAutoArrange, false},
+const SettingRow<WindowSettings> ViewReport[] = {
+    Row<&WindowSettings::SaveReportSettings>("SaveSettings", StoredAs::Word, true),
+    Row<&WindowSettings::ReportListView>("ListView", StoredAs::Word, true),
+    Row<&WindowSettings::ReportAutoArrange>("AutoArrange", StoredAs::Word, false),
 };
 
-const Setting SummaryReport[] = {
-    {"WinHeight", StoredAs::Whole, &SummaryViewSettings.WinHeight, 5100.0},
-    {"WinWidth", StoredAs::Whole, &SummaryViewSettings.WinWidth, 6900.0},
-    {"WinLeft", StoredAs::Whole, &SummaryViewSettings.WinLeft, 100.0},
-    {"WinTop", StoredAs::Whole, &SummaryViewSettings.WinTop, 100.0},
-    {"FontSize", StoredAs::Whole, &SummaryViewSettings.FontSize, 9.0},
-    {"Column1", StoredAs::Whole, &SummaryViewSettings.Column[0], 1000.0},
-    {"Column2", StoredAs::Whole, &SummaryViewSettings.Column[1], 1000.0},
-    {"Column3", StoredAs::Whole, &SummaryViewSettings.Column[2], 700.0},
-    {"Column4", StoredAs::Whole, &SummaryViewSettings.Column[3], 1000.0},
-    {"Column5", StoredAs::Whole, &SummaryViewSettings.Column[4], 1000.0},
+template <std::size_t Index>
+SettingRow<ReportViewSettings> Column(const char* name, int width) {
+  return {name, StoredAs::Whole, [](ReportViewSettings& view) { return SettingPlace(&view.Column[Index]); },
+          Int32(width)};
+}
+
+// Details has all of these columns, Summary one less.
+const SettingRow<ReportViewSettings> ReportWindow[] = {
+    Row<&ReportViewSettings::WinHeight>("WinHeight", StoredAs::Whole, 5100),
+    Row<&ReportViewSettings::WinWidth>("WinWidth", StoredAs::Whole, 6900),
+    Row<&ReportViewSettings::WinLeft>("WinLeft", StoredAs::Whole, 100),
+    Row<&ReportViewSettings::WinTop>("WinTop", StoredAs::Whole, 100),
+    Row<&ReportViewSettings::FontSize>("FontSize", StoredAs::Whole, 9),
+    Column<0>("Column1", 1000),
+    Column<1>("Column2", 1000),
+    Column<2>("Column3", 700),
+    Column<3>("Column4", 1000),
+    Column<4>("Column5", 1000),
+    Column<5>("Column6", 2000),
 };
 
-const Setting DetailReport[] = {
-    {"WinHeight", StoredAs::Whole, &DetailViewSettings.WinHeight, 5100.0},
-    {"WinWidth", StoredAs::Whole, &DetailViewSettings.WinWidth, 6900.0},
-    {"WinLeft", StoredAs::Whole, &DetailViewSettings.WinLeft, 100.0},
-    {"WinTop", StoredAs::Whole, &DetailViewSettings.WinTop, 100.0},
-    {"FontSize", StoredAs::Whole, &DetailViewSettings.FontSize, 9.0},
-    {"Column1", StoredAs::Whole, &DetailViewSettings.Column[0], 1000.0},
-    {"Column2", StoredAs::Whole, &DetailViewSettings.Column[1], 1000.0},
-    {"Column3", StoredAs::Whole, &DetailViewSettings.Column[2], 700.0},
-    {"Column4", StoredAs::Whole, &DetailViewSettings.Column[3], 1000.0},
-    {"Column5", StoredAs::Whole, &DetailViewSettings.Column[4], 1000.0},
-    {"Column6", StoredAs::Whole, &DetailViewSettings.Column[5], 2000.0},
-};
-
-// ForceAMPM goes to whichever key was stored last.
-const Setting AnyKey[] = {{"ForceAMPM", StoredAs::Whole, &ForceAMPM}};
+const SettingRow<Settings> AnyKey = Row<&Settings::ForceAMPM>("ForceAMPM", StoredAs::Whole);
 
 const char* const RecentFileSeries[] = {"RecentFileName", "RecentFilePath", "RecentFileType"};
 
-const struct {
-  const char* Key;
-  std::span<const Setting> Settings;
-} Keys[] = {
-    {"\\General", General},
-    {"\\General", Booleans},
-    {"\\Modem", Modem},
-    {"\\Costs", Costs},
-    {"\\ViewLog", ViewLog},
-    {"\\ViewReport", ViewReport},
-    {"\\ViewReport\\SummaryReport", SummaryReport},
-    {"\\ViewReport\\DetailReport", DetailReport},
-};
-
-std::optional<SettingForm> FormIn(std::span<const Setting> settings, std::string_view name) {
-  for (const auto& setting : settings)
-    if (EqualNoCase(setting.Name, name)) return SettingForm{setting.As, setting.Place};
+template <class Rows>
+std::optional<SettingForm> FormIn(const Rows& rows, std::string_view name) {
+  for (const auto& row : rows)
+    if (EqualNoCase(row.Name, name)) return FormOf(row);
   return std::nullopt;
+}
+
+std::optional<SettingForm> FormOfRecentFile(std::string_view name) {
+  for (const char* series : RecentFileSeries)
+    if (IsNumbered(name, series)) return SettingForm{StoredAs::Text, std::string()};
+  return std::nullopt;
+}
+
+// The tables of a key, whose path below the program's own is `key`.
+std::optional<SettingForm> FormInKey(std::string_view key, std::string_view name) {
+  const auto is = [key](const char* other) { return EqualNoCase(key, other); };
+  if (is("\\Services")) return FormOfService(name);
+  if (is("\\Holidays")) return FormOfHoliday(name);
+  if (is("\\Modem")) return FormIn(Modem, name);
+  if (is("\\Costs")) return FormIn(Costs, name);
+  if (is("\\ViewLog")) return FormIn(ViewLog, name);
+  if (is("\\ViewReport")) return FormIn(ViewReport, name);
+  if (is("\\ViewReport\\SummaryReport")) return FormIn(SummaryReportTable(), name);
+  if (is("\\ViewReport\\DetailReport")) return FormIn(DetailReportTable(), name);
+  if (is("\\RecentFiles")) return FormOfRecentFile(name);
+  if (!is("\\General")) return std::nullopt;
+  if (const auto form = FormIn(General, name)) return form;
+  if (const auto form = FormIn(MainWindow, name)) return form;
+  return FormIn(Booleans, name);
 }
 
 }  // namespace
 
-std::span<const Setting> GeneralSettings() { return General; }
-std::span<const Setting> BooleanSettings() { return Booleans; }
-std::span<const Setting> ModemSettings() { return Modem; }
-std::span<const Setting> CostSettings() { return Costs; }
-std::span<const Setting> ViewLogTable() { return ViewLog; }
-std::span<const Setting> ViewReportTable() { return ViewReport; }
-std::span<const Setting> SummaryReportTable() { return SummaryReport; }
-std::span<const Setting> DetailReportTable() { return DetailReport; }
+std::span<const SettingRow<Settings>> GeneralSettings() { return General; }
+std::span<const SettingRow<WindowSettings>> MainWindowTable() { return MainWindow; }
+std::span<const SettingRow<Settings>> BooleanSettings() { return Booleans; }
+std::span<const SettingRow<Settings>> ModemSettings() { return Modem; }
+std::span<const SettingRow<Settings>> CostSettings() { return Costs; }
+std::span<const SettingRow<ViewLogRecord>> ViewLogTable() { return ViewLog; }
+std::span<const SettingRow<WindowSettings>> ViewReportTable() { return ViewReport; }
+std::span<const SettingRow<ReportViewSettings>> SummaryReportTable() {
+  return std::span(ReportWindow).first(std::size(ReportWindow) - 1);
+}
+std::span<const SettingRow<ReportViewSettings>> DetailReportTable() { return ReportWindow; }
+const SettingRow<Settings>& AnyKeySetting() { return AnyKey; }
 std::span<const char* const> GeneralStoreOrder() { return GeneralOrder; }
 
 std::optional<SettingForm> FormOf(std::string_view key, std::string_view name) {
-  if (EqualNoCase(key, "\\Services")) return FormOfService(name);
-  if (EqualNoCase(key, "\\Holidays")) return FormOfHoliday(name);
-  for (const auto& row : Keys)
-    if (EqualNoCase(key, row.Key))
-      if (const auto form = FormIn(row.Settings, name)) return form;
-  if (EqualNoCase(key, "\\RecentFiles"))
-    for (const char* series : RecentFileSeries)
-      if (IsNumbered(name, series)) return SettingForm{StoredAs::Text, &RecentFiles[0].RecentFileName};
-  return FormIn(AnyKey, name);
-}
-
-bool IsMissing(const Setting& setting) {
-  return std::visit(
-      [](const auto* place) {
-        using Place = std::remove_cvref_t<decltype(*place)>;
-        if constexpr (std::is_same_v<Place, Option>)
-          return !place->Given();
-        else
-          return *place == Place();
-      },
-      setting.Place);
-}
-
-void SetDefault(const Setting& setting) {
-  std::visit(
-      [](auto* place, auto value) {
-        using Place = std::remove_cvref_t<decltype(*place)>;
-        using Value = decltype(value);
-        constexpr bool isText = std::is_same_v<Place, std::string>;
-        constexpr bool isTruth = std::is_same_v<Place, bool> || std::is_same_v<Place, Option>;
-        if constexpr (std::is_same_v<Value, const char*> ? isText
-                      : std::is_same_v<Value, bool>      ? isTruth
-                      : std::is_same_v<Value, double>    ? !isText && !isTruth
-                                                         : false)
-          *place = Place(value);
-      },
-      setting.Place, setting.Default);
+  if (const auto form = FormInKey(key, name)) return form;
+  const bool services = EqualNoCase(key, "\\Services") || EqualNoCase(key, "\\Holidays");
+  return services || !EqualNoCase(name, AnyKey.Name) ? std::nullopt : std::optional(FormOf(AnyKey));
 }
 
 }  // namespace qel

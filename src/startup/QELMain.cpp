@@ -14,8 +14,8 @@
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"
-#include "settings/Registry_Functions.h"
-#include "settings/Settings.h"
+#include "settings/StoredValues.h"
+#include "settings/UserParameters.h"
 #include "ui/frmFind.h"
 #include "ui/frmPreConfigure.h"
 #include "ui/frmSplash.h"
@@ -38,13 +38,13 @@ void ReadRegion() {
 
 void LoadSettings() {
   TellStep("Reading User Configuration");
-  SettingsDirty = false;
-  ReadUserParameters();
-  FillMissingSettings();
+  settings.SettingsDirty = false;
+  ReadUserParameters(Registry, settings, windowSettings);
+  FillMissingSettings(settings, windowSettings);
 }
 
 void CheckModems() {
-  if (ModemCheck && PreConfigure(false)) PreConfigureForm->ShowModal();
+  if (settings.ModemCheck && PreConfigure(false)) PreConfigureForm->ShowModal();
 }
 
 bool UserWantsTheActiveLog() {
@@ -79,15 +79,15 @@ void TellNewLog() {
 // The log of the settings, or the one that the system's modem writes where the user says so.
 void SettleLogPath() {
   SetTrace("QELMain", "SettleLogPath");
-  if (SettleMissingLogPath() || ActiveLogFile.empty()) return;
+  if (SettleMissingLogPath(settings) || ActiveLogFile.empty()) return;
   if (ActiveLogDir.empty()) ActiveLogDir = DefaultLogDir;
-  if (ActiveLogFile == ModemLogFile && ActiveLogDir == ModemLogDir) return;
+  if (ActiveLogFile == settings.ModemLogFile && ActiveLogDir == settings.ModemLogDir) return;
   if (!UserWantsTheActiveLog()) return;
-  ModemLogFile = ActiveLogFile;
-  ModemLogDir = ActiveLogDir;
-  SettingsDirty = true;
+  settings.ModemLogFile = ActiveLogFile;
+  settings.ModemLogDir = ActiveLogDir;
+  settings.SettingsDirty = true;
   bool madeNew = false;
-  const std::string path = ModemLogDir + ModemLogFile;
+  const std::string path = settings.ModemLogDir + settings.ModemLogFile;
   Attempt([&path] { MendInterruptedSwap(path); });
   Attempt([&] { madeNew = NewModemLog(path); });
   if (madeNew) TellNewLog();
@@ -96,8 +96,8 @@ void SettleLogPath() {
 void ExamineLog() {
   SetTrace("QELMain", "ExamineLog");
   TellStep("Please Wait . . . Checking Modem Log");
-  SetCurrentLog(ModemLogDir, ModemLogFile);
-  Attempt([] { MendInterruptedSwap(CurrentLogPath); });
+  SetCurrentLog(settings.ModemLogDir, settings.ModemLogFile);
+  Attempt([] { MendInterruptedSwap(logFile.CurrentLogPath); });
   Examine(LogHealth::UnknownTold);
 }
 
@@ -116,7 +116,7 @@ void OpenSettings() {
                 "Mend the file and start QEL again.",
             "QEL Settings", Icon::Exclamation});
   }
-  TellSetAside();
+  TellSetAside(Registry);
 }
 
 }  // namespace
@@ -142,11 +142,11 @@ void Main() {
   LoadSettings();
   CheckModems();
   SettleLogPath();
-  if (SettingsDirty) WriteUserParameters();
-  SettingsDirty = false;
+  if (settings.SettingsDirty) WriteUserParameters(Registry, settings, windowSettings);
+  settings.SettingsDirty = false;
   ExamineLog();
-  SplashForm->PauseOnSplash = !LogExists;
-  if (LogExists)
+  SplashForm->PauseOnSplash = !findings.LogExists;
+  if (findings.LogExists)
     SplashForm->HandOver();
   else
     SplashForm->WaitForClick();

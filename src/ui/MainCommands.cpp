@@ -9,8 +9,8 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
-#include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
+#include "settings/StoredValues.h"
 #include "ui/frmAbout.h"
 #include "ui/frmHelp.h"
 #include "ui/frmMain.h"
@@ -112,15 +112,15 @@ void frmMain::OpenArchive(const std::string& path) {
   TraceStep(PathText(path));
   Attempt([&path] { MendInterruptedSwap(path); });
   if (!CanBeOpened(path)) return;
-  if (!ArchiveOpen) {
-    defaultLogFile = CurrentLogFile;
-    defaultLogDir = CurrentLogDir;
-    defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
+  if (!logFile.ArchiveOpen) {
+    defaultLogFile = logFile.CurrentLogFile;
+    defaultLogDir = logFile.CurrentLogDir;
+    defaultLogUsable = findings.LogExists && !findings.LogInvalid && !findings.LogCorrupt;
   }
   SetCurrentLog(path);
   Examine(LogHealth::Sound);
-  ArchiveOpen = true;
-  AddRecentFile(CurrentLogFile, CurrentLogDir, "A");
+  logFile.ArchiveOpen = true;
+  AddRecentFile(logFile.CurrentLogFile, logFile.CurrentLogDir, "A");
   ShowRecentFiles();
   Form_Load();
   ShowActiveDate();
@@ -129,11 +129,11 @@ void frmMain::OpenArchive(const std::string& path) {
 // The file may have grown, or have come into being, since it was looked into. The dates stay where they can.
 void frmMain::mnuRefresh_Click() {
   SetTrace("frmMain", "mnuRefresh_Click");
-  TraceStep(PathText(CurrentLogPath));
+  TraceStep(PathText(logFile.CurrentLogPath));
   const std::string dates[] = {inputStarting.Text, inputEnding.Text};
-  if (!ArchiveOpen)
-    ReadDefaultLog(CurrentLogDir, CurrentLogFile);
-  else if (CanBeOpened(CurrentLogPath))
+  if (!logFile.ArchiveOpen)
+    ReadDefaultLog(logFile.CurrentLogDir, logFile.CurrentLogFile);
+  else if (CanBeOpened(logFile.CurrentLogPath))
     Examine(LogHealth::Sound);
   Form_Load();
   if (inputStarting.Enabled && IsDate(dates[0]) && IsDate(dates[1])) {
@@ -148,12 +148,12 @@ void frmMain::mnuRefresh_Click() {
 
 void frmMain::mnuOpenLog_Click() {
   SetTrace("frmMain", "mnuOpenLog_Click");
-  ArchiveOpen = false;
+  logFile.ArchiveOpen = false;
   ReadDefaultLog(defaultLogDir, defaultLogFile);
   Form_Load();
   ShowActiveDate();
   CurrentHost().SetMousePointer(MousePointer::Default);
-  if (!LogCorrupt) return;
+  if (!findings.LogCorrupt) return;
   TellCorrupt();
   SetStatus(8);
 }
@@ -191,45 +191,46 @@ void frmMain::mnuAbout_Click() {
 }
 
 void frmMain::mnuRecent_Click(std::size_t index) {
-  const RecentFile file = RecentFiles[index];
+  const RecentFile file = windowSettings.RecentFiles[index];
   const std::string path = file.RecentFilePath + file.RecentFileName;
   if (file.RecentFileType == "A") OpenArchive(path);
   if (file.RecentFileType == "R") DoOpenReport(path);
 }
 
 void frmMain::mnuClrLst_Click() {
-  RecentFiles = {};
+  windowSettings.RecentFiles = {};
   SaveRecentFiles();
   ShowRecentFiles();
 }
 
 void frmMain::AddRecentFile(const std::string& name, const std::string& path, const std::string& type) {
-  std::move_backward(RecentFiles.begin(), RecentFiles.end() - 1, RecentFiles.end());
-  RecentFiles.front() = {name, path, type};
-  const auto again = std::remove_if(RecentFiles.begin() + 1, RecentFiles.end(),
+  std::move_backward(windowSettings.RecentFiles.begin(), windowSettings.RecentFiles.end() - 1,
+                     windowSettings.RecentFiles.end());
+  windowSettings.RecentFiles.front() = {name, path, type};
+  const auto again = std::remove_if(windowSettings.RecentFiles.begin() + 1, windowSettings.RecentFiles.end(),
                                     [&name](const RecentFile& file) { return file.RecentFileName == name; });
-  std::fill(again, RecentFiles.end(), RecentFile());
+  std::fill(again, windowSettings.RecentFiles.end(), RecentFile());
   SaveRecentFiles();
 }
 
 void frmMain::SaveRecentFiles() {
   IgnoreErrors([] {
     const std::string key = std::string(SettingsKey) + "\\RecentFiles";
-    for (std::size_t i = 0; i < RecentFiles.size(); ++i) {
-      const RecentFile& file = RecentFiles[i];
+    for (std::size_t i = 0; i < windowSettings.RecentFiles.size(); ++i) {
+      const RecentFile& file = windowSettings.RecentFiles[i];
       const std::string number = std::to_string(i + 1);
-      SetKeyValue(SettingsRoot, key, "RecentFileName" + number, file.RecentFileName, REG_SZ);
-      SetKeyValue(SettingsRoot, key, "RecentFilePath" + number, file.RecentFilePath, REG_SZ);
-      SetKeyValue(SettingsRoot, key, "RecentFileType" + number, file.RecentFileType, REG_SZ);
+      SetKeyValue(Registry, SettingsRoot, key, "RecentFileName" + number, file.RecentFileName, REG_SZ);
+      SetKeyValue(Registry, SettingsRoot, key, "RecentFilePath" + number, file.RecentFilePath, REG_SZ);
+      SetKeyValue(Registry, SettingsRoot, key, "RecentFileType" + number, file.RecentFileType, REG_SZ);
     }
   });
-  SaveRegistry();
+  SaveRegistry(Registry);
 }
 
 void frmMain::ShowRecentFiles() {
   bool any = false;
   for (std::size_t i = 0; i < mnuRecent.size(); ++i) {
-    const RecentFile& file = RecentFiles[i];
+    const RecentFile& file = windowSettings.RecentFiles[i];
     mnuRecent[i].Caption = RecentCaption(file.RecentFileName);
     mnuRecent[i].ToolTipText = PathText(file.RecentFilePath + file.RecentFileName);
     mnuRecent[i].Visible = !file.RecentFileName.empty();

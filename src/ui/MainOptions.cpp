@@ -7,9 +7,9 @@
 #include "core/Surroundings.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
-#include "settings/Registry_Functions.h"
-#include "settings/Settings.h"
-#include "settings/SettingsFile.h"
+#include "settings/SettingsExchange.h"
+#include "settings/StoredValues.h"
+#include "settings/UserParameters.h"
 #include "ui/frmMain.h"
 #include "ui/frmSetup.h"
 #include "values/CodePage.h"
@@ -59,10 +59,11 @@ void TellImported(const std::string& path, const SettingsFile& file) {
 
 // As the start reads them.
 void LoadSettingsAnew() {
-  ResetSettings();
-  ReadUserParameters();
-  FillMissingSettings();
-  SettleMissingLogPath();
+  settings = {};
+  windowSettings = {};
+  ReadUserParameters(Registry, settings, windowSettings);
+  FillMissingSettings(settings, windowSettings);
+  SettleMissingLogPath(settings);
 }
 
 }  // namespace
@@ -84,12 +85,12 @@ void frmMain::mnuSetup_Click() {
 
 // Makes the log of the options the one that is read; while an archive is open, the one to go back to.
 void frmMain::UseNewDefaultLog() {
-  const std::string archive = CurrentLogPath;
-  ReadDefaultLog(ModemLogDir, ModemLogFile);
-  if (!ArchiveOpen) return;
-  defaultLogFile = ModemLogFile;
-  defaultLogDir = ModemLogDir;
-  defaultLogUsable = LogExists && !LogInvalid && !LogCorrupt;
+  const std::string archive = logFile.CurrentLogPath;
+  ReadDefaultLog(settings.ModemLogDir, settings.ModemLogFile);
+  if (!logFile.ArchiveOpen) return;
+  defaultLogFile = settings.ModemLogFile;
+  defaultLogDir = settings.ModemLogDir;
+  defaultLogUsable = findings.LogExists && !findings.LogInvalid && !findings.LogCorrupt;
   SetCurrentLog(archive);
   Examine(LogHealth::Sound);
 }
@@ -105,7 +106,7 @@ void frmMain::ShowAnew() {
 void frmMain::mnuExport_Click() {
   SetTrace("frmMain", "ExportOptions");
   const auto path = CurrentHost().AskSaveFile({RegistryFilter, AppPath, "QEL.reg"});
-  if (path && Attempt([&path] { ReplaceFile(*path, ExportedOptions()); })) TellExported(*path);
+  if (path && Attempt([&path] { ReplaceFile(*path, ExportedOptions(Registry)); })) TellExported(*path);
 }
 
 void frmMain::mnuImport_Click() {
@@ -115,11 +116,11 @@ void frmMain::mnuImport_Click() {
   std::string why;
   const auto file = FindSettingsFile(*path, why);
   if (!file) return TellNotImported(*path, why);
-  ImportOptions(*file);
-  SaveRegistry();
-  const std::string before = ModemLogDir + ModemLogFile;
+  ImportOptions(Registry, *file);
+  SaveRegistry(Registry);
+  const std::string before = settings.ModemLogDir + settings.ModemLogFile;
   LoadSettingsAnew();
-  if (ModemLogDir + ModemLogFile != before) UseNewDefaultLog();
+  if (settings.ModemLogDir + settings.ModemLogFile != before) UseNewDefaultLog();
   TellImported(*path, *file);
   ShowAnew();
 }

@@ -12,7 +12,7 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
-#include "settings/Settings.h"
+#include "settings/UserParameters.h"
 #include "ui/frmMain.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
@@ -28,16 +28,18 @@ Date OrToday(Date date) { return date != 0 ? date : Today(); }
 Date PreferredStart(Date fallback) {
   const Date today = Today();
   const CalendarDay parts = DayOf(today);
-  if (UserStartPref == "First Log Entry") return OrToday(FirstEntryDate);
-  if (UserStartPref == "Last Log Entry") return OrToday(LastEntryDate);
-  if (UserStartPref == "User Defined") return UserStartDate;
-  if (UserStartPref == "Start of Week") {
-    const int wanted = int{UserStartOfWeek} + 1;  // 1 is Monday
+  if (settings.UserStartPref == "First Log Entry") return OrToday(findings.FirstEntryDate);
+  if (settings.UserStartPref == "Last Log Entry") return OrToday(findings.LastEntryDate);
+  if (settings.UserStartPref == "User Defined") return settings.UserStartDate;
+  if (settings.UserStartPref == "Start of Week") {
+    const int wanted = int{settings.UserStartOfWeek} + 1;  // 1 is Monday
     return today - ((Weekday(today) - wanted) % 7 + 7) % 7;
   }
-  if (UserStartPref == "Start of Month" && UserStartOfMonth >= 0 && UserStartOfMonth <= 7) {
+  if (settings.UserStartPref == "Start of Month" && settings.UserStartOfMonth >= 0 &&
+      settings.UserStartOfMonth <= 7) {
     const Date first = DateSerial(parts.year, parts.month, 1);
-    return UserStartOfMonth == 0 ? first : first + (int{UserStartOfMonth} - Weekday(first) + 7) % 7;
+    return settings.UserStartOfMonth == 0 ? first
+                                          : first + (int{settings.UserStartOfMonth} - Weekday(first) + 7) % 7;
   }
   return fallback;
 }
@@ -90,8 +92,8 @@ void frmMain::WirePeriod() {
   };
   mnuPlusMonth.Click = stepMonth(&Calendar::NextMonth);
   mnuMinusMonth.Click = stepMonth(&Calendar::PreviousMonth);
-  mnuLogStart.Click = [this] { SetActiveField(OrToday(FirstEntryDate)); };
-  mnuLogEnd.Click = [this] { SetActiveField(OrToday(LastEntryDate)); };
+  mnuLogStart.Click = [this] { SetActiveField(OrToday(findings.FirstEntryDate)); };
+  mnuLogEnd.Click = [this] { SetActiveField(OrToday(findings.LastEntryDate)); };
   mnuDefaultDate.Click = [this] { mnuDefaultDate_Click(); };
   btnProcess.Click = [this] { btnProcess_Click(); };
 }
@@ -128,12 +130,13 @@ void frmMain::ForgetComplaint() {
 }
 
 void frmMain::setLogExtents() {
-  const bool known = LogExists && !LogInvalid && !LogCorrupt && !LogEmpty && !ArchiveOpen;
+  const bool known = findings.LogExists && !findings.LogInvalid && !findings.LogCorrupt &&
+                     !findings.LogEmpty && !logFile.ArchiveOpen;
   Calendar1.Value = known ? PreferredStart(Calendar1.Value) : Today();
-  PeriodStart = Calendar1.Value;
-  PeriodEnd = LastEntryDate;
-  SetField(DateField::Starting, PeriodStart);
-  SetField(DateField::Ending, PeriodEnd);
+  period.PeriodStart = Calendar1.Value;
+  period.PeriodEnd = findings.LastEntryDate;
+  SetField(DateField::Starting, period.PeriodStart);
+  SetField(DateField::Ending, period.PeriodEnd);
 }
 
 void frmMain::checkProcess() {
@@ -142,7 +145,8 @@ void frmMain::checkProcess() {
   btnProcess.Enabled = PeriodIsSet() && usable;
   Attempt([this] {
     if (!qel::checkProcess()) return;
-    btnProcess.Caption = "QELMARK - Report for" + Str(PeriodDays) + (PeriodDays < 2 ? " day" : " days");
+    btnProcess.Caption =
+        "QELMARK - Report for" + Str(period.PeriodDays) + (period.PeriodDays < 2 ? " day" : " days");
   });
 }
 
@@ -188,7 +192,9 @@ void frmMain::SetField(DateField field, Date day) {
   Attempt([&] { InputOf(field).Text = format_date(day); });
 }
 
-Date frmMain::ActiveDate() const { return CurrentDateField == DateField::Starting ? PeriodStart : PeriodEnd; }
+Date frmMain::ActiveDate() const {
+  return CurrentDateField == DateField::Starting ? period.PeriodStart : period.PeriodEnd;
+}
 
 MaskedEdit& frmMain::InputOf(DateField field) {
   return field == DateField::Starting ? inputStarting : inputEnding;
@@ -197,12 +203,12 @@ MaskedEdit& frmMain::InputOf(DateField field) {
 void frmMain::mnuDefaultDate_Click() {
   SetTrace("frmMain", "mnuDefaultDate_Click");
   const Answer answer = MsgBox({"Are you sure you want to set the default report\nstart date to " +
-                                    FormatDate(PeriodStart, "Short Date") + "?",
+                                    FormatDate(period.PeriodStart, "Short Date") + "?",
                                 "Default Report Start Date", Icon::Question, Buttons::OKCancel});
   if (answer != Answer::OK) return;
-  UserStartPref = "User Defined";
-  UserStartDate = PeriodStart;
-  WriteUserParameters();
+  settings.UserStartPref = "User Defined";
+  settings.UserStartDate = period.PeriodStart;
+  WriteUserParameters(Registry, settings, windowSettings);
 }
 
 void frmMain::btnProcess_Click() {
@@ -210,10 +216,10 @@ void frmMain::btnProcess_Click() {
   btnProcess.Enabled = false;
   ForgetUndatedLine();
   TellCorrupt();
-  const bool knownCorrupt = LogCorrupt;
+  const bool knownCorrupt = findings.LogCorrupt;
   Analyse();
   // An entry without a date ends the analysis without a report; that must not pass in silence.
-  if (LogCorrupt && !knownCorrupt) {
+  if (findings.LogCorrupt && !knownCorrupt) {
     TellCorrupt();
     SetStatus(8);
   }

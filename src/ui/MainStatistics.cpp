@@ -33,23 +33,23 @@ void frmMain::ShowStatLabels(bool visible) {
 
 void frmMain::SetStatDisplay() {
   SetTrace("frmMain", "SetStatDisplay");
-  const bool found = LogExists || ArchiveOpen;
-  LabelHeading.Caption = ArchiveOpen ? "Archive/Log Details" : "Modem Log Details";
-  LabelLogName2.Caption = found ? PathText(CurrentLogFile) : "Log Not Found";
-  LabelLogPath2.Caption = PathText(CurrentLogDir);
-  LabelLogName2.ToolTipText = LabelLogPath2.ToolTipText = PathText(CurrentLogPath);
+  const bool found = findings.LogExists || logFile.ArchiveOpen;
+  LabelHeading.Caption = logFile.ArchiveOpen ? "Archive/Log Details" : "Modem Log Details";
+  LabelLogName2.Caption = found ? PathText(logFile.CurrentLogFile) : "Log Not Found";
+  LabelLogPath2.Caption = PathText(logFile.CurrentLogDir);
+  LabelLogName2.ToolTipText = LabelLogPath2.ToolTipText = PathText(logFile.CurrentLogPath);
   for (Label* label : {&LabelLogLength2, &LabelLogEntries2, &LabelLogFirst2, &LabelLogLast2, &LabelLogSpan2})
     label->Caption = "N/A";
-  if (LogCorrupt || LogInvalid) return;
-  LabelLogLength2.Caption = LengthText(LogLength);
-  LabelLogEntries2.Caption = NumberText(LogEntries);
-  if (found && !LogEmpty) SetDateStatistics();
+  if (findings.LogCorrupt || findings.LogInvalid) return;
+  LabelLogLength2.Caption = LengthText(findings.LogLength);
+  LabelLogEntries2.Caption = NumberText(findings.LogEntries);
+  if (found && !findings.LogEmpty) SetDateStatistics();
 }
 
 void frmMain::SetDateStatistics() {
-  LabelLogFirst2.Caption = FormatDate(FirstEntryDate, "Short Date");
-  LabelLogLast2.Caption = FormatDate(LastEntryDate, "Short Date");
-  LabelLogSpan2.Caption = NumberText(DaysBetween(FirstEntryDate, LastEntryDate)) + " Days";
+  LabelLogFirst2.Caption = FormatDate(findings.FirstEntryDate, "Short Date");
+  LabelLogLast2.Caption = FormatDate(findings.LastEntryDate, "Short Date");
+  LabelLogSpan2.Caption = NumberText(DaysBetween(findings.FirstEntryDate, findings.LastEntryDate)) + " Days";
 }
 
 void frmMain::SetStatus(int index) {

@@ -40,11 +40,12 @@ void frmMain::btnViewLog_Click() {
 void frmMain::NameLogCommands() {
   const auto kind = [](bool archive) { return std::string(archive ? "Archive" : "Modem Log"); };
   const bool shown = ViewerOpen && ViewLogForm->ShowsLog();
-  const bool usable = !NoUsableLog() && !LogCorrupt;
-  mnuViewLog.Caption = shown ? "&Close " + kind(ViewLogForm->ShowsArchive()) : "&View " + kind(ArchiveOpen);
+  const bool usable = !NoUsableLog() && !findings.LogCorrupt;
+  mnuViewLog.Caption =
+      shown ? "&Close " + kind(ViewLogForm->ShowsArchive()) : "&View " + kind(logFile.ArchiveOpen);
   btnViewLog.Caption = mnuViewLog.Caption;
   btnViewLog.Enabled = mnuViewLog.Enabled = ToolbarMain.Button(6).Enabled = ViewerOpen ? shown : usable;
-  mnuOptimize.Caption = "&Optimize " + kind(ArchiveOpen);
+  mnuOptimize.Caption = "&Optimize " + kind(logFile.ArchiveOpen);
 }
 
 void frmMain::mnuClearLog_Click() {
@@ -64,12 +65,13 @@ void frmMain::mnuClearLog_Click() {
       0,
       2};
   std::optional<FileStamp> asked;  // what the user agrees to lose
-  IgnoreErrors([&asked] { asked = StampOf(CurrentLogPath); });
+  IgnoreErrors([&asked] { asked = StampOf(logFile.CurrentLogPath); });
   if (MsgBox(question) != Answer::Yes || !ClearsUnsavedLog()) return;
-  const bool cleared = Attempt(
-      [&asked] { WriteLog(CurrentLogPath, NewLogEntry(), asked ? *asked : StampOf(CurrentLogPath)); });
+  const bool cleared = Attempt([&asked] {
+    WriteLog(logFile.CurrentLogPath, NewLogEntry(), asked ? *asked : StampOf(logFile.CurrentLogPath));
+  });
   if (cleared) {
-    LogCorrupt = false;
+    findings.LogCorrupt = false;
     lastArchive.reset();
     MsgBox({"Current modem log has been deleted.\nNew blank modem log has been created!", ProgramTitle});
   }
@@ -79,9 +81,9 @@ void frmMain::mnuClearLog_Click() {
 // The told question advises to save the log first. Who tried and could not, or saved what has grown since, is
 // asked again.
 bool frmMain::ClearsUnsavedLog() {
-  if (!lastArchive || lastArchive->Log != CurrentLogPath) return true;
+  if (!lastArchive || lastArchive->Log != logFile.CurrentLogPath) return true;
   bool grown = false;
-  IgnoreErrors([&] { grown = StampOf(CurrentLogPath) != lastArchive->Text; });
+  IgnoreErrors([&] { grown = StampOf(logFile.CurrentLogPath) != lastArchive->Text; });
   if (lastArchive->Failure.empty() && !grown) return true;
   const std::string why = lastArchive->Failure.empty()
                               ? "The log has changed since the text that you saved as an archive was read."
@@ -147,13 +149,13 @@ void frmMain::EnableRecentMenu(bool state) {
 }
 
 void frmMain::KeepWindowSize() {
-  MainWinWidth = Width();
-  MainWinHeight = Height();
+  windowSettings.MainWinWidth = Width();
+  windowSettings.MainWinHeight = Height();
 }
 
 // Whether the log is corrupt is the caller's to say.
 void frmMain::ReadLogAgain() {
-  Examine(LogCorrupt ? LogHealth::Corrupt : LogHealth::Sound);
+  Examine(findings.LogCorrupt ? LogHealth::Corrupt : LogHealth::Sound);
   Form_Load();
 }
 

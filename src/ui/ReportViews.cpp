@@ -9,6 +9,7 @@
 #include "reports/DetailReport.h"
 #include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
+#include "settings/Settings.h"
 #include "ui/frmReport.h"
 #include "values/NumberConversion.h"
 
@@ -85,9 +86,9 @@ int ColumnCount(const ListView& list) { return static_cast<int>(list.Columns().s
 }  // namespace
 
 // The width of the Notes, the seventh column of a report with costs, is the report's own.
-const frmReport::Kind frmReport::Summary{"Summary", DisplaySummaryReport, SummaryViewSettings, 7,
-                                         "Check details report."};
-const frmReport::Kind frmReport::Details{"Detail", DisplayDetailReport, DetailViewSettings, 6,
+const frmReport::Kind frmReport::Summary{"Summary", DisplaySummaryReport, windowSettings.SummaryViewSettings,
+                                         7, "Check details report."};
+const frmReport::Kind frmReport::Details{"Detail", DisplayDetailReport, windowSettings.DetailViewSettings, 6,
                                          "Report may be inaccurate."};
 
 const frmReport::Kind* frmReport::CheckedReport() const {
@@ -128,7 +129,7 @@ void frmReport::ChooseReport(const Kind& kind) {
 }
 
 void frmReport::ChooseFormat(bool list) {
-  ReportListView = list;
+  windowSettings.ReportListView = list;
   ShowFormat(list);
   mnuFont.Enabled = mnuAutoArrange.Enabled = list;
   Toolbar1.Button("Bigger").Enabled = Toolbar1.Button("Smaller").Enabled = list;
@@ -296,7 +297,7 @@ void frmReport::ListView1_ColumnClick(int column) {
   if (!mnuSummary.Checked) return;
   const std::string& title = ListView1.Columns()[static_cast<std::size_t>(column - 1)].Text;
   if (title != "* Blocks" && title != "* Data Read") return;
-  ShowBlocks = title == "* Data Read";
+  analysis.ShowBlocks = title == "* Data Read";
   mnuSummary_Click();
 }
 

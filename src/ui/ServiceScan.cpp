@@ -21,8 +21,8 @@ bool HasNumber(const ServiceRecord& service, std::string_view number) {
 // One above the highest number in use. The blank before it is that of the number's sign.
 std::string NextName() {
   double highest = 0;
-  for (int i = 0; i < UsedServices; ++i) {
-    const std::string_view name = Services[i].ServiceName;
+  for (int i = 0; i < settings.UsedServices; ++i) {
+    const std::string_view name = settings.Services[i].ServiceName;
     if (const auto at = name.find(ScannedName); at != std::string_view::npos)
       highest = std::max(highest, Val(name.substr(at + ScannedName.size())));
   }
@@ -30,10 +30,10 @@ std::string NextName() {
 }
 
 void AddScannedService(const std::string& number) {
-  ServiceRecord& service = Services[UsedServices];
+  ServiceRecord& service = settings.Services[settings.UsedServices];
   service.ServiceName = NextName();
   service.ServiceNumber = number;
-  ++UsedServices;
+  ++settings.UsedServices;
 }
 
 }  // namespace
@@ -41,11 +41,11 @@ void AddScannedService(const std::string& number) {
 // Markers are kept in capitals, the log has both cases. A number that is taken has no letters to change.
 std::optional<std::string> UnknownNumber(std::string_view logLine) {
   const std::string line = UpperCase(logLine);
-  if (line.find(ModemDial) == std::string::npos) return std::nullopt;
+  if (line.find(settings.ModemDial) == std::string::npos) return std::nullopt;
   std::string number = CutDialledNumber(line);
   if (number.find_first_not_of("1234567890,") != std::string::npos) return std::nullopt;
-  for (int i = 0; i < UsedServices; ++i)
-    if (HasNumber(Services[i], number)) return std::nullopt;
+  for (int i = 0; i < settings.UsedServices; ++i)
+    if (HasNumber(settings.Services[i], number)) return std::nullopt;
   return number;
 }
 
@@ -56,7 +56,7 @@ void ScanForServices(const std::string& path, const std::function<void()>& found
   const auto length = static_cast<double>(FileLength(path));
   double read = 0;  // bytes, line ends of one byte assumed
   int shown = 0;
-  for (std::string_view line; UsedServices < MaxServices && log.Next(line);) {
+  for (std::string_view line; settings.UsedServices < settings.MaxServices && log.Next(line);) {
     read += static_cast<double>(line.size() + 1);
     const int percent = static_cast<int>(RoundHalfEven(100 * read / length));
     if (percent != shown && percent < 101) {

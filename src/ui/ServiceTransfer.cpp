@@ -38,14 +38,14 @@ void CopyTariffs(const ServiceRecord& service) {
 }  // namespace
 
 void frmService::LoadNewService() {
-  ServiceIndex = UsedServices;
+  ServiceIndex = settings.UsedServices;
   TariffCopyCount = 1;
   TariffCopy[0] = DefaultTariff();
   txtDescription.Text = "New Service";
   Choose(optDialCost, 0);
-  txtDialFixedTariff.Text = MoneyField(DialCost);
+  txtDialFixedTariff.Text = MoneyField(settings.DialCost);
   Choose(optServiceCost, 0);
-  txtServiceFixedRate.Text = MoneyField(CostPerHour);
+  txtServiceFixedRate.Text = MoneyField(settings.CostPerHour);
   for (TextBox* field :
        {&txtServiceFlexRate, &txtServiceFlexRate2, &txtPerMeg, &txtWarndialupCost, &txtWarnServiceCost})
     field->Text = MoneyField(0.0);
@@ -60,7 +60,7 @@ void frmService::LoadNewService() {
 
 void frmService::LoadService() {
   ServiceIndex = Int16(SetupForm->lstServices.SelectedRow() - 1);
-  ShowService(Services[ServiceIndex]);
+  ShowService(settings.Services[ServiceIndex]);
 }
 
 void frmService::ShowService(const ServiceRecord& service) {

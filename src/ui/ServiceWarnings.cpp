@@ -2,6 +2,7 @@
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "platform/Files.h"
+#include "settings/Settings.h"
 #include "ui/frmService.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
@@ -14,7 +15,7 @@ constexpr char SoundFilter[] = "SoundWave Files (*.wav)|*.wav";
 
 // The path that is shown as `text`. What was not typed keeps its bytes, which the text may not hold.
 std::string SoundPath(const std::string& text) {
-  return text == PathText(WarningSoundFile) ? WarningSoundFile : ToUtf8(text);
+  return text == PathText(settings.WarningSoundFile) ? settings.WarningSoundFile : ToUtf8(text);
 }
 
 // What cannot be looked up is not there: no half-typed path is worth a word, let alone the program's end.
@@ -75,9 +76,10 @@ void frmService::chkWarnSound_Click() {
 }
 
 void frmService::btnWarnBrowse_Click() {
-  const std::string name = FileNamePart(WarningSoundFile);
-  if (const auto path = CurrentHost().AskOpenFile({SoundFilter, FolderPart(WarningSoundFile), name})) {
-    WarningSoundFile = *path;
+  const std::string name = FileNamePart(settings.WarningSoundFile);
+  if (const auto path =
+          CurrentHost().AskOpenFile({SoundFilter, FolderPart(settings.WarningSoundFile), name})) {
+    settings.WarningSoundFile = *path;
     txtWarningSound.Text = PathText(*path);
     RefreshOKButton();
   }
@@ -88,13 +90,13 @@ void frmService::btnWarnBrowse_Click() {
 void frmService::btnWarnPlay_Click() {
   if (!btnWarnPlay.Enabled) return;
   btnWarnPlay.Enabled = false;
-  CurrentHost().PlaySoundFile(WarningSoundFile);
+  CurrentHost().PlaySoundFile(settings.WarningSoundFile);
   btnWarnPlay.Enabled = true;
 }
 
 void frmService::txtWarningSound_LostFocus() {
   if (SoundExists(txtWarningSound.Text)) {
-    WarningSoundFile = SoundPath(txtWarningSound.Text);
+    settings.WarningSoundFile = SoundPath(txtWarningSound.Text);
     txtWarningSound.Refusal = "";
   } else {
     txtWarningSound.Text = soundTextAtFocus;

@@ -4,7 +4,9 @@
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
+#include "modemlog/LogFile.h"
 #include "platform/Files.h"
+#include "settings/UserParameters.h"
 #include "ui/frmSetup.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
@@ -59,9 +61,9 @@ void frmSetup::WireGeneral() {
 }
 
 void frmSetup::ShowGeneral() {
-  logPathAtLoad = ModemLogDir + ModemLogFile;
+  logPathAtLoad = settings.ModemLogDir + settings.ModemLogFile;
   ShowLogPath(logPathAtLoad);
-  txtMaxServices.Text = NumberText(MaxServices);
+  txtMaxServices.Text = NumberText(settings.MaxServices);
   for (const LimitField& limit : limits) ShowLimit(limit);
   for (const OptionBox& option : options) option.Box.Value = option.Setting;
 }
@@ -83,14 +85,14 @@ void frmSetup::txtLogName_LostFocus() {
   ShowLogPath(refusal.empty() ? path : logPathAtLoad);
   txtLogName.Refusal = refusal;
   if (!refusal.empty()) return;
-  ModemLogFile = FileNamePart(path);
-  ModemLogDir = FolderPart(path);
+  settings.ModemLogFile = FileNamePart(path);
+  settings.ModemLogDir = FolderPart(path);
 }
 
 void frmSetup::cmdBrowse_Click() {
-  const auto path = CurrentHost().AskOpenFile({LogFilter, CurrentLogDir, TypedLogPath()});
+  const auto path = CurrentHost().AskOpenFile({LogFilter, logFile.CurrentLogDir, TypedLogPath()});
   if (!path) return;
-  if (FolderPart(*path) != DefaultLogDir && !ArchiveOpen) WarnOfOtherFolder();
+  if (FolderPart(*path) != DefaultLogDir && !logFile.ArchiveOpen) WarnOfOtherFolder();
   ShowLogPath(*path);
   txtLogName.SetFocus();  // leaving it takes the choice
 }
@@ -130,18 +132,18 @@ void frmSetup::txtMaxServices_LostFocus() {
   TraceLeaving(txtMaxServices);
   const std::string text = txtMaxServices.Text;
   if (!IsNumber(text)) {
-    txtMaxServices.Text = NumberText(MaxServices);
+    txtMaxServices.Text = NumberText(settings.MaxServices);
     return Refuse(txtMaxServices, AskForNumber);
   }
-  if (Val(text) < UsedServices) {
+  if (Val(text) < settings.UsedServices) {
     MsgBox(
         {"You are currently using more services than this.\n"
          "Please reduce the number of defined services and try again!",
          ProgramTitle});
-    txtMaxServices.Text = NumberText(MaxServices);
+    txtMaxServices.Text = NumberText(settings.MaxServices);
     return;
   }
-  const bool fits = Attempt([&text] { MaxServices = Val(text); });
+  const bool fits = Attempt([&text] { settings.MaxServices = Val(text); });
   txtMaxServices.Refusal = fits ? "" : OutOfRange;
   ShowServiceCount();
 }
@@ -162,7 +164,7 @@ void frmSetup::ShowMarkers() {
 }
 
 void frmSetup::btnDefaults_Click() {
-  RestoreModemDefaults();
+  RestoreModemDefaults(settings);
   ShowMarkers();
 }
 
@@ -174,7 +176,7 @@ void frmSetup::WireCosts() {
 }
 
 void frmSetup::ShowCosts() {
-  optCalcCosts.Value = CalcCosts;
+  optCalcCosts.Value = settings.CalcCosts;
   optCalcCosts_Click();
   for (CostField& cost : costs) {
     cost.Field.Text = NumberText(cost.Cost);
@@ -190,10 +192,10 @@ void frmSetup::CostField_LostFocus(CostField& cost) {
 }
 
 void frmSetup::optCalcCosts_Click() {
-  CalcCosts = optCalcCosts.Value();
+  settings.CalcCosts = optCalcCosts.Value();
   for (const CostField& cost : costs) {
-    EnableField(cost.Field, CalcCosts);
-    cost.Caption.Enabled = CalcCosts;
+    EnableField(cost.Field, settings.CalcCosts);
+    cost.Caption.Enabled = settings.CalcCosts;
   }
 }
 
@@ -212,13 +214,14 @@ void frmSetup::WireErrors() {
 
 void frmSetup::optShowErrors_Click() {
   SetTrace("frmSetup", "optShowErrors_Click");
-  ShowErrors = optShowErrors.Value();
+  settings.ShowErrors = optShowErrors.Value();
   Attempt([this] {
-    mskNoDisconDuration.Text = FormatTime(ShowErrors ? static_cast<float>(NoDisconDuration) : 0, false);
-    mskNoDisconData.Text = FormatNumber(ShowErrors ? NoDisconData : 0, "#,##0");
+    mskNoDisconDuration.Text =
+        FormatTime(settings.ShowErrors ? static_cast<float>(settings.NoDisconDuration) : 0, false);
+    mskNoDisconData.Text = FormatNumber(settings.ShowErrors ? settings.NoDisconData : 0, "#,##0");
   });
-  EnableField(mskNoDisconDuration, ShowErrors);
-  EnableField(mskNoDisconData, ShowErrors);
+  EnableField(mskNoDisconDuration, settings.ShowErrors);
+  EnableField(mskNoDisconData, settings.ShowErrors);
 }
 
 // The hours count as minutes too: 01:30:00 are 31 minutes.
@@ -229,7 +232,7 @@ void frmSetup::mskNoDisconDuration_LostFocus() {
   const auto digits = [&text](std::size_t from) { return Int16(Val(text.substr(from, 2))); };
   const Int16 hours = digits(0), minutes = digits(2 + Region.TimeSeparator.size()),
               seconds = digits(text.size() - 2);
-  NoDisconDuration = hours * 60 + minutes * 60 + seconds;
+  settings.NoDisconDuration = hours * 60 + minutes * 60 + seconds;
 }
 
 void frmSetup::mskNoDisconData_LostFocus() {
@@ -238,7 +241,7 @@ void frmSetup::mskNoDisconData_LostFocus() {
   const bool isNumber = IsNumber(text);
   mskNoDisconData.Text = isNumber ? FormatNumber(TextToNumber(text), "#,##0") : "0";
   if (!isNumber) Refuse(mskNoDisconData, AskForNumber);
-  NoDisconData = TextToNumber(mskNoDisconData.Text());
+  settings.NoDisconData = TextToNumber(mskNoDisconData.Text());
 }
 
 }  // namespace qel

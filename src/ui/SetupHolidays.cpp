@@ -4,6 +4,7 @@
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "platform/Clock.h"
+#include "settings/Settings.h"
 #include "ui/frmSetup.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
@@ -26,8 +27,8 @@ void frmSetup::WireHolidays() {
 void frmSetup::LoadHolidays() {
   SetTrace("frmSetup", "LoadHolidays");
   int past = 0;
-  for (int i = 0; i < UsedHolidays; ++i) {
-    const Date day = Holidays[i];
+  for (int i = 0; i < settings.UsedHolidays; ++i) {
+    const Date day = settings.Holidays[i];
     if (day < Today())
       ++past;
     else if (Attempt([day] { FormatDate(day, "Short Date"); }))  // else no list can show it
@@ -103,8 +104,9 @@ void frmSetup::lstHolidays_Click() {
 }
 
 void frmSetup::StoreHolidays() const {
-  UsedHolidays = Int16(holidays.size());
-  for (int i = 0; i < UsedHolidays; ++i) Holidays[i] = holidays[static_cast<std::size_t>(i)];
+  settings.UsedHolidays = Int16(holidays.size());
+  for (int i = 0; i < settings.UsedHolidays; ++i)
+    settings.Holidays[i] = holidays[static_cast<std::size_t>(i)];
 }
 
 }  // namespace qel

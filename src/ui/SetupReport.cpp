@@ -5,6 +5,7 @@
 #include "modemlog/LogStatistics.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
+#include "settings/Settings.h"
 #include "ui/DateField.h"
 #include "ui/frmSetup.h"
 #include "values/Region.h"
@@ -17,30 +18,32 @@ void frmSetup::WireReport() {
   lstMonthStart.AddItem("First Day");
   for (ListBox* list : {&lstWeekStart, &lstMonthStart})
     list->AddItems({Region.LongDays.begin(), Region.LongDays.end()});
-  for (OptionButton& format : optFormat) format.Click = [&format] { UserReportPref = Int16(format.Index()); };
-  chkAMPM.Click = [this] { ForceAMPM = chkAMPM.Value; };
+  for (OptionButton& format : optFormat)
+    format.Click = [&format] { settings.UserReportPref = Int16(format.Index()); };
+  chkAMPM.Click = [this] { settings.ForceAMPM = chkAMPM.Value; };
   lstStartDate.Click = [this] {
-    UserStartPref = lstStartDate.Text();
+    settings.UserStartPref = lstStartDate.Text();
     EnableStartFields();
   };
-  lstWeekStart.Click = [this] { UserStartOfWeek = Int16(lstWeekStart.ListIndex()); };
-  lstMonthStart.Click = [this] { UserStartOfMonth = Int16(lstMonthStart.ListIndex()); };
+  lstWeekStart.Click = [this] { settings.UserStartOfWeek = Int16(lstWeekStart.ListIndex()); };
+  lstMonthStart.Click = [this] { settings.UserStartOfMonth = Int16(lstMonthStart.ListIndex()); };
   mskUserDate.Change = [this] { mskUserDate.Refusal = ""; };
   mskUserDate.LostFocus = [this] { mskUserDate_LostFocus(); };
 }
 
 void frmSetup::ShowReportSettings() {
   SetTrace("frmSetup", "ShowReportSettings");
-  chkAMPM.Value = ForceAMPM;
-  if (UserStartPref.empty()) UserStartPref = "Last Log Entry";
-  Attempt([this] { lstStartDate.SetText(UserStartPref); });
-  Attempt([this] { lstWeekStart.SetListIndex(UserStartOfWeek); });
-  Attempt([this] { lstMonthStart.SetListIndex(UserStartOfMonth); });
-  if (UserStartDate == 0) UserStartDate = FirstEntryDate != 0 ? FirstEntryDate : Today();
+  chkAMPM.Value = settings.ForceAMPM;
+  if (settings.UserStartPref.empty()) settings.UserStartPref = "Last Log Entry";
+  Attempt([this] { lstStartDate.SetText(settings.UserStartPref); });
+  Attempt([this] { lstWeekStart.SetListIndex(settings.UserStartOfWeek); });
+  Attempt([this] { lstMonthStart.SetListIndex(settings.UserStartOfMonth); });
+  if (settings.UserStartDate == 0)
+    settings.UserStartDate = findings.FirstEntryDate != 0 ? findings.FirstEntryDate : Today();
   MakeDateField(mskUserDate);
-  Attempt([this] { mskUserDate.Text = format_date(UserStartDate); });
+  Attempt([this] { mskUserDate.Text = format_date(settings.UserStartDate); });
   for (OptionButton& format : optFormat)
-    if (format.Index() == UserReportPref) format.Value = true;
+    if (format.Index() == settings.UserReportPref) format.Value = true;
 }
 
 // Only what the chosen preference needs can be set.
@@ -55,7 +58,7 @@ void frmSetup::EnableStartFields() {
 
 void frmSetup::mskUserDate_LostFocus() {
   if (!IsDate(mskUserDate.Text())) return RefuseAndStay(mskUserDate, "Enter a date.");
-  UserStartDate = WholeDay(TextToDate(mskUserDate.Text()));
+  settings.UserStartDate = WholeDay(TextToDate(mskUserDate.Text()));
 }
 
 }  // namespace qel

@@ -3,6 +3,7 @@
 
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
+#include "settings/Settings.h"
 #include "ui/ServiceScan.h"
 #include "ui/frmService.h"
 #include "ui/frmSetup.h"
@@ -23,9 +24,9 @@ constexpr int MostNamed = 3;
 std::string FreeServices() {
   std::string names;
   int count = 0;
-  for (int i = 0; i < UsedServices; ++i) {
-    if (!CostsNothing(Services[i])) continue;
-    if (++count <= MostNamed) names += (names.empty() ? "" : ", ") + Services[i].ServiceName;
+  for (int i = 0; i < settings.UsedServices; ++i) {
+    if (!CostsNothing(settings.Services[i])) continue;
+    if (++count <= MostNamed) names += (names.empty() ? "" : ", ") + settings.Services[i].ServiceName;
   }
   return count > MostNamed ? names + " and " + NumberText(count - MostNamed) + " more" : names;
 }
@@ -36,7 +37,7 @@ ListRow RowOf(const ServiceRecord& service) {
 
 // A new service needs a record of its own before it can be edited.
 bool HasRecord(int service) {
-  return Attempt([service] { static_cast<void>(Services[service]); });
+  return Attempt([service] { static_cast<void>(settings.Services[service]); });
 }
 
 void TellScanned(int found) {
@@ -66,12 +67,12 @@ void frmSetup::WireServices() {
 
 void frmSetup::ShowServices() {
   SetTrace("frmSetup", "ShowServices");
-  for (int i = 0; i < UsedServices; ++i) lstServices.AddRow(RowOf(Services[i]));
+  for (int i = 0; i < settings.UsedServices; ++i) lstServices.AddRow(RowOf(settings.Services[i]));
   if (lstServices.RowCount() > 0) SelectRow(1);
 }
 
 void frmSetup::AddServiceRow(int service) {
-  lstServices.AddRow(RowOf(Services[service]));
+  lstServices.AddRow(RowOf(settings.Services[service]));
   SelectRow(lstServices.RowCount());
 }
 
@@ -81,8 +82,9 @@ void frmSetup::SelectRow(int row) {
 }
 
 void frmSetup::ShowServiceCount() {
-  const bool room = UsedServices < MaxServices;
-  lblServices.Caption = NumberText(UsedServices) + " Services (Max " + NumberText(MaxServices) + ")";
+  const bool room = settings.UsedServices < settings.MaxServices;
+  lblServices.Caption =
+      NumberText(settings.UsedServices) + " Services (Max " + NumberText(settings.MaxServices) + ")";
   lblServices.ForeColor = room ? SystemColour::WindowText : SystemColour::Warning;
   for (Button* button : {&btnNew, &btnCopy, &btnScan}) button->Enabled = room;
   ShowServiceNotice();
@@ -97,7 +99,7 @@ void frmSetup::ShowServiceNotice() {
   lblServiceNotice.Visible = !notice.empty();
 }
 
-void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = UsedServices != 0; }
+void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = settings.UsedServices != 0; }
 
 // True when the editor was confirmed.
 bool frmSetup::EditService(bool isNew) {
@@ -109,11 +111,11 @@ bool frmSetup::EditService(bool isNew) {
 
 void frmSetup::btnNew_Click() {
   SetTrace("frmSetup", "btnNew_Click");
-  if (UsedServices >= MaxServices) {
+  if (settings.UsedServices >= settings.MaxServices) {
     Refuse(lstServices, NoRoom);
-  } else if (HasRecord(UsedServices) && EditService(true)) {
-    ++UsedServices;
-    AddServiceRow(UsedServices - 1);
+  } else if (HasRecord(settings.UsedServices) && EditService(true)) {
+    ++settings.UsedServices;
+    AddServiceRow(settings.UsedServices - 1);
   }
   ShowServiceCount();
   EnableEditing();
@@ -122,7 +124,7 @@ void frmSetup::btnNew_Click() {
 void frmSetup::lstServices_DblClick() {
   const int service = SelectedService();
   if (service < 0) return Refuse(lstServices, NoService);
-  if (EditService(false)) lstServices.SetRow(service + 1, RowOf(Services[service]));
+  if (EditService(false)) lstServices.SetRow(service + 1, RowOf(settings.Services[service]));
   ShowServiceNotice();
 }
 
@@ -134,8 +136,8 @@ void frmSetup::lstServices_ItemClick() {
 void frmSetup::btnDelete_Click() {
   const int service = SelectedService();
   const auto agreed = [service] {
-    return MsgBox({"Are you sure you want to delete " + Services[service].ServiceName + "?", "Delete Service",
-                   Icon::None, Buttons::YesNo}) == Answer::Yes;
+    return MsgBox({"Are you sure you want to delete " + settings.Services[service].ServiceName + "?",
+                   "Delete Service", Icon::None, Buttons::YesNo}) == Answer::Yes;
   };
   if (service < 0 || agreed()) DeleteService();
   lstServices.SetFocus();
@@ -146,16 +148,16 @@ void frmSetup::btnDelete_Click() {
 void frmSetup::DeleteService() {
   const int deleted = SelectedService();
   if (deleted < 0) return Refuse(lstServices, NoService);
-  if (deleted + 1 < UsedServices)
+  if (deleted + 1 < settings.UsedServices)
     deletionNotice =
-        "Each service that stood below " + Services[deleted].ServiceName +
+        "Each service that stood below " + settings.Services[deleted].ServiceName +
         " now has the costs and the warning of the entry before it. Please check them with Edit.";
-  for (int i = deleted; i + 1 < UsedServices; ++i) {
-    Services[i].ServiceName = Services[i + 1].ServiceName;
-    Services[i].ServiceNumber = Services[i + 1].ServiceNumber;
-    Services[i].ServiceAltNumber = Services[i + 1].ServiceAltNumber;
+  for (int i = deleted; i + 1 < settings.UsedServices; ++i) {
+    settings.Services[i].ServiceName = settings.Services[i + 1].ServiceName;
+    settings.Services[i].ServiceNumber = settings.Services[i + 1].ServiceNumber;
+    settings.Services[i].ServiceAltNumber = settings.Services[i + 1].ServiceAltNumber;
   }
-  --UsedServices;
+  --settings.UsedServices;
   lstServices.RemoveRow(deleted + 1);
   SelectRow(std::min(deleted + 1, lstServices.RowCount()));
   ShowServiceCount();
@@ -174,27 +176,27 @@ void frmSetup::btnCopy_Click() {
 void frmSetup::CopyService(int index) {
   SetTrace("frmSetup", "CopyService");
   Attempt([this, index] {
-    ServiceRecord& place = Services[UsedServices];
-    ServiceRecord copy = Services[index];
+    ServiceRecord& place = settings.Services[settings.UsedServices];
+    ServiceRecord copy = settings.Services[index];
     copy.ServiceName = "Copy Of " + copy.ServiceName;
     copy.ServiceNumber = "";
     copy.ServiceAltNumber = place.ServiceAltNumber;
     copy.MaxCharge = place.MaxCharge;
     place = copy;
-    ++UsedServices;
-    AddServiceRow(UsedServices - 1);
+    ++settings.UsedServices;
+    AddServiceRow(settings.UsedServices - 1);
   });
 }
 
 void frmSetup::CheckCopybtn() {
   const int service = SelectedService();
-  btnCopy.Enabled = btnCopy.Enabled && service >= 0 && !Services[service].ServiceNumber.empty();
+  btnCopy.Enabled = btnCopy.Enabled && service >= 0 && !settings.Services[service].ServiceNumber.empty();
 }
 
 void frmSetup::btnScan_Click() {
   if (ProgressBar1.Visible) return;  // a scan is under way
   SetTrace("frmSetup", "btnScan_Click");
-  const std::string path = ModemLogDir + ModemLogFile;
+  const std::string path = settings.ModemLogDir + settings.ModemLogFile;
   TraceStep(PathText(path));
   ProgressBar1.SetValue(0);
   ProgressBar1.Visible = true;
@@ -203,7 +205,7 @@ void frmSetup::btnScan_Click() {
   int found = 0;
   const auto show = [&] {
     ++found;
-    AddServiceRow(UsedServices - 1);
+    AddServiceRow(settings.UsedServices - 1);
     ShowServiceCount();
     EnableEditing();
   };

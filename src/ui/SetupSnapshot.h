@@ -1,14 +1,9 @@
 // The settings as the options window found them: what closing it without saving puts back.
 #pragma once
 
-#include <initializer_list>
-#include <string>
-#include <utility>
-#include <variant>
 #include <vector>
 
-#include "settings/ServiceRecords.h"
-#include "settings/SettingField.h"
+#include "settings/Settings.h"
 
 namespace qel {
 
@@ -20,14 +15,10 @@ class SetupSnapshot {
   // apart.
   void Restore() const;
 
-  // Whether any of these settings is another by now.
-  bool Differs(std::initializer_list<SettingPlace> settings) const;
+  const Settings& Before() const { return before; }
 
  private:
-  using Value = std::variant<std::string, Int16, Int32, float, double, bool, Option>;
-  static Value ValueAt(const SettingPlace& place);
-
-  std::vector<std::pair<SettingPlace, Value>> values;
+  Settings before;
   std::vector<ServiceRecord> services;
 };
 

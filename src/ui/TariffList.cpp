@@ -66,7 +66,7 @@ TariffRecord DefaultTariff() {
   tariff.Description = "Default Tariff";
   tariff.AppliesDays = Everyday;
   tariff.AppliesTimeEnd = TimeSerial(23, 59, 0);
-  tariff.DialRate = TextToNumber(MoneyField(DialCost));
+  tariff.DialRate = TextToNumber(MoneyField(settings.DialCost));
   tariff.Unit = "Per Minute";
   tariff.UnitMins = 15;
   return tariff;

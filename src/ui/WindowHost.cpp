@@ -1,7 +1,7 @@
 #include "ui/WindowHost.h"
 
 #include "core/ErrorHandler.h"
-#include "settings/Registry_Functions.h"
+#include "settings/StoredValues.h"
 #include "ui/frmMain.h"
 #include "ui/frmSplash.h"
 
@@ -17,8 +17,8 @@ void WindowHost::UnloadWindows() {
   // First the options: what was not saved there is put back before other windows store the settings.
   for (const char* name : {"frmSetup", "frmAbout", "frmSplash", "frmViewLog", "frmReport", "frmMain"})
     if (Form* form = LoadedForm(name)) IgnoreErrors([form] { form->UnloadAtTheEnd(); });
-  SaveRegistry();
-  TellSetAside();
+  SaveRegistry(Registry);
+  TellSetAside(Registry);
 }
 
 }  // namespace qel

@@ -7,8 +7,8 @@
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "platform/Files.h"
-#include "settings/Registry_Functions.h"
 #include "settings/Settings.h"
+#include "settings/StoredValues.h"
 #include "ui/HelpContexts.h"
 
 namespace qel {
@@ -21,7 +21,7 @@ namespace {
 const char* const InformationTools[] = {"/usr/bin/hardinfo2", "/usr/bin/hardinfo", "/usr/bin/kinfocenter"};
 
 std::string StoredText(const char* key, const char* name) {
-  const SettingValue value = QueryValue(RegistryRoot::LocalMachine, key, name);
+  const SettingValue value = QueryValue(Registry, RegistryRoot::LocalMachine, key, name);
   const auto* text = std::get_if<std::string>(&value);
   return text ? *text : "";
 }
@@ -69,7 +69,7 @@ frmAbout::frmAbout() : Form("frmAbout") {
 
 void frmAbout::Form_Load() {
   SetTrace("frmAbout", "Form_Load");
-  imgAbout.Visible = ShowGraphic;
+  imgAbout.Visible = settings.ShowGraphic;
   lblVersion.Caption = "Version " + VersionText();
   for (Label& title : lblTitle) title.Caption = ProgramTitle;
   lblOS.Caption = OSName;

@@ -4,6 +4,7 @@
 #include "core/Surroundings.h"
 #include "maintenance/LinePass.h"
 #include "maintenance/Repair.h"
+#include "modemlog/LogFile.h"
 #include "ui/HelpContexts.h"
 
 namespace qel {
@@ -27,7 +28,7 @@ void frmFileRepair::Form_Activate() {
   });
   if (!reason.empty()) RepairFailure(reason);
   CurrentHost().Beep();
-  LogCorrupt = false;
+  findings.LogCorrupt = false;
   lblFileRepair.Caption = "Modem File Successfully Repaired!";
   btnOK.Enabled = true;
   running = false;

@@ -5,11 +5,13 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
+#include "modemlog/LogFile.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
 #include "settings/Settings.h"
+#include "settings/StoredValues.h"
 #include "ui/DateField.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmReport.h"
@@ -35,11 +37,11 @@ void frmMain::Form_Load() {
   SetTrace("frmMain", "Form_Load");
   FormLoading = true;
   if (!laidOut) {
-    if (MainWinWidth != 0) Width = MainWinWidth;
-    if (MainWinHeight != 0) Height = MainWinHeight;
+    if (windowSettings.MainWinWidth != 0) Width = windowSettings.MainWinWidth;
+    if (windowSettings.MainWinHeight != 0) Height = windowSettings.MainWinHeight;
     laidOut = true;
   }
-  if (FlatToolbars) ToolbarMain.Flat = true;
+  if (settings.FlatToolbars) ToolbarMain.Flat = true;
   for (MaskedEdit* input : {&inputStarting, &inputEnding}) {
     MakeDateField(*input);
     input->Text = "";  // the rules run anew, whatever dates stood here
@@ -55,12 +57,12 @@ void frmMain::Form_Load() {
 }
 
 // There is a log, and its first and last entries have dates; nothing of the sort is asked of an archive.
-bool frmMain::NoUsableLog() { return !ArchiveOpen && (!LogExists || LogInvalid); }
+bool frmMain::NoUsableLog() { return !logFile.ArchiveOpen && (!findings.LogExists || findings.LogInvalid); }
 
 // Three cases: no usable log, a corrupt one, a usable file.
 void frmMain::EnableByLog() {
   const bool noLog = NoUsableLog();
-  const bool corrupt = !noLog && LogCorrupt;
+  const bool corrupt = !noLog && findings.LogCorrupt;
   const bool usable = !noLog && !corrupt;
   for (Control* control :
        std::initializer_list<Control*>{&mnuOptimize, &mnuQuickDate, &inputStarting, &inputEnding, &UpDown1,
@@ -72,11 +74,11 @@ void frmMain::EnableByLog() {
   mnuRepairLog.Enabled = corrupt;
   ToolbarMain.Button(9).Enabled = corrupt;
   mnuOpenArchive.Enabled = !corrupt;  // its button stays on
-  mnuOpenLog.Enabled = usable && ArchiveOpen && DefaultLogIsThere();
-  mnuPurgeLog.Enabled = usable && !ArchiveOpen && !LogEmpty;
+  mnuOpenLog.Enabled = usable && logFile.ArchiveOpen && DefaultLogIsThere();
+  mnuPurgeLog.Enabled = usable && !logFile.ArchiveOpen && !findings.LogEmpty;
   // Only the default log is ever cleared.
-  mnuClearLog.Enabled = !ArchiveOpen;
-  if (ArchiveOpen) ToolbarMain.Button(7).Enabled = false;
+  mnuClearLog.Enabled = !logFile.ArchiveOpen;
+  if (logFile.ArchiveOpen) ToolbarMain.Button(7).Enabled = false;
 }
 
 // A folder that cannot be searched by now is no failure of whoever loads the window.
@@ -92,7 +94,7 @@ void frmMain::EnableRepair() {
 }
 
 void frmMain::TellCorrupt() {
-  if (!LogCorrupt) return;
+  if (!findings.LogCorrupt) return;
   ShowLogCorrupt();
   EnableRepair();
 }
@@ -100,23 +102,24 @@ void frmMain::TellCorrupt() {
 // The layout is the face's; what is left is whether the display can show the graphics.
 void frmMain::Form_Resize() {
   if (WindowState == WindowState::Minimized) return;
-  GraphicsAvailable = CurrentHost().BackgroundColour() == StandardGrey;
-  ShowGraphic = ShowGraphic && GraphicsAvailable;
-  imgGraphic.Visible = ShowGraphic;
+  settings.GraphicsAvailable = CurrentHost().BackgroundColour() == StandardGrey;
+  settings.ShowGraphic = settings.ShowGraphic && settings.GraphicsAvailable;
+  imgGraphic.Visible = settings.ShowGraphic;
 }
 
 void frmMain::Form_Activate() {
   if (optionsOpen) return;
   SetTrace("frmMain", "Form_Activate");
   ShowRecentFiles();
-  ToolbarMain.Visible = ShowToolbars;
+  ToolbarMain.Visible = settings.ShowToolbars;
   Form_Resize();
   CurrentHost().SetMousePointer(MousePointer::Default);
   const bool sound = TellStateOfLog();
   ShowStatus();
   if (sound) OfferTip();
   CurrentHost().Paint();
-  if (!AutoOptimizeDone && mnuOptimize.Enabled && mnuTools.Enabled && AutoOptimize) mnuOptimize_Click();
+  if (!AutoOptimizeDone && mnuOptimize.Enabled && mnuTools.Enabled && settings.AutoOptimize)
+    mnuOptimize_Click();
   // The other date keeps the focus while it is unfinished; coming to the front is no reason to complain of
   // it.
   if (inputStarting.Enabled && !(inputEnding.HasFocus() && !EndingChanged)) inputStarting.SetFocus();
@@ -132,13 +135,13 @@ void frmMain::ShowActiveDate() {
 
 // True where there was nothing to complain of.
 bool frmMain::TellStateOfLog() {
-  const bool invalid = LogInvalid && !ArchiveOpen;
-  const bool missing = !LogExists && !ArchiveOpen;
-  const bool tooBig = LogTooBig && !ArchiveOpen;
+  const bool invalid = findings.LogInvalid && !logFile.ArchiveOpen;
+  const bool missing = !findings.LogExists && !logFile.ArchiveOpen;
+  const bool tooBig = findings.LogTooBig && !logFile.ArchiveOpen;
   if (invalid) ShowLogInvalid();
   if (missing) ShowLogMissing();
   if (invalid || missing) StatusIndex = 7;
-  if (LogCorrupt) {
+  if (findings.LogCorrupt) {
     TellCorrupt();
     StatusIndex = 8;
   }
@@ -146,12 +149,12 @@ bool frmMain::TellStateOfLog() {
     ShowLogTooBig();
     TipShown = true;  // not in this run any more, even when the log has been made smaller
   }
-  return !invalid && !missing && !LogCorrupt && !tooBig;
+  return !invalid && !missing && !findings.LogCorrupt && !tooBig;
 }
 
 // Once a run, at the first time that the window comes to the front and all is well.
 void frmMain::OfferTip() {
-  if (TipShown || !Tips) return;
+  if (TipShown || !settings.Tips) return;
   TipShown = true;  // before it shows: this window may come to the front meanwhile
   TipForm->ShowModal();
 }
@@ -170,9 +173,9 @@ void frmMain::SaveMainWinSettings() {
   SetTrace("QELMain", "SaveMainWinSettings");
   KeepWindowSize();
   const std::string key = std::string(SettingsKey) + "\\General";
-  SetKeyValue(SettingsRoot, key, "MainWinWidth", MainWinWidth, REG_DWORD);
-  SetKeyValue(SettingsRoot, key, "MainWinHeight", MainWinHeight, REG_DWORD);
-  SaveRegistry();
+  SetKeyValue(Registry, SettingsRoot, key, "MainWinWidth", windowSettings.MainWinWidth, REG_DWORD);
+  SetKeyValue(Registry, SettingsRoot, key, "MainWinHeight", windowSettings.MainWinHeight, REG_DWORD);
+  SaveRegistry(Registry);
 }
 
 }  // namespace qel

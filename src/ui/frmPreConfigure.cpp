@@ -1,6 +1,6 @@
 #include "ui/frmPreConfigure.h"
 
-#include "settings/Settings.h"
+#include "settings/UserParameters.h"
 #include "ui/HelpContexts.h"
 #include "wizard/QELPreConfigure.h"
 
@@ -29,7 +29,7 @@ frmPreConfigure::frmPreConfigure() : Form("frmPreConfigure") {
 }
 
 void frmPreConfigure::Form_Load() {
-  Check1.Value = ModemCheck;
+  Check1.Value = settings.ModemCheck;
   Check1.Click = [this] { Check1_Click(); };  // only now: what it begins with is nobody's click
   RichTextBox1.Caption =
       "This is QEL's Modem and Dial-up Networking\n"
@@ -93,7 +93,7 @@ void frmPreConfigure::TellWellSetUp() {
       "Click the 'OK' button to continue.";
   btnNext.Caption = "&OK";
   ModemConfigOK = true;
-  if (ModemCount > 1) PreferredModem = selectedModem;  // for this run; only a change stores it
+  if (ModemCount > 1) settings.PreferredModem = selectedModem;  // for this run; only a change stores it
 }
 
 void frmPreConfigure::Finish() {
@@ -146,8 +146,8 @@ void frmPreConfigure::Timer1_Timer() {
 }
 
 void frmPreConfigure::Check1_Click() {
-  ModemCheck = bool{Check1.Value};
-  StoreGeneralValue("ModemCheck", bool{ModemCheck}, REG_SZ);
+  settings.ModemCheck = bool{Check1.Value};
+  StoreGeneralValue(Registry, "ModemCheck", bool{settings.ModemCheck}, REG_SZ);
 }
 
 }  // namespace qel

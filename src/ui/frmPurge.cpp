@@ -36,11 +36,11 @@ void frmPurge::optPurge_Click(int option) {
   ChosenOption = Int16(option);
   for (std::size_t i = 0; i < FraPurge.size(); ++i) FraPurge[i].Enabled = static_cast<int>(i) + 1 == option;
   if (option == 1) {
-    PurgeFrom = FirstEntryDate;
+    PurgeFrom = findings.FirstEntryDate;
     FromValid = true;
   }
   if (option == 3) {
-    PurgeTo = LastEntryDate;
+    PurgeTo = findings.LastEntryDate;
     ToValid = true;
   }
   for (Field& field : fields) {
@@ -68,13 +68,13 @@ void frmPurge::ReadField(Field& field) {
 
 Date frmPurge::adjustDate(Date date, End which) {
   const auto raise = [&date] {
-    if (date >= FirstEntryDate) return;
-    date = FirstEntryDate;
+    if (date >= findings.FirstEntryDate) return;
+    date = findings.FirstEntryDate;
     CurrentHost().Beep();
   };
   const auto lower = [&date] {
-    if (date <= LastEntryDate) return;
-    date = LastEntryDate;
+    if (date <= findings.LastEntryDate) return;
+    date = findings.LastEntryDate;
     CurrentHost().Beep();
   };
   if (which == End::From) {

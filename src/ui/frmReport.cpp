@@ -7,8 +7,10 @@
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
+#include "modemlog/LogFile.h"
 #include "platform/Files.h"
-#include "settings/SettingField.h"
+#include "settings/SettingRow.h"
+#include "settings/UserParameters.h"
 #include "ui/HelpContexts.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
@@ -76,23 +78,23 @@ void frmReport::Toolbar1_ButtonClick(const std::string& key) {
 
 void frmReport::Form_Load() {
   SetTrace("frmReport", "Form_Load");
-  Toolbar1.Flat = FlatToolbars;
+  Toolbar1.Flat = settings.FlatToolbars;
   SummaryBuilt = DetailBuilt = false;
-  mnuSaveSettings.Checked = SaveReportSettings;
-  mnuAutoArrange.Checked = AutoArrangeOn = ReportAutoArrange;
-  mnuSummary.Checked = UserReportPref == 0;
-  mnuDetails.Checked = UserReportPref == 1;
+  mnuSaveSettings.Checked = windowSettings.SaveReportSettings;
+  mnuAutoArrange.Checked = AutoArrangeOn = windowSettings.ReportAutoArrange;
+  mnuSummary.Checked = settings.UserReportPref == 0;
+  mnuDetails.Checked = settings.UserReportPref == 1;
   // Last, since it applies the settings of the report that is checked.
-  ChooseFormat(ReportListView);
+  ChooseFormat(windowSettings.ReportListView);
 }
 
 void frmReport::Form_Activate() {
   SetTrace("frmReport", "Form_Activate");
-  Toolbar1.Visible = ShowToolbars;
+  Toolbar1.Visible = settings.ShowToolbars;
   Form_Resize();
   // Only a fresh analysis is one of the current log: another one may have been opened since.
   const bool fresh = content != Content::File && !SummaryBuilt && !DetailBuilt && !AnalysisUnderWay;
-  if (fresh) fileName = CurrentLogFile;
+  if (fresh) fileName = logFile.CurrentLogFile;
   Caption = CaptionOf(fileName);
   if (content == Content::File || AnalysisUnderWay || building) return;
   if (mnuDetails.Checked && !DetailBuilt) mnuDetails_Click();
@@ -102,13 +104,13 @@ void frmReport::Form_Activate() {
 bool frmReport::Form_Unload() {
   SetTrace("frmReport", "Form_Unload");
   StoreSettings();
-  SaveReportSettings = mnuSaveSettings.Checked();
-  ReportAutoArrange = mnuAutoArrange.Checked();
-  if (content != Content::File) ReportListView = mnuListView.Checked();
-  if (SaveReportSettings)
-    WriteUserParameters();
+  windowSettings.SaveReportSettings = mnuSaveSettings.Checked();
+  windowSettings.ReportAutoArrange = mnuAutoArrange.Checked();
+  if (content != Content::File) windowSettings.ReportListView = mnuListView.Checked();
+  if (windowSettings.SaveReportSettings)
+    WriteUserParameters(Registry, settings, windowSettings);
   else
-    WriteSaveSettings("\\ViewReport", SaveReportSettings);
+    WriteSaveSettings(Registry, "\\ViewReport", windowSettings.SaveReportSettings);
   return true;
 }
 
@@ -123,7 +125,7 @@ void frmReport::ShowAnalysis() {
   if (content == Content::File) {
     content = Content::Nothing;
     EnableAnalysis(true);
-    ChooseFormat(ReportListView);
+    ChooseFormat(windowSettings.ReportListView);
   }
   BringToFront();
 }
@@ -160,7 +162,8 @@ std::string frmReport::ProposedName() const {
   if (content == Content::File) return fileName;
   const Kind* kind = CheckedReport();
   const std::string name = std::string(kind ? kind->FileName : Summary.FileName) + " " +
-                           FormatDate(PeriodStart, "ddmmmyy") + " - " + FormatDate(PeriodEnd, "ddmmmyy");
+                           FormatDate(period.PeriodStart, "ddmmmyy") + " - " +
+                           FormatDate(period.PeriodEnd, "ddmmmyy");
   return ToUtf8(name);
 }
 
@@ -197,8 +200,8 @@ void frmReport::TellFailure(const std::string& what, const RunTimeError& error) 
 void frmReport::mnuExit_Click() { Unload(); }
 
 void frmReport::mnuSaveSettings_Click() {
-  SaveReportSettings = !SaveReportSettings;
-  mnuSaveSettings.Checked = SaveReportSettings;
+  windowSettings.SaveReportSettings = !windowSettings.SaveReportSettings;
+  mnuSaveSettings.Checked = windowSettings.SaveReportSettings;
 }
 
 }  // namespace qel

@@ -58,8 +58,8 @@ void frmService::Form_Load() {
   SetTrace("frmService", "Form_Load");
   ServiceEditCancelled = true;  // until OK; whichever other way the window closes
   ShowSelectedPage(TabStrip1, fraService);
-  imgService.Visible = ShowGraphic;
-  if (WarningSoundFile.empty()) WarningSoundFile = AppPath + PathSeparator + "exceeded.wav";
+  imgService.Visible = settings.ShowGraphic;
+  if (settings.WarningSoundFile.empty()) settings.WarningSoundFile = AppPath + PathSeparator + "exceeded.wav";
   FillComboBoxes();
   SetTariffColumns();
   TariffCopy.Make(MaxTariffs - 1);
@@ -67,7 +67,7 @@ void frmService::Form_Load() {
     LoadNewService();
   else
     LoadService();
-  txtWarningSound.Text = PathText(WarningSoundFile);
+  txtWarningSound.Text = PathText(settings.WarningSoundFile);
   for (Label& label : lblCurrencySymbol) label.Caption = "(" + Region.CurrencySymbol + ")";
   DisplayTariffs();
   ShowTariffCount();
@@ -193,7 +193,7 @@ void frmService::btnOK_Click() {
   SetTrace("frmService", "btnOK_Click");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   ServiceEditCancelled = false;
-  WriteService(Services[ServiceIndex]);
+  WriteService(settings.Services[ServiceIndex]);
   CurrentHost().SetMousePointer(MousePointer::Default);
   Unload();
 }

@@ -2,7 +2,8 @@
 
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "settings/Settings.h"
+#include "modemlog/LogFile.h"
+#include "settings/UserParameters.h"
 #include "ui/TabPages.h"
 #include "values/Region.h"
 
@@ -54,7 +55,7 @@ frmSetup::frmSetup() : Form("frmSetup") {
 }
 
 void frmSetup::Form_Load() {
-  TakeUpOthersRecords();
+  TakeUpOthersRecords(Registry, settings);
   ShowFormats();
   mskNoDisconDuration.Mask = "##" + Region.TimeSeparator + "##" + Region.TimeSeparator + "##";
   Label8.Caption = "hh" + Region.TimeSeparator + "mm" + Region.TimeSeparator + "ss";
@@ -62,7 +63,7 @@ void frmSetup::Form_Load() {
   snapshot.Take();
   ShowGeneral();
   ShowMarkers();
-  optShowErrors.Value = ShowErrors;
+  optShowErrors.Value = settings.ShowErrors;
   optShowErrors_Click();
   ShowCosts();
   ShowServices();
@@ -86,7 +87,7 @@ void frmSetup::TabStrip1_Click() {
   HelpContextID = Pages[tab - 1].HelpContext;
   if (tab != ServicesTab)
     TabStrip1.SetFocus();
-  else if (UsedServices > 0)
+  else if (settings.UsedServices > 0)
     lstServices.SetFocus();
 }
 
@@ -100,7 +101,7 @@ void frmSetup::Form_KeyDown(KeyPress& press) {
 void frmSetup::btnSave_Click() {
   saved = true;
   StoreHolidays();
-  WriteUserParameters();
+  WriteUserParameters(Registry, settings, windowSettings);
   Unload();
 }
 
@@ -111,8 +112,10 @@ void frmSetup::restoreOldValues() {
 
 bool frmSetup::Form_Unload() {
   if (!saved) restoreOldValues();
-  LogPathChanged = saved && snapshot.Differs({&ModemLogFile, &ModemLogDir});
-  if (LogPathChanged) LogCorrupt = LogTooBig = false;
+  const qel::Settings& before = snapshot.Before();
+  LogPathChanged =
+      saved && (before.ModemLogFile != settings.ModemLogFile || before.ModemLogDir != settings.ModemLogDir);
+  if (LogPathChanged) findings.LogCorrupt = findings.LogTooBig = false;
   if (regionalSettingsOpened)
     MsgBox(
         {"QEL has detected that you opened the \n"
@@ -123,7 +126,9 @@ bool frmSetup::Form_Unload() {
          "MUST exit and re-start QEL.",
          "Windows Regional Settings"});
   OptionsChanged =
-      snapshot.Differs({&FlatToolbars, &UserStartPref, &UserStartDate, &UserStartOfWeek, &UserStartOfMonth});
+      before.FlatToolbars != settings.FlatToolbars || before.UserStartPref != settings.UserStartPref ||
+      before.UserStartDate != settings.UserStartDate || before.UserStartOfWeek != settings.UserStartOfWeek ||
+      before.UserStartOfMonth != settings.UserStartOfMonth;
   return true;
 }
 

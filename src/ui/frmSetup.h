@@ -235,28 +235,28 @@ class frmSetup : public Form {
   std::string shownLogPath;    // whose text the window put into txtLogName
   std::vector<Date> holidays;  // the window's own; Holidays is touched by saving alone
 
-  const std::array<LimitField, 3> limits{{{txtMaxConnections, &MaxConnections},
-                                          {txtMaxConnectDays, &MaxConnectDays},
-                                          {txtMaxLogSize, &MaxLogSize}}};
-  const std::array<OptionBox, 7> options{{{optEditLog, EditLog},
-                                          {optShowToolbars, ShowToolbars},
-                                          {optFlatToolBars, FlatToolbars},
-                                          {optModemCheck, ModemCheck},
-                                          {optTips, Tips},
-                                          {optAutoOpt, AutoOptimize},
-                                          {optShowGraphic, ShowGraphic}}};
-  const std::array<MarkerField, 7> markers{{{TextOptDial, ModemDial},
-                                            {TextOptAnswer, ModemAnswer},
-                                            {TextOptConnect, ModemConnect},
-                                            {TextOptUsrDisconnect, ModemUserDisconnect},
-                                            {TextOptRemDisconnect, ModemHostDisconnect},
-                                            {TextOptReads, ModemReads},
-                                            {TextOptWrites, ModemWrites}}};
+  const std::array<LimitField, 3> limits{{{txtMaxConnections, &settings.MaxConnections},
+                                          {txtMaxConnectDays, &settings.MaxConnectDays},
+                                          {txtMaxLogSize, &settings.MaxLogSize}}};
+  const std::array<OptionBox, 7> options{{{optEditLog, settings.EditLog},
+                                          {optShowToolbars, settings.ShowToolbars},
+                                          {optFlatToolBars, settings.FlatToolbars},
+                                          {optModemCheck, settings.ModemCheck},
+                                          {optTips, settings.Tips},
+                                          {optAutoOpt, settings.AutoOptimize},
+                                          {optShowGraphic, settings.ShowGraphic}}};
+  const std::array<MarkerField, 7> markers{{{TextOptDial, settings.ModemDial},
+                                            {TextOptAnswer, settings.ModemAnswer},
+                                            {TextOptConnect, settings.ModemConnect},
+                                            {TextOptUsrDisconnect, settings.ModemUserDisconnect},
+                                            {TextOptRemDisconnect, settings.ModemHostDisconnect},
+                                            {TextOptReads, settings.ModemReads},
+                                            {TextOptWrites, settings.ModemWrites}}};
   static constexpr FieldRule Amount{.TestsTyping = false, .WhenLeft = Leaving::Insists, .Filler = ""};
   std::array<CostField, 3> costs{
-      {{txtDialCost, lblDialCost, DialCost, RuledField(txtDialCost, Amount)},
-       {txtCostPerHour, lblCostPerHour, CostPerHour, RuledField(txtCostPerHour, Amount)},
-       {txtCostPerMeg, lblCostPerMeg, CostPerMeg, RuledField(txtCostPerMeg, Amount)}}};
+      {{txtDialCost, lblDialCost, settings.DialCost, RuledField(txtDialCost, Amount)},
+       {txtCostPerHour, lblCostPerHour, settings.CostPerHour, RuledField(txtCostPerHour, Amount)},
+       {txtCostPerMeg, lblCostPerMeg, settings.CostPerMeg, RuledField(txtCostPerMeg, Amount)}}};
   const std::array<StartField, 3> startFields{{{"Start of Week", lstWeekStart, lblWeekStart},
                                                {"Start of Month", lstMonthStart, lblMonthStart},
                                                {"User Defined", mskUserDate, lblUserDate}}};

@@ -6,8 +6,8 @@
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "platform/Files.h"
-#include "settings/Registry_Functions.h"
-#include "settings/Settings.h"
+#include "settings/StoredValues.h"
+#include "settings/UserParameters.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmHelp.h"
 
@@ -42,7 +42,8 @@ void frmTip::Form_Load() {
   // Only now: the tick that it begins with is nobody's click.
   chkLoadTipsAtStartup.Click = [this] { chkLoadTipsAtStartup_Click(); };
   Attempt([this] {
-    currentTip = WholeOf(QueryValue(SettingsRoot, std::string(SettingsKey) + "\\General", "LastTip"));
+    currentTip =
+        WholeOf(QueryValue(Registry, SettingsRoot, std::string(SettingsKey) + "\\General", "LastTip"));
   });
   bool loaded = false;
   Attempt([this, &loaded] { loaded = LoadTips(AppPath + PathSeparator + TipFile); });
@@ -79,8 +80,8 @@ void frmTip::ShowPreviousTip() {
 
 void frmTip::chkLoadTipsAtStartup_Click() {
   SetTrace("frmTip", "chkLoadTipsAtStartup_Click");
-  Tips = bool{chkLoadTipsAtStartup.Value};
-  StoreGeneralValue("Tips", bool{Tips}, REG_SZ);
+  settings.Tips = bool{chkLoadTipsAtStartup.Value};
+  StoreGeneralValue(Registry, "Tips", bool{settings.Tips}, REG_SZ);
 }
 
 void frmTip::btnReadme_Click() {
@@ -91,7 +92,7 @@ void frmTip::btnReadme_Click() {
 bool frmTip::Form_Unload() {
   SetTrace("frmTip", "Form_Unload");
   TipShown = true;
-  StoreGeneralValue("LastTip", currentTip, REG_DWORD);
+  StoreGeneralValue(Registry, "LastTip", currentTip, REG_DWORD);
   return true;
 }
 

@@ -9,7 +9,7 @@
 #include "maintenance/LinePass.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogStatistics.h"
-#include "settings/Settings.h"
+#include "settings/UserParameters.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmFind.h"
 #include "ui/frmMain.h"
@@ -57,8 +57,8 @@ frmViewLog::frmViewLog() : Form("frmViewLog") {
   mnuSearchFindNext.Click = [this] { mnuSearchFindNext_Click(); };
   mnuFont.Click = [this] { mnuFont_Click(); };
   mnuSaveSettings.Click = [this] {
-    ViewLogSettings.SaveSettings = !ViewLogSettings.SaveSettings;
-    mnuSaveSettings.Checked = ViewLogSettings.SaveSettings;
+    windowSettings.ViewLogSettings.SaveSettings = !windowSettings.ViewLogSettings.SaveSettings;
+    mnuSaveSettings.Checked = windowSettings.ViewLogSettings.SaveSettings;
   };
   mnuRestore.Click = [this] { mnuRestore_Click(); };
   TextViewLog.Change = [this] {
@@ -76,24 +76,26 @@ frmViewLog::frmViewLog() : Form("frmViewLog") {
 void frmViewLog::Form_Load() {
   SetTrace("frmViewLog", "Form_Load");
   ViewerOpen = true;
-  if (FlatToolbars) Toolbar1.Flat = true;
+  if (settings.FlatToolbars) Toolbar1.Flat = true;
   ViewTextFile.empty() ? ShowLog() : ShowTextFile();
   if (MainForm.IsLoaded()) MainForm->NameLogCommands();
 }
 
 void frmViewLog::ShowLog() {
   ViewingLog = true;
-  viewingArchive = ArchiveOpen;
-  archiveName = FormatDate(FirstEntryDate, "ddmmmyy") + " - " + FormatDate(LastEntryDate, "ddmmmyy");
-  mnuSaveSettings.Checked = ViewLogSettings.SaveSettings;
-  Caption = ArchiveOpen ? "QEL - View Archive (" + PathText(CurrentLogFile) + ")" : "QEL - View Modem Log";
+  viewingArchive = logFile.ArchiveOpen;
+  archiveName =
+      FormatDate(findings.FirstEntryDate, "ddmmmyy") + " - " + FormatDate(findings.LastEntryDate, "ddmmmyy");
+  mnuSaveSettings.Checked = windowSettings.ViewLogSettings.SaveSettings;
+  Caption = logFile.ArchiveOpen ? "QEL - View Archive (" + PathText(logFile.CurrentLogFile) + ")"
+                                : "QEL - View Modem Log";
   EnableSave(false);
-  mnuSaveArchive.Enabled = OpenLogFile(CurrentLogPath);
+  mnuSaveArchive.Enabled = OpenLogFile(logFile.CurrentLogPath);
   ApplyEditState();
   ApplyFont();
-  Height = int{ViewLogSettings.WinHeight};
-  Width = int{ViewLogSettings.WinWidth};
-  WindowState = static_cast<qel::WindowState>(int{ViewLogSettings.WinState});
+  Height = int{windowSettings.ViewLogSettings.WinHeight};
+  Width = int{windowSettings.ViewLogSettings.WinWidth};
+  WindowState = static_cast<qel::WindowState>(int{windowSettings.ViewLogSettings.WinState});
 }
 
 void frmViewLog::ShowTextFile() {
@@ -157,21 +159,22 @@ bool frmViewLog::SaveLogFile(const std::string& path) {
 }
 
 void frmViewLog::ApplyEditState() {
-  const bool editable = EditLog && ViewingLog && !shownPath.empty();
+  const bool editable = settings.EditLog && ViewingLog && !shownPath.empty();
   TextViewLog.Locked = !editable;
   mnuPaste.Enabled = mnuCut.Enabled = editable;
 }
 
 void frmViewLog::ApplyFont() {
-  TextViewLog.Font = {ViewLogSettings.FontName, static_cast<float>(ViewLogSettings.FontSize),
-                      ViewLogSettings.FontBold, ViewLogSettings.FontItalic};
+  TextViewLog.Font = {windowSettings.ViewLogSettings.FontName,
+                      static_cast<float>(windowSettings.ViewLogSettings.FontSize),
+                      windowSettings.ViewLogSettings.FontBold, windowSettings.ViewLogSettings.FontItalic};
 }
 
 void frmViewLog::ShowViewerStatus() {
   const Font& font = TextViewLog.Font;
   StatusBar1.SetPanel(1, font.Name + " " + NumberText(font.Size) + (font.Bold ? " Bold" : "") +
                              (font.Italic ? " Italic" : ""));
-  StatusBar1.SetPanel(2, EditLog ? "Edit Allowed" : "Locked");
+  StatusBar1.SetPanel(2, settings.EditLog ? "Edit Allowed" : "Locked");
   StatusBar1.SetPanel(3, CurrentHost().IsLocked(LockKey::Caps) ? "CAPS" : "");
   StatusBar1.SetPanel(4, CurrentHost().IsLocked(LockKey::Scroll) ? "SCRL" : "");
 }
@@ -188,7 +191,7 @@ void frmViewLog::ShowEditState() {
 }
 
 void frmViewLog::Form_Activate() {
-  Toolbar1.Visible = ShowToolbars;
+  Toolbar1.Visible = settings.ShowToolbars;
   ShowEditState();
 }
 
@@ -206,20 +209,20 @@ bool frmViewLog::Form_Unload() {
 }
 
 void frmViewLog::KeepSettings() {
-  if (ViewLogSettings.SaveSettings) {
+  if (windowSettings.ViewLogSettings.SaveSettings) {
     const Font& font = TextViewLog.Font;
-    ViewLogSettings.FontName = font.Name;
-    ViewLogSettings.FontSize = Int16(font.Size);
-    ViewLogSettings.FontBold = font.Bold;
-    ViewLogSettings.FontItalic = font.Italic;
-    ViewLogSettings.WinState = Int16(static_cast<int>(WindowState()));
+    windowSettings.ViewLogSettings.FontName = font.Name;
+    windowSettings.ViewLogSettings.FontSize = Int16(font.Size);
+    windowSettings.ViewLogSettings.FontBold = font.Bold;
+    windowSettings.ViewLogSettings.FontItalic = font.Italic;
+    windowSettings.ViewLogSettings.WinState = Int16(static_cast<int>(WindowState()));
     if (WindowState == qel::WindowState::Normal) {
-      ViewLogSettings.WinHeight = Int16(std::min(Height(), LargestSize));
-      ViewLogSettings.WinWidth = Int16(std::min(Width(), LargestSize));
+      windowSettings.ViewLogSettings.WinHeight = Int16(std::min(Height(), LargestSize));
+      windowSettings.ViewLogSettings.WinWidth = Int16(std::min(Width(), LargestSize));
     }
-    return WriteUserParameters();
+    return WriteUserParameters(Registry, settings, windowSettings);
   }
-  WriteSaveSettings("\\ViewLog", ViewLogSettings.SaveSettings);
+  WriteSaveSettings(Registry, "\\ViewLog", windowSettings.ViewLogSettings.SaveSettings);
 }
 
 // False where the user wanted to save and could not.
@@ -266,11 +269,11 @@ void frmViewLog::mnuFont_Click() {
 }
 
 void frmViewLog::mnuRestore_Click() {
-  RestoreViewLogDefaults();
+  RestoreViewLogDefaults(windowSettings.ViewLogSettings);
   ApplyFont();
-  mnuSaveSettings.Checked = ViewLogSettings.SaveSettings;
-  Height = int{ViewLogSettings.WinHeight};
-  Width = int{ViewLogSettings.WinWidth};
+  mnuSaveSettings.Checked = windowSettings.ViewLogSettings.SaveSettings;
+  Height = int{windowSettings.ViewLogSettings.WinHeight};
+  Width = int{windowSettings.ViewLogSettings.WinWidth};
   ShowViewerStatus();
 }
 

@@ -13,6 +13,7 @@ template <typename T>
 class BoundedArray {
  public:
   BoundedArray() = default;
+  explicit BoundedArray(Int16 last) { Make(last); }
 
   // Makes the array anew, every element at its default. Raises 9 for a last index below 0.
   void Make(Int16 last) {

@@ -5,8 +5,8 @@
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogLine.h"
-#include "settings/Registry_Functions.h"
-#include "settings/Settings.h"
+#include "settings/StoredValues.h"
+#include "settings/UserParameters.h"
 #include "values/CodePage.h"
 
 namespace qel {
@@ -22,7 +22,7 @@ constexpr char ClassKey[] = "System\\CurrentControlSet\\Services\\Class";
 constexpr char EchoOn[] = "E1";
 
 SettingValue ModemValue(const std::string& modemKey, const char* name) {
-  return QueryValue(RegistryRoot::LocalMachine, ClassKey + modemKey, name);
+  return QueryValue(Registry, RegistryRoot::LocalMachine, ClassKey + modemKey, name);
 }
 
 std::string ModemText(const std::string& modemKey, const char* name) {
@@ -30,7 +30,7 @@ std::string ModemText(const std::string& modemKey, const char* name) {
 }
 
 void SetModemValue(const ModemRecord& modem, const char* name, const SettingValue& value, RegistryType type) {
-  SetKeyValue(RegistryRoot::LocalMachine, ClassKey + modem.ModemKey, name, value, type);
+  SetKeyValue(Registry, RegistryRoot::LocalMachine, ClassKey + modem.ModemKey, name, value, type);
 }
 
 bool Contains(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
@@ -68,7 +68,7 @@ void DetectModems() {
 void LookAtModems() {
   const auto look = [](Int16 number) { Attempt([number] { ReadModemSettings(number); }); };
   ModemConfigOK = true;
-  if (PreferredModem != 0) return look(PreferredModem);
+  if (settings.PreferredModem != 0) return look(settings.PreferredModem);
   for (Int16 number = 1; number <= ModemCount; ++number) look(number);
 }
 
@@ -76,14 +76,15 @@ void LookAtModems() {
 void ReadTheOthers() {
   const bool lookedAt = ModemConfigOK;
   for (Int16 number = 1; number <= ModemCount; ++number)
-    if (PreferredModem != 0 && number != PreferredModem) Attempt([number] { ReadModemSettings(number); });
+    if (settings.PreferredModem != 0 && number != settings.PreferredModem)
+      Attempt([number] { ReadModemSettings(number); });
   ModemConfigOK = lookedAt;
 }
 
 // The folder is the first modem's, whichever is preferred. Of a preferred one that is not the first it is
 // empty, since the first was not looked at; the start then takes the default folder.
 void TakeActiveLog() {
-  const Int16 number = PreferredModem == 0 ? Int16(1) : PreferredModem;
+  const Int16 number = settings.PreferredModem == 0 ? Int16(1) : settings.PreferredModem;
   Attempt([number] { ActiveLogFile = LogFile(Modems[number - 1].LoggingPath); });
   ActiveLogDir = LogFolder(Modems[0].LoggingPath);
 }
@@ -139,7 +140,7 @@ void DoChange(Int16 number) {
   if (!modem.Logging) SetModemValue(modem, "Logging", Int32(1), REG_BINARY);
   // Behind whatever stands there: the last command about the echo is the one that counts.
   if (!modem.Echo) SetModemValue(modem, "UserInit", modem.UserInit + EchoOn, REG_SZ);
-  StoreGeneralValue("PreferredModem", Int32(number), REG_DWORD);
+  StoreGeneralValue(Registry, "PreferredModem", Int32(number), REG_DWORD);
   ModemConfigOK = true;
   CurrentHost().SetMousePointer(MousePointer::Default);
 }

@@ -9,6 +9,7 @@
 #include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
+#include "modemlog/LogFile.h"
 #include "settings/Settings.h"
 #include "values/FormatMask.h"
 
@@ -18,18 +19,20 @@ class State {
  public:
   // As it is now. "Shown" are the seconds and notes that the details report makes of a connection.
   State() {
-    for (int i = 0; i <= Connections.Last(); ++i) Tell("Connections[" + std::to_string(i) + "]", Int16(i));
-    for (int i = 0; i <= ServiceTotals.Last(); ++i)
-      Tell("Slots[" + std::to_string(i) + "]", ServiceTotals[i]);
-    for (int service = 0; service < UsedServices; ++service)
+    for (int i = 0; i <= analysis.Connections.Last(); ++i)
+      Tell("Connections[" + std::to_string(i) + "]", Int16(i));
+    for (int i = 0; i <= analysis.ServiceTotals.Last(); ++i)
+      Tell("Slots[" + std::to_string(i) + "]", analysis.ServiceTotals[i]);
+    for (int service = 0; service < settings.UsedServices; ++service)
       for (int period = 0; period <= UsageTable::LastPeriod; ++period) TellUse(service, period);
-    Field("Analysis")("EntriesProcessed", EntriesProcessed)("ConnectionCount", ConnectionCount)(
-        "TotalsCount", TotalsCount)("Connected", Connected)("ServicesExceeded", ServicesExceeded)(
-        "ConnectionsExceeded", ConnectionsExceeded)("LogErrorsFound", LogErrorsFound)(
-        "TariffIncomplete", TariffIncomplete)("ShowBlocks", ShowBlocks)("LogCorrupt", LogCorrupt)(
-        "SummaryBuilt", SummaryBuilt)("DetailBuilt", DetailBuilt)("DialCostNow", DialCostNow)(
-        "ServiceCostNow", ServiceCostNow)("DataCostNow", DataCostNow)("LastService", LastService)(
-        "AnsweredPending", AnsweredPending)("CurrentService", CurrentService)(
+    Field("Analysis")("EntriesProcessed", analysis.EntriesProcessed)(
+        "ConnectionCount", analysis.ConnectionCount)("TotalsCount", analysis.TotalsCount)(
+        "Connected", Connected)("ServicesExceeded", analysis.ServicesExceeded)(
+        "ConnectionsExceeded", analysis.ConnectionsExceeded)("LogErrorsFound", analysis.LogErrorsFound)(
+        "TariffIncomplete", analysis.TariffIncomplete)("ShowBlocks", analysis.ShowBlocks)(
+        "LogCorrupt", findings.LogCorrupt)("SummaryBuilt", SummaryBuilt)("DetailBuilt", DetailBuilt)(
+        "DialCostNow", DialCostNow)("ServiceCostNow", ServiceCostNow)("DataCostNow", DataCostNow)(
+        "LastService", LastService)("AnsweredPending", AnsweredPending)("CurrentService", CurrentService)(
         "ConnectSeconds", ConnectSeconds)("BlockMinutes", BlockMinutes)("BlockCount", BlockCount)(
         "Connect", Stamp(ConnectDate, ConnectTime))("Disconnect", Stamp(DisconnectDate, DisconnectTime));
   }
@@ -93,7 +96,7 @@ class State {
   }
 
   void Tell(const std::string& record, Int16 index) {
-    ConnectionRecord& c = Connections[index];
+    ConnectionRecord& c = analysis.Connections[index];
     const std::string notes = c.Notes;
     Field(record)("Start", Stamp(c.StartDate, c.StartTime))("End", Stamp(c.EndDate, c.EndTime))(
         "Number", c.Number)("Answered", c.Answered)("BytesRead", c.BytesRead)("BytesWritten", c.BytesWritten)(

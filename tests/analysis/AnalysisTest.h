@@ -8,6 +8,7 @@
 #include "analysis/AnalysisState.h"
 #include "journeys/Script.h"
 #include "platform/DateConversion.h"
+#include "settings/Settings.h"
 #include "support/AnsweringHost.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
@@ -45,9 +46,9 @@ class AnalysisTest : public FreshProgram {
  protected:
   AnalysisTest() : service(AddService("Alpha", "555", "777")) {
     SetPeriod(Jan(5), Jan(6));
-    Holidays[0] = Jan(5);
-    UsedHolidays = 1;
-    Holidays[1] = Jan(6);  // not in use
+    settings.Holidays[0] = Jan(5);
+    settings.UsedHolidays = 1;
+    settings.Holidays[1] = Jan(6);  // not in use
   }
 
   void Run(const std::string& log) {
@@ -73,11 +74,11 @@ class AnalysisTest : public FreshProgram {
     service.Block = options["Block"];
     service.MaxCharge = options["Most"];
     service.FreePeriod = options["Free"] > 0;
-    NoDisconData = options["Data"];
-    ShowErrors = options["HideErrors"] == 0;
-    PeriodEnd = Jan(options["To"] > 0 ? static_cast<int>(options["To"]) : 6);
-    MaxConnections = options["Connections"] > 0 ? options["Connections"] : 200;
-    MaxServices = options["Services"] > 0 ? options["Services"] : 20;
+    settings.NoDisconData = options["Data"];
+    settings.ShowErrors = options["HideErrors"] == 0;
+    period.PeriodEnd = Jan(options["To"] > 0 ? static_cast<int>(options["To"]) : 6);
+    settings.MaxConnections = options["Connections"] > 0 ? options["Connections"] : 200;
+    settings.MaxServices = options["Services"] > 0 ? options["Services"] : 20;
   }
 
   // "Day 08:00 17:59 .1 .6 Minute; Eve ...": name, times, charge per call, rate, unit, seconds spared or

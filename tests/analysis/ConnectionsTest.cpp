@@ -1,6 +1,8 @@
 // Whole analyses, told by connections.analysis.
 #include "analysis/AnalysisTest.h"
 #include "analysis/FreeTime.h"
+#include "modemlog/LogFile.h"
+#include "settings/Settings.h"
 #include "support/Text.h"
 
 namespace qel {
@@ -8,9 +10,9 @@ namespace qel {
 class ConnectionsTest : public AnalysisTest {
  protected:
   ConnectionsTest() {
-    CostPerHour = 6;
-    CostPerMeg = 3;
-    DialCost = 0.25;
+    settings.CostPerHour = 6;
+    settings.CostPerMeg = 3;
+    settings.DialCost = 0.25;
     service.PenaltyPeriod = "Week";
     service.FreeStart = Clock("18:00");
     service.FreeEnd = Clock("22:00");
@@ -28,8 +30,8 @@ class ConnectionsTest : public AnalysisTest {
     act.Now = State().Lines();
     for (const std::string& error : host.errors) act.Now.push_back("error " + error);
     for (const Message& message : host.messages) act.Now.push_back(Quotable(message.Text));
-    const std::string finished =
-        "status:  F I N I S H E D !  -  (" + std::to_string(EntriesProcessed) + " entries processed)";
+    const std::string finished = "status:  F I N I S H E D !  -  (" +
+                                 std::to_string(analysis.EntriesProcessed) + " entries processed)";
     for (const auto& told : host.transcript)
       if (told != finished && told != "report") act.Now.push_back(told);
     if (!host.Showed("report")) act.Now.push_back("no report");
@@ -45,17 +47,17 @@ TEST_F(ConnectionsTest, LongLinesAndNulsAreTextABadTimeOrNumberIsToldAnUndatedLi
   Run("01-05-1999 10:00:00.0" + noise + "recv: atdt555<cr>" + noise +
       "\n01-05-1999 x.0 CONNECTION ESTABLISHED\n   \n" + LogText("5 10:02 U; 5 10:02:01 R99999999999") +
       "noise\n" + LogText("5 10:03 D666"));
-  EXPECT_EQ(ServiceTotals[1].Number, "555");
-  EXPECT_EQ(ServiceTotals[1].Connections, 1);
+  EXPECT_EQ(analysis.ServiceTotals[1].Number, "555");
+  EXPECT_EQ(analysis.ServiceTotals[1].Connections, 1);
   EXPECT_EQ(host.errors, (std::vector<std::string>{"Process, Log Entry: 2: Type mismatch",
                                                    "Process, Log Entry: 4: Overflow"}));
-  EXPECT_EQ(EntriesProcessed, 4);
-  EXPECT_TRUE(LogCorrupt && !host.Showed("report"));
+  EXPECT_EQ(analysis.EntriesProcessed, 4);
+  EXPECT_TRUE(findings.LogCorrupt && !host.Showed("report"));
   Run(LogText("5 10:00 D555"));
-  EXPECT_FALSE(LogCorrupt) << "an undated line is the log's that has it";
-  LogCorrupt = true;  // as other tests find it
+  EXPECT_FALSE(findings.LogCorrupt) << "an undated line is the log's that has it";
+  findings.LogCorrupt = true;  // as other tests find it
   Analyse();
-  EXPECT_TRUE(LogCorrupt);
+  EXPECT_TRUE(findings.LogCorrupt);
 }
 
 TEST_F(ConnectionsTest, FreeTimeIsTheOverlapOfTimesOfDay) {

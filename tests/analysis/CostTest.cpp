@@ -7,17 +7,17 @@
 namespace qel {
 
 TEST_F(AnalysisTest, CallIsPricedPieceByPieceByTheFirstTariffThatHolds) {
-  Connections.Make(1);
+  analysis.Connections.Make(1);
   for (const auto& [tariffs, call, cost, notes] : Cases("analysis/Calls")) {
     SetTariffs(tariffs);
     std::istringstream words(call);
     int from, to;
     std::string start, end;
     words >> from >> start >> to >> end;
-    Connections[1].Notes = "R:2K";
+    analysis.Connections[1].Notes = "R:2K";
     EXPECT_NEAR(GetDialupCost("777", Jan(from), Clock(start), Jan(to), Clock(end), 1), std::stod(cost), 1e-9)
         << tariffs << " => " << call;
-    EXPECT_EQ(Connections[1].Notes, "R:2K" + notes) << tariffs << " => " << call;
+    EXPECT_EQ(analysis.Connections[1].Notes, "R:2K" + notes) << tariffs << " => " << call;
   }
   service.DialOption = 3;  // which is none
   EXPECT_EQ(GetDialupCost("777", Jan(5), 0, Jan(5), 0, 1), 0);

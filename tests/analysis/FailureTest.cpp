@@ -1,5 +1,7 @@
 // The road of errors through an analysis, told by errors.analysis.
 #include "analysis/AnalysisTest.h"
+#include "modemlog/LogFile.h"
+#include "settings/Settings.h"
 #include "support/ErrorRoad.h"
 
 namespace qel {
@@ -14,10 +16,10 @@ class FailureTest : public AnalysisTest {
     service.FreeStart = Clock("10:05");
     service.FreeEnd = Clock("10:06");
     SetPeriod(Jan(5), Jan(6));
-    NoDisconDuration = 900;
-    MaxServices = 4;
-    MaxConnections = 6;
-    MaxConnectDays = 3;
+    settings.NoDisconDuration = 900;
+    settings.MaxServices = 4;
+    settings.MaxConnections = 6;
+    settings.MaxConnectDays = 3;
     host.yielded = nullptr;
     OpenLog(log);
   }
@@ -26,24 +28,26 @@ class FailureTest : public AnalysisTest {
   std::function<void()> Limit(const std::string& name) {
     static constexpr int most16 = 32767, most32 = 2147483647;
     const std::map<std::string, std::function<void()>> limits = {
-        {"Connections", [] { ServiceTotals[1].Connections = most16; }},
-        {"Seconds", [] { ServiceTotals[1].Seconds = most32; }},
-        {"Blocks", [] { ServiceTotals[1].Blocks = most16; }},
-        {"FreeSeconds", [] { ServiceTotals[1].FreeSeconds = most32; }},
-        {"BytesRead", [] { ServiceTotals[1].BytesRead = most32; }},
-        {"EntriesProcessed", [] { EntriesProcessed = most32; }},
+        {"Connections", [] { analysis.ServiceTotals[1].Connections = most16; }},
+        {"Seconds", [] { analysis.ServiceTotals[1].Seconds = most32; }},
+        {"Blocks", [] { analysis.ServiceTotals[1].Blocks = most16; }},
+        {"FreeSeconds", [] { analysis.ServiceTotals[1].FreeSeconds = most32; }},
+        {"BytesRead", [] { analysis.ServiceTotals[1].BytesRead = most32; }},
+        {"EntriesProcessed", [] { analysis.EntriesProcessed = most32; }},
         {"UsedSeconds", [] { Penalties.At(0, 0).Seconds = most32; }},
         {"UsedBytes", [] { Penalties.At(0, 0).Bytes = most32; }},
         {"Period",
-         [this] { service.PenaltyPeriod = "Day", PeriodStart = Jan(5) - 200, MaxConnectDays = 300; }},
+         [this] {
+           service.PenaltyPeriod = "Day", period.PeriodStart = Jan(5) - 200, settings.MaxConnectDays = 300;
+         }},
         {"UnitMins", [this] { service.Tariffs[0].UnitMins = 1000; }},
         {"UsedTariffs", [this] { service.Tariffs[0].AppliesDays = "", service.UsedTariffs = 11; }},
         {"Block", [this] { service.Block = 600; }},
-        {"NoDisconData", [] { NoDisconData = 1e9; }},
-        {"NoDisconDuration", [] { NoDisconDuration = 1e10; }}};
+        {"NoDisconData", [] { settings.NoDisconData = 1e9; }},
+        {"NoDisconDuration", [] { settings.NoDisconDuration = 1e10; }}};
     return [this, limit = limits.at(name)] {
       host.yielded = [limit] {
-        if (EntriesProcessed > 1) limit();
+        if (analysis.EntriesProcessed > 1) limit();
       };
     };
   }
@@ -52,7 +56,7 @@ class FailureTest : public AnalysisTest {
     const std::string& way = act.Words[0];
     if (way == "memory") return road.AroundMemory();
     if (way == "disk") return road.AroundDisk();
-    if (way == "missing") return road.Around([] { CurrentLogPath += "x"; }, road.Undisturbed());
+    if (way == "missing") return road.Around([] { logFile.CurrentLogPath += "x"; }, road.Undisturbed());
     if (way == "limit") return road.Around(Limit(act.Word(1)), road.Undisturbed());
     log.clear();
     const State nothing = road.Undisturbed();

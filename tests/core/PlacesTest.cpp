@@ -5,6 +5,7 @@
 
 #include "core/Installation.h"
 #include "core/ProgramState.h"
+#include "modemlog/LogFile.h"
 #include "platform/Files.h"
 #include "support/Cases.h"
 #include "support/Expected.h"
@@ -29,10 +30,13 @@ TEST(Places, ComeFromTheEnvironment) {
 }
 
 TEST(Places, ANewLogIsUnknown) {
-  LogExists = LogCorrupt = LogTooBig = LogEmpty = LogInvalid = true;
+  findings.LogExists = findings.LogCorrupt = findings.LogTooBig = findings.LogEmpty = findings.LogInvalid =
+      true;
   SetCurrentLog("/a/b.log");
-  EXPECT_EQ(CurrentLogDir + " " + CurrentLogFile + " " + CurrentLogPath, "/a/ b.log /a/b.log");
-  EXPECT_FALSE(LogExists || LogCorrupt || LogTooBig || LogEmpty || LogInvalid);
+  EXPECT_EQ(logFile.CurrentLogDir + " " + logFile.CurrentLogFile + " " + logFile.CurrentLogPath,
+            "/a/ b.log /a/b.log");
+  EXPECT_FALSE(findings.LogExists || findings.LogCorrupt || findings.LogTooBig || findings.LogEmpty ||
+               findings.LogInvalid);
 }
 
 // What came of the files at home, and what was said about it, when a disk copies what is missing there.

@@ -15,6 +15,8 @@
 #include "ProgramTest.h"
 #include "desktop/MissingBindings.h"
 #include "desktop/QtValues.h"
+#include "registry/RegistryStore.h"
+#include "settings/Settings.h"
 
 namespace qel {
 namespace {
@@ -28,8 +30,8 @@ class EveryWindow : public ProgramTest {
     Registry.Set(modem, "DriverDesc", {REG_SZ, "Internal 33600" + std::string(1, '\0')});
     Registry.Set(modem, "Logging", {REG_BINARY, std::string(1, '\0')});
     PreConfigure(true);
-    Holidays[0] = Today() - 1;
-    UsedHolidays = 1;
+    settings.Holidays[0] = Today() - 1;
+    settings.UsedHolidays = 1;
     AddService(std::string(60, 'x'), "1", "");
     SplashForm->Main = [] {};
   }

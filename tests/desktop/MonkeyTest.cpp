@@ -21,6 +21,7 @@
 #include "ProgramTest.h"
 #include "core/Surroundings.h"
 #include "desktop/Dialogues.h"
+#include "settings/Settings.h"
 
 namespace qel {
 namespace {
@@ -71,8 +72,10 @@ class Monkey : public ProgramTest, private DesktopHost {
   // Its answers to a scan without a log, a number too big for its field, a period too long to be counted.
   Answer ErrorBox(const RunTimeError& error, const Message& message) override {
     const std::string& place = CurrentSurroundings().ProcedureTrace;
-    const bool isTooLong = place == "checkProcess" && DaysBetween(PeriodStart, PeriodEnd) > 32766;
-    const bool isNoLog = place == "btnScan_Click" && !PathExists(ModemLogDir + ModemLogFile);
+    const bool isTooLong =
+        place == "checkProcess" && DaysBetween(period.PeriodStart, period.PeriodEnd) > 32766;
+    const bool isNoLog =
+        place == "btnScan_Click" && !PathExists(settings.ModemLogDir + settings.ModemLogFile);
     const int expected = isNoLog ? FileNotFound : isTooLong || place.ends_with("_LostFocus") ? Overflow : 0;
     EXPECT_EQ(error.Number(), expected) << message.Text;
     return Answer::Ignore;

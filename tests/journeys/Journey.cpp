@@ -9,7 +9,7 @@
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
 #include "registry/RegistryStore.h"
-#include "settings/Registry_Functions.h"
+#include "settings/StoredValues.h"
 #include "support/Text.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"

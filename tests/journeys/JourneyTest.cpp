@@ -7,6 +7,7 @@
 
 #include "core/Surroundings.h"
 #include "journeys/Journey.h"
+#include "registry/RegistryStore.h"
 #include "support/WindowTest.h"
 
 namespace qel {

@@ -1,4 +1,5 @@
 #include "maintenance/ToolRuns.h"
+#include "modemlog/LogFile.h"
 
 namespace qel {
 namespace {
@@ -7,7 +8,7 @@ class FailureTest : public ToolRuns {
  protected:
   // The next start has a whole log in its place, and what was there before stands somewhere.
   void ExpectNothingLost(const Tool& tool, const std::string& result, const std::string& when) {
-    MendInterruptedSwap(CurrentLogPath);
+    MendInterruptedSwap(logFile.CurrentLogPath);
     const bool saved = std::string(tool.name) == "save";  // which keeps no safety copy
     EXPECT_TRUE(Log() == log || (Log() == result && (saved || Safety() == log || Kept() == log)))
         << when << "\n"
@@ -35,7 +36,7 @@ TEST_P(FailureTest, EveryFailingOperationLeavesAWholeLogAndIsTold) {
         EXPECT_TRUE(ending != Fails || Log() == log || Log() == result) << "rolled back at once, " << when;
         ExpectNothingLost(tool, result, when);
         EXPECT_TRUE(succeeded || ending != Fails || !memory.Has(tool.workingFile)) << when;
-        seen = StampOf(CurrentLogPath);
+        seen = StampOf(logFile.CurrentLogPath);
         EXPECT_TRUE(Run(tool)) << "the next run after " << when;
         EXPECT_EQ(Log(), result) << "the next run after " << when;
       }

@@ -2,6 +2,7 @@
 
 #include "journeys/Script.h"
 #include "maintenance/ToolRuns.h"
+#include "modemlog/LogFile.h"
 #include "support/Text.h"
 
 namespace qel {
@@ -14,7 +15,7 @@ class OtherWritersTest : public ToolRuns {
     if (Log().find(text) != std::string::npos) return true;
     return !succeeded && Kept().find(text) != std::string::npos &&
            std::ranges::any_of(host.messages, [this](const Message& m) {
-             return m.Text.find(CurrentLogPath + ".kept\r\n") != std::string::npos;
+             return m.Text.find(logFile.CurrentLogPath + ".kept\r\n") != std::string::npos;
            });
   }
   const std::string line = "01-06-1999 11:00:00.00 - READS 3\r\n";
@@ -41,11 +42,11 @@ TEST_P(OtherWritersTest, ALineWrittenBeforeAnyOperationIsInTheLogOrTheRunSaysSo)
       for (int n = 1; n <= operations - w.unwatched; ++n) {
         const std::string when = tool.name + std::string(", ") + w.name + ", operation " + std::to_string(n);
         Begin();
-        if (w.holds) memory.Hold(CurrentLogPath);
+        if (w.holds) memory.Hold(logFile.CurrentLogPath);
         bool written = false;
         disk.Before = [&](int operation) {
           if (operation != n) return;
-          w.holds ? memory.AppendToHeld(line) : memory.Append(CurrentLogPath, line);
+          w.holds ? memory.AppendToHeld(line) : memory.Append(logFile.CurrentLogPath, line);
           written = true;
         };
         const bool ran = Run(tool);
@@ -81,18 +82,18 @@ TEST_P(OtherWritersTest, WhatHappensInTheMidstHasOneOutcome) {
   const std::map<std::string, std::function<void()>> deeds = {
       {"nothing", [] {}},
       {"append", [this] { memory.AppendToHeld(line); }},
-      {"begin", [this] { memory.Append(CurrentLogPath, line); }},
-      {"another-starts", [] { MendInterruptedSwap(CurrentLogPath); }},
-      {"another-rewrites", [&another] { another.emplace(CurrentLogPath); }},
+      {"begin", [this] { memory.Append(logFile.CurrentLogPath, line); }},
+      {"another-starts", [] { MendInterruptedSwap(logFile.CurrentLogPath); }},
+      {"another-rewrites", [&another] { another.emplace(logFile.CurrentLogPath); }},
       {"hold-back", [&meddler] { meddler.NoLeases = false; }},
-      {"link", [this] { memory.PutLink(CurrentLogPath, CurrentLogPath + ".qel-old"); }}};
+      {"link", [this] { memory.PutLink(logFile.CurrentLogPath, logFile.CurrentLogPath + ".qel-old"); }}};
   ExpectScript("maintenance/other-writers.tools", [&](Act& act) {
     Begin();
     memory.Put("/app/ModemLog.old", "older");
-    memory.Hold(CurrentLogPath);
+    memory.Hold(logFile.CurrentLogPath);
     meddler.NoLeases = true;
     meddler.moved.clear();
-    meddler.at = CurrentLogPath + (act.WordOr(1, "log") == "log" ? "" : act.Word(1));
+    meddler.at = logFile.CurrentLogPath + (act.WordOr(1, "log") == "log" ? "" : act.Word(1));
     meddler.deed = deeds.at(act.Words[0]);
     if (act.Words.size() == 1) std::exchange(meddler.deed, [] {})();
     Purge();

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "maintenance/LogRewrite.h"
+#include "modemlog/LogFile.h"
 #include "support/FreshProgram.h"
 
 namespace qel {
@@ -17,7 +18,7 @@ using RealDisk = FreshProgram;
 TEST_F(RealDisk, NoLineIsMissingWithoutAWordAfterManyRewrites) {
   AppPath = folder.Path();
   OpenLog("01-05-1999 10:00:00.00 - READS 1\r\n01-06-1999 10:00:00.00 - Reads 2\r\n");
-  ArchiveOpen = false;
+  logFile.ArchiveOpen = false;
   constexpr int rewrites = 40;
   const auto begun = std::chrono::steady_clock::now();
   DoOptimize();
@@ -30,7 +31,8 @@ TEST_F(RealDisk, NoLineIsMissingWithoutAWordAfterManyRewrites) {
     std::uniform_real_distribution<double> pause(0, 6);  // in rewrites
     for (; !stop; ++written) {
       const std::string line = "01-06-1999 11:00:00.00 - READS #" + std::to_string(written) + " \r\n";
-      const int file = ::open(CurrentLogPath.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+      const int file =
+          ::open(logFile.CurrentLogPath.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
       EXPECT_EQ(::write(file, line.data(), line.size()), static_cast<ssize_t>(line.size()));
       ::close(file);
       std::this_thread::sleep_for(oneRewrite * pause(random));
@@ -39,7 +41,7 @@ TEST_F(RealDisk, NoLineIsMissingWithoutAWordAfterManyRewrites) {
   for (int i = 0; i < rewrites; ++i) DoOptimize();
   stop = true;
   driver.join();
-  std::string all = ReadWholeFile(CurrentLogPath);
+  std::string all = ReadWholeFile(logFile.CurrentLogPath);
   for (const Message& message : host.messages)
     if (const auto at = message.Text.find(folder.Path()); at != std::string::npos)
       all += ReadWholeFile(message.Text.substr(at, message.Text.find('\r', at) - at));

@@ -9,6 +9,7 @@
 #include "maintenance/LinePass.h"
 #include "maintenance/LogRewrite.h"
 #include "maintenance/Repair.h"
+#include "modemlog/LogFile.h"
 #include "support/ErrorOf.h"
 #include "support/FreshProgram.h"
 #include "support/Listener.h"
@@ -27,7 +28,7 @@ class RewriteTest : public FreshProgram {
     folder.Empty();
     log = text;
     OpenLog(log);
-    ArchiveOpen = false;
+    logFile.ArchiveOpen = false;
   }
   // Between the passes of which the log may become another one.
   void Repair(const std::optional<std::string>& another = {}) {
@@ -35,21 +36,21 @@ class RewriteTest : public FreshProgram {
       if (text) listener.StatusText(*text);
       if (percent) listener.Progress(*percent);
     });
-    LogLength = 7;  // which each pass finds out for itself
+    findings.LogLength = 7;  // which each pass finds out for itself
     repair.FixCorruption();
     EXPECT_EQ(CurrentSurroundings().ProcedureTrace, "FixCorruption");
     EXPECT_EQ(host.pointer, MousePointer::Default);
     if (another) folder.Put("test.log", *another);
-    LogLength = 7;
+    findings.LogLength = 7;
     repair.CheckEntries();
   }
 
   // The log goes by another name, or by a link too.
   void Rename(const std::string& name) {
     const std::string path = folder.Path(name);
-    name == "link" ? std::filesystem::create_symlink(CurrentLogPath, path)
-                   : std::filesystem::rename(CurrentLogPath, path);
-    CurrentLogPath = path;
+    name == "link" ? std::filesystem::create_symlink(logFile.CurrentLogPath, path)
+                   : std::filesystem::rename(logFile.CurrentLogPath, path);
+    logFile.CurrentLogPath = path;
   }
 
   void Run(const Act& act) {
@@ -90,12 +91,13 @@ class RewriteTest : public FreshProgram {
   void Play(Act& act) {
     const std::string& what = act.Words[0];
     if (what == "log") return Open(Unfolded(act.Word(1), std::stoi(act.WordOr(2, "1"))));
-    if (what == "mode") return std::filesystem::permissions(CurrentLogPath, std::filesystem::perms{0664});
-    if (what == "archive") return void(ArchiveOpen = true);
-    if (what == "entries") return void(LogEntries = std::stof(act.Word(1)));
+    if (what == "mode")
+      return std::filesystem::permissions(logFile.CurrentLogPath, std::filesystem::perms{0664});
+    if (what == "archive") return void(logFile.ArchiveOpen = true);
+    if (what == "entries") return void(findings.LogEntries = std::stof(act.Word(1)));
     if (what == "file") return folder.Put(act.Word(1), Unfolded(act.Word(2)));
     if (what == "named") return Rename(act.Word(1));
-    LineReader left(CurrentLogPath);
+    LineReader left(logFile.CurrentLogPath);
     std::string_view line;
     int yields = 0;
     host.yielded = [&yields] { ++yields; };
@@ -137,10 +139,10 @@ TEST_F(RewriteTest, ALogIsWrittenAnewOnlyWhereNobodyHasSeenOne) {
 TEST_F(RewriteTest, TheLogStaysItsOwners) {
   Open("01-05-1999 a|");
   const uid_t owner = geteuid() == 0 ? 1234 : geteuid();  // root alone may give files away
-  ASSERT_EQ(::chown(CurrentLogPath.c_str(), owner, static_cast<gid_t>(-1)), 0);
+  ASSERT_EQ(::chown(logFile.CurrentLogPath.c_str(), owner, static_cast<gid_t>(-1)), 0);
   DoPurge(Jan("5"), Jan("5"));
   struct stat now {};
-  EXPECT_EQ(::stat(CurrentLogPath.c_str(), &now), 0);
+  EXPECT_EQ(::stat(logFile.CurrentLogPath.c_str(), &now), 0);
   EXPECT_EQ(now.st_uid, owner);
 }
 

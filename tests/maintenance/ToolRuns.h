@@ -6,6 +6,7 @@
 #include "maintenance/LogRewrite.h"
 #include "maintenance/LogSwap.h"
 #include "maintenance/Repair.h"
+#include "modemlog/LogFile.h"
 #include "support/FailingDisk.h"
 #include "support/FreshProgram.h"
 #include "support/MemoryDisk.h"
@@ -43,7 +44,7 @@ class ToolRuns : public FreshProgram, public Display, public ::testing::WithPara
   }
   // As the viewer and the command to clear do, with the log as they have seen it.
   bool Save() {
-    return ReasonOfFailure([this] { WriteLog(CurrentLogPath, "saved\r\n", seen); }).empty();
+    return ReasonOfFailure([this] { WriteLog(logFile.CurrentLogPath, "saved\r\n", seen); }).empty();
   }
 
   struct Tool {
@@ -57,14 +58,14 @@ class ToolRuns : public FreshProgram, public Display, public ::testing::WithPara
                                    {"save", &ToolRuns::Save, ""}};
 
   bool Run(const Tool& tool) { return (this->*tool.run)(); }
-  std::string Log() const { return memory.Content(CurrentLogPath); }
-  std::string Kept() const { return memory.Content(CurrentLogPath + ".kept"); }
+  std::string Log() const { return memory.Content(logFile.CurrentLogPath); }
+  std::string Kept() const { return memory.Content(logFile.CurrentLogPath + ".kept"); }
   std::string Safety() const { return memory.Content("/app/ModemLog.old"); }
   void Begin() {
     memory.Empty();
     for (const char* name : {"/app", "/far"}) memory.PutFolder(name);
-    memory.Put(CurrentLogPath, log);
-    seen = StampOf(CurrentLogPath);
+    memory.Put(logFile.CurrentLogPath, log);
+    seen = StampOf(logFile.CurrentLogPath);
     host.messages.clear();
     disk.Mend();
   }

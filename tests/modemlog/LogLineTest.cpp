@@ -3,6 +3,7 @@
 #include "modemlog/DialledNumber.h"
 #include "modemlog/LineClassifier.h"
 #include "modemlog/LogLine.h"
+#include "settings/Settings.h"
 #include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/FailingDisk.h"
@@ -73,7 +74,7 @@ TEST_F(LogLine, AServiceIsFoundByEitherNumberAndTheLowerIndexWins) {
   EXPECT_EQ(GetServiceIndex(""), 2);
   EXPECT_EQ(GetServiceName("111") + GetServiceName(" 444") + GetServiceName("5"), "AlphaGamma5");
   EXPECT_EQ(GetAltNumber("222") + GetAltNumber(" 333") + GetAltNumber("5"), "111222");
-  UsedServices = 2;
+  settings.UsedServices = 2;
   EXPECT_EQ(GetServiceIndex(""), -1);
 }
 

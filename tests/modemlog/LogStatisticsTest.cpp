@@ -2,6 +2,7 @@
 #include "core/Surroundings.h"
 #include "journeys/Script.h"
 #include "modemlog/LogStatistics.h"
+#include "settings/Settings.h"
 #include "support/AnsweringHost.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
@@ -17,24 +18,26 @@ class LogStatisticsTest : public FreshProgram {
   // All that is known of the log.
   static std::string Known() {
     const auto day = [](Date date) { return date == 0 ? "none" : FormatDate(date, "yyyy-mm-dd"); };
-    std::string text = LengthText(LogLength) + ", " + NumberText(LogEntries) + " entries, " +
-                       day(FirstEntryDate) + " to " + day(LastEntryDate) + ":";
+    std::string text = LengthText(findings.LogLength) + ", " + NumberText(findings.LogEntries) +
+                       " entries, " + day(findings.FirstEntryDate) + " to " + day(findings.LastEntryDate) +
+                       ":";
     for (const auto& [flag, word] :
-         {std::pair(LogExists, " there"), std::pair(LogCorrupt, " corrupt"), std::pair(LogEmpty, " empty"),
-          std::pair(LogInvalid, " invalid"), std::pair(LogTooBig, " big")})
+         {std::pair(findings.LogExists, " there"), std::pair(findings.LogCorrupt, " corrupt"),
+          std::pair(findings.LogEmpty, " empty"), std::pair(findings.LogInvalid, " invalid"),
+          std::pair(findings.LogTooBig, " big")})
       if (flag) text += word;
     return text;
   }
 
   // Finds it anew where the opposite was known before.
   static void Find(const Act& act) {
-    LogLength = 7;
-    LogEntries = 7;
-    FirstEntryDate = LastEntryDate = 7;
-    LogCorrupt = LogEmpty = LogInvalid = LogTooBig = true;
+    findings.LogLength = 7;
+    findings.LogEntries = 7;
+    findings.FirstEntryDate = findings.LastEntryDate = 7;
+    findings.LogCorrupt = findings.LogEmpty = findings.LogInvalid = findings.LogTooBig = true;
     const std::string known = act.WordOr(1, "");
     if (act.Words[0] == "load") {
-      LogCorrupt = CheckCorruption(true);
+      findings.LogCorrupt = CheckCorruption(true);
     } else if (act.Words[0] == "read") {
       GetLogStats(false);
     } else {
@@ -61,7 +64,7 @@ class LogStatisticsTest : public FreshProgram {
   // What goes on behind an error is told; repeated, it fails again and goes on then, or ends the program.
   void Play(Act& act) {
     const std::string& what = act.Words[0];
-    if (what == "most") return void(MaxLogSize = std::stoi(act.Word(1)));
+    if (what == "most") return void(settings.MaxLogSize = std::stoi(act.Word(1)));
     if (what == "remove") return folder.Empty();
     if (what == "log") {
       folder.Put("test.log",
@@ -92,7 +95,7 @@ TEST_F(LogStatisticsTest, AByteThatNoTextHoldsIsCorruptionUnlessItIsTheLast) {
     OpenLog({static_cast<char>(byte), 'a'});
     EXPECT_EQ(CheckCorruption(false), !isText) << byte;
   }
-  LineReader left(CurrentLogPath);
+  LineReader left(logFile.CurrentLogPath);
   const std::size_t length = 2 * BlockSize + 3;
   for (const std::size_t place : {std::size_t{0}, BlockSize - 1, BlockSize, length - 2, length - 1}) {
     std::string log(length, 'x');

@@ -118,12 +118,12 @@ INSTANTIATE_TEST_SUITE_P(Of, WholeReports, ::testing::ValuesIn(Cases<5>("reports
 
 TEST_F(ReportTest, AnErrorLeavesOutWhatFailedAndNothingElse) {
   Analyse();
-  const Int16 connections = ServiceTotals[1].Connections;
+  const Int16 connections = analysis.ServiceTotals[1].Connections;
   ExpectScript("reports/errors.reports", [&](Act& act) {
     ErrorRoad<Told> road(
-        host, [&] { ServiceTotals[1].Connections = connections; },
+        host, [&] { analysis.ServiceTotals[1].Connections = connections; },
         [&] { Told::Latest = Output(act.Words[0]); });
-    const auto change = [&] { ServiceTotals[1].Connections = std::stoi(act.Word(1)); };
+    const auto change = [&] { analysis.ServiceTotals[1].Connections = std::stoi(act.Word(1)); };
     act.Now = act.Words.size() == 1 ? road.AroundMemory() : road.Around(change, road.Undisturbed());
   });
 }
@@ -147,7 +147,7 @@ TEST_F(ReportTest, ProgressIsToldOnceForEveryPercent) {
   EXPECT_EQ(host.pointer, MousePointer::Default);
   Open("week", "General MaxConnections=dword:000000c8");
   Analyse();
-  ConnectionCount = 200;
+  analysis.ConnectionCount = 200;
   watch.seen = "";
   SummaryPage();
   EXPECT_EQ(std::ranges::count(watch.seen, '?'), 100);

@@ -1,10 +1,12 @@
 // Parts sum to totals and all forms tell the same, over many logs; what the Summary tells otherwise is said.
 #include "analysis/AnalysisTest.h"
+#include "modemlog/LogFile.h"
 #include "reports/Documents.h"
 #include "reports/HtmlReport.h"
 #include "reports/ReportExport.h"
 #include "reports/SummaryDifference.h"
 #include "reports/UseByService.h"
+#include "settings/UserParameters.h"
 #include "support/Expected.h"
 
 namespace qel {
@@ -19,7 +21,7 @@ class Sums : public FreshProgram {
 
   // Two services that may share a number and have limits of hours, of data, or both.
   void Prepare(const std::string& setUp, Int16 block) {
-    UsedServices = 0;
+    settings.UsedServices = 0;
     for (const auto& [name, number, other] :
          {std::array{"Beta", "777", Has(setUp, "strict") ? "none" : ""}, std::array{"Alpha", "555", "777"}}) {
       ServiceRecord& service = AddService(name, number, other);
@@ -34,11 +36,11 @@ class Sums : public FreshProgram {
       service.DialFixedTariff = 0.2;
       service.Block = block;
     }
-    CostPerHour = CostPerMeg = 0.5;
-    MaxConnectDays = 3;
-    NoDisconDuration = 7200;
-    NoDisconData = 64;
-    ShowErrors = !Has(setUp, "hidden");
+    settings.CostPerHour = settings.CostPerMeg = 0.5;
+    settings.MaxConnectDays = 3;
+    settings.NoDisconDuration = 7200;
+    settings.NoDisconData = 64;
+    settings.ShowErrors = !Has(setUp, "hidden");
     SetPeriod(Jan(5), Jan(6));
   }
 
@@ -57,13 +59,13 @@ class Sums : public FreshProgram {
 
 TEST_F(Sums, HoldInEveryWeekOfTheSample) {
   Registry.Open(QEL_SOURCE_DIR "/share/samples/QEL.reg", RegistryStore::Access::ReadOnly);
-  ReadUserParameters();
-  FillMissingSettings();
+  ReadUserParameters(Registry, settings, windowSettings);
+  FillMissingSettings(settings, windowSettings);
   SetCurrentLog(QEL_SOURCE_DIR "/share/samples/ModemLog.txt");
-  LogExists = ArchiveOpen = true;
+  findings.LogExists = logFile.ArchiveOpen = true;
   GetLogStats(false);
   std::string told;
-  for (Date day = FirstEntryDate - 6; day <= LastEntryDate; ++day) {
+  for (Date day = findings.FirstEntryDate - 6; day <= findings.LastEntryDate; ++day) {
     SetPeriod(day, day + 6);
     Analyse();
     Keep(IsoDate(day));
@@ -81,7 +83,7 @@ TEST_F(Sums, HoldInAwkwardLogsAndTheSummarysDifferencesAreTold) {
       Prepare(setUp, block);
       OpenLog(LogText(log));
       Analyse();
-      if (Has(setUp, "changed")) Services[0].ServiceRate = Services[1].ServiceRate = 2;
+      if (Has(setUp, "changed")) settings.Services[0].ServiceRate = settings.Services[1].ServiceRate = 2;
       Keep(std::to_string(row) + " blocks of " + std::to_string(block));
     }
     UseByService services;

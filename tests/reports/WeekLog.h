@@ -4,6 +4,8 @@
 
 #include <sstream>
 
+#include "modemlog/LogFile.h"
+#include "settings/UserParameters.h"
 #include "support/FreshProgram.h"
 
 namespace qel {
@@ -19,20 +21,20 @@ class WeekLog : public FreshProgram {
 
   // `changes` are of the settings: "Costs CalcCosts="False"; International sDecimal=","".
   void Open(const std::string& name, const std::string& changes = "") {
-    std::string settings = ReadWholeFile("inputs/" + name + ".reg");
+    std::string file = ReadWholeFile("inputs/" + name + ".reg");
     std::istringstream words(changes);
     for (std::string key, value; words >> key && std::getline(words >> std::ws, value, ';');) {
       const bool region = key == "International";
-      settings += region ? "\n[HKEY_CURRENT_USER\\Control Panel\\" : "\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\";
-      settings += key + "]\n\"" + value.insert(value.find('='), "\"") + "\n";
+      file += region ? "\n[HKEY_CURRENT_USER\\Control Panel\\" : "\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL\\";
+      file += key + "]\n\"" + value.insert(value.find('='), "\"") + "\n";
     }
-    folder.Put("settings.reg", settings);
+    folder.Put("settings.reg", file);
     Registry.Open(folder.Path("settings.reg"), RegistryStore::Access::ReadOnly);
     Region = GetCurrencySymbolInfo(Registry);
-    ReadUserParameters();
-    FillMissingSettings();
+    ReadUserParameters(Registry, settings, windowSettings);
+    FillMissingSettings(settings, windowSettings);
     SetCurrentLog("inputs/", name + ".log");
-    LogExists = ArchiveOpen = true;
+    findings.LogExists = logFile.ArchiveOpen = true;
     GetLogStats(false);
   }
 };

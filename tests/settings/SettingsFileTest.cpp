@@ -1,5 +1,6 @@
+#include "registry/RegistryStore.h"
 #include "registry/RegistryText.h"
-#include "settings/SettingsFile.h"
+#include "settings/SettingsExchange.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
 
@@ -29,7 +30,7 @@ struct SettingsFileTest : FreshProgram {
 TEST_F(SettingsFileTest, WhatOneStoreExportsMakesAnotherTheSame) {
   const std::string every = ReadWholeFile(QEL_SOURCE_DIR "/tests/settings/EveryField.reg");
   Registry.Open(QEL_SOURCE_DIR "/tests/settings/EveryField.reg", RegistryStore::Access::ReadOnly);
-  const std::string exported = ExportedOptions();
+  const std::string exported = ExportedOptions(Registry);
   EXPECT_EQ(ParseRegistryFile(exported), ParseRegistryFile(every));
 
   Registry.Reset();
@@ -41,7 +42,7 @@ TEST_F(SettingsFileTest, WhatOneStoreExportsMakesAnotherTheSame) {
   }
   const SettingsFile file = ReadSettingsFile(exported + "[HKEY_CURRENT_USER]\n\"a\"=\"1\"\n");
   EXPECT_EQ(std::tuple(file.Keys, file.Values, file.PassedOver), std::tuple(10, 176, 1));
-  ImportOptions(file);
+  ImportOptions(Registry, file);
   RegistryTree wanted = ParseRegistryFile(every);
   for (const auto& key : {own + "\\General", other}) wanted[key]["Mine"] = {REG_SZ, std::string("kept\0", 5)};
   wanted[other]["MaxServices"] = {REG_DWORD, DwordBytes(99)};

@@ -1,8 +1,9 @@
 #include <algorithm>
 
 #include "registry/RegistryText.h"
-#include "settings/Registry_Functions.h"
-#include "settings/SettingsFile.h"
+#include "settings/SettingsExchange.h"
+#include "settings/StoredValues.h"
+#include "settings/UserParameters.h"
 #include "support/FreshProgram.h"
 #include "values/DateText.h"
 #include "values/NumberConversion.h"
@@ -47,23 +48,29 @@ std::string Fields(const ReportViewSettings& r) {
              c[6]);
 }
 std::string Fields() {
-  const ViewLogRecord& v = ViewLogSettings;
+  const ViewLogRecord& v = windowSettings.ViewLogSettings;
   std::string all =
-      All(ModemLogFile, ModemLogDir, MaxServices, UsedServices, MaxConnections, MaxConnectDays,
-          NoDisconDuration, NoDisconData, MaxLogSize, PreferredModem, UserStartPref, UserStartDate,
-          UserStartOfWeek, UserStartOfMonth, UserReportPref, MainWinWidth, MainWinHeight) +
-      All(EditLog, ShowErrors, ShowToolbars, FlatToolbars, ShowGraphic, AutoOptimize, ModemCheck, Tips) +
-      All(ModemDial, ModemAnswer, ModemConnect, ModemUserDisconnect, ModemHostDisconnect, ModemReads,
-          ModemWrites) +
-      All(CalcCosts, DialCost, CostPerHour, CostPerMeg) +
+      All(settings.ModemLogFile, settings.ModemLogDir, settings.MaxServices, settings.UsedServices,
+          settings.MaxConnections, settings.MaxConnectDays, settings.NoDisconDuration, settings.NoDisconData,
+          settings.MaxLogSize, settings.PreferredModem, settings.UserStartPref, settings.UserStartDate,
+          settings.UserStartOfWeek, settings.UserStartOfMonth, settings.UserReportPref,
+          windowSettings.MainWinWidth, windowSettings.MainWinHeight) +
+      All(settings.EditLog, settings.ShowErrors, settings.ShowToolbars, settings.FlatToolbars,
+          settings.ShowGraphic, settings.AutoOptimize, settings.ModemCheck, settings.Tips) +
+      All(settings.ModemDial, settings.ModemAnswer, settings.ModemConnect, settings.ModemUserDisconnect,
+          settings.ModemHostDisconnect, settings.ModemReads, settings.ModemWrites) +
+      All(settings.CalcCosts, settings.DialCost, settings.CostPerHour, settings.CostPerMeg) +
       All(v.SaveSettings, v.FontName, v.FontSize, v.FontBold, v.FontItalic, v.WinHeight, v.WinWidth,
           v.WinState) +
-      All(SaveReportSettings, ReportListView, ReportAutoArrange, ForceAMPM) + Fields(SummaryViewSettings) +
-      Fields(DetailViewSettings) + All(UsedHolidays, Holidays[0], Holidays[1], WarningSoundFile);
-  for (const RecentFile& f : RecentFiles) all += All(f.RecentFileName, f.RecentFilePath, f.RecentFileType);
-  for (int i = 0; i < UsedServices; ++i) {
-    all += Fields(Services[i]);
-    for (int k = 0; k < Services[i].UsedTariffs; ++k) all += Fields(Services[i].Tariffs[k]);
+      All(windowSettings.SaveReportSettings, windowSettings.ReportListView, windowSettings.ReportAutoArrange,
+          settings.ForceAMPM) +
+      Fields(windowSettings.SummaryViewSettings) + Fields(windowSettings.DetailViewSettings) +
+      All(settings.UsedHolidays, settings.Holidays[0], settings.Holidays[1], settings.WarningSoundFile);
+  for (const RecentFile& f : windowSettings.RecentFiles)
+    all += All(f.RecentFileName, f.RecentFilePath, f.RecentFileType);
+  for (int i = 0; i < settings.UsedServices; ++i) {
+    all += Fields(settings.Services[i]);
+    for (int k = 0; k < settings.Services[i].UsedTariffs; ++k) all += Fields(settings.Services[i].Tariffs[k]);
   }
   return all;
 }
@@ -72,14 +79,15 @@ std::string Fields() {
 
 struct SettingsTest : FreshProgram {
   void StoreAndRestart() {
-    WriteUserParameters();
+    WriteUserParameters(Registry, settings, windowSettings);
     Restart();
   }
   static void Restart() {
-    ResetSettings();
-    SettingsDirty = false;
-    ReadUserParameters();
-    FillMissingSettings();
+    settings = {};
+    windowSettings = {};
+    settings.SettingsDirty = false;
+    ReadUserParameters(Registry, settings, windowSettings);
+    FillMissingSettings(settings, windowSettings);
   }
 };
 
@@ -88,13 +96,13 @@ TEST_F(SettingsTest, AFirstRunHasTheDefaults) {
 }
 
 TEST_F(SettingsTest, NoDisconDataOfZeroMakesEveryStartDirty) {
-  CostPerMeg = 0.05;
+  settings.CostPerMeg = 0.05;
   for (const int data : {0, 7}) {
-    GraphicsAvailable = true;  // without it ShowGraphic is never stored
-    ViewLogSettings.SaveSettings = true;
-    NoDisconData = data;
+    settings.GraphicsAvailable = true;  // without it ShowGraphic is never stored
+    windowSettings.ViewLogSettings.SaveSettings = true;
+    settings.NoDisconData = data;
     StoreAndRestart();
-    EXPECT_EQ(SettingsDirty, data == 0);
+    EXPECT_EQ(settings.SettingsDirty, data == 0);
   }
 }
 
@@ -102,15 +110,16 @@ TEST_F(SettingsTest, WindowSettingsAreStoredOnlyWhileTheyAreToBeSaved) {
   const std::tuple<bool, bool, const char*> cases[] = {
       {false, false, "\\Costs"}, {true, false, "\\ViewLog"}, {true, true, "\\ViewReport\\DetailReport"}};
   for (const auto& [viewer, report, key] : cases) {
-    ForceAMPM = true;
-    ViewLogSettings.SaveSettings = viewer;
-    SaveReportSettings = report;
-    WriteUserParameters();
-    EXPECT_EQ(TextOf(QueryValue(SettingsRoot, SettingsKey + std::string(key), "ForceAMPM")), "-1") << key;
+    settings.ForceAMPM = true;
+    windowSettings.ViewLogSettings.SaveSettings = viewer;
+    windowSettings.SaveReportSettings = report;
+    WriteUserParameters(Registry, settings, windowSettings);
+    EXPECT_EQ(TextOf(QueryValue(Registry, SettingsRoot, SettingsKey + std::string(key), "ForceAMPM")), "-1")
+        << key;
   }
-  ViewLogSettings.SaveSettings = SaveReportSettings = Option(false);
+  windowSettings.ViewLogSettings.SaveSettings = windowSettings.SaveReportSettings = Option(false);
   StoreAndRestart();
-  EXPECT_TRUE(ViewLogSettings.SaveSettings && SaveReportSettings);
+  EXPECT_TRUE(windowSettings.ViewLogSettings.SaveSettings && windowSettings.SaveReportSettings);
 }
 
 TEST_F(SettingsTest, EveryFieldHasItsOwnPlaceInMemoryAndInTheStore) {
@@ -121,9 +130,9 @@ TEST_F(SettingsTest, EveryFieldHasItsOwnPlaceInMemoryAndInTheStore) {
   EXPECT_EQ(Fields(), ReadWholeFile(QEL_SOURCE_DIR "/tests/settings/EveryField.memory"));
   EXPECT_TRUE(host.messages.empty());
 
-  GraphicsAvailable = true;
+  settings.GraphicsAvailable = true;
   Registry.Open(folder.Path("second.reg"), RegistryStore::Access::Shared);
-  WriteUserParameters();
+  WriteUserParameters(Registry, settings, windowSettings);
   std::string stored = folder.Content("second.reg");
   std::erase(stored, '\r');
   EXPECT_EQ(stored, file.substr(0, file.find("; what is read with the rest")));
@@ -147,94 +156,88 @@ TEST_F(SettingsTest, WhatOtherProgramsStoreMeanwhileStays) {
   };
   storeElsewhere(2, "Theirs", 300, 36519);
   for (const int days : {3, 4}) {
-    MaxConnectDays = days;
-    Services[0].PerMeg = days;
-    WriteUserParameters();
+    settings.MaxConnectDays = days;
+    settings.Services[0].PerMeg = days;
+    WriteUserParameters(Registry, settings, windowSettings);
   }
   const std::string before = folder.Content("registry.reg");
-  EXPECT_EQ(UsedServices, 1) << "not before the user edits services";
-  TakeUpOthersRecords();
-  EXPECT_EQ(std::tuple(MaxConnections, UsedServices, Services[1].ServiceName, Holidays[0]),
+  EXPECT_EQ(settings.UsedServices, 1) << "not before the user edits services";
+  TakeUpOthersRecords(Registry, settings);
+  EXPECT_EQ(std::tuple(settings.MaxConnections, settings.UsedServices, settings.Services[1].ServiceName,
+                       settings.Holidays[0]),
             std::tuple(200, 2, "Theirs", 36519));
   AddService("Ours too", "3", "");
   Restart();
   EXPECT_EQ(folder.Content("registry.reg"), before);
-  EXPECT_EQ(
-      std::tuple(MaxConnections, MaxConnectDays, UsedServices, Services[0].PerMeg, Services[1].ServiceName),
-      std::tuple(300, 4, 2, 4.0, "Theirs"));
-  TakeUpOthersRecords();
+  EXPECT_EQ(std::tuple(settings.MaxConnections, settings.MaxConnectDays, settings.UsedServices,
+                       settings.Services[0].PerMeg, settings.Services[1].ServiceName),
+            std::tuple(300, 4, 2, 4.0, "Theirs"));
+  TakeUpOthersRecords(Registry, settings);
   AddService("Ours too", "3", "");
   StoreAndRestart();
-  EXPECT_EQ(Services[1].ServiceName + ", " + Services[2].ServiceName, "Theirs, Ours too");
+  EXPECT_EQ(settings.Services[1].ServiceName + ", " + settings.Services[2].ServiceName, "Theirs, Ours too");
 }
 
 // Three programs, one at a time in this process: each has the settings that it knew when it was last at work.
 TEST_F(SettingsTest, ThreeProgramsThatAddInTurnKeepAllThatWasAdded) {
-  struct Program {
-    RegistryStore Store;
-    BoundedArray<ServiceRecord> Services;
-    BoundedArray<Date> Holidays;
-    Int16 UsedServices, UsedHolidays;
-  };
+  using Program = std::pair<RegistryStore, Settings>;
   const std::string path = folder.Path("registry.reg");
   Registry.Open(path, RegistryStore::Access::Shared);
   AddService("first", "1", "").PerMeg = 1;
-  UsedHolidays = 2;
-  Holidays[0] = 36500;
-  Holidays[1] = 36510;
+  settings.UsedHolidays = 2;
+  settings.Holidays[0] = 36500;
+  settings.Holidays[1] = 36510;
   StoreAndRestart();
-  std::vector<Program> programs(3, {Registry, Services, Holidays, UsedServices, UsedHolidays});
+  std::vector<Program> programs(3, {Registry, settings});
   const auto change = [](Program& program) {
-    std::swap(Registry, program.Store);
-    std::swap(Services, program.Services);
-    std::swap(Holidays, program.Holidays);
-    std::swap(UsedServices, program.UsedServices);
-    std::swap(UsedHolidays, program.UsedHolidays);
+    std::swap(Registry, program.first);
+    std::swap(settings, program.second);
   };
   for (int step = 0; step < 6; ++step) {
     Program& program = programs[static_cast<std::size_t>(step) % 3];
     change(program);
     AddService("step " + std::to_string(step), "1", "").PerMeg = 10 + step;
-    Holidays[UsedHolidays] = 36501 + 2 * step;
-    ++UsedHolidays;
-    if (step == 4) Holidays[0] = Holidays[1];  // the first one goes
-    WriteUserParameters();
-    WriteUserParameters();
+    settings.Holidays[settings.UsedHolidays] = 36501 + 2 * step;
+    ++settings.UsedHolidays;
+    if (step == 4) settings.Holidays[0] = settings.Holidays[1];  // the first one goes
+    WriteUserParameters(Registry, settings, windowSettings);
+    WriteUserParameters(Registry, settings, windowSettings);
     change(program);
   }
   // One deletes a service while others have added some, and chooses a sound.
   change(programs[1]);
-  for (int i = 1; i < UsedServices; ++i) Services[i - 1] = Services[i];
-  --UsedServices;
-  WarningSoundFile = "a.wav";
-  WriteUserParameters();
+  for (int i = 1; i < settings.UsedServices; ++i) settings.Services[i - 1] = settings.Services[i];
+  --settings.UsedServices;
+  settings.WarningSoundFile = "a.wav";
+  WriteUserParameters(Registry, settings, windowSettings);
   // Another that knows nothing of it stores something else.
   change(programs[2]);
-  WarningSoundFile.clear();
-  MaxConnectDays = 7;
-  WriteUserParameters();
+  settings.MaxConnectDays = 7;
+  WriteUserParameters(Registry, settings, windowSettings);
   Registry.Open(path, RegistryStore::Access::Shared);
   Restart();
   std::string all;
-  for (int i = 0; i < UsedServices; ++i) all += All(Services[i].ServiceName, Services[i].PerMeg);
+  for (int i = 0; i < settings.UsedServices; ++i)
+    all += All(settings.Services[i].ServiceName, settings.Services[i].PerMeg);
   EXPECT_EQ(all, "step 0 10\nstep 1 11\nstep 2 12\nstep 3 13\nstep 4 14\nstep 5 15\n");
-  EXPECT_EQ(WarningSoundFile, "a.wav");
+  EXPECT_EQ(settings.WarningSoundFile, "a.wav");
   all.clear();
-  for (int i = 0; i < UsedHolidays; ++i) all += NumberText(Holidays[i]) + " ";
+  for (int i = 0; i < settings.UsedHolidays; ++i) all += NumberText(settings.Holidays[i]) + " ";
   EXPECT_EQ(all, "36501 36503 36505 36507 36509 36510 36511 ");
 }
 
 TEST_F(SettingsTest, AValueNameThatTwoServicesShareLosesNeither) {
   const auto rates = [] {
     std::string all;
-    for (int i = 0; i < UsedServices; ++i) all += All(Services[i].FlexRate, Services[i].FlexRate2);
+    for (int i = 0; i < settings.UsedServices; ++i)
+      all += All(settings.Services[i].FlexRate, settings.Services[i].FlexRate2);
     return all;
   };
   const auto stored = [](const std::string& name) {
-    return TextOf(QueryValue(SettingsRoot, std::string(SettingsKey) + "\\Services", name));
+    return TextOf(QueryValue(Registry, SettingsRoot, std::string(SettingsKey) + "\\Services", name));
   };
-  MaxServices = 250;
-  Services.Make(MaxServices);
+  settings.MaxServices = 250;
+  settings.Services.Make(settings.MaxServices);
   for (int i = 1; i <= 230; ++i) {
     ServiceRecord& service = AddService("S", "1", "");
     service.FlexRate = i;
@@ -242,7 +245,7 @@ TEST_F(SettingsTest, AValueNameThatTwoServicesShareLosesNeither) {
   }
   const std::string before = rates();
   for (const int used : {230, 21, 20}) {
-    UsedServices = used;
+    settings.UsedServices = used;
     StoreAndRestart();
     EXPECT_EQ(rates(), before.substr(0, rates().size())) << used;
     EXPECT_EQ(stored("FlexRate21"), used > 20 ? "210000" : "10010000") << "as it always was";
@@ -250,50 +253,52 @@ TEST_F(SettingsTest, AValueNameThatTwoServicesShareLosesNeither) {
     EXPECT_EQ(stored("FlexRate2-2"), used > 21 ? "10020000" : "");
   }
   // A file of a program that knows no other names.
-  UsedServices = 21;
+  settings.UsedServices = 21;
   StoreAndRestart();
   const std::string root = KeyPath(SettingsRoot, SettingsKey);
-  ImportOptions({.Own = {{root + "\\Services", {{"FlexRate21", {REG_DWORD, DwordBytes(70000)}}}}}});
+  ImportOptions(Registry, {.Own = {{root + "\\Services", {{"FlexRate21", {REG_DWORD, DwordBytes(70000)}}}}}});
   Restart();
-  EXPECT_EQ(std::tuple(Services[0].FlexRate2, Services[20].FlexRate), std::tuple(7, 7));
+  EXPECT_EQ(std::tuple(settings.Services[0].FlexRate2, settings.Services[20].FlexRate), std::tuple(7, 7));
 }
 
 TEST_F(SettingsTest, AServiceAddedElsewhereSparesTheRateThatSharesItsName) {
   const std::string path = folder.Path("registry.reg");
   Registry.Open(path, RegistryStore::Access::Shared);
-  MaxServices = 30;
-  Services.Make(MaxServices);
+  settings.MaxServices = 30;
+  settings.Services.Make(settings.MaxServices);
   for (int i = 1; i <= 20; ++i) AddService("S", "1", "").FlexRate2 = i;
   StoreAndRestart();
   const RegistryStore store = Registry;
   for (const int services : {21, 20}) {
-    if (services > UsedServices)
+    if (services > settings.UsedServices)
       AddService("S", "1", "").FlexRate = 70;
     else
-      UsedServices = services;
-    WriteUserParameters();
-    std::tie(Registry, UsedServices) = std::tuple(store, 20);  // another program, which has not heard of it
-    MaxConnectDays = services;
-    WriteUserParameters();
+      settings.UsedServices = services;
+    WriteUserParameters(Registry, settings, windowSettings);
+    std::tie(Registry, settings.UsedServices) =
+        std::tuple(store, 20);  // another program, which has not heard of it
+    settings.MaxConnectDays = services;
+    WriteUserParameters(Registry, settings, windowSettings);
     Registry.Open(path, RegistryStore::Access::Shared);
     Restart();
-    EXPECT_EQ(std::tuple(UsedServices, Services[0].FlexRate2, Services[20].FlexRate),
-              std::tuple(services, 1, services == 21 ? 70 : 0));
+    EXPECT_EQ(
+        std::tuple(settings.UsedServices, settings.Services[0].FlexRate2, settings.Services[20].FlexRate),
+        std::tuple(services, 1, services == 21 ? 70 : 0));
   }
 }
 
 TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
-  MaxServices = 20;
-  Services.Make(MaxServices);
+  settings.MaxServices = 20;
+  settings.Services.Make(settings.MaxServices);
   for (int i = 1; i <= 14; ++i) AddService("S" + std::to_string(i), "1", "").PerMeg = i;
-  Services[12].UsedTariffs = 10;
-  WarningSoundFile = "a.wav";
-  UsedHolidays = 100;
-  WriteUserParameters();
+  settings.Services[12].UsedTariffs = 10;
+  settings.WarningSoundFile = "a.wav";
+  settings.UsedHolidays = 100;
+  WriteUserParameters(Registry, settings, windowSettings);
   const std::string root = SettingsKey, general = root + "\\General", services = root + "\\Services",
                     days = root + "\\Holidays";
   const auto store = [](const std::string& key, const std::string& name, int value) {
-    SetKeyValue(SettingsRoot, key, name, Int32(value), REG_DWORD);
+    SetKeyValue(Registry, SettingsRoot, key, name, Int32(value), REG_DWORD);
   };
   const auto limit = [&](int most) { store(general, "MaxServices", most); };
   store(services, "UsedTariffs13", 12);
@@ -302,21 +307,23 @@ TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
   store(days, " 101", 36519);
   limit(10);
   Restart();
-  EXPECT_EQ(std::tuple(UsedServices, UsedHolidays, WarningSoundFile), std::tuple(11, 100, "a.wav"));
+  EXPECT_EQ(std::tuple(settings.UsedServices, settings.UsedHolidays, settings.WarningSoundFile),
+            std::tuple(11, 100, "a.wav"));
   const auto stored = [&](const std::string& key, const std::string& name) {
-    return TextOf(QueryValue(SettingsRoot, key, name));
+    return TextOf(QueryValue(Registry, SettingsRoot, key, name));
   };
-  WriteUserParameters();
+  WriteUserParameters(Registry, settings, windowSettings);
   EXPECT_EQ(
       stored(general, "UsedServices") + stored(services, "UsedTariffs13") + stored(days, "UsedHolidays"),
       "1412101");
-  --UsedServices;  // the last one in sight is deleted
-  WriteUserParameters();
+  --settings.UsedServices;  // the last one in sight is deleted
+  WriteUserParameters(Registry, settings, windowSettings);
   limit(20);
   Restart();
-  EXPECT_EQ(std::tuple(UsedServices, Services[9].ServiceName, Services[10].ServiceName),
-            std::tuple(13, "S10", "S12"));
-  EXPECT_EQ(std::tuple(Services[11].PerMeg, Services[12].PerMeg, WarningSoundFile),
+  EXPECT_EQ(
+      std::tuple(settings.UsedServices, settings.Services[9].ServiceName, settings.Services[10].ServiceName),
+      std::tuple(13, "S10", "S12"));
+  EXPECT_EQ(std::tuple(settings.Services[11].PerMeg, settings.Services[12].PerMeg, settings.WarningSoundFile),
             std::tuple(13, 14, "a.wav"));
   EXPECT_EQ(stored(services, "UsedTariffs12"), "12");
   EXPECT_EQ(stored(services, "Tariff12-12After"), "12");
@@ -328,8 +335,8 @@ TEST(SaveRegistry, ThatItCannotWriteIsToldOnce) {
   Registry.CreateKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL");
   folder.Put("none", "");
   testing::internal::CaptureStderr();
-  SaveRegistry();
-  SaveRegistry();
+  SaveRegistry(Registry);
+  SaveRegistry(Registry);
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "qel: the settings could not be written: Path not found\n");
   Registry.Reset();

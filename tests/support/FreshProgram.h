@@ -14,7 +14,7 @@
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"
-#include "settings/Settings.h"
+#include "settings/UserParameters.h"
 #include "support/ScriptedHost.h"
 #include "support/TemporaryFolder.h"
 
@@ -28,35 +28,35 @@ class FreshProgram : public ::testing::Test {
     // No store and no locale speak here, so the regional values are those of the United States.
     for (const char* name : {"LC_ALL", "LANG", "LC_TIME", "LC_NUMERIC", "LC_MONETARY"}) unsetenv(name);
     Region = GetCurrencySymbolInfo(Registry);
-    ReadUserParameters();
-    FillMissingSettings();
+    ReadUserParameters(Registry, settings, windowSettings);
+    FillMissingSettings(settings, windowSettings);
     StopClockAt(DateSerial(1999, 1, 15) + TimeSerial(12, 0, 0));
   }
   ~FreshProgram() override { ResetClock(); }
 
   // Makes `text` the current log, an archive as the user would open it, and gathers its statistics.
   void OpenLog(const std::string& text) {
-    CurrentLogDir = folder.Path() + "/";
-    CurrentLogFile = "test.log";
-    CurrentLogPath = CurrentLogDir + CurrentLogFile;
-    FileWriter file(CurrentLogPath);
+    logFile.CurrentLogDir = folder.Path() + "/";
+    logFile.CurrentLogFile = "test.log";
+    logFile.CurrentLogPath = logFile.CurrentLogDir + logFile.CurrentLogFile;
+    FileWriter file(logFile.CurrentLogPath);
     file.Write(text);
     file.Close();
-    LogExists = ArchiveOpen = true;
+    findings.LogExists = logFile.ArchiveOpen = true;
     GetLogStats(false);
   }
 
   void SetPeriod(Date start, Date end) {
-    PeriodStart = start;
-    PeriodEnd = end;
-    PeriodDays = Int16(DaysBetween(start, end)) + 1;
+    period.PeriodStart = start;
+    period.PeriodEnd = end;
+    period.PeriodDays = Int16(DaysBetween(start, end)) + 1;
   }
 
   // Adds a service to the settings; the record stays valid until the next one.
   ServiceRecord& AddService(const std::string& name, const std::string& number,
                             const std::string& altNumber) {
-    ServiceRecord& service = Services[UsedServices];
-    ++UsedServices;
+    ServiceRecord& service = settings.Services[settings.UsedServices];
+    ++settings.UsedServices;
     service.ServiceName = name;
     service.ServiceNumber = number;
     service.ServiceAltNumber = altNumber;

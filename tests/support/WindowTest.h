@@ -2,6 +2,7 @@
 // their own.
 #pragma once
 
+#include "modemlog/LogFile.h"
 #include "support/FreshProgram.h"
 #include "ui/frmAbout.h"
 #include "ui/frmFileRepair.h"
@@ -64,9 +65,9 @@ class WindowTest : public FreshProgram {
   void DefaultLog(const std::string& text) {
     folder.Put("ModemLog.txt", text);
     SetCurrentLog(folder.Path() + "/", "ModemLog.txt");
-    LogExists = true;
-    LogCorrupt = CheckCorruption(false);
-    if (!LogCorrupt) GetLogStats(false);
+    findings.LogExists = true;
+    findings.LogCorrupt = CheckCorruption(false);
+    if (!findings.LogCorrupt) GetLogStats(false);
   }
 
   void Show(const std::string& log) {

@@ -3,7 +3,8 @@
 
 #include "journeys/Script.h"
 #include "platform/Host.h"
-#include "settings/Registry_Functions.h"
+#include "settings/Settings.h"
+#include "settings/StoredValues.h"
 #include "support/AnsweringHost.h"
 #include "support/FailingDisk.h"
 #include "support/FreshProgram.h"
@@ -16,14 +17,15 @@ namespace {
 const std::string ModemClass = "System\\CurrentControlSet\\Services\\Class";
 
 void SetModemText(const std::string& key, const std::string& name, const std::string& text) {
-  SetKeyValue(RegistryRoot::LocalMachine, ModemClass + key, name, text, REG_SZ);
+  SetKeyValue(Registry, RegistryRoot::LocalMachine, ModemClass + key, name, text, REG_SZ);
 }
 
 // "name=text;" for each value of a modem's key, in alphabetical order.
 std::string ModemValues(const std::string& key) {
   std::string all;
   for (const auto& name : Registry.ValueNames(KeyPath(RegistryRoot::LocalMachine, ModemClass + key)))
-    all += name + "=" + TextOf(QueryValue(RegistryRoot::LocalMachine, ModemClass + key, name)) + ";";
+    all +=
+        name + "=" + TextOf(QueryValue(Registry, RegistryRoot::LocalMachine, ModemClass + key, name)) + ";";
   return all;
 }
 
@@ -36,17 +38,17 @@ class ModemTest : public FreshProgram {
     DefaultLogDir = folder.Path() + "/";
     DefaultLogFile = "ModemLog.txt";
     ActiveLogFile = ActiveLogDir = "";
-    PreferredModem = act.Words.size() > 1 ? std::stoi(act.Word(1)) : 0;
+    settings.PreferredModem = act.Words.size() > 1 ? std::stoi(act.Word(1)) : 0;
   }
   // modem KEY NAME LOG LOGGING INIT [PORT or DIALOG], "" for what is missing
   void Modem(const Act& act) {
     const std::string &key = act.Word(1), &log = act.Word(3);
-    CreatNewKey(ModemClass + key, RegistryRoot::LocalMachine);
+    CreatNewKey(Registry, ModemClass + key, RegistryRoot::LocalMachine);
     SetModemText(key, "DriverDesc", act.Word(2));
     if (!log.empty())
       SetModemText(key, "LoggingPath", log.starts_with('~') ? folder.Path() + log.substr(1) : log);
     if (!act.Word(5).empty()) SetModemText(key, "UserInit", act.Word(5));
-    SetKeyValue(RegistryRoot::LocalMachine, ModemClass + key, "Logging", Int32(act.Word(4) == "on"),
+    SetKeyValue(Registry, RegistryRoot::LocalMachine, ModemClass + key, "Logging", Int32(act.Word(4) == "on"),
                 REG_BINARY);
     SetModemText(key, key.starts_with("\\Ports") ? "ConfigDialog" : "AttachedTo", act.WordOr(6, ""));
   }
@@ -64,7 +66,7 @@ class ModemTest : public FreshProgram {
     Tell(act, "default log " + DefaultLogDir + "|" + DefaultLogFile + " of " +
                   std::to_string(folder.Content(DefaultLogFile).size()) + " bytes");
     const std::string general = std::string(SettingsKey) + "\\General";
-    Tell(act, "preferred " + TextOf(QueryValue(SettingsRoot, general, "PreferredModem")));
+    Tell(act, "preferred " + TextOf(QueryValue(Registry, SettingsRoot, general, "PreferredModem")));
     for (const auto& error : host.errors) Tell(act, error);
     for (const auto& told : host.transcript) Tell(act, told);
   }

@@ -1,4 +1,4 @@
-#include "settings/Registry_Functions.h"
+#include "settings/StoredValues.h"
 
 #include <iostream>
 
@@ -52,21 +52,22 @@ Int32 WholeOf(const SettingValue& value) {
       value);
 }
 
-void CreatNewKey(const std::string& keyName, RegistryRoot root) {
+void CreatNewKey(RegistryStore& store, const std::string& keyName, RegistryRoot root) {
   TraceStep("CreatNewKey");
-  Registry.CreateKey(KeyPath(root, keyName));
+  store.CreateKey(KeyPath(root, keyName));
 }
 
-void SetKeyValue(RegistryRoot root, const std::string& keyName, const std::string& valueName,
-                 const SettingValue& value, std::uint32_t valueType) {
+void SetKeyValue(RegistryStore& store, RegistryRoot root, const std::string& keyName,
+                 const std::string& valueName, const SettingValue& value, std::uint32_t valueType) {
   TraceStep("SetKeyValue");
-  SetValueEx(KeyPath(root, keyName), valueName, valueType, value);
+  SetValueEx(store, KeyPath(root, keyName), valueName, valueType, value);
 }
 
-SettingValue QueryValue(RegistryRoot root, const std::string& keyName, const std::string& valueName) {
+SettingValue QueryValue(const RegistryStore& store, RegistryRoot root, const std::string& keyName,
+                        const std::string& valueName) {
   TraceStep("QueryValue");
   SettingValue value;
-  QueryValueEx(KeyPath(root, keyName), valueName, value);
+  QueryValueEx(store, KeyPath(root, keyName), valueName, value);
   return value;
 }
 
@@ -83,11 +84,11 @@ std::optional<RegistryValue> Encoded(const SettingValue& value, std::uint32_t va
   }
 }
 
-long SetValueEx(const std::string& key, const std::string& valueName, std::uint32_t valueType,
-                const SettingValue& value) {
+long SetValueEx(RegistryStore& store, const std::string& key, const std::string& valueName,
+                std::uint32_t valueType, const SettingValue& value) {
   TraceStep("SetValueEx");
   const auto stored = Encoded(value, valueType);
-  return !stored || Registry.Set(key, valueName, *stored) ? Success : NotFound;
+  return !stored || store.Set(key, valueName, *stored) ? Success : NotFound;
 }
 
 std::optional<SettingValue> Decoded(const RegistryValue& stored) {
@@ -103,9 +104,10 @@ std::optional<SettingValue> Decoded(const RegistryValue& stored) {
   }
 }
 
-long QueryValueEx(const std::string& key, const std::string& valueName, SettingValue& value) {
+long QueryValueEx(const RegistryStore& store, const std::string& key, const std::string& valueName,
+                  SettingValue& value) {
   TraceStep("QueryValueEx");
-  const RegistryValue* stored = Registry.Query(key, valueName);
+  const RegistryValue* stored = store.Query(key, valueName);
   if (!stored) return NotFound;
   const auto decoded = Decoded(*stored);
   if (!decoded) return UnknownType;
@@ -113,17 +115,17 @@ long QueryValueEx(const std::string& key, const std::string& valueName, SettingV
   return Success;
 }
 
-void SaveRegistry() {
-  const bool told = Registry.FlushFailed();
+void SaveRegistry(RegistryStore& store) {
+  const bool told = store.FlushFailed();
   try {
-    Registry.Flush();
+    store.Flush();
   } catch (const RunTimeError& error) {
     if (!told) std::cerr << "qel: the settings could not be written: " << error.Description() << '\n';
   }
 }
 
-void TellSetAside() {
-  for (const auto& file : Registry.TakeSetAside())
+void TellSetAside(RegistryStore& store) {
+  for (const auto& file : store.TakeSetAside())
     MsgBox({"QEL could not read your settings file\r\n" + PathText(file.Path) + "\r\n(" +
                 FromUtf8Lossy(file.Why) + ").\r\n\r\nThe file is kept as\r\n" + PathText(file.KeptAs) +
                 "\r\nand a new one takes its place.",

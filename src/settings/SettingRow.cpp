@@ -1,4 +1,4 @@
-#include "settings/SettingField.h"
+#include "settings/SettingRow.h"
 
 #include <algorithm>
 
@@ -72,15 +72,15 @@ void TraceSetting(const std::string& keyName, const std::string& valueName) {
 
 }  // namespace
 
-void LoadSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
+void LoadSetting(RegistryStore& store, const std::string& keyName, const std::string& valueName, StoredAs as,
                  const SettingPlace& place) {
-  const SettingValue value = QueryValue(SettingsRoot, keyName, valueName);
+  const SettingValue value = QueryValue(store, SettingsRoot, keyName, valueName);
   try {
     std::visit(Loader{value, as}, place);
   } catch (const RunTimeError&) {
     // What nobody could read is not written over by the emptiness that it left.
     const SettingValue left = std::visit(Storer{as}, place);
-    Registry.TakeAsRead(KeyPath(SettingsRoot, keyName), valueName, Encoded(left, StoredType(as)).value());
+    store.TakeAsRead(KeyPath(SettingsRoot, keyName), valueName, Encoded(left, StoredType(as)).value());
     TraceSetting(keyName, valueName);
     throw;
   }
@@ -90,21 +90,42 @@ void CheckSetting(const RegistryValue& stored, const SettingForm& form) {
   if (stored.Type != StoredType(form.As)) Raise(TypeMismatch);
   const SettingValue value = Decoded(stored).value();
   std::visit(
-      [&](const auto* place) {
-        auto trial = *place;
-        Loader{value, form.As}(&trial);
+      [&](auto trial) {
+        if constexpr (!std::is_same_v<decltype(trial), std::monostate>) Loader{value, form.As}(&trial);
       },
-      form.Place);
+      form.Type);
 }
 
-void StoreSetting(const std::string& keyName, const std::string& valueName, StoredAs as,
+void StoreSetting(RegistryStore& store, const std::string& keyName, const std::string& valueName, StoredAs as,
                   const SettingPlace& place) {
   try {
-    SetKeyValue(SettingsRoot, keyName, valueName, std::visit(Storer{as}, place), StoredType(as));
+    SetKeyValue(store, SettingsRoot, keyName, valueName, std::visit(Storer{as}, place), StoredType(as));
   } catch (const RunTimeError&) {
     TraceSetting(keyName, valueName);
     throw;
   }
+}
+
+bool IsMissing(const SettingPlace& place) {
+  return std::visit(
+      [](const auto* value) {
+        using Value = std::remove_cvref_t<decltype(*value)>;
+        if constexpr (std::is_same_v<Value, Option>)
+          return !value->Given();
+        else
+          return *value == Value();
+      },
+      place);
+}
+
+void SetDefault(const SettingPlace& place, const TypedValue& value) {
+  std::visit(
+      [&value](auto* to) {
+        using Value = std::remove_reference_t<decltype(*to)>;
+        const auto* given = std::get_if<Value>(&value);
+        *to = given ? *given : Value();
+      },
+      place);
 }
 
 bool IsNumbered(std::string_view name, std::string_view series) {

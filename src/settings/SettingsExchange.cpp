@@ -1,11 +1,11 @@
-#include "settings/SettingsFile.h"
+#include "settings/SettingsExchange.h"
 
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"
 #include "registry/RegistryText.h"
-#include "settings/Registry_Functions.h"
-#include "settings/ServiceRecords.h"
+#include "settings/ServiceStore.h"
 #include "settings/SettingsTables.h"
+#include "settings/StoredValues.h"
 #include "values/CodePage.h"
 #include "values/RunTimeError.h"
 
@@ -43,9 +43,9 @@ void CheckValue(const std::string& key, const std::string& name, const RegistryV
 
 }  // namespace
 
-std::string ExportedOptions() {
-  Registry.Refresh();
-  return WriteRegistryFile(OwnKeys(Registry.Tree()));
+std::string ExportedOptions(RegistryStore& store) {
+  store.Refresh();
+  return WriteRegistryFile(OwnKeys(store.Tree()));
 }
 
 SettingsFile ReadSettingsFile(const std::string& content) {
@@ -75,16 +75,16 @@ std::optional<SettingsFile> FindSettingsFile(const std::string& path, std::strin
   return std::nullopt;
 }
 
-void ImportOptions(const SettingsFile& file) {
-  Registry.Refresh();
+void ImportOptions(RegistryStore& store, const SettingsFile& file) {
+  store.Refresh();
   for (const auto& [key, values] : file.Own) {
-    Registry.CreateKey(key);
+    store.CreateKey(key);
     for (const auto& [name, value] : values) {
       // Else what another program stored meanwhile would outlive a value that this one knew already.
-      static_cast<void>(Registry.Query(key, name));
-      Registry.Set(key, name, value);
+      static_cast<void>(store.Query(key, name));
+      store.Set(key, name, value);
       const auto own = OwnNameBeside(name);
-      if (own && !values.contains(*own)) Registry.DeleteValue(key, *own);
+      if (own && !values.contains(*own)) store.DeleteValue(key, *own);
     }
   }
 }

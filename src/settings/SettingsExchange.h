@@ -5,13 +5,13 @@
 #include <stdexcept>
 #include <string>
 
-#include "registry/RegistryTree.h"
+#include "registry/RegistryStore.h"
 
 namespace qel {
 
 // The program's keys of the store, what other programs brought there included, as the text of a file that
 // restores them.
-std::string ExportedOptions();
+std::string ExportedOptions(RegistryStore& store);
 
 // Why the settings in a file cannot be taken; `what()` is one line for the user, in Windows-1252.
 class SettingsFileError : public std::runtime_error {
@@ -36,6 +36,6 @@ SettingsFile ReadSettingsFile(const std::string& content);
 std::optional<SettingsFile> FindSettingsFile(const std::string& path, std::string& why);
 
 // Puts the program's keys and values into the store, which keeps all others. Flush brings them to the disk.
-void ImportOptions(const SettingsFile& file);
+void ImportOptions(RegistryStore& store, const SettingsFile& file);
 
 }  // namespace qel

@@ -1,0 +1,41 @@
+// The log that all reading works on, and what is known of it.
+#pragma once
+
+#include <string>
+
+#include "modemlog/LogFile.h"
+#include "values/Calendar.h"
+#include "values/CheckedInteger.h"
+
+namespace qel {
+
+struct LogFile {
+  std::string CurrentLogFile;
+  std::string CurrentLogDir;  // with a separator at its end
+  std::string CurrentLogPath;
+  bool ArchiveOpen = false;  // it is an archive or other file and not the default modem log
+};
+
+struct LogFindings {
+  bool LogExists = false;
+  bool LogCorrupt = false;  // holds a byte that no text log holds, or a line without a date
+  bool LogTooBig = false;
+  bool LogEmpty = false;
+  bool LogInvalid = false;  // the first or the last entry has no date
+
+  Int32 LogLength;          // bytes; a longer archive counts as 2147483647
+  float LogEntries = 0;     // lines that are not blank; exact up to 16777216
+  Date FirstEntryDate = 0;  // of the first entry that has a date; 0 when none has
+  Date LastEntryDate = 0;   // of the last entry; 0 when it has none
+};
+
+// Those of the running program.
+extern LogFile logFile;
+extern LogFindings findings;
+
+// Makes a file the current one, of whose health nothing is known yet: folder (with a separator at its end)
+// and name, or a whole path.
+void SetCurrentLog(const std::string& folder, const std::string& file);
+void SetCurrentLog(const std::string& path);
+
+}  // namespace qel
