@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/Analyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "makelog/WriteLog.h"
@@ -105,7 +105,7 @@ BENCHMARK(Statistics)->Unit(benchmark::kMillisecond);
 
 void Analysis(benchmark::State& state) {
   const OpenedLog log(4000, 300);
-  for (auto _ : state) Analyse();
+  for (auto _ : state) ProcessNow();
   CountBytes(state);
   CountConnections(state);
 }
@@ -114,7 +114,7 @@ BENCHMARK(Analysis)->Unit(benchmark::kMillisecond);
 template <ReportDocument (*Build)()>
 void Report(benchmark::State& state) {
   const OpenedLog log(32000, 3);
-  Analyse();
+  ProcessNow();
   for (auto _ : state) benchmark::DoNotOptimize(Build());
   CountConnections(state);
 }

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/Analyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
@@ -63,7 +63,7 @@ bool AnalyseAll(int firstDay, int lastDay) {
   fields.SetStarting(format_date(findings.FirstEntryDate + firstDay));
   fields.SetEnding(format_date(findings.LastEntryDate - lastDay));
   if (!checkProcess()) return false;
-  Analyse();
+  ProcessNow();
   return !findings.LogCorrupt;
 }
 

@@ -1,55 +1,18 @@
-#include <cmath>
-#include <optional>
+#include "analysis/Analyse.h"
 
-#include "analysis/ConnectionClose.h"
-#include "analysis/Process.h"
-#include "analysis/QELAnalyse.h"
-#include "analysis/ReportPeriod.h"
+#include <string>
+#include <utility>
+
+#include "analysis/LogPass.h"
 #include "analysis/Warnings.h"
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogStatistics.h"
-#include "platform/Files.h"
-#include "settings/Settings.h"
 
 namespace qel {
 
+AnalysisResult analysis;
+
 namespace {
-
-void MakeArrays() {
-  TraceStep("Service Arrays");
-  Attempt([] { analysis.ServiceTotals.Make(settings.MaxServices); });
-  TraceStep("Connection Arrays");
-  Attempt([] { analysis.Connections.Make(settings.MaxConnections); });
-  TraceStep("Penalty Arrays");
-  Attempt([] { Penalties.Make(settings.MaxServices); });
-  TraceStep("Clr Analysis Vars");
-  ClearAnalysisVars();
-  TraceStep("Clr Analysis Arrays");
-  ClearAnalysisArrays();
-}
-
-bool NextLine(LineReader& log, std::string_view& line) {
-  bool found = false;
-  Attempt([&] { found = log.Next(line); });
-  return found;
-}
-
-void ReadLog() {
-  std::optional<LineReader> log;
-  std::optional<LineClassifier> classifier;
-  const bool opened = Attempt([&] {
-    classifier.emplace();
-    log.emplace(logFile.CurrentLogPath);
-  });
-  if (!opened) return;
-  for (std::string_view line; KeepReading && NextLine(*log, line);) {
-    Process(line, *classifier);
-    if (analysis.ServicesExceeded || analysis.ConnectionsExceeded) KeepReading = false;
-  }
-  Attempt([&log] { log->Close(); });
-}
 
 void TellIncompleteTariffs() {
   MsgBox(
@@ -63,27 +26,37 @@ void TellIncompleteTariffs() {
 
 }  // namespace
 
-void Analyse() {
-  ResetAnalysis();
-  KeepReading = true;
+AnalysisResult Analyse(const Settings& settings, const LogFile& logFile, float entries,
+                       const Period& period) {
+  AnalysisResult result;
+  Pricing pricing(settings, period);
+  Analyse(pricing, logFile, entries, result);
+  return result;
+}
+
+void Analyse(Pricing& pricing, const LogFile& logFile, float entries, AnalysisResult& result) {
   SetTrace("QELAnalyse", "Analyse");
-  MakeArrays();
-  TraceStep("Progress Chunk");
-  CurrentDisplay().ShowProgress(true);
-  ProgressChunk = NextProgress = Int32(std::floor(findings.LogEntries / 10));
-  CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  ReadLog();
-  TraceStep("Finished Processing");
-  if (Connected) CloseAtEndOfLog();
-  CurrentDisplay().ShowProgress(false);
-  Attempt([] {
-    CurrentDisplay().StatusText(" F I N I S H E D !  -  (" + std::to_string(analysis.EntriesProcessed) +
+  LogPass(pricing, logFile, entries, result).Run();
+  Attempt([&] {
+    CurrentDisplay().StatusText(" F I N I S H E D !  -  (" + std::to_string(result.EntriesProcessed) +
                                 " entries processed)");
   });
-  if (analysis.TariffIncomplete) Attempt(TellIncompleteTariffs);
-  CheckWarnings();
+  if (result.TariffIncomplete) Attempt(TellIncompleteTariffs);
+  CheckWarnings(pricing.settings, result);
+}
+
+void ProcessLog(Pricing& pricing, const LogFile& logFile, LogFindings& findings, AnalysisResult& analysis) {
+  ForgetUndatedLine(findings, analysis);
+  analysis = {};
+  Analyse(pricing, logFile, findings.LogEntries, analysis);
+  if (findings.LogCorrupt) analysis.UndatedLineMet = false;  // corrupt without it
+  if (analysis.UndatedLineMet) findings.LogCorrupt = true;
   if (!analysis.ServicesExceeded && !findings.LogCorrupt) CurrentDisplay().ShowReport();
   CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
+void ForgetUndatedLine(LogFindings& findings, AnalysisResult& analysis) {
+  if (std::exchange(analysis.UndatedLineMet, false)) findings.LogCorrupt = false;
 }
 
 }  // namespace qel

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "analysis/QELAnalyse.h"
-#include "analysis/ReportPeriod.h"
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "values/CodePage.h"
@@ -33,10 +31,9 @@ std::string TidyNotes(const std::string& text) {
   return notes + " ";
 }
 
-float GetConnectionSeconds(Int16 index) {
+float GetConnectionSeconds(const Period& period, ConnectionRecord& c) {
   float seconds{};
   IgnoreErrors([&] {
-    ConnectionRecord& c = analysis.Connections[index];
     if (c.StartDate == c.EndDate) {
       seconds = static_cast<float>(SecondsBetween(c.StartTime, c.EndTime));
       return;

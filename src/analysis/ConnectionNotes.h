@@ -3,7 +3,8 @@
 
 #include <string>
 
-#include "values/CheckedInteger.h"
+#include "analysis/AnalysisResult.h"
+#include "analysis/ReportPeriod.h"
 
 namespace qel {
 
@@ -20,9 +21,9 @@ std::string BlocksNote(Int16 blocks, Int16 minutes);  // " - 3B x 15Min -"
 // Notes as they are shown: trimmed, the first "- -" made one dash, no dash at either end, one blank behind.
 std::string TidyNotes(const std::string& text);
 
-// Seconds of connection `index` inside the period. Where the connection sticks out of the period its Notes
-// become " Time prior to midnight" or " Time from midnight"; over a midnight inside the period they become
-// empty. 0 where anything fails.
-float GetConnectionSeconds(Int16 index);
+// Seconds of a connection inside the period. Where it sticks out of the period its Notes become
+// " Time prior to midnight" or " Time from midnight"; over a midnight inside the period they become empty. 0
+// where anything fails.
+float GetConnectionSeconds(const Period& period, ConnectionRecord& connection);
 
 }  // namespace qel

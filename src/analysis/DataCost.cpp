@@ -1,17 +1,13 @@
-#include "analysis/DataCost.h"
-
-#include "analysis/QELAnalyse.h"
-#include "analysis/ServiceCost.h"
+#include "analysis/Pricing.h"
 #include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
-#include "settings/Settings.h"
 
 namespace qel {
 
-double GetDataCost(const std::string& number, double bytes, Date date) {
+double Pricing::GetDataCost(const std::string& number, double bytes, Date date) {
   TraceProcedure("GetDataCost");
   if (bytes == 0) return 0;
-  const Int16 index = GetServiceIndex(number);
+  const Int16 index = GetServiceIndex(settings, number);
   if (index < 0) return bytes / BytesPerMegabyte * settings.CostPerMeg;
   const ServiceRecord& service = settings.Services[index];
   const double allowance = BytesPerMegabyte * service.AfterMeg;

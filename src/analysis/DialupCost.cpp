@@ -1,14 +1,10 @@
-#include "analysis/DialupCost.h"
-
 #include <algorithm>
 #include <cmath>
 
-#include "analysis/QELAnalyse.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Pricing.h"
 #include "analysis/TariffDays.h"
 #include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
-#include "settings/Settings.h"
 
 namespace qel {
 
@@ -22,17 +18,38 @@ constexpr int LastSecondOfDay = SecondsPerDay - 1;
 // How a piece writes its units into the notes.
 enum class UnitNote { Once, AfterDash, Always };
 
+// Cost of `seconds` in one tariff, its charge per call apart. The first piece of a call is spared the
+// tariff's allowance, unless it is charged by units; begun units are paid whole, and `units` tells how many
+// there were.
+double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece, Int16& units) {
+  const bool perMinute = tariff.Unit == "Per Minute";
+  if (perMinute || tariff.Unit == "Per Second") {
+    if (firstPiece) seconds = std::max<Int32>(seconds - tariff.After, 0);
+    return seconds / (perMinute ? 60.0 : 1.0) * tariff.PerMinuteRate;
+  }
+  const Int16 unitLength = tariff.UnitMins * 60 + tariff.UnitSecs;
+  if (unitLength > 0) {
+    units = Int16(std::floor(static_cast<double>(seconds) / unitLength));
+    if (seconds % unitLength != 0) ++units;
+  } else {
+    units = Int16(seconds);
+  }
+  return units * tariff.PerMinuteRate;
+}
+
 // The walk through one call, piece by piece, from its start. All times are seconds of the day.
 class TariffWalk {
  public:
-  TariffWalk(const ServiceRecord& service, Date startDate, Date startTime, Date endDate, Date endTime,
-             Int16 index)
-      : service(service),
+  TariffWalk(const Settings& settings, const Period& period, const ServiceRecord& service, Date startDate,
+             Date startTime, Date endDate, Date endTime, std::string* notes)
+      : settings(settings),
+        period(period),
+        service(service),
         day(startDate),
         second(SecondOfDay(startTime)),
         endDay(endDate),
         endSecond(SecondOfDay(endTime)),
-        told(index > 0 ? &analysis.Connections[index].Notes : nullptr) {}
+        told(notes) {}
 
   double Cost() {
     if (service.UsedTariffs < 1) return 0;  // nothing that could end the walk
@@ -58,7 +75,7 @@ class TariffWalk {
   }
 
   Outcome Try(const TariffRecord& tariff) {
-    if (!DayMatches(day, tariff.AppliesDays)) return Outcome::Miss;
+    if (!DayMatches(settings, day, tariff.AppliesDays)) return Outcome::Miss;
     if (SecondOfDay(tariff.AppliesTimeStart) > second) return Outcome::CheckEnd;
     const bool withinOneDay = endDay <= period.PeriodEnd && day >= period.PeriodStart && endDay == day;
     return withinOneDay ? TryWithinOneDay(tariff) : TryAcrossDays(tariff);
@@ -129,6 +146,8 @@ class TariffWalk {
     if (second == 0) day += 1;
   }
 
+  const Settings& settings;
+  const Period& period;
   const ServiceRecord& service;
   Date day;
   int second;
@@ -147,36 +166,19 @@ class TariffWalk {
 
 }  // namespace
 
-double GetDialupCost(const std::string& number, Date startDate, Date startTime, Date endDate, Date endTime,
-                     Int16 index) {
+double Pricing::GetDialupCost(const std::string& number, Date startDate, Date startTime, Date endDate,
+                              Date endTime, std::string* notes) const {
   TraceProcedure("GetDialupCost");
-  const Int16 found = GetServiceIndex(number);
-  if (found < 0) return settings.DialCost;
-  const ServiceRecord& service = settings.Services[found];
-  switch (service.DialOption) {
+  const ServiceRecord* service = ServiceOf(number);
+  if (!service) return settings.DialCost;
+  switch (service->DialOption) {
     case FixedCharge:
-      return service.DialFixedTariff;
+      return service->DialFixedTariff;
     case TariffCharge:
-      return TariffWalk(service, startDate, startTime, endDate, endTime, index).Cost();
+      return TariffWalk(settings, period, *service, startDate, startTime, endDate, endTime, notes).Cost();
     default:
       return 0;
   }
-}
-
-double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece, Int16& units) {
-  const bool perMinute = tariff.Unit == "Per Minute";
-  if (perMinute || tariff.Unit == "Per Second") {
-    if (firstPiece) seconds = std::max<Int32>(seconds - tariff.After, 0);
-    return seconds / (perMinute ? 60.0 : 1.0) * tariff.PerMinuteRate;
-  }
-  const Int16 unitLength = tariff.UnitMins * 60 + tariff.UnitSecs;
-  if (unitLength > 0) {
-    units = Int16(std::floor(static_cast<double>(seconds) / unitLength));
-    if (seconds % unitLength != 0) ++units;
-  } else {
-    units = Int16(seconds);
-  }
-  return units * tariff.PerMinuteRate;
 }
 
 }  // namespace qel

@@ -1,10 +1,7 @@
-#include "analysis/FreeTime.h"
-
 #include <algorithm>
 
+#include "analysis/Pricing.h"
 #include "core/ErrorHandler.h"
-#include "modemlog/DialledNumber.h"
-#include "settings/Settings.h"
 
 namespace qel {
 
@@ -36,13 +33,12 @@ int FreeSecondsOf(Span free, Span call) {
 
 }  // namespace
 
-Int32 GetFreeSeconds(const std::string& number, Date start, Date stop) {
+Int32 Pricing::GetFreeSeconds(const std::string& number, Date start, Date stop) const {
   Int32 seconds;
   IgnoreErrors([&] {
-    const Int16 index = GetServiceIndex(number);
-    if (index < 0 || !settings.Services[index].FreePeriod) return;
-    const Span free{SecondOfDay(settings.Services[index].FreeStart),
-                    SecondOfDay(settings.Services[index].FreeEnd)};
+    const ServiceRecord* service = ServiceOf(number);
+    if (!service || !service->FreePeriod) return;
+    const Span free{SecondOfDay(service->FreeStart), SecondOfDay(service->FreeEnd)};
     seconds = FreeSecondsOf(free, {SecondOfDay(start), SecondOfDay(stop)});
   });
   return seconds;

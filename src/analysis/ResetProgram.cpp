@@ -1,6 +1,6 @@
 #include "analysis/ResetProgram.h"
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/AnalysisResult.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogMessages.h"
@@ -18,7 +18,7 @@ void ResetProgram() {
   ResetLogMessages();
   period = {};
   StartingChanged = EndingChanged = false;
-  ResetAnalysis();
+  analysis = {};
 }
 
 }  // namespace qel

@@ -1,13 +1,9 @@
-#include "analysis/ServiceCost.h"
-
 #include <algorithm>
 #include <cmath>
 
-#include "analysis/QELAnalyse.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Pricing.h"
 #include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
-#include "settings/Settings.h"
 
 namespace qel {
 
@@ -15,7 +11,21 @@ namespace {
 
 enum ServiceOption { FlatRate = 1, FlexibleRate = 2 };
 
-double FlexibleCost(Int16 index, Int32 seconds, Date date) {
+double SecondsToHours(float seconds) { return seconds / 3600.0; }
+
+}  // namespace
+
+void UsageTable::Make(Int16 lastService) {
+  byService.Make(lastService);
+  for (int i = 0; i <= lastService; ++i) byService[i].Make(LastPeriod);
+}
+
+const ServiceRecord* Pricing::ServiceOf(const std::string& number) const {
+  const Int16 index = GetServiceIndex(settings, number);
+  return index < 0 ? nullptr : &settings.Services[index];
+}
+
+double Pricing::FlexibleCost(Int16 index, Int32 seconds, Date date) {
   const ServiceRecord& service = settings.Services[index];
   const Int32 limit = Int32(service.UpToHours) * 3600;
   const Int16 number = GetPeriodNumber(std::max(date, period.PeriodStart), service.PenaltyPeriod);
@@ -27,13 +37,9 @@ double FlexibleCost(Int16 index, Int32 seconds, Date date) {
   return service.FlexRate2 * SecondsToHours(static_cast<float>(seconds - within)) + normal;
 }
 
-}  // namespace
-
-double SecondsToHours(float seconds) { return seconds / 3600.0; }
-
-double GetServiceCost(const std::string& number, Int32 seconds, Date date) {
+double Pricing::GetServiceCost(const std::string& number, Int32 seconds, Date date) {
   TraceProcedure("GetServiceCost");
-  const Int16 index = GetServiceIndex(number);
+  const Int16 index = GetServiceIndex(settings, number);
   const double hours = SecondsToHours(static_cast<float>(seconds));
   if (index < 0) return settings.CostPerHour * hours;
   switch (settings.Services[index].ServiceOption) {
@@ -46,7 +52,7 @@ double GetServiceCost(const std::string& number, Int32 seconds, Date date) {
   }
 }
 
-Int16 GetPeriodNumber(Date date, const std::string& periodName) {
+Int16 Pricing::GetPeriodNumber(Date date, const std::string& periodName) const {
   const double days = DaysBetween(period.PeriodStart, date);
   double number = 0;
   if (periodName == "Month") {
@@ -60,15 +66,14 @@ Int16 GetPeriodNumber(Date date, const std::string& periodName) {
   return number < 1 ? Int16(0) : Int16(number);
 }
 
-double ApplyMaxCharge(double cost, const std::string& number) {
-  const Int16 index = GetServiceIndex(number);
-  const double most = index < 0 ? 0 : settings.Services[index].MaxCharge;
-  return most > 0 ? std::min(cost, most) : cost;
+double Pricing::ApplyMaxCharge(double cost, const std::string& number) const {
+  const ServiceRecord* service = ServiceOf(number);
+  return service && service->MaxCharge > 0 ? std::min(cost, service->MaxCharge) : cost;
 }
 
-Int16 ServiceBlockMinutes(const std::string& number) {
-  const Int16 index = GetServiceIndex(number);
-  return index < 0 ? Int16(0) : settings.Services[index].Block;
+Int16 Pricing::ServiceBlockMinutes(const std::string& number) const {
+  const ServiceRecord* service = ServiceOf(number);
+  return service ? service->Block : Int16(0);
 }
 
 Int16 GetBlockCount(Int16 minutes, Int32 seconds) {

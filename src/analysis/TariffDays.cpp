@@ -60,8 +60,8 @@ Span SpanOf(std::string_view days) {
 
 }  // namespace
 
-bool DayMatches(Date date, const std::string& appliesDays) {
-  if (appliesDays == "Holidays") return IsHoliday(date);
+bool DayMatches(const Settings& settings, Date date, const std::string& appliesDays) {
+  if (appliesDays == "Holidays") return IsHoliday(settings, date);
   if (appliesDays == "Everyday") return true;
   const int day = Weekday(date);
   return DayIndex(appliesDays) == day || SpanOf(appliesDays).Holds(day);
@@ -72,7 +72,7 @@ Int16 GetDayIndex(const std::string& shortName) {
   return position < NoDay ? position : PositionIn(English.ShortDays, shortName);
 }
 
-bool IsHoliday(Date date) {
+bool IsHoliday(const Settings& settings, Date date) {
   for (int i = 0; i < settings.UsedHolidays; ++i)
     if (settings.Holidays[i] == date) return true;
   return false;

@@ -10,16 +10,18 @@
 
 namespace qel {
 
+struct Settings;
+
 // Whether a tariff's days hold on a date. A tariff for one long day name may hold on the later days of the
 // week up to Sunday as well, where the first three letters of the name are its short form, as in English; a
 // range that wraps over Sunday never holds.
-bool DayMatches(Date date, const std::string& appliesDays);
+bool DayMatches(const Settings& settings, Date date, const std::string& appliesDays);
 
 // 1 to 7, the position of a short day name of the user's language, or else of English, Monday being 1; 8 when
 // it is none. Blanks around it are passed over.
 Int16 GetDayIndex(const std::string& shortName);
 
-bool IsHoliday(Date date);
+bool IsHoliday(const Settings& settings, Date date);
 
 // A range of days in the words of the user's language; any other text as it stands.
 std::string DaysInUsersWords(const std::string& appliesDays);

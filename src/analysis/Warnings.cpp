@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"
@@ -54,12 +53,12 @@ void ShowWarnings(const std::vector<WarningEntry>& list) {
   MsgBox({text, "User Defined Warnings", Icon::Information});
 }
 
-void CheckAll() {
+void CheckAll(const Settings& settings, const AnalysisResult& result) {
   std::vector<WarningEntry> list;
   bool play = false, display = false;
   for (int i = 1; i <= settings.MaxServices; ++i) {
-    const ServiceTotal& slot = analysis.ServiceTotals[i];
-    const Int16 index = GetServiceIndex(slot.Number);
+    const ServiceTotal& slot = result.ServiceTotals[i];
+    const Int16 index = GetServiceIndex(settings, slot.Number);
     if (index < 0 || !settings.Services[index].ShowWarnings) continue;
     const ServiceRecord& service = settings.Services[index];
     const auto text = ExceededBy(slot, service);
@@ -77,6 +76,8 @@ void CheckAll() {
 
 }  // namespace
 
-void CheckWarnings() { IgnoreErrors(CheckAll); }
+void CheckWarnings(const Settings& settings, const AnalysisResult& result) {
+  IgnoreErrors([&] { CheckAll(settings, result); });
+}
 
 }  // namespace qel

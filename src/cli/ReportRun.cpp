@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <optional>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/Analyse.h"
 #include "analysis/ReportPeriod.h"
 #include "analysis/ResetProgram.h"
 #include "analysis/TariffDays.h"
@@ -119,7 +119,8 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
     return WriteOut(StatisticsOutput(arguments.format), arguments.output) ? WholeReport : NoReport;
   if (!ChoosePeriod(arguments)) return NoReport;
   TellUnknownDays();
-  Analyse();
+  Pricing pricing(settings, period);
+  ProcessLog(pricing, logFile, findings, analysis);
   if (findings.LogCorrupt)
     Complain(ShownPath(logFile.CurrentLogPath) + ": entry " + std::to_string(analysis.EntriesProcessed + 1) +
              " has no date; the log is damaged and must be repaired first");

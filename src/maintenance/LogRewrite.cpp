@@ -8,6 +8,7 @@
 #include "modemlog/LogLine.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/FileLock.h"
+#include "settings/Settings.h"
 #include "values/CheckedInteger.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
@@ -100,7 +101,7 @@ void DoOptimize() {
   const Tool optimize{OptimizedName,         logFile.ArchiveOpen ? ArchiveSafetyCopyName : SafetyCopyName,
                       "Optimizing",          "Finished Optimizing Modem Log File!",
                       "Optimization Failed", "QEL was unable to optimize your modem log file!"};
-  const LineClassifier classifier;
+  const LineClassifier classifier(settings);
   Rewrite(optimize, [&classifier](std::string_view line) -> std::optional<std::string> {
     const unsigned classes = classifier.ClassesOf(line);
     if (line.empty() || classes == NoClass) return std::nullopt;

@@ -8,7 +8,7 @@ namespace qel {
 namespace {
 
 // Of the first service with this number or alternate number, or -1.
-Int16 IndexOf(std::string_view number) {
+Int16 IndexOf(const Settings& settings, std::string_view number) {
   for (Int16 i = 0; i < settings.UsedServices; ++i)
     if (number == settings.Services[i].ServiceNumber || number == settings.Services[i].ServiceAltNumber)
       return i;
@@ -17,7 +17,7 @@ Int16 IndexOf(std::string_view number) {
 
 }  // namespace
 
-std::string CutDialledNumber(std::string_view line) {
+std::string CutDialledNumber(const Settings& settings, std::string_view line) {
   const auto marker = line.find(settings.ModemDial);
   if (marker == std::string_view::npos) return "";
   const std::size_t start = marker + settings.ModemDial.size() + 1;
@@ -30,15 +30,17 @@ bool IsValidNumber(const std::string& text) {
   return UpperCase(text).find_first_not_of("PLTW1234567890,!^()#*-") == std::string::npos;
 }
 
-Int16 GetServiceIndex(const std::string& number) { return IndexOf(Trim(number)); }
+Int16 GetServiceIndex(const Settings& settings, const std::string& number) {
+  return IndexOf(settings, Trim(number));
+}
 
-std::string GetServiceName(const std::string& number) {
-  const Int16 index = GetServiceIndex(number);
+std::string GetServiceName(const Settings& settings, const std::string& number) {
+  const Int16 index = GetServiceIndex(settings, number);
   return index < 0 ? number : std::string(Trim(settings.Services[index].ServiceName));
 }
 
-std::string GetAltNumber(const std::string& number) {
-  const Int16 index = IndexOf(number);
+std::string GetAltNumber(const Settings& settings, const std::string& number) {
+  const Int16 index = IndexOf(settings, number);
   if (index < 0) return "";
   const ServiceRecord& service = settings.Services[index];
   return number == service.ServiceNumber ? service.ServiceAltNumber : service.ServiceNumber;

@@ -29,7 +29,7 @@ std::string SpellingsOf(char capital) {
 
 }  // namespace
 
-LineClassifier::LineClassifier()
+LineClassifier::LineClassifier(const Settings& settings)
     : LineClassifier({settings.ModemDial, settings.ModemAnswer, settings.ModemConnect,
                       settings.ModemUserDisconnect, settings.ModemHostDisconnect, settings.ModemReads,
                       settings.ModemWrites}) {}

@@ -8,6 +8,8 @@
 
 namespace qel {
 
+struct Settings;
+
 // A line can be of several classes at once; the order in which they count is the analysis's.
 enum LineClass : unsigned {
   NoClass = 0,
@@ -29,7 +31,7 @@ enum LineClass : unsigned {
 class LineClassifier {
  public:
   // By the response strings of the settings.
-  LineClassifier();
+  explicit LineClassifier(const Settings& settings);
   explicit LineClassifier(const std::array<std::string, 7>& responses);
 
   // A set of LineClass.

@@ -4,9 +4,7 @@
 #include <utility>
 
 #include "analysis/ConnectionNotes.h"
-#include "analysis/DataCost.h"
-#include "analysis/DialupCost.h"
-#include "analysis/ServiceCost.h"
+#include "analysis/Pricing.h"
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "settings/Settings.h"
@@ -21,8 +19,8 @@ bool NotesTellError(const ConnectionRecord& connection) {
 }
 
 // Counts the blocks of the line and gives the seconds to pay.
-Int32 BillableSeconds(DetailLine& line) {
-  line.BlockMinutes = ServiceBlockMinutes(line.Connection.Number);
+Int32 BillableSeconds(const Pricing& pricing, DetailLine& line) {
+  line.BlockMinutes = pricing.ServiceBlockMinutes(line.Connection.Number);
   if (line.BlockMinutes <= 0) return line.Seconds;
   line.Blocks = GetBlockCount(line.BlockMinutes, line.Seconds);
   return line.Blocks * (line.BlockMinutes * 60);
@@ -38,18 +36,18 @@ void MergeNotes(ConnectionRecord& connection, const std::string& kept) {
   connection.Notes = TidyNotes(connection.Notes);
 }
 
-// Leaves the three costs in the analysis's variables, where those of the last priced connection stay. A cost
-// that fails is 0.
-void Price(const ConnectionRecord& c, Int16 index, Int32 billable) {
-  DialCostNow = ServiceCostNow = DataCostNow = 0;
+// The three costs stay until the next connection is priced. A cost that fails is 0.
+void Price(Pricing& pricing, ConnectionRecord& c, Int32 billable, CallCosts& costs) {
+  costs = {};
   Attempt([&] {
-    DialCostNow = std::fabs(GetDialupCost(c.Number, c.StartDate, c.StartTime, c.EndDate, c.EndTime, index));
+    costs.DialCostNow =
+        std::fabs(pricing.GetDialupCost(c.Number, c.StartDate, c.StartTime, c.EndDate, c.EndTime, &c.Notes));
   });
   Attempt([&] {
-    ServiceCostNow =
-        ApplyMaxCharge(GetServiceCost(c.Number, billable - c.FreeSeconds, c.StartDate), c.Number);
+    costs.ServiceCostNow = pricing.ApplyMaxCharge(
+        pricing.GetServiceCost(c.Number, billable - c.FreeSeconds, c.StartDate), c.Number);
   });
-  Attempt([&] { DataCostNow = GetDataCost(c.Number, c.BytesRead, c.StartDate); });
+  Attempt([&] { costs.DataCostNow = pricing.GetDataCost(c.Number, c.BytesRead, c.StartDate); });
 }
 
 // Puts a value back to what it was, at the end of a scope.
@@ -75,32 +73,34 @@ void TellProgress(int percent) {
 
 // What is wrapped in attempts of its own comes last: what fails before it can be run again from the
 // beginning.
-void VisitConnection(Int16 index, const DetailVisit& visit) {
+void VisitConnection(Pricing& pricing, Int16 index, const DetailVisit& visit) {
   ConnectionRecord& connection = analysis.Connections[index];
   if (IsPassedOver(connection)) return;
   const bool hasError = NotesTellError(connection);
   const Kept notes(connection.Notes);
-  DetailLine line{connection, index, hasError, Int32(GetConnectionSeconds(index)), 0, 0, 0, 0};
+  DetailLine line{connection, index, hasError, Int32(GetConnectionSeconds(period, connection)), 0, 0, 0, 0};
   Int32 billable = line.Seconds;
-  Attempt([&] { billable = BillableSeconds(line); });
+  Attempt([&] { billable = BillableSeconds(pricing, line); });
   MergeNotes(connection, notes.Before());
   if (settings.CalcCosts) {
+    const CallCosts& costs = analysis.LastCosts;
     if (!connection.Answered) {
-      Price(connection, index, billable);
-      line.ConnectionCost = DialCostNow + ServiceCostNow + DataCostNow;
+      Price(pricing, connection, billable, analysis.LastCosts);
+      line.ConnectionCost = costs.DialCostNow + costs.ServiceCostNow + costs.DataCostNow;
     }
-    line.DialCost = DialCostNow;
-    line.ServiceCost = ServiceCostNow;
-    line.DataCost = DataCostNow;
+    line.DialCost = costs.DialCostNow;
+    line.ServiceCost = costs.ServiceCostNow;
+    line.DataCost = costs.DataCostNow;
   }
   Attempt([&] { visit(line); });
 }
 
-void ForEach(const std::function<void(Int16 index)>& visitOne) {
-  Attempt([] { Penalties.Make(settings.MaxServices); });
+void ForEach(const std::function<void(Pricing& pricing, Int16 index)>& visitOne) {
+  Pricing pricing(settings, period);
+  Attempt([&] { pricing.Begin(); });
   int shown = 0;
   for (int i = 1; i <= analysis.ConnectionCount; ++i) {
-    Attempt([&] { visitOne(Int16(i)); });
+    Attempt([&] { visitOne(pricing, Int16(i)); });
     if (const int percent = 100 * i / int{analysis.ConnectionCount}; percent > shown)
       TellProgress(shown = percent);
   }
@@ -122,17 +122,17 @@ bool IsPassedOver(const ConnectionRecord& connection) {
 }
 
 void ForEachDetailLine(const DetailVisit& visit) {
-  ForEach([&](Int16 index) { VisitConnection(index, visit); });
+  ForEach([&](Pricing& pricing, Int16 index) { VisitConnection(pricing, index, visit); });
 }
 
 void ForEachConnection(const DetailVisit& visit) {
-  const Kept dial(DialCostNow), service(ServiceCostNow), data(DataCostNow);
-  ForEach([&](Int16 index) {
+  const Kept costs(analysis.LastCosts);
+  ForEach([&](Pricing& pricing, Int16 index) {
     ConnectionRecord& connection = analysis.Connections[index];
     if (connection.StartDate == 0) return;  // dialled, and no more
     const Kept record(connection);
     ForgetEarlierUser(connection);
-    VisitConnection(index, [&](DetailLine line) {
+    VisitConnection(pricing, index, [&](DetailLine line) {
       if (connection.Answered) line.DialCost = line.ServiceCost = line.DataCost = 0;
       visit(line);
     });

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/AnalysisResult.h"
 
 namespace qel {
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
-#include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
@@ -47,7 +47,7 @@ struct Stamp {
 // What text and grid both show of a connection.
 struct LineTexts {
   explicit LineTexts(const DetailLine& line)
-      : Service(GetServiceName(line.Connection.Number)),
+      : Service(GetServiceName(settings, line.Connection.Number)),
         Start(line.Connection.StartDate, line.Connection.StartTime),
         End(line.Connection.EndDate, line.Connection.EndTime),
         Duration(FormatTime(static_cast<float>(line.Seconds), false)),
@@ -207,7 +207,7 @@ ReportDocument DisplayDetailReport() {
   SetTrace("QELAnalyse", "DisplayDetailReport");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   ReportDocument document = DetailBuilder().Build();
-  DetailBuilt = true;
+  analysis.DetailBuilt = true;
   CurrentHost().SetMousePointer(MousePointer::Default);
   return document;
 }

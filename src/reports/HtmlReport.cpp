@@ -1,7 +1,7 @@
 #include "reports/HtmlReport.h"
 
+#include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
-#include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
@@ -130,8 +130,8 @@ class ConnectionTable {
   void Add(const DetailLine& line) {
     const ConnectionRecord& c = line.Connection;
     const double costs[] = {line.DialCost, line.ServiceCost, line.DataCost, line.ConnectionCost};
-    Cells cells = {std::to_string(line.Index), GetServiceName(c.Number), Moment(c.StartDate, c.StartTime),
-                   Moment(c.EndDate, c.EndTime), TimeText(line.Seconds)};
+    Cells cells = {std::to_string(line.Index), GetServiceName(settings, c.Number),
+                   Moment(c.StartDate, c.StartTime), Moment(c.EndDate, c.EndTime), TimeText(line.Seconds)};
     AddCosts(cells, costs);
     cells.emplace_back(Trim(TidyNotes(c.Notes)));
     table.AddRow(cells);

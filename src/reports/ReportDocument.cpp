@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/AnalysisResult.h"
 #include "analysis/ReportPeriod.h"
 #include "settings/Settings.h"
 #include "values/FormatMask.h"

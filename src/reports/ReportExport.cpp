@@ -4,8 +4,8 @@
 #include <variant>
 #include <vector>
 
+#include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
-#include "analysis/QELAnalyse.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
@@ -186,7 +186,7 @@ Record DetailRecord(const DetailLine& line) {
   return {{"start", IsoMoment(c.StartDate, c.StartTime)},
           {"end", IsoMoment(c.EndDate, c.EndTime)},
           {"number", ToCleanUtf8(c.Number)},
-          {"service", ToCleanUtf8(GetServiceName(c.Number))},
+          {"service", ToCleanUtf8(GetServiceName(settings, c.Number))},
           {"seconds", long{line.Seconds}},
           {"bytes_read", long{c.BytesRead}},
           {"bytes_written", long{c.BytesWritten}},

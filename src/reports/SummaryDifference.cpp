@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/AnalysisResult.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ShownDates.h"
 #include "core/ShownMoney.h"
@@ -61,7 +61,7 @@ Comparison& Comparisons::Of(const std::string& number) {
     if (service.Summary.Key == key) return service;
   Comparison made;
   made.Summary.Key = key;
-  for (const auto& name : {GetServiceName(number), key.Number, number, std::string("(no number)")})
+  for (const auto& name : {GetServiceName(settings, number), key.Number, number, std::string("(no number)")})
     if (made.Name().empty()) made.Summary.Service = name;
   services.push_back(made);
   return services.back();

@@ -1,8 +1,8 @@
 #include "reports/SummaryReport.h"
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/AnalysisResult.h"
+#include "analysis/Pricing.h"
 #include "analysis/ReportPeriod.h"
-#include "analysis/ServiceCost.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
@@ -142,7 +142,7 @@ void SummaryBuilder::SetTimes(const ServiceTotal& total, ReportRow& row) const {
 // The cell of blocks or data; gives what the grid shows.
 std::string SummaryBuilder::TakeUse(const ServiceTotal& total) {
   if (analysis.ShowBlocks) {
-    const Int16 minutes = total.Blocks * ServiceBlockMinutes(total.Number);
+    const Int16 minutes = total.Blocks * Pricing(settings, period).ServiceBlockMinutes(total.Number);
     std::string value = BlocksText(total.Blocks, minutes);
     Attempt([&] { totalBlocks += total.Blocks; });
     totalBlockMinutes += minutes;
@@ -176,7 +176,7 @@ void SummaryBuilder::AddSlot(const ServiceTotal& total) {
   ReportRow row;
   const bool begun = Attempt([&] {
     row.SubItems.resize(total.Seconds <= 0 ? SessionsColumn : settings.CalcCosts ? CostColumn : UseColumn);
-    row.SetSubItem(ServiceColumn, GetServiceName(total.Number));
+    row.SetSubItem(ServiceColumn, GetServiceName(settings, total.Number));
     row.SetSubItem(TimeColumn, WholeTime(static_cast<float>(total.Seconds)));
     row.SetSubItem(SessionsColumn, std::to_string(total.Connections));
   });
@@ -250,7 +250,7 @@ ReportDocument DisplaySummaryReport() {
   SetTrace("QELAnalyse", "DisplaySummaryReport");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   ReportDocument document = SummaryBuilder().Build();
-  SummaryBuilt = true;
+  analysis.SummaryBuilt = true;
   CurrentHost().SetMousePointer(MousePointer::Default);
   return document;
 }

@@ -1,7 +1,7 @@
 // The Summary report: one row for each number that the analysis met, in the order in which it met them.
 #pragma once
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/AnalysisResult.h"
 #include "reports/ReportDocument.h"
 
 namespace qel {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "modemlog/DialledNumber.h"
+#include "settings/Settings.h"
 #include "values/CodePage.h"
 
 namespace qel {
@@ -16,7 +17,7 @@ ServiceUse UseOf(const DetailLine& line) {
   ServiceUse use;
   use.Key = KeyOf(c.Number);
   use.Number = use.Key.Index < 0 ? use.Key.Number : c.Number;
-  use.Service = GetServiceName(use.Number);
+  use.Service = GetServiceName(settings, use.Number);
   use.Sessions = 1;
   use.Seconds = line.Seconds;
   use.BytesRead = c.BytesRead;
@@ -35,7 +36,7 @@ ServiceUse UseOf(const DetailLine& line) {
 ServiceKey KeyOf(const std::string& number) {
   if (number == AnsweredNumber || number == AnsweredGroup) return {-1, AnsweredGroup};
   if (number == UndialledNumber || number == UnknownGroup) return {-1, UnknownGroup};
-  const Int16 index = GetServiceIndex(number);
+  const Int16 index = GetServiceIndex(settings, number);
   return {index, index < 0 ? std::string(Trim(number)) : ""};
 }
 

@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <utility>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/Analyse.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
@@ -214,10 +214,11 @@ void frmMain::mnuDefaultDate_Click() {
 void frmMain::btnProcess_Click() {
   SetTrace("frmMain", "btnProcess_Click");
   btnProcess.Enabled = false;
-  ForgetUndatedLine();
+  ForgetUndatedLine(findings, analysis);
   TellCorrupt();
   const bool knownCorrupt = findings.LogCorrupt;
-  Analyse();
+  Pricing pricing(settings, period);
+  ProcessLog(pricing, logFile, findings, analysis);
   // An entry without a date ends the analysis without a report; that must not pass in silence.
   if (findings.LogCorrupt && !knownCorrupt) {
     TellCorrupt();

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/AnalysisResult.h"
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "reports/DetailReport.h"

@@ -42,7 +42,7 @@ void AddScannedService(const std::string& number) {
 std::optional<std::string> UnknownNumber(std::string_view logLine) {
   const std::string line = UpperCase(logLine);
   if (line.find(settings.ModemDial) == std::string::npos) return std::nullopt;
-  std::string number = CutDialledNumber(line);
+  std::string number = CutDialledNumber(settings, line);
   if (number.find_first_not_of("1234567890,") != std::string::npos) return std::nullopt;
   for (int i = 0; i < settings.UsedServices; ++i)
     if (HasNumber(settings.Services[i], number)) return std::nullopt;

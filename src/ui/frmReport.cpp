@@ -3,7 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/AnalysisResult.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
@@ -79,7 +79,7 @@ void frmReport::Toolbar1_ButtonClick(const std::string& key) {
 void frmReport::Form_Load() {
   SetTrace("frmReport", "Form_Load");
   Toolbar1.Flat = settings.FlatToolbars;
-  SummaryBuilt = DetailBuilt = false;
+  analysis.SummaryBuilt = analysis.DetailBuilt = false;
   mnuSaveSettings.Checked = windowSettings.SaveReportSettings;
   mnuAutoArrange.Checked = AutoArrangeOn = windowSettings.ReportAutoArrange;
   mnuSummary.Checked = settings.UserReportPref == 0;
@@ -93,12 +93,13 @@ void frmReport::Form_Activate() {
   Toolbar1.Visible = settings.ShowToolbars;
   Form_Resize();
   // Only a fresh analysis is one of the current log: another one may have been opened since.
-  const bool fresh = content != Content::File && !SummaryBuilt && !DetailBuilt && !AnalysisUnderWay;
+  const bool fresh =
+      content != Content::File && !analysis.SummaryBuilt && !analysis.DetailBuilt && !AnalysisUnderWay;
   if (fresh) fileName = logFile.CurrentLogFile;
   Caption = CaptionOf(fileName);
   if (content == Content::File || AnalysisUnderWay || building) return;
-  if (mnuDetails.Checked && !DetailBuilt) mnuDetails_Click();
-  if (mnuSummary.Checked && !SummaryBuilt) mnuSummary_Click();
+  if (mnuDetails.Checked && !analysis.DetailBuilt) mnuDetails_Click();
+  if (mnuSummary.Checked && !analysis.SummaryBuilt) mnuSummary_Click();
 }
 
 bool frmReport::Form_Unload() {

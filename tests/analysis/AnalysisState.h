@@ -5,8 +5,8 @@
 #include <map>
 #include <sstream>
 
+#include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
-#include "analysis/QELAnalyse.h"
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogFile.h"
@@ -18,23 +18,23 @@ namespace qel {
 class State {
  public:
   // As it is now. "Shown" are the seconds and notes that the details report makes of a connection.
-  State() {
+  explicit State(Pricing& pricing) {
     for (int i = 0; i <= analysis.Connections.Last(); ++i)
-      Tell("Connections[" + std::to_string(i) + "]", Int16(i));
+      Tell("Connections[" + std::to_string(i) + "]", analysis.Connections[i]);
     for (int i = 0; i <= analysis.ServiceTotals.Last(); ++i)
       Tell("Slots[" + std::to_string(i) + "]", analysis.ServiceTotals[i]);
     for (int service = 0; service < settings.UsedServices; ++service)
-      for (int period = 0; period <= UsageTable::LastPeriod; ++period) TellUse(service, period);
+      for (int number = 0; number <= UsageTable::LastPeriod; ++number)
+        TellUse(pricing.Penalties, service, number);
+    const CallCosts& costs = analysis.LastCosts;
     Field("Analysis")("EntriesProcessed", analysis.EntriesProcessed)(
         "ConnectionCount", analysis.ConnectionCount)("TotalsCount", analysis.TotalsCount)(
-        "Connected", Connected)("ServicesExceeded", analysis.ServicesExceeded)(
-        "ConnectionsExceeded", analysis.ConnectionsExceeded)("LogErrorsFound", analysis.LogErrorsFound)(
-        "TariffIncomplete", analysis.TariffIncomplete)("ShowBlocks", analysis.ShowBlocks)(
-        "LogCorrupt", findings.LogCorrupt)("SummaryBuilt", SummaryBuilt)("DetailBuilt", DetailBuilt)(
-        "DialCostNow", DialCostNow)("ServiceCostNow", ServiceCostNow)("DataCostNow", DataCostNow)(
-        "LastService", LastService)("AnsweredPending", AnsweredPending)("CurrentService", CurrentService)(
-        "ConnectSeconds", ConnectSeconds)("BlockMinutes", BlockMinutes)("BlockCount", BlockCount)(
-        "Connect", Stamp(ConnectDate, ConnectTime))("Disconnect", Stamp(DisconnectDate, DisconnectTime));
+        "ServicesExceeded", analysis.ServicesExceeded)("ConnectionsExceeded", analysis.ConnectionsExceeded)(
+        "LogErrorsFound", analysis.LogErrorsFound)("TariffIncomplete", analysis.TariffIncomplete)(
+        "ShowBlocks", analysis.ShowBlocks)("LogCorrupt", findings.LogCorrupt)(
+        "SummaryBuilt", analysis.SummaryBuilt)("DetailBuilt", analysis.DetailBuilt)(
+        "DialCostNow", costs.DialCostNow)("ServiceCostNow", costs.ServiceCostNow)("DataCostNow",
+                                                                                  costs.DataCostNow);
   }
 
   bool operator==(const State&) const = default;
@@ -89,20 +89,17 @@ class State {
     return date == 0 && time == 0 ? "" : FormatDate(date, "d ") + FormatDate(time, "hh:nn:ss");
   }
 
-  static std::string Shown(const ConnectionRecord& c, Int16 index) {
+  static std::string Shown(ConnectionRecord c) {
     if (c.StartDate == 0) return "";
-    const int seconds = static_cast<int>(GetConnectionSeconds(index));
+    const int seconds = static_cast<int>(GetConnectionSeconds(period, c));
     return std::to_string(seconds) + "s " + TidyNotes(c.Notes) + "|";
   }
 
-  void Tell(const std::string& record, Int16 index) {
-    ConnectionRecord& c = analysis.Connections[index];
-    const std::string notes = c.Notes;
+  void Tell(const std::string& record, const ConnectionRecord& c) {
     Field(record)("Start", Stamp(c.StartDate, c.StartTime))("End", Stamp(c.EndDate, c.EndTime))(
         "Number", c.Number)("Answered", c.Answered)("BytesRead", c.BytesRead)("BytesWritten", c.BytesWritten)(
-        "FreeSeconds", c.FreeSeconds)("Slot", c.Slot)("SlotNumber", c.SlotNumber)("Notes", notes)(
-        "Shown", Shown(c, index));
-    c.Notes = notes;
+        "FreeSeconds", c.FreeSeconds)("Slot", c.Slot)("SlotNumber", c.SlotNumber)("Notes", c.Notes)("Shown",
+                                                                                                    Shown(c));
   }
 
   void Tell(const std::string& record, const ServiceTotal& s) {
@@ -112,10 +109,10 @@ class State {
                                                                                     s.FreeSeconds);
   }
 
-  void TellUse(int service, int period) {
+  void TellUse(UsageTable& penalties, int service, int number) {
     PeriodUsage used;
-    IgnoreErrors([&] { used = Penalties.At(service, period); });
-    Field("Used[" + std::to_string(service) + "][" + std::to_string(period) + "]")("Seconds", used.Seconds)(
+    IgnoreErrors([&] { used = penalties.At(service, number); });
+    Field("Used[" + std::to_string(service) + "][" + std::to_string(number) + "]")("Seconds", used.Seconds)(
         "Bytes", used.Bytes);
   }
 

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <sstream>
 
+#include "analysis/Analyse.h"
 #include "analysis/AnalysisState.h"
 #include "journeys/Script.h"
 #include "platform/DateConversion.h"
@@ -53,7 +55,12 @@ class AnalysisTest : public FreshProgram {
 
   void Run(const std::string& log) {
     OpenLog(log);
-    Analyse();
+    Process();
+  }
+
+  void Process() {
+    pricing.emplace(settings, period);
+    ProcessLog(*pricing, logFile, findings, analysis);
   }
 
   // "Block 15 Rate 8" and the like; what is not named is 0.
@@ -102,7 +109,8 @@ class AnalysisTest : public FreshProgram {
     }
   }
 
-  AnsweringHost host;  // in place of the fresh program's
+  std::optional<Pricing> pricing;  // of the latest analysis
+  AnsweringHost host;              // in place of the fresh program's
   ServiceRecord& service;
 };
 

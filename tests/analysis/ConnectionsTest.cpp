@@ -1,6 +1,7 @@
 // Whole analyses, told by connections.analysis.
+#include "analysis/Analyse.h"
 #include "analysis/AnalysisTest.h"
-#include "analysis/FreeTime.h"
+#include "analysis/Pricing.h"
 #include "modemlog/LogFile.h"
 #include "settings/Settings.h"
 #include "support/Text.h"
@@ -25,9 +26,9 @@ class ConnectionsTest : public AnalysisTest {
     host.transcript.clear();
     host.messages.clear();
     host.errors.clear();
-    SummaryBuilt = DetailBuilt = true;  // of the log before
+    analysis.SummaryBuilt = analysis.DetailBuilt = true;  // of the log before
     Run(LogOf(act));
-    act.Now = State().Lines();
+    act.Now = State(*pricing).Lines();
     for (const std::string& error : host.errors) act.Now.push_back("error " + error);
     for (const Message& message : host.messages) act.Now.push_back(Quotable(message.Text));
     const std::string finished = "status:  F I N I S H E D !  -  (" +
@@ -56,7 +57,7 @@ TEST_F(ConnectionsTest, LongLinesAndNulsAreTextABadTimeOrNumberIsToldAnUndatedLi
   Run(LogText("5 10:00 D555"));
   EXPECT_FALSE(findings.LogCorrupt) << "an undated line is the log's that has it";
   findings.LogCorrupt = true;  // as other tests find it
-  Analyse();
+  Process();
   EXPECT_TRUE(findings.LogCorrupt);
 }
 
@@ -65,7 +66,8 @@ TEST_F(ConnectionsTest, FreeTimeIsTheOverlapOfTimesOfDay) {
   for (const auto& [from, to, call, seconds] : Cases("analysis/FreeTimes")) {
     service.FreeStart = Clock(from);
     service.FreeEnd = Clock(to);
-    const Int32 free = GetFreeSeconds("777", Clock(call), Clock(call.substr(call.find('-') + 1)));
+    const Int32 free =
+        Pricing(settings, period).GetFreeSeconds("777", Clock(call), Clock(call.substr(call.find('-') + 1)));
     EXPECT_EQ(free, std::stoi(seconds)) << from << " to " << to << ": " << call;
   }
 }

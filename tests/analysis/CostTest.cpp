@@ -1,28 +1,29 @@
 #include "analysis/AnalysisTest.h"
-#include "analysis/DialupCost.h"
-#include "analysis/ServiceCost.h"
+#include "analysis/Pricing.h"
 #include "analysis/TariffDays.h"
 #include "support/Text.h"
 
 namespace qel {
 
 TEST_F(AnalysisTest, CallIsPricedPieceByPieceByTheFirstTariffThatHolds) {
-  analysis.Connections.Make(1);
+  const Pricing pricing(settings, period);
   for (const auto& [tariffs, call, cost, notes] : Cases("analysis/Calls")) {
     SetTariffs(tariffs);
     std::istringstream words(call);
     int from, to;
     std::string start, end;
     words >> from >> start >> to >> end;
-    analysis.Connections[1].Notes = "R:2K";
-    EXPECT_NEAR(GetDialupCost("777", Jan(from), Clock(start), Jan(to), Clock(end), 1), std::stod(cost), 1e-9)
+    std::string told = "R:2K";
+    EXPECT_NEAR(pricing.GetDialupCost("777", Jan(from), Clock(start), Jan(to), Clock(end), &told),
+                std::stod(cost), 1e-9)
         << tariffs << " => " << call;
-    EXPECT_EQ(analysis.Connections[1].Notes, "R:2K" + notes) << tariffs << " => " << call;
+    EXPECT_EQ(told, "R:2K" + notes) << tariffs << " => " << call;
   }
   service.DialOption = 3;  // which is none
-  EXPECT_EQ(GetDialupCost("777", Jan(5), 0, Jan(5), 0, 1), 0);
+  EXPECT_EQ(pricing.GetDialupCost("777", Jan(5), 0, Jan(5), 0, nullptr), 0);
   SetTariffs("Flat 00:00 23:59 0 1 Unit 0 1");  // more units than 16 bits hold
-  EXPECT_THROW(GetDialupCost("777", Jan(5), Clock("01:00"), Jan(5), Clock("23:00"), 0), RunTimeError);
+  EXPECT_THROW(pricing.GetDialupCost("777", Jan(5), Clock("01:00"), Jan(5), Clock("23:00"), nullptr),
+               RunTimeError);
 }
 
 TEST_F(AnalysisTest, TariffDaysHoldInWhateverLanguageTheyWereWritten) {
@@ -39,7 +40,7 @@ TEST_F(AnalysisTest, TariffDaysHoldInWhateverLanguageTheyWereWritten) {
   for (const auto& [days, expected, language, _] : Cases("analysis/TariffDays")) {
     std::tie(Region.ShortDays, Region.LongDays) = languages.at(language);
     std::string matches;
-    for (int day = 4; day <= 10; ++day) matches += DayMatches(Jan(day), days) ? "1" : "0";
+    for (int day = 4; day <= 10; ++day) matches += DayMatches(settings, Jan(day), days) ? "1" : "0";
     EXPECT_EQ(matches, expected) << days << " " << language;
   }
   std::tie(Region.ShortDays, Region.LongDays) = languages.at("German");
@@ -49,8 +50,10 @@ TEST_F(AnalysisTest, TariffDaysHoldInWhateverLanguageTheyWereWritten) {
 
 TEST_F(AnalysisTest, ChargingPeriodsAreWindowsFromTheFirstDayOfTheReport) {
   SetPeriod(Jan(31), Jan(31));  // its month is 28 days long
+  const Pricing pricing(settings, period);
   const std::tuple<const char*, int, int> cases[] = {{"Month", 27, 0}, {"Month", 28, 1}, {"Week", -20, 0}};
-  for (const auto& [name, days, number] : cases) EXPECT_EQ(GetPeriodNumber(Jan(31 + days), name), number);
+  for (const auto& [name, days, number] : cases)
+    EXPECT_EQ(pricing.GetPeriodNumber(Jan(31 + days), name), number);
 }
 
 }  // namespace qel

@@ -34,8 +34,8 @@ class FailureTest : public AnalysisTest {
         {"FreeSeconds", [] { analysis.ServiceTotals[1].FreeSeconds = most32; }},
         {"BytesRead", [] { analysis.ServiceTotals[1].BytesRead = most32; }},
         {"EntriesProcessed", [] { analysis.EntriesProcessed = most32; }},
-        {"UsedSeconds", [] { Penalties.At(0, 0).Seconds = most32; }},
-        {"UsedBytes", [] { Penalties.At(0, 0).Bytes = most32; }},
+        {"UsedSeconds", [this] { pricing->Penalties.At(0, 0).Seconds = most32; }},
+        {"UsedBytes", [this] { pricing->Penalties.At(0, 0).Bytes = most32; }},
         {"Period",
          [this] {
            service.PenaltyPeriod = "Day", period.PeriodStart = Jan(5) - 200, settings.MaxConnectDays = 300;
@@ -65,7 +65,7 @@ class FailureTest : public AnalysisTest {
   }
 
   std::string log;  // of the latest act that told one
-  ErrorRoad<State> road{host, [this] { Begin(); }, Analyse};
+  ErrorRoad<State> road{host, [this] { Begin(); }, [this] { Process(); }, [this] { return State(*pricing); }};
 };
 
 TEST_F(FailureTest, LeavesOutOneEffectAndNothingElse) {

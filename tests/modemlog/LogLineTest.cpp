@@ -60,7 +60,7 @@ TEST_F(LogLine, ClassesAreThoseThatAPlainSearchOfTheCapitalLineFinds) {
 
 TEST_F(LogLine, NumberIsCutBetweenTheDialModeAndTheLineEndNotation) {
   for (const auto& [line, number, valid, _] : Cases("modemlog/Numbers")) {
-    EXPECT_EQ(CutDialledNumber(line), number) << line;
+    EXPECT_EQ(CutDialledNumber(settings, line), number) << line;
     EXPECT_EQ(IsValidNumber(number), valid == "yes") << line;
   }
 }
@@ -69,13 +69,16 @@ TEST_F(LogLine, AServiceIsFoundByEitherNumberAndTheLowerIndexWins) {
   AddService(" Alpha ", "111", "222");
   AddService("Beta", "222", " 333");
   AddService("Gamma", "444", "");
-  EXPECT_EQ(GetServiceIndex(" 222 "), 0);
-  EXPECT_EQ(GetServiceIndex(" 333"), -1);  // the service's blanks count
-  EXPECT_EQ(GetServiceIndex(""), 2);
-  EXPECT_EQ(GetServiceName("111") + GetServiceName(" 444") + GetServiceName("5"), "AlphaGamma5");
-  EXPECT_EQ(GetAltNumber("222") + GetAltNumber(" 333") + GetAltNumber("5"), "111222");
+  EXPECT_EQ(GetServiceIndex(settings, " 222 "), 0);
+  EXPECT_EQ(GetServiceIndex(settings, " 333"), -1);  // the service's blanks count
+  EXPECT_EQ(GetServiceIndex(settings, ""), 2);
+  EXPECT_EQ(
+      GetServiceName(settings, "111") + GetServiceName(settings, " 444") + GetServiceName(settings, "5"),
+      "AlphaGamma5");
+  EXPECT_EQ(GetAltNumber(settings, "222") + GetAltNumber(settings, " 333") + GetAltNumber(settings, "5"),
+            "111222");
   settings.UsedServices = 2;
-  EXPECT_EQ(GetServiceIndex(""), -1);
+  EXPECT_EQ(GetServiceIndex(settings, ""), -1);
 }
 
 TEST_F(LogLine, ANewLogHasOneEntryAndComesInTheWayOfNone) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "analysis/Analyse.h"
 #include "core/Surroundings.h"
 #include "journeys/Script.h"
 #include "platform/DateConversion.h"
@@ -101,7 +102,7 @@ TEST_P(WholeReports, AreAsExpected) {
   std::string first, last;
   dates >> first >> last;
   SetPeriod(TextToDate(first), TextToDate(last));
-  Analyse();
+  ProcessNow();
   for (std::string document; names >> document;) {
     SCOPED_TRACE(name + "-" + document);
     std::string seen = Output(document);
@@ -117,7 +118,7 @@ TEST_P(WholeReports, AreAsExpected) {
 INSTANTIATE_TEST_SUITE_P(Of, WholeReports, ::testing::ValuesIn(Cases<5>("reports/Documents")), NameOf);
 
 TEST_F(ReportTest, AnErrorLeavesOutWhatFailedAndNothingElse) {
-  Analyse();
+  ProcessNow();
   const Int16 connections = analysis.ServiceTotals[1].Connections;
   ExpectScript("reports/errors.reports", [&](Act& act) {
     ErrorRoad<Told> road(
@@ -135,7 +136,7 @@ TEST_F(ReportTest, ProgressIsToldOnceForEveryPercent) {
     void Progress(Int16 percent) override { seen += " " + std::to_string(percent); }
     std::string seen;
   };
-  Analyse();
+  ProcessNow();
   Watch watch;
   const Meanwhile here(CurrentSurroundings().Display, &watch);
   host.yielded = [&] { watch.seen += host.pointer == MousePointer::Hourglass ? "%" : "?"; };
@@ -146,7 +147,7 @@ TEST_F(ReportTest, ProgressIsToldOnceForEveryPercent) {
   EXPECT_EQ(watch.seen, "shown 12? 25? 37? 50? 62? 75? 87? 100? gone");
   EXPECT_EQ(host.pointer, MousePointer::Default);
   Open("week", "General MaxConnections=dword:000000c8");
-  Analyse();
+  ProcessNow();
   analysis.ConnectionCount = 200;
   watch.seen = "";
   SummaryPage();

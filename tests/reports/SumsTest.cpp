@@ -1,4 +1,5 @@
 // Parts sum to totals and all forms tell the same, over many logs; what the Summary tells otherwise is said.
+#include "analysis/Analyse.h"
 #include "analysis/AnalysisTest.h"
 #include "modemlog/LogFile.h"
 #include "reports/Documents.h"
@@ -67,7 +68,7 @@ TEST_F(Sums, HoldInEveryWeekOfTheSample) {
   std::string told;
   for (Date day = findings.FirstEntryDate - 6; day <= findings.LastEntryDate; ++day) {
     SetPeriod(day, day + 6);
-    Analyse();
+    ProcessNow();
     Keep(IsoDate(day));
     for (const auto& line : SummaryDifferences()) told += IsoDate(day) + " " + line + "\n";
   }
@@ -82,7 +83,7 @@ TEST_F(Sums, HoldInAwkwardLogsAndTheSummarysDifferencesAreTold) {
     for (const Int16 block : {15, 0}) {
       Prepare(setUp, block);
       OpenLog(LogText(log));
-      Analyse();
+      ProcessNow();
       if (Has(setUp, "changed")) settings.Services[0].ServiceRate = settings.Services[1].ServiceRate = 2;
       Keep(std::to_string(row) + " blocks of " + std::to_string(block));
     }

@@ -20,8 +20,10 @@ class ErrorRoad {
   using Lines = std::vector<std::string>;
   using Obstacle = std::function<void()>;
 
-  ErrorRoad(AnsweringHost& host, std::function<void()> prepare, std::function<void()> work)
-      : host(host), prepare(std::move(prepare)), work(std::move(work)) {}
+  ErrorRoad(
+      AnsweringHost& host, std::function<void()> prepare, std::function<void()> work,
+      std::function<State()> left = [] { return State(); })
+      : host(host), prepare(std::move(prepare)), work(std::move(work)), left(std::move(left)) {}
 
   State Undisturbed() {
     return Hindered([] {}, {Answer::Ignore});
@@ -77,11 +79,12 @@ class ErrorRoad {
     work();
     met = RefusedMemory() || disk.Failed();
     disk.Mend();
-    return State();
+    return left();
   }
 
   AnsweringHost& host;
   const std::function<void()> prepare, work;
+  const std::function<State()> left;
   FailingDisk disk;
   bool met = false;  // whether the latest run came upon what was put in its way
 };

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/Analyse.h"
 #include "analysis/ReportPeriod.h"
 #include "analysis/ResetProgram.h"
 #include "core/ProgramState.h"
@@ -46,7 +46,13 @@ class FreshProgram : public ::testing::Test {
     GetLogStats(false);
   }
 
-  void SetPeriod(Date start, Date end) {
+  // Analyses the current log.
+  static void ProcessNow() {
+    Pricing pricing(settings, period);
+    ProcessLog(pricing, logFile, findings, analysis);
+  }
+
+  static void SetPeriod(Date start, Date end) {
     period.PeriodStart = start;
     period.PeriodEnd = end;
     period.PeriodDays = Int16(DaysBetween(start, end)) + 1;

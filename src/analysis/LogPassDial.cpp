@@ -1,12 +1,10 @@
-#include "analysis/NewDial.h"
-
+// How a pass opens a connection and its totals.
 #include <string>
 
-#include "analysis/QELAnalyse.h"
+#include "analysis/LogPass.h"
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
-#include "settings/Settings.h"
 #include "values/CodePage.h"
 
 namespace qel {
@@ -19,14 +17,16 @@ void TellLimit(const std::string& things) {
           "", Icon::Critical});
 }
 
-void OpenConnection(const std::string& number) {
-  IgnoreErrors([] { ++analysis.ConnectionCount; });
-  if (analysis.ConnectionCount >= settings.MaxConnections) {
-    analysis.ConnectionsExceeded = true;
+}  // namespace
+
+void LogPass::OpenConnection(const std::string& number) {
+  IgnoreErrors([this] { ++result.ConnectionCount; });
+  if (result.ConnectionCount >= settings.MaxConnections) {
+    result.ConnectionsExceeded = true;
     TellLimit("Connections");
   }
   IgnoreErrors([&] {
-    ConnectionRecord& connection = analysis.Connections[analysis.ConnectionCount];
+    ConnectionRecord& connection = result.Connections[result.ConnectionCount];
     connection.Number = AnsweredPending ? AnsweredNumber : number;
     if (AnsweredPending) connection.Answered = true;
   });
@@ -34,36 +34,34 @@ void OpenConnection(const std::string& number) {
 
 // The first slot that has the number or whose service has it. The first free slot is looked at too, so an
 // empty number takes it without counting it.
-Int16 FindSlot(const std::string& number) {
-  for (Int16 i = 1; i <= analysis.TotalsCount + 1; ++i) {
-    const ServiceTotal& slot = analysis.ServiceTotals[i];
+Int16 LogPass::FindSlot(const std::string& number) const {
+  for (Int16 i = 1; i <= result.TotalsCount + 1; ++i) {
+    const ServiceTotal& slot = result.ServiceTotals[i];
     if (Trim(slot.Number) == number || Trim(slot.AltNumber) == number) return i;
   }
   return 0;
 }
 
-void OpenSlot(const std::string& number) {
+void LogPass::OpenSlot(const std::string& number) {
   IgnoreErrors([&] { CurrentService = FindSlot(number); });
   if (CurrentService > 0) return;
-  CurrentService = analysis.TotalsCount + 1;
+  CurrentService = result.TotalsCount + 1;
   IgnoreErrors([&] {
-    ServiceTotal& slot = analysis.ServiceTotals[CurrentService];
+    ServiceTotal& slot = result.ServiceTotals[CurrentService];
     slot.Number = number;
-    slot.AltNumber = GetAltNumber(number);
+    slot.AltNumber = GetAltNumber(settings, number);
     slot.Blocks = 0;
   });
-  analysis.TotalsCount = CurrentService;
+  result.TotalsCount = CurrentService;
 }
 
-}  // namespace
-
-void NewDial() {
+void LogPass::NewDial() {
   CurrentService = 0;
-  analysis.ServicesExceeded = false;
-  analysis.ConnectionsExceeded = false;
+  result.ServicesExceeded = false;
+  result.ConnectionsExceeded = false;
   std::string number = "Answered Calls";
   if (!AnsweredPending) {
-    number = CutDialledNumber(CurrentLine);
+    number = CutDialledNumber(settings, CurrentLine);
     if (!IsValidNumber(number)) {
       Connected = false;
       return;
@@ -71,9 +69,9 @@ void NewDial() {
   }
   OpenConnection(number);
   OpenSlot(number);
-  if (analysis.TotalsCount >= settings.MaxServices) {
+  if (result.TotalsCount >= settings.MaxServices) {
     TellLimit("Services");
-    analysis.ServicesExceeded = true;
+    result.ServicesExceeded = true;
   }
   LastService = CurrentService;
 }

@@ -1,0 +1,266 @@
+#include "analysis/LogPass.h"
+
+#include <cmath>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+#include "analysis/ConnectionNotes.h"
+#include "core/ErrorHandler.h"
+#include "core/Surroundings.h"
+#include "modemlog/LogLine.h"
+#include "platform/Files.h"
+#include "values/CodePage.h"
+#include "values/NumberConversion.h"
+
+namespace qel {
+
+namespace {
+
+constexpr int ByteCountWindow = 20;  // seconds behind a connection's end in which its byte counts are taken
+
+constexpr unsigned AnyDisconnect = UserDisconnectLine | HostDisconnectLine;
+constexpr unsigned AnyOpening = ConnectLine | DialLine | AnswerLine;
+
+bool NextLine(LineReader& log, std::string_view& line) {
+  bool found = false;
+  Attempt([&] { found = log.Next(line); });
+  return found;
+}
+
+}  // namespace
+
+LogPass::LogPass(Pricing& pricing, const LogFile& logFile, float entries, AnalysisResult& result)
+    : pricing(pricing),
+      settings(pricing.settings),
+      period(pricing.period),
+      logFile(logFile),
+      entries(entries),
+      result(result) {}
+
+void LogPass::Run() {
+  MakeArrays();
+  TraceStep("Progress Chunk");
+  CurrentDisplay().ShowProgress(true);
+  ProgressChunk = NextProgress = Int32(std::floor(entries / 10));
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  ReadLog();
+  TraceStep("Finished Processing");
+  if (Connected) CloseAtEndOfLog();
+  CurrentDisplay().ShowProgress(false);
+}
+
+void LogPass::MakeArrays() {
+  TraceStep("Service Arrays");
+  Attempt([this] { result.ServiceTotals.Make(settings.MaxServices); });
+  TraceStep("Connection Arrays");
+  Attempt([this] { result.Connections.Make(settings.MaxConnections); });
+  TraceStep("Penalty Arrays");
+  Attempt([this] { pricing.Begin(); });
+  TraceStep("Clr Analysis Vars");
+  ClearAnalysisVars();
+  TraceStep("Clr Analysis Arrays");
+  ClearAnalysisArrays();
+}
+
+void LogPass::ReadLog() {
+  std::optional<LineReader> log;
+  std::optional<LineClassifier> classifier;
+  const bool opened = Attempt([&] {
+    classifier.emplace(settings);
+    log.emplace(logFile.CurrentLogPath);
+  });
+  if (!opened) return;
+  for (std::string_view line; KeepReading && NextLine(*log, line);) {
+    Process(line, *classifier);
+    if (result.ServicesExceeded || result.ConnectionsExceeded) KeepReading = false;
+  }
+  Attempt([&log] { log->Close(); });
+}
+
+void LogPass::ClearAnalysisVars() {
+  Connected = false;
+  CurrentService = 0;
+  ConnectDate = ConnectTime = 0;
+}
+
+void LogPass::ClearAnalysisArrays() {
+  for (int i = 0; i <= result.ServiceTotals.Last(); ++i) {
+    ServiceTotal& slot = result.ServiceTotals[i];
+    slot.Number.clear();
+    slot.Seconds = 0;
+    slot.Connections = 0;
+    slot.TotalCost = 0;
+    slot.BytesRead = 0;
+  }
+  for (int i = 1; i <= result.Connections.Last(); ++i) {
+    ConnectionRecord& connection = result.Connections[i];
+    connection.StartDate = connection.StartTime = connection.EndDate = connection.EndTime = 0;
+    connection.Number.clear();
+    connection.Notes.clear();
+    connection.Answered = false;
+  }
+}
+
+void LogPass::TakeLineTime() {
+  Attempt([this] { LineTime = TimeOfLine(CurrentLine); });
+}
+
+void LogPass::TellProgress() {
+  if (result.EntriesProcessed != NextProgress || ProgressChunk < 1) return;
+  NextProgress += ProgressChunk;
+  const double percent = std::floor(result.EntriesProcessed / static_cast<double>(entries) * 100);
+  if (percent <= 100) {
+    CurrentDisplay().StatusText("Please Wait .....Processing  " + NumberText(percent) + "%");
+    CurrentDisplay().Progress(Int16(percent));
+  }
+  CurrentHost().Yield();
+}
+
+Date LogPass::DateOf(std::string_view line) {
+  if (line.size() >= DateLength && LineDateText.size() == DateLength &&
+      std::memcmp(line.data(), LineDateText.data(), DateLength) == 0)
+    return LineDate;
+  LineDateText = line.substr(0, DateLength);
+  return GetLineDate(line);
+}
+
+// Dates and counts the line; false where it is none to go on with.
+bool LogPass::TakeLine(std::string_view line) {
+  if (IsBlankLine(line)) return false;
+  LineDate = DateOf(line);
+  if (LineDate == 0) {
+    KeepReading = false;
+    result.UndatedLineMet = true;
+    return false;
+  }
+  Attempt([this] { ++result.EntriesProcessed; });
+  Attempt([this] { TellProgress(); });
+  return true;
+}
+
+// The line in capitals, and its place in the trace: nothing can fail in a line of no class.
+bool LogPass::TakeText(std::string_view line) {
+  TraceProcedure("Process");
+  return Attempt([&] {
+    TraceStep("Log Entry:" + Str(result.EntriesProcessed));
+    CurrentLine = UpperCase(line);
+  });
+}
+
+void LogPass::StampConnect() {
+  TakeLineTime();
+  ConnectDate = LineDate;
+  ConnectTime = LineTime;
+}
+
+// A connection that finds no room is passed over, with all its lines: Connected tells.
+void LogPass::ConnectWithoutDial() {
+  StampConnect();
+  Connected = Attempt([this] {
+    const Int16 number = result.ConnectionCount + 1;
+    ConnectionRecord connection = result.Connections[number];
+    connection.StartDate = ConnectDate;
+    connection.StartTime = ConnectTime;
+    connection.Number = UndialledNumber;
+    connection.Notes = NoDialLineNote;
+    result.Connections[number] = std::move(connection);
+    result.ConnectionCount = number;
+  });
+  if (Connected) Attempt([this] { result.ServiceTotals[0].Number = "Unknown"; });
+}
+
+// Only times of day are compared: a line earlier in any day than the connection's end passes.
+bool LogPass::BelongsToLastConnection() {
+  return SecondsBetween(Connection().EndTime, LineTime) < ByteCountWindow;
+}
+
+void LogPass::TakeReads() {
+  TakeLineTime();
+  Int32 bytes;
+  bool taken = false;
+  Attempt([&] {
+    if (!BelongsToLastConnection()) return;
+    bytes = GetReadBytes(CurrentLine);
+    taken = true;
+  });
+  if (!taken) return;
+  Connection().BytesRead = bytes;
+  Attempt([&] { result.ServiceTotals[LastService].BytesRead += bytes; });
+  Attempt([&] { Connection().Notes += ReadNote(bytes); });
+  Attempt([&] {
+    ServiceTotal& slot = result.ServiceTotals[LastService];
+    result.LastCosts.DataCostNow = pricing.GetDataCost(slot.Number, bytes, Connection().StartDate);
+    slot.TotalCost += result.LastCosts.DataCostNow;
+  });
+}
+
+void LogPass::TakeWrites() {
+  TakeLineTime();
+  Attempt([this] {
+    if (!BelongsToLastConnection()) return;
+    const Int32 bytes = GetWriteBytes(CurrentLine);
+    Connection().Notes += WrittenNote(bytes);
+    Connection().BytesWritten = bytes;
+  });
+}
+
+void LogPass::Idle(unsigned classes) {
+  const bool DialledPending = classes & DialLine;
+  AnsweredPending = classes & AnswerLine;
+  if (DialledPending || AnsweredPending) {
+    NewDial();
+    Connected = false;
+  }
+  if (classes & ConnectLine) ConnectWithoutDial();
+  if (classes & ReadsLine) TakeReads();
+  if (classes & WritesLine) TakeWrites();
+}
+
+void LogPass::Dialling(unsigned classes) {
+  Connected = classes & ConnectLine;
+  if (!Connected) return;
+  StampConnect();
+  Attempt([this] {
+    ConnectionRecord& connection = Connection();
+    connection.Notes = AnsweredPending && settings.CalcCosts ? AnsweredNote : "";
+    connection.StartDate = ConnectDate;
+    connection.StartTime = ConnectTime;
+    AnsweredPending = false;
+  });
+}
+
+void LogPass::BetweenConnections(unsigned classes) {
+  if (classes & AnyDisconnect) {
+    if (CurrentService > 0) --result.ConnectionCount;  // a dial that never connected gives its number back
+    CurrentService = 0;
+  }
+  if (CurrentService == 0) Idle(classes);
+  if (CurrentService != 0) Dialling(classes);  // one line may both dial and connect
+}
+
+void LogPass::Process(std::string_view line, const LineClassifier& classifier) {
+  if (!TakeLine(line)) return;
+  bool classified = false;
+  unsigned classes = NoClass;
+  for (;;) {
+    if (LineDate > period.PeriodEnd && !Connected) {
+      KeepReading = false;
+      return;
+    }
+    if (LineDate < period.PeriodStart - settings.MaxConnectDays) return;
+    if (!classified) {
+      classified = true;
+      classes = classifier.ClassesOf(line);
+      if (classes != NoClass && !TakeText(line)) return;
+    }
+    if (!Connected) return BetweenConnections(classes);
+    if (!(classes & AnyOpening)) {
+      if (classes & AnyDisconnect) OrdinaryClose();
+      return;
+    }
+    CloseNoDisconnect();  // the disconnect entry is lost; the line is handled anew
+  }
+}
+
+}  // namespace qel

@@ -1,0 +1,92 @@
+// One pass over a log: its lines, one after the other, become connections, each priced when it closes.
+//
+// The three states are idle, dialling (CurrentService is a slot) and connected.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "analysis/AnalysisResult.h"
+#include "analysis/Pricing.h"
+#include "modemlog/LineClassifier.h"
+#include "modemlog/LogFile.h"
+
+namespace qel {
+
+class LogPass {
+ public:
+  // Under the pricing's settings and within its period. `entries` of the log are for the progress; `result`
+  // is filled from its initial state.
+  LogPass(Pricing& pricing, const LogFile& logFile, float entries, AnalysisResult& result);
+
+  // Reads the log up to the first line that can no longer matter, or one without a date, and tells the
+  // display of its progress and the user of limits.
+  void Run();
+
+ private:
+  class Close;  // of one connection
+
+  void MakeArrays();
+  void ReadLog();
+
+  // Handles one line of the open log.
+  void Process(std::string_view line, const LineClassifier& classifier);
+  bool TakeLine(std::string_view line);
+  bool TakeText(std::string_view line);
+  void TakeLineTime();
+  Date DateOf(std::string_view line);
+  void TellProgress();
+  void BetweenConnections(unsigned classes);
+  void Idle(unsigned classes);
+  void Dialling(unsigned classes);
+  void StampConnect();
+  void ConnectWithoutDial();
+  bool BelongsToLastConnection();
+  void TakeReads();
+  void TakeWrites();
+
+  // A dial or an incoming call opens a connection and finds the totals that it belongs to. A dial line with a
+  // number that no dial string can be leaves nothing behind. Reaching MaxConnections or MaxServices is told
+  // to the user and sets the flag that ends the pass. Errors inside are passed over, statement by statement.
+  void NewDial();
+  void OpenConnection(const std::string& number);
+  void OpenSlot(const std::string& number);
+  Int16 FindSlot(const std::string& number) const;
+
+  // The three ways in which a connection ends: by its disconnect line (one that ended before the period is
+  // forgotten with all before it), by a line that opens another one, and by the end of the log. The last two
+  // estimate the end by NoDisconDuration and NoDisconData.
+  void OrdinaryClose();
+  void CloseNoDisconnect();
+  void CloseAtEndOfLog();
+  void ForgetTimeBeforePeriod();
+
+  ConnectionRecord& Connection() { return result.Connections[result.ConnectionCount]; }
+
+  // The vars of one connection, but for LastService.
+  void ClearAnalysisVars();
+  // Empties slots and connections, but not all of each: a slot keeps AltNumber, DialCost, ServiceCost, Blocks
+  // and FreeSeconds, a connection its byte counts and FreeSeconds.
+  void ClearAnalysisArrays();
+
+  Pricing& pricing;
+  const Settings& settings;
+  const Period& period;
+  const LogFile& logFile;
+  const float entries;
+  AnalysisResult& result;
+
+  std::string CurrentLine;  // the line in hand, in capitals, where it is of some class
+  Date LineDate = 0, LineTime = 0;
+  std::string LineDateText;  // the characters that LineDate was read from; most lines repeat them
+  Date ConnectDate = 0, ConnectTime = 0;  // of the open connection
+  bool Connected = false;
+  Int16 CurrentService;          // slot of the dial under way; 0 none
+  Int16 LastService;             // slot of the latest dial; survives the connection, for the byte counts
+  bool AnsweredPending = false;  // the dial under way is an incoming call
+  bool KeepReading = true;
+  Int32 ProgressChunk;  // entries between two words on the progress
+  Int32 NextProgress;   // the entry that gives the next one
+};
+
+}  // namespace qel
