@@ -19,6 +19,7 @@
 #include "reports/DetailReport.h"
 #include "reports/SummaryReport.h"
 #include "settings/UserParameters.h"
+#include "support/ProcessNow.h"
 
 namespace qel {
 namespace {
@@ -111,11 +112,11 @@ void Analysis(benchmark::State& state) {
 }
 BENCHMARK(Analysis)->Unit(benchmark::kMillisecond);
 
-template <ReportDocument (*Build)()>
+template <ReportDocument (*Build)(const ReportOf&)>
 void Report(benchmark::State& state) {
   const OpenedLog log(32000, 3);
   ProcessNow();
-  for (auto _ : state) benchmark::DoNotOptimize(Build());
+  for (auto _ : state) benchmark::DoNotOptimize(Build(NowReported()));
   CountConnections(state);
 }
 BENCHMARK(Report<DisplaySummaryReport>)->Name("Summary of 32000")->Unit(benchmark::kMillisecond);

@@ -9,6 +9,7 @@
 #include "modemlog/LogStatistics.h"
 #include "reports/ReportExport.h"
 #include "settings/Settings.h"
+#include "support/ProcessNow.h"
 #include "values/FormatMask.h"
 
 namespace qel {
@@ -119,8 +120,8 @@ std::map<std::string, double> Sums(const std::string& csv, bool mayBeNegative) {
 }
 
 void CheckReports(bool runsBackwards) {
-  auto summary = Sums(ExportSummary(ExportFormat::Csv), runsBackwards);
-  const std::string details = ExportDetails(ExportFormat::Csv);
+  auto summary = Sums(ExportSummary(NowReported(), ExportFormat::Csv), runsBackwards);
+  const std::string details = ExportDetails(NowReported(), ExportFormat::Csv);
   auto parts = Sums(details, runsBackwards);
   const auto connections = static_cast<double>(std::ranges::count(details, '\n')) - 1;
   Check(summary["sessions"] == connections, "each connection is a session");

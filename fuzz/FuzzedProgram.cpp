@@ -19,6 +19,7 @@
 #include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
 #include "settings/UserParameters.h"
+#include "support/ProcessNow.h"
 
 namespace qel {
 
@@ -69,18 +70,23 @@ bool AnalyseAll(int firstDay, int lastDay) {
 
 std::string ReportIn(std::size_t form) {
   static constexpr std::string (*Forms[])() = {
-      [] { return DisplaySummaryReport().ReportText; },
-      [] { return DisplayDetailReport().ReportText; },
-      [] { return ExportSummary(ExportFormat::Csv); },
-      [] { return ExportDetails(ExportFormat::Csv); },
-      [] { return ExportSummary(ExportFormat::Json); },
-      [] { return ExportDetails(ExportFormat::Json) + ExportStatistics(ExportFormat::Json); },
-      [] { return ExportStatistics(ExportFormat::Csv) + StatisticsPage(); },
-      SummaryPage,
-      DetailsPage,
+      [] { return DisplaySummaryReport(NowReported()).ReportText; },
+      [] { return DisplayDetailReport(NowReported()).ReportText; },
+      [] { return ExportSummary(NowReported(), ExportFormat::Csv); },
+      [] { return ExportDetails(NowReported(), ExportFormat::Csv); },
+      [] { return ExportSummary(NowReported(), ExportFormat::Json); },
+      [] {
+        return ExportDetails(NowReported(), ExportFormat::Json) +
+               ExportStatistics(logFile, findings, ExportFormat::Json);
+      },
+      [] {
+        return ExportStatistics(logFile, findings, ExportFormat::Csv) + StatisticsPage(logFile, findings);
+      },
+      [] { return SummaryPage(NowReported(), logFile); },
+      [] { return DetailsPage(NowReported(), logFile); },
       [] {
         std::string text;
-        for (const auto& line : SummaryDifferences()) text += line;
+        for (const auto& line : SummaryDifferences(NowReported())) text += line;
         return text;
       },
   };

@@ -30,7 +30,8 @@ ExportFormat ExportFormatOf(OutputFormat format) {
 
 std::string StatisticsText() {
   std::string text;
-  for (const auto& figure : LogFigures()) text += figure.Name + ": " + figure.Value + NewLine;
+  for (const auto& figure : LogFigures(logFile, findings))
+    text += figure.Name + ": " + figure.Value + NewLine;
   return text;
 }
 
@@ -38,18 +39,20 @@ std::string StatisticsText() {
 
 std::string ReportOutput(ReportKind report, OutputFormat format) {
   const bool summary = report == ReportKind::Summary;
-  if (format == OutputFormat::Html) return summary ? SummaryPage() : DetailsPage();
+  const ReportOf of(analysis, settings, period);
+  if (format == OutputFormat::Html) return summary ? SummaryPage(of, logFile) : DetailsPage(of, logFile);
   if (format != OutputFormat::Text) {
     const ExportFormat as = ExportFormatOf(format);
-    return summary ? ExportSummary(as) : ExportDetails(as);
+    return summary ? ExportSummary(of, as) : ExportDetails(of, as);
   }
-  ReportDocument document = summary ? DisplaySummaryReport() : DisplayDetailReport();
+  ReportDocument document = summary ? DisplaySummaryReport(of) : DisplayDetailReport(of);
   return ToCleanUtf8(document.ReportText += NewLine);
 }
 
 std::string StatisticsOutput(OutputFormat format) {
   if (format == OutputFormat::Text) return StatisticsText();
-  return format == OutputFormat::Html ? StatisticsPage() : ExportStatistics(ExportFormatOf(format));
+  return format == OutputFormat::Html ? StatisticsPage(logFile, findings)
+                                      : ExportStatistics(logFile, findings, ExportFormatOf(format));
 }
 
 bool MayWriteTo(const std::string& path, const std::optional<std::string>& settings) {

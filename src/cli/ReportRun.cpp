@@ -91,7 +91,8 @@ void TypePeriod(const Arguments& arguments) {
 
 void TellDifferences() {
   std::string text;
-  for (const auto& line : SummaryDifferences()) text += (text.empty() ? "" : "\n  ") + line;
+  for (const auto& line : SummaryDifferences(ReportOf(analysis, settings, period)))
+    text += (text.empty() ? "" : "\n  ") + line;
   if (!text.empty()) Complain(ToCleanUtf8(text));
 }
 

@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "modemlog/LogFile.h"
 #include "values/Calendar.h"
 #include "values/CheckedInteger.h"
 

@@ -50,21 +50,6 @@ void Price(Pricing& pricing, ConnectionRecord& c, Int32 billable, CallCosts& cos
   Attempt([&] { costs.DataCostNow = pricing.GetDataCost(c.Number, c.BytesRead, c.StartDate); });
 }
 
-// Puts a value back to what it was, at the end of a scope.
-template <typename Value>
-class Kept {
- public:
-  explicit Kept(Value& value) : value(value), kept(value) {}
-  ~Kept() { std::swap(value, kept); }
-  Kept(const Kept&) = delete;
-  Kept& operator=(const Kept&) = delete;
-  const Value& Before() const { return kept; }
-
- private:
-  Value& value;
-  Value kept;
-};
-
 // Once for every percent, however many connections there are: windows repaint at each.
 void TellProgress(int percent) {
   CurrentDisplay().Progress(Int16(percent));
@@ -73,19 +58,19 @@ void TellProgress(int percent) {
 
 // What is wrapped in attempts of its own comes last: what fails before it can be run again from the
 // beginning.
-void VisitConnection(Pricing& pricing, Int16 index, const DetailVisit& visit) {
-  ConnectionRecord& connection = analysis.Connections[index];
-  if (IsPassedOver(connection)) return;
+void VisitConnection(const ReportOf& of, Pricing& pricing, ConnectionRecord connection, Int16 index,
+                     CallCosts& costs, const DetailVisit& visit) {
+  if (IsPassedOver(of.settings, connection)) return;
   const bool hasError = NotesTellError(connection);
-  const Kept notes(connection.Notes);
-  DetailLine line{connection, index, hasError, Int32(GetConnectionSeconds(period, connection)), 0, 0, 0, 0};
+  const std::string notes = connection.Notes;
+  DetailLine line{connection, index, hasError, Int32(GetConnectionSeconds(of.period, connection)),
+                  0,          0,     0,        0};
   Int32 billable = line.Seconds;
   Attempt([&] { billable = BillableSeconds(pricing, line); });
-  MergeNotes(connection, notes.Before());
-  if (settings.CalcCosts) {
-    const CallCosts& costs = analysis.LastCosts;
+  MergeNotes(connection, notes);
+  if (of.settings.CalcCosts) {
     if (!connection.Answered) {
-      Price(pricing, connection, billable, analysis.LastCosts);
+      Price(pricing, connection, billable, costs);
       line.ConnectionCost = costs.DialCostNow + costs.ServiceCostNow + costs.DataCostNow;
     }
     line.DialCost = costs.DialCostNow;
@@ -95,13 +80,13 @@ void VisitConnection(Pricing& pricing, Int16 index, const DetailVisit& visit) {
   Attempt([&] { visit(line); });
 }
 
-void ForEach(const std::function<void(Pricing& pricing, Int16 index)>& visitOne) {
-  Pricing pricing(settings, period);
+void ForEach(const ReportOf& of, const std::function<void(Pricing& pricing, Int16 index)>& visitOne) {
+  Pricing pricing(of.settings, of.period);
   Attempt([&] { pricing.Begin(); });
   int shown = 0;
-  for (int i = 1; i <= analysis.ConnectionCount; ++i) {
+  for (int i = 1; i <= of.analysis.ConnectionCount; ++i) {
     Attempt([&] { visitOne(pricing, Int16(i)); });
-    if (const int percent = 100 * i / int{analysis.ConnectionCount}; percent > shown)
+    if (const int percent = 100 * i / int{of.analysis.ConnectionCount}; percent > shown)
       TellProgress(shown = percent);
   }
 }
@@ -117,23 +102,25 @@ void ForgetEarlierUser(ConnectionRecord& connection) {
 
 }  // namespace
 
-bool IsPassedOver(const ConnectionRecord& connection) {
+bool IsPassedOver(const Settings& settings, const ConnectionRecord& connection) {
   return !settings.ShowErrors && NotesTellError(connection);
 }
 
-void ForEachDetailLine(const DetailVisit& visit) {
-  ForEach([&](Pricing& pricing, Int16 index) { VisitConnection(pricing, index, visit); });
+void ForEachDetailLine(const ReportOf& of, const DetailVisit& visit) {
+  ForEach(of, [&](Pricing& pricing, Int16 index) {
+    VisitConnection(of, pricing, of.analysis.Connections[index], index, of.LastCosts, visit);
+  });
 }
 
-void ForEachConnection(const DetailVisit& visit) {
-  const Kept costs(analysis.LastCosts);
-  ForEach([&](Pricing& pricing, Int16 index) {
-    ConnectionRecord& connection = analysis.Connections[index];
+void ForEachConnection(const ReportOf& of, const DetailVisit& visit) {
+  CallCosts costs = of.LastCosts;
+  ForEach(of, [&](Pricing& pricing, Int16 index) {
+    ConnectionRecord connection = of.analysis.Connections[index];
     if (connection.StartDate == 0) return;  // dialled, and no more
-    const Kept record(connection);
     ForgetEarlierUser(connection);
-    VisitConnection(pricing, index, [&](DetailLine line) {
-      if (connection.Answered) line.DialCost = line.ServiceCost = line.DataCost = 0;
+    const bool answered = connection.Answered;
+    VisitConnection(of, pricing, std::move(connection), index, costs, [&](DetailLine line) {
+      if (answered) line.DialCost = line.ServiceCost = line.DataCost = 0;
       visit(line);
     });
   });

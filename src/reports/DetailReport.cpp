@@ -39,17 +39,17 @@ std::string CostCell(const std::string& money) {
 
 // One end of a connection as text.
 struct Stamp {
-  Stamp(Date date, Date time)
+  Stamp(const Settings& settings, Date date, Date time)
       : Day(FormatDate(date, "Short Date")), Clock(FormatDate(time, TimeFormat(settings.ForceAMPM))) {}
   std::string Day, Clock;
 };
 
 // What text and grid both show of a connection.
 struct LineTexts {
-  explicit LineTexts(const DetailLine& line)
+  LineTexts(const Settings& settings, const DetailLine& line)
       : Service(GetServiceName(settings, line.Connection.Number)),
-        Start(line.Connection.StartDate, line.Connection.StartTime),
-        End(line.Connection.EndDate, line.Connection.EndTime),
+        Start(settings, line.Connection.StartDate, line.Connection.StartTime),
+        End(settings, line.Connection.EndDate, line.Connection.EndTime),
         Duration(FormatTime(static_cast<float>(line.Seconds), false)),
         Cost(settings.CalcCosts ? MoneyText(line.ConnectionCost) : "") {}
   std::string Service;
@@ -57,8 +57,9 @@ struct LineTexts {
   std::string Duration, Cost;
 };
 
-class DetailBuilder {
+class DetailBuilder : ReportOf {
  public:
+  explicit DetailBuilder(const ReportOf& of) : ReportOf(of) {}
   ReportDocument Build();
 
  private:
@@ -100,12 +101,12 @@ void DetailBuilder::MakeRoom(std::size_t characters) {
 }
 
 std::string DetailBuilder::Header() const {
-  const bool warn = ErrorsAreShown();
+  const bool warn = ErrorsAreShown(*this);
   return std::string(" QELMARK - Details Report") + NewLine + NewLine +
          " Beginning: " + FormatDate(period.PeriodStart, "Short Date") +
          (warn ? "    WARNING: Errors found in log." : "") + NewLine +
          " Ending:    " + FormatDate(period.PeriodEnd, "Short Date") +
-         (warn ? "      Report may not be accurate." : "") + NewLine + " Period:    " + PeriodText() +
+         (warn ? "      Report may not be accurate." : "") + NewLine + " Period:    " + PeriodText(period) +
          NewLine + NewLine + " " + Dashes(52 + costExtra) + NewLine + NewLine;
 }
 
@@ -154,7 +155,7 @@ ReportRow DetailBuilder::SecondRow(const DetailLine& line, const LineTexts& text
 
 // All that can fail comes before the first thing that stays.
 void DetailBuilder::AddLine(const DetailLine& line) {
-  const LineTexts texts(line);
+  const LineTexts texts(settings, line);
   const std::string text = TextOf(line, texts);
   ReportRow first = FirstRow(line, texts), second = SecondRow(line, texts);
   MakeRoom(text.size());
@@ -186,10 +187,10 @@ std::string DetailBuilder::TotalsLine() const {
 
 ReportDocument DetailBuilder::Build() {
   FillColumns();
-  document.FillLabels("Details");
+  document.FillLabels(*this, "Details");
   document.fraNoConn = analysis.ConnectionCount == 0;
   CurrentDisplay().ShowProgress(true);
-  ForEachDetailLine([this](const DetailLine& line) { AddLine(line); });
+  ForEachDetailLine(*this, [this](const DetailLine& line) { AddLine(line); });
   if (analysis.ConnectionCount > 0) {
     document.AddDottedRow();
     AddTotalsRow();
@@ -203,11 +204,10 @@ ReportDocument DetailBuilder::Build() {
 
 }  // namespace
 
-ReportDocument DisplayDetailReport() {
+ReportDocument DisplayDetailReport(const ReportOf& of) {
   SetTrace("QELAnalyse", "DisplayDetailReport");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  ReportDocument document = DetailBuilder().Build();
-  analysis.DetailBuilt = true;
+  ReportDocument document = DetailBuilder(of).Build();
   CurrentHost().SetMousePointer(MousePointer::Default);
   return document;
 }

@@ -6,8 +6,7 @@
 
 namespace qel {
 
-// Builds the report of the latest analysis and sets DetailBuilt. It prices each connection itself, so its
-// totals are its own and not the analysis's.
-ReportDocument DisplayDetailReport();
+// Builds the report. It prices each connection itself, so its totals are its own and not the analysis's.
+ReportDocument DisplayDetailReport(const ReportOf& of);
 
 }  // namespace qel

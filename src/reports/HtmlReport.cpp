@@ -41,21 +41,23 @@ std::string Heading(const std::string& title, const std::string& below) {
          "</header>\n";
 }
 
-std::string LogName() { return "<p>Log: " + HtmlUtf8(ShownPath(logFile.CurrentLogFile)) + "</p>\n"; }
-
-std::string ReportHeading(const std::string& title) {
-  ReportDocument labels;
-  labels.FillLabels(title);
-  return Heading(
-      title, Paragraph(labels.RepBegin + " to " + labels.RepEnd + " (" + labels.RepPeriod + ")", "period") +
-                 LogName());
+std::string LogName(const LogFile& logFile) {
+  return "<p>Log: " + HtmlUtf8(ShownPath(logFile.CurrentLogFile)) + "</p>\n";
 }
 
-std::string Warnings() {
+std::string ReportHeading(const ReportOf& of, const LogFile& logFile, const std::string& title) {
+  ReportDocument labels;
+  labels.FillLabels(of, title);
+  return Heading(
+      title, Paragraph(labels.RepBegin + " to " + labels.RepEnd + " (" + labels.RepPeriod + ")", "period") +
+                 LogName(logFile));
+}
+
+std::string Warnings(const ReportOf& of) {
   std::string text;
-  if (ErrorsAreShown())
+  if (ErrorsAreShown(of))
     text += Paragraph("WARNING: Errors found in log. Report may not be accurate.", "warning");
-  if (analysis.ConnectionsExceeded)
+  if (of.analysis.ConnectionsExceeded)
     text += Paragraph(
         "WARNING: The log holds more connections than the settings allow. Report is incomplete.", "warning");
   return text;
@@ -68,12 +70,12 @@ double Kilobytes(const ServiceUse& use) {
   return TextToNumber(FormatNumber(static_cast<double>(use.BytesRead) / 1024, "0"));
 }
 
-std::string UseText(const ServiceUse& use, double kilobytes) {
-  if (!analysis.ShowBlocks) return FormatNumber(kilobytes, "#,##0") + "K";
+std::string UseText(const ReportOf& of, const ServiceUse& use, double kilobytes) {
+  if (!of.analysis.ShowBlocks) return FormatNumber(kilobytes, "#,##0") + "K";
   return std::to_string(use.Blocks) + " (" + TimeText(60.0 * static_cast<double>(use.BlockMinutes)) + ")";
 }
 
-Cells TotalsOf(const UseByService& use) {
+Cells TotalsOf(const ReportOf& of, const UseByService& use) {
   const ServiceUse totals = use.Totals();
   double kilobytes = 0;
   for (const auto& service : use.Services()) kilobytes += Kilobytes(service);
@@ -82,35 +84,35 @@ Cells TotalsOf(const UseByService& use) {
           std::to_string(totals.Sessions),
           "",
           "",
-          UseText(totals, kilobytes),
+          UseText(of, totals, kilobytes),
           MoneyText(totals.TotalCost)};
 }
 
-std::string SummaryTable(const UseByService& use) {
+std::string SummaryTable(const ReportOf& of, const UseByService& use) {
   std::vector<HtmlColumn> columns = {{"Service", true},   {"Connected time"},
                                      {"Sessions"},        {"Average session"},
-                                     {"Average per day"}, {analysis.ShowBlocks ? "Blocks" : "Data read"}};
-  if (settings.CalcCosts) columns.push_back({"Cost"});
+                                     {"Average per day"}, {of.analysis.ShowBlocks ? "Blocks" : "Data read"}};
+  if (of.settings.CalcCosts) columns.push_back({"Cost"});
   HtmlTable table("Services", columns);
   for (const auto& service : use.Services()) {
     const auto seconds = static_cast<double>(service.Seconds);
     table.AddRow({service.Service, TimeText(seconds), std::to_string(service.Sessions),
                   TimeText(seconds / static_cast<double>(service.Sessions)),
-                  TimeText(seconds / period.PeriodDays), UseText(service, Kilobytes(service)),
+                  TimeText(seconds / of.period.PeriodDays), UseText(of, service, Kilobytes(service)),
                   MoneyText(service.TotalCost)});
   }
-  return Section("services", table.Finish(TotalsOf(use)));
+  return Section("services", table.Finish(TotalsOf(of, use)));
 }
 
-std::string KeyFigures(const Cells& totals) {
+std::string KeyFigures(const ReportOf& of, const Cells& totals) {
   const struct {
     std::size_t item;
     const char* name;
     bool shown;
   } figures[] = {{1, "Connected time", true},
                  {2, "Sessions", true},
-                 {5, analysis.ShowBlocks ? "Blocks" : "Data read", true},
-                 {6, "Cost", settings.CalcCosts}};
+                 {5, of.analysis.ShowBlocks ? "Blocks" : "Data read", true},
+                 {6, "Cost", of.settings.CalcCosts}};
   std::string text = "<div class=\"figures\">\n";
   for (const auto& figure : figures)
     if (figure.shown)
@@ -119,13 +121,10 @@ std::string KeyFigures(const Cells& totals) {
   return text + "</div>\n";
 }
 
-std::string Moment(Date date, Date time) {
-  return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat(settings.ForceAMPM));
-}
-
 class ConnectionTable {
  public:
-  ConnectionTable() : table("Connections", Columns()) {}
+  explicit ConnectionTable(const Settings& settings)
+      : settings(settings), table("Connections", Columns(settings)) {}
 
   void Add(const DetailLine& line) {
     const ConnectionRecord& c = line.Connection;
@@ -146,7 +145,7 @@ class ConnectionTable {
   }
 
  private:
-  static std::vector<HtmlColumn> Columns() {
+  static std::vector<HtmlColumn> Columns(const Settings& settings) {
     std::vector<HtmlColumn> columns = {
         {"No.", true}, {"Service", true}, {"Connect", true}, {"Disconnect", true}, {"Duration"}};
     if (settings.CalcCosts)
@@ -155,34 +154,41 @@ class ConnectionTable {
     return columns;
   }
 
-  static void AddCosts(Cells& cells, const double (&costs)[4]) {
+  std::string Moment(Date date, Date time) const {
+    return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat(settings.ForceAMPM));
+  }
+
+  void AddCosts(Cells& cells, const double (&costs)[4]) const {
     if (settings.CalcCosts)
       for (const double cost : costs) cells.push_back(MoneyText(cost));
   }
 
+  const Settings& settings;
   HtmlTable table;
   double seconds = 0;
   double totals[4] = {};
 };
 
-std::string ReportPage(const std::string& title, bool withConnections) {
+std::string ReportPage(const ReportOf& of, const LogFile& logFile, const std::string& title,
+                       bool withConnections) {
   SetTrace("HtmlReport", "ReportPage");
-  UseByService use;
-  UseByTime times(period.PeriodStart, period.PeriodEnd);
-  ConnectionTable connections;
+  UseByService use(of.settings);
+  UseByTime times(of.period.PeriodStart, of.period.PeriodEnd);
+  ConnectionTable connections(of.settings);
   CurrentDisplay().ShowProgress(true);
-  ForEachConnection([&](const DetailLine& line) {
+  ForEachConnection(of, [&](const DetailLine& line) {
     use.Add(line);
     times.Add(line);
     if (withConnections) connections.Add(line);
   });
   CurrentDisplay().ShowProgress(false);
-  std::string body = ReportHeading(title) + "<main>\n" + Warnings();
+  std::string body = ReportHeading(of, logFile, title) + "<main>\n" + Warnings(of);
   if (use.Services().empty()) {
     body += Paragraph("No connections were made during this period.");
   } else {
-    body += KeyFigures(TotalsOf(use)) + SummaryTable(use) + CostByService(use) + UseOverPeriod(times) +
-            UseByHour(times);
+    const bool withCosts = of.settings.CalcCosts;
+    body += KeyFigures(of, TotalsOf(of, use)) + SummaryTable(of, use) +
+            (withCosts ? CostByService(use) : "") + UseOverPeriod(times, withCosts) + UseByHour(times);
     if (withConnections) body += Section("connections", connections.Finish());
   }
   return HtmlPage("QELMARK - " + title, body + "</main>\n");
@@ -190,13 +196,19 @@ std::string ReportPage(const std::string& title, bool withConnections) {
 
 }  // namespace
 
-std::string SummaryPage() { return ReportPage("Summary Report", false); }
-std::string DetailsPage() { return ReportPage("Details Report", true); }
+std::string SummaryPage(const ReportOf& of, const LogFile& logFile) {
+  return ReportPage(of, logFile, "Summary Report", false);
+}
 
-std::string StatisticsPage() {
+std::string DetailsPage(const ReportOf& of, const LogFile& logFile) {
+  return ReportPage(of, logFile, "Details Report", true);
+}
+
+std::string StatisticsPage(const LogFile& logFile, const LogFindings& findings) {
   HtmlTable table("Statistics", {{"Figure", true}, {"Value", true}});
-  for (const auto& figure : LogFigures()) table.AddMarkup({HtmlText(figure.Name), HtmlUtf8(figure.Value)});
-  return HtmlPage("QELMARK - Log Statistics", Heading("Log Statistics", LogName()) + "<main>\n" +
+  for (const auto& figure : LogFigures(logFile, findings))
+    table.AddMarkup({HtmlText(figure.Name), HtmlUtf8(figure.Value)});
+  return HtmlPage("QELMARK - Log Statistics", Heading("Log Statistics", LogName(logFile)) + "<main>\n" +
                                                   Section("statistics", table.Finish()) + "</main>\n");
 }
 

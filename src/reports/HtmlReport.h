@@ -4,15 +4,18 @@
 
 #include <string>
 
+#include "modemlog/LogFile.h"
+#include "reports/ReportOf.h"
+
 namespace qel {
 
-// The latest analysis: totals, services, charts. A period without connections gives a page that says so.
-std::string SummaryPage();
+// An analysis of a log: totals, services, charts. A period without connections gives a page that says so.
+std::string SummaryPage(const ReportOf& of, const LogFile& logFile);
 
 // The same, and behind it a row for each connection.
-std::string DetailsPage();
+std::string DetailsPage(const ReportOf& of, const LogFile& logFile);
 
-// The statistics of the current log.
-std::string StatisticsPage();
+// The statistics of a log.
+std::string StatisticsPage(const LogFile& logFile, const LogFindings& findings);
 
 }  // namespace qel

@@ -9,7 +9,7 @@
 
 namespace qel {
 
-std::vector<LogFigure> LogFigures() {
+std::vector<LogFigure> LogFigures(const LogFile& logFile, const LogFindings& findings) {
   const auto length = FileLength(logFile.CurrentLogPath);
   return {{"Path", ShownPath(logFile.CurrentLogDir)},
           {"Name", ShownPath(logFile.CurrentLogFile)},

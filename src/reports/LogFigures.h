@@ -1,8 +1,10 @@
-// What is known of the current log, as names and values to show.
+// What is known of a log, as names and values to show.
 #pragma once
 
 #include <string>
 #include <vector>
+
+#include "modemlog/LogFile.h"
 
 namespace qel {
 
@@ -11,6 +13,6 @@ struct LogFigure {
 };
 
 // Path, name, length, entries, first and last entry, span, in UTF-8. Raises 53 where the log is gone.
-std::vector<LogFigure> LogFigures();
+std::vector<LogFigure> LogFigures(const LogFile& logFile, const LogFindings& findings);
 
 }  // namespace qel

@@ -17,13 +17,13 @@ void ReportRow::SetSubItem(int number, std::string text) {
   SubItems[index] = std::move(text);
 }
 
-void ReportDocument::FillLabels(const std::string& title) {
+void ReportDocument::FillLabels(const ReportOf& of, const std::string& title) {
   RepTitle = "QELMARK - " + title + " Report";
   TitleLength = static_cast<int>(RepTitle.size());
-  RepBegin = FormatDate(period.PeriodStart, "long date");
-  RepEnd = FormatDate(period.PeriodEnd, "long date");
-  RepPeriod = PeriodText();
-  fraWarning = ErrorsAreShown();
+  RepBegin = FormatDate(of.period.PeriodStart, "long date");
+  RepEnd = FormatDate(of.period.PeriodEnd, "long date");
+  RepPeriod = PeriodText(of.period);
+  fraWarning = ErrorsAreShown(of);
 }
 
 ReportRow& ReportDocument::AddRow(std::string text) {
@@ -33,9 +33,9 @@ ReportRow& ReportDocument::AddRow(std::string text) {
 
 void ReportDocument::AddDottedRow() { AddRow().SubItems.assign(Columns.size() - 1, std::string(100, '.')); }
 
-bool ErrorsAreShown() { return analysis.LogErrorsFound && settings.ShowErrors; }
+bool ErrorsAreShown(const ReportOf& of) { return of.analysis.LogErrorsFound && of.settings.ShowErrors; }
 
-std::string PeriodText() {
+std::string PeriodText(const Period& period) {
   return std::to_string(period.PeriodDays) + (period.PeriodDays > 1 ? " days" : " day");
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "reports/ReportOf.h"
 #include "values/CheckedInteger.h"
 
 namespace qel {
@@ -39,17 +40,17 @@ struct ReportDocument {
   int SelectedRow = 0;  // counted from 1; 0 for none
 
   // What both reports share: the labels and warnings of the period. `title` is "Summary" or "Details".
-  void FillLabels(const std::string& title);
+  void FillLabels(const ReportOf& of, const std::string& title);
   ReportRow& AddRow(std::string text = "");
   // A row of dots in every subitem, the rule above the totals.
   void AddDottedRow();
 };
 
 // Whether reports say that the log holds errors.
-bool ErrorsAreShown();
+bool ErrorsAreShown(const ReportOf& of);
 
 // " days" or " day" behind the number of days.
-std::string PeriodText();
+std::string PeriodText(const Period& period);
 
 std::string Blanks(int count);  // none for a count below 0
 std::string Dashes(int count);

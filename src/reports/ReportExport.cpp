@@ -118,19 +118,20 @@ std::string CsvNames(const Record& record) {
 // where no record follows.
 class ReportWriter {
  public:
-  ReportWriter(ExportFormat format, const char* report, const char* records, const Record& pattern)
+  ReportWriter(const ReportOf& of, ExportFormat format, const char* report, const char* records,
+               const Record& pattern)
       : format(format) {
     if (format == ExportFormat::Csv) {
       text = CsvNames(pattern);
       return;
     }
     text = std::string("{\n  \"report\": ") + JsonText(report) +
-           ",\n  \"from\": " + JsonText(IsoDate(period.PeriodStart)) +
-           ",\n  \"to\": " + JsonText(IsoDate(period.PeriodEnd)) +
-           ",\n  \"days\": " + std::to_string(period.PeriodDays) +
+           ",\n  \"from\": " + JsonText(IsoDate(of.period.PeriodStart)) +
+           ",\n  \"to\": " + JsonText(IsoDate(of.period.PeriodEnd)) +
+           ",\n  \"days\": " + std::to_string(of.period.PeriodDays) +
            ",\n  \"currency\": " + JsonText(ToCleanUtf8(Region.CurrencySymbol)) +
-           ",\n  \"errors_found\": " + (analysis.LogErrorsFound ? "true" : "false") +
-           ",\n  \"complete\": " + (analysis.ConnectionsExceeded ? "false" : "true") + ",\n  " +
+           ",\n  \"errors_found\": " + (of.analysis.LogErrorsFound ? "true" : "false") +
+           ",\n  \"complete\": " + (of.analysis.ConnectionsExceeded ? "false" : "true") + ",\n  " +
            JsonText(records) + ": [";
   }
 
@@ -181,7 +182,7 @@ Words FlagsOf(const ConnectionRecord& connection) {
   return found;
 }
 
-Record DetailRecord(const DetailLine& line) {
+Record DetailRecord(const Settings& settings, const DetailLine& line) {
   const ConnectionRecord& c = line.Connection;
   return {{"start", IsoMoment(c.StartDate, c.StartTime)},
           {"end", IsoMoment(c.EndDate, c.EndTime)},
@@ -202,15 +203,15 @@ Record DetailRecord(const DetailLine& line) {
 
 std::string IsoDate(Date date) { return FormatDate(date, "yyyy\\-mm\\-dd"); }
 
-std::string ExportSummary(ExportFormat format) {
-  UseByService use;
-  ForEachConnection([&use](const DetailLine& line) { use.Add(line); });
-  ReportWriter writer(format, "summary", "services", SummaryRecord(ServiceUse()));
+std::string ExportSummary(const ReportOf& of, ExportFormat format) {
+  UseByService use(of.settings);
+  ForEachConnection(of, [&use](const DetailLine& line) { use.Add(line); });
+  ReportWriter writer(of, format, "summary", "services", SummaryRecord(ServiceUse()));
   for (const auto& service : use.Services()) writer.Add(SummaryRecord(service));
   return writer.Finish();
 }
 
-std::string ExportStatistics(ExportFormat format) {
+std::string ExportStatistics(const LogFile& logFile, const LogFindings& findings, ExportFormat format) {
   const Record record = {{"path", ShownPath(logFile.CurrentLogPath)},
                          {"length", static_cast<long>(FileLength(logFile.CurrentLogPath))},
                          {"entries", double{findings.LogEntries}},
@@ -221,10 +222,10 @@ std::string ExportStatistics(ExportFormat format) {
   return format == ExportFormat::Csv ? CsvNames(record) + text : text + "\n";
 }
 
-std::string ExportDetails(ExportFormat format) {
-  ReportWriter writer(format, "details", "connections",
-                      DetailRecord({ConnectionRecord(), 0, false, 0, 0, 0, 0, 0}));
-  ForEachConnection([&](const DetailLine& line) { writer.Add(DetailRecord(line)); });
+std::string ExportDetails(const ReportOf& of, ExportFormat format) {
+  ReportWriter writer(of, format, "details", "connections",
+                      DetailRecord(of.settings, {ConnectionRecord(), 0, false, 0, 0, 0, 0, 0}));
+  ForEachConnection(of, [&](const DetailLine& line) { writer.Add(DetailRecord(of.settings, line)); });
   return writer.Finish();
 }
 

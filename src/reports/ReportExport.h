@@ -6,7 +6,8 @@
 
 #include <string>
 
-#include "values/Calendar.h"
+#include "modemlog/LogFile.h"
+#include "reports/ReportOf.h"
 
 namespace qel {
 
@@ -16,14 +17,14 @@ enum class ExportFormat { Csv, Json };
 std::string IsoDate(Date date);
 
 // One record for each service that had a connection: name, number, sessions, time, bytes, blocks, costs.
-std::string ExportSummary(ExportFormat format);
+std::string ExportSummary(const ReportOf& of, ExportFormat format);
 
 // One record for each connection: start, end, number, service, seconds inside the period, bytes read and
 // written, dial-up, service, data and total cost, notes, and flags: "answered", "no-dial", "no-disconnect",
 // "incomplete-tariff", divided by blanks in CSV.
-std::string ExportDetails(ExportFormat format);
+std::string ExportDetails(const ReportOf& of, ExportFormat format);
 
-// One record of the current log's statistics: path, length, entries, first and last date, span in days.
-std::string ExportStatistics(ExportFormat format);
+// One record of a log's statistics: path, length, entries, first and last date, span in days.
+std::string ExportStatistics(const LogFile& logFile, const LogFindings& findings, ExportFormat format);
 
 }  // namespace qel

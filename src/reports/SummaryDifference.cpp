@@ -36,9 +36,9 @@ struct Comparison {
   std::string Name() const { return std::string(Trim(Summary.Service)); }
 };
 
-class Comparisons {
+class Comparisons : ReportOf {
  public:
-  Comparisons();
+  explicit Comparisons(const ReportOf& of);
   std::vector<std::string> Lines() const;
 
  private:
@@ -56,7 +56,7 @@ void AddReason(Comparison& comparison, const std::string& reason) {
 }
 
 Comparison& Comparisons::Of(const std::string& number) {
-  const ServiceKey key = KeyOf(number);
+  const ServiceKey key = KeyOf(settings, number);
   for (auto& service : services)
     if (service.Summary.Key == key) return service;
   Comparison made;
@@ -78,7 +78,7 @@ void Comparisons::AddRow(const ServiceTotal& total) {
   Of(total.Number).Summary.Add(row);
 }
 
-bool HasNumber(const ServiceKey& key, const std::string& number) {
+bool HasNumber(const Settings& settings, const ServiceKey& key, const std::string& number) {
   if (key.Index < 0) return false;
   const ServiceRecord& service = settings.Services[key.Index];
   return service.ServiceNumber == number || service.ServiceAltNumber == number;
@@ -93,15 +93,16 @@ std::string CallsTo(const std::string& number) {
 // it had before the period, until it gets one of the period.
 void Comparisons::AddCountedElsewhere(const ConnectionRecord& connection) {
   const std::string &number = connection.Number, calls = CallsTo(number);
-  const bool shown = FirstSlotShown() <= connection.Slot && connection.Slot <= analysis.TotalsCount;
+  const bool shown = FirstSlotShown(analysis) <= connection.Slot && connection.Slot <= analysis.TotalsCount;
   const std::string& holder = analysis.ServiceTotals[connection.Slot].Number;
   const std::string leftOver = number.empty() ? "" : " (left over from before the period)";
   if (!shown) return AddReason(Of(number), "its " + calls + " are not counted");
-  if (KeyOf(holder) != KeyOf(number)) {
-    const std::string why = HasNumber(KeyOf(holder), number) ? ", which has that number too" : leftOver;
+  if (KeyOf(settings, holder) != KeyOf(settings, number)) {
+    const std::string why =
+        HasNumber(settings, KeyOf(settings, holder), number) ? ", which has that number too" : leftOver;
     AddReason(Of(number), "its " + calls + " are counted under " + Of(holder).Name() + why);
     AddReason(Of(holder), calls + (number.empty() ? "" : " of " + Of(number).Name()) + " are counted here");
-  } else if (KeyOf(connection.SlotNumber) != KeyOf(number)) {
+  } else if (KeyOf(settings, connection.SlotNumber) != KeyOf(settings, number)) {
     AddReason(Of(number), calls + " are not priced as its own" + leftOver);
   }
 }
@@ -116,17 +117,17 @@ void Comparisons::AddEstimate(const ConnectionRecord& connection) {
 void Comparisons::AddPassedOver() {
   for (int i = 1; i <= analysis.ConnectionCount; ++i) {
     const ConnectionRecord& connection = analysis.Connections[i];
-    if (IsPassedOver(connection) && connection.Slot <= analysis.TotalsCount)
+    if (IsPassedOver(settings, connection) && connection.Slot <= analysis.TotalsCount)
       AddReason(Of(analysis.ServiceTotals[connection.Slot].Number),
                 "connections with errors are counted, which the options do not show");
   }
 }
 
-Comparisons::Comparisons() {
-  for (int slot = FirstSlotShown(); slot <= analysis.TotalsCount; ++slot)
+Comparisons::Comparisons(const ReportOf& of) : ReportOf(of) {
+  for (int slot = FirstSlotShown(analysis); slot <= analysis.TotalsCount; ++slot)
     AddRow(analysis.ServiceTotals[slot]);
-  UseByService use;
-  ForEachConnection([&](const DetailLine& line) {
+  UseByService use(settings);
+  ForEachConnection(of, [&](const DetailLine& line) {
     use.Add(line);
     AddCountedElsewhere(line.Connection);
     AddEstimate(line.Connection);
@@ -155,20 +156,20 @@ std::string DifferenceOf(const ServiceUse& summary, const ServiceUse& connection
   return text;
 }
 
-bool HasLimits(const ServiceKey& key) {
+bool HasLimits(const Settings& settings, const ServiceKey& key) {
   if (key.Index < 0) return false;
   const ServiceRecord& service = settings.Services[key.Index];
   return service.ServiceOption == 2 || (service.PerMeg != 0 && service.MegPeriod != "Session");
 }
 
 // Where no call is counted otherwise, the figures themselves tell why they differ.
-std::string OtherReason(const Comparison& service) {
+std::string OtherReason(const Settings& settings, const Comparison& service) {
   const ServiceUse &summary = service.Summary, &connections = service.Connections;
   if (summary.Seconds <= 0 && summary.Sessions > 0 && summary.Seconds == connections.Seconds)
     return "it shows neither data nor cost of calls that took no time";
   if (summary.BytesRead != connections.BytesRead)
     return "it counts data that the log tells twice, before the period or behind another call";
-  if (summary.Seconds == connections.Seconds && HasLimits(summary.Key))
+  if (summary.Seconds == connections.Seconds && HasLimits(settings, summary.Key))
     return "use before the period counts towards its limits";
   return "the settings were changed since the log was processed, or a failure was passed over";
 }
@@ -183,8 +184,8 @@ std::vector<std::string> Comparisons::Lines() const {
     if (difference.empty()) continue;
     std::string why;
     for (const auto& reason : service.Reasons) why += (why.empty() ? "" : ", ") + reason;
-    lines.push_back(service.Name() + ": " + difference + "; " + (why.empty() ? OtherReason(service) : why) +
-                    ".");
+    lines.push_back(service.Name() + ": " + difference + "; " +
+                    (why.empty() ? OtherReason(settings, service) : why) + ".");
   }
   if (lines.empty()) return lines;
   const std::string total = DifferenceOf(summary, connections);
@@ -196,11 +197,11 @@ std::vector<std::string> Comparisons::Lines() const {
 
 }  // namespace
 
-std::vector<std::string> SummaryDifferences() {
+std::vector<std::string> SummaryDifferences(const ReportOf& of) {
   try {
     Unheard unheard;
     const Surroundings around(unheard, unheard);
-    return Comparisons().Lines();
+    return Comparisons(of).Lines();
   } catch (const RunTimeError&) {
     return {};
   }

@@ -7,11 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "reports/ReportOf.h"
+
 namespace qel {
 
-// For the user, in Windows-1252: first how much the Summary of the latest analysis tells more or less in all,
+// For the user, in Windows-1252: first how much the Summary tells more or less in all,
 // then a line for each service with the reasons. Empty where there is no difference to see. Asks and tells
 // nobody; where the connections cannot be priced there is nothing to compare.
-std::vector<std::string> SummaryDifferences();
+std::vector<std::string> SummaryDifferences(const ReportOf& of);
 
 }  // namespace qel

@@ -46,8 +46,9 @@ std::string BlocksText(int blocks, Int32 minutes) {
   return std::to_string(blocks) + " (" + FormatTime(static_cast<float>(minutes * 60), true) + ")";
 }
 
-class SummaryBuilder {
+class SummaryBuilder : ReportOf {
  public:
+  explicit SummaryBuilder(const ReportOf& of) : ReportOf(of) {}
   ReportDocument Build();
 
  private:
@@ -103,13 +104,13 @@ void SummaryBuilder::FillColumns() {
 }
 
 std::string SummaryBuilder::Header() const {
-  const bool warn = ErrorsAreShown();
+  const bool warn = ErrorsAreShown(*this);
   return std::string(" QELMARK - Summary Report") + NewLine + NewLine +
          " Beginning: " + FormatDate(period.PeriodStart, "long date") +
          (warn ? "        WARNING: Errors found in log!" : "") + NewLine +
          " Ending:    " + FormatDate(period.PeriodEnd, "long date") +
-         (warn ? "                 Check details report." : "") + NewLine + " Period:    " + PeriodText() +
-         NewLine;
+         (warn ? "                 Check details report." : "") + NewLine +
+         " Period:    " + PeriodText(period) + NewLine;
 }
 
 std::string SummaryBuilder::Heading() const {
@@ -226,11 +227,11 @@ std::string SummaryBuilder::TotalsLine() const {
 
 ReportDocument SummaryBuilder::Build() {
   FillColumns();
-  document.FillLabels("Summary");
+  document.FillLabels(*this, "Summary");
   document.AddRow();
   anyConnections = !analysis.ServiceTotals[0].Number.empty() || analysis.TotalsCount > 0;
   if (anyConnections) {
-    for (int slot = FirstSlotShown(); slot <= analysis.TotalsCount; ++slot)
+    for (int slot = FirstSlotShown(analysis); slot <= analysis.TotalsCount; ++slot)
       AddSlot(analysis.ServiceTotals[slot]);
     useTotal = UseTotal();
     document.AddDottedRow();
@@ -246,16 +247,15 @@ ReportDocument SummaryBuilder::Build() {
 
 }  // namespace
 
-ReportDocument DisplaySummaryReport() {
+ReportDocument DisplaySummaryReport(const ReportOf& of) {
   SetTrace("QELAnalyse", "DisplaySummaryReport");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  ReportDocument document = SummaryBuilder().Build();
-  analysis.SummaryBuilt = true;
+  ReportDocument document = SummaryBuilder(of).Build();
   CurrentHost().SetMousePointer(MousePointer::Default);
   return document;
 }
 
-Int16 FirstSlotShown() { return analysis.ServiceTotals[0].Seconds > 0 ? 0 : 1; }
+Int16 FirstSlotShown(const AnalysisResult& analysis) { return analysis.ServiceTotals[0].Seconds > 0 ? 0 : 1; }
 
 bool IsAnswered(const ServiceTotal& total) {
   return UpperCase(total.Number).find("ANSWER") != std::string::npos;

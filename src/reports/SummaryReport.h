@@ -6,12 +6,12 @@
 
 namespace qel {
 
-// Builds the report of the latest analysis and sets SummaryBuilt. What cannot be added
-// up in 16 or 32 bits goes to the error handler; that sum alone lacks it where the user goes on.
-ReportDocument DisplaySummaryReport();
+// Builds the report. What cannot be added up in 16 or 32 bits goes to the error handler; that sum alone lacks
+// it where the user goes on.
+ReportDocument DisplaySummaryReport(const ReportOf& of);
 
 // The first slot of ServiceTotals that a summary shows: the group "Unknown" only with time in it.
-Int16 FirstSlotShown();
+Int16 FirstSlotShown(const AnalysisResult& analysis);
 
 // What a slot costs in a report: calls that were answered cost nothing.
 double ShownCost(const ServiceTotal& total);

@@ -12,10 +12,10 @@ namespace {
 
 constexpr char AnsweredGroup[] = "Answered Calls", UnknownGroup[] = "Unknown";
 
-ServiceUse UseOf(const DetailLine& line) {
+ServiceUse UseOf(const Settings& settings, const DetailLine& line) {
   const ConnectionRecord& c = line.Connection;
   ServiceUse use;
-  use.Key = KeyOf(c.Number);
+  use.Key = KeyOf(settings, c.Number);
   use.Number = use.Key.Index < 0 ? use.Key.Number : c.Number;
   use.Service = GetServiceName(settings, use.Number);
   use.Sessions = 1;
@@ -33,7 +33,7 @@ ServiceUse UseOf(const DetailLine& line) {
 
 }  // namespace
 
-ServiceKey KeyOf(const std::string& number) {
+ServiceKey KeyOf(const Settings& settings, const std::string& number) {
   if (number == AnsweredNumber || number == AnsweredGroup) return {-1, AnsweredGroup};
   if (number == UndialledNumber || number == UnknownGroup) return {-1, UnknownGroup};
   const Int16 index = GetServiceIndex(settings, number);
@@ -50,7 +50,7 @@ void ServiceUse::Add(const ServiceUse& other) {
 }
 
 void UseByService::Add(const DetailLine& line) {
-  const ServiceUse use = UseOf(line);
+  const ServiceUse use = UseOf(settings, line);
   const auto found = std::find_if(services.begin(), services.end(),
                                   [&use](const ServiceUse& service) { return service.Key == use.Key; });
   if (found != services.end())

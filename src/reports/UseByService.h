@@ -22,7 +22,7 @@ struct ServiceKey {
 };
 
 // Of a connection's number, or of the number under which the Summary has a row.
-ServiceKey KeyOf(const std::string& number);
+ServiceKey KeyOf(const Settings& settings, const std::string& number);
 
 struct ServiceUse {
   ServiceKey Key;
@@ -35,6 +35,8 @@ struct ServiceUse {
 
 class UseByService {
  public:
+  explicit UseByService(const Settings& settings) : settings(settings) {}
+
   void Add(const DetailLine& line);
 
   // The group without a number first, all others in the order in which they were met.
@@ -42,6 +44,7 @@ class UseByService {
   ServiceUse Totals() const;
 
  private:
+  const Settings& settings;
   std::vector<ServiceUse> services;
 };
 

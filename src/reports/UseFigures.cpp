@@ -94,7 +94,7 @@ std::vector<ServiceUse> Dearest(std::vector<ServiceUse> services) {
 
 }  // namespace
 
-std::string UseOverPeriod(const UseByTime& use) {
+std::string UseOverPeriod(const UseByTime& use, bool withCosts) {
   const SpanWords& words = WordsFor(use.Length());
   std::vector<std::string> names;
   std::vector<double> seconds, costs;
@@ -106,16 +106,16 @@ std::string UseOverPeriod(const UseByTime& use) {
   std::vector<ChartPanel> panels;
   if (Highest(seconds) > 0)
     panels.push_back(PanelOf("Connected time", "time", seconds, names, TimeScale, TimeText));
-  if (settings.CalcCosts && Highest(costs) > 0)
+  if (withCosts && Highest(costs) > 0)
     panels.push_back(PanelOf("Cost", "cost", costs, names, MoneyScale, MoneyText));
   if (panels.empty()) return "";
   std::vector<HtmlColumn> columns = {{words.Column, true}, {"Connected time"}};
-  if (settings.CalcCosts) columns.push_back({"Cost"});
+  if (withCosts) columns.push_back({"Cost"});
   HtmlTable table(words.Title, columns);
   for (std::size_t i = 0; i < names.size(); ++i)
     table.AddRow({names[i], TimeText(seconds[i]), MoneyText(costs[i])});
   std::string caption = "Time counts on the days in which it passed.";
-  if (settings.CalcCosts) caption += " Cost counts on the day on which the connection began.";
+  if (withCosts) caption += " Cost counts on the day on which the connection began.";
   ChartTexts texts{words.Title, ""};
   for (const auto& panel : panels) texts.Description += PeakWords(panel) + " ";
   return Figure(words.Title, BarChart(texts, panels, TicksOf(use)), caption,
@@ -140,7 +140,6 @@ std::string UseByHour(const UseByTime& use) {
 }
 
 std::string CostByService(const UseByService& use) {
-  if (!settings.CalcCosts) return "";
   const std::vector<ServiceUse> drawn = Dearest(use.Services());
   if (drawn.empty() || !(drawn.front().TotalCost > 0)) return "";
   const std::vector<StackPart> parts = {{"Dial-up", "dialup"}, {"Service", "service"}, {"Data", "data"}};

@@ -9,9 +9,8 @@
 
 namespace qel {
 
-// Markup; empty where there is nothing to draw. Costs are left out where the user does not want them
-// calculated.
-std::string UseOverPeriod(const UseByTime& use);
+// Markup; empty where there is nothing to draw.
+std::string UseOverPeriod(const UseByTime& use, bool withCosts);
 std::string UseByHour(const UseByTime& use);
 
 std::string CostByService(const UseByService& use);

@@ -88,7 +88,7 @@ class frmReport : public Form, private Display {
   // What sets the two reports apart.
   struct Kind {
     const char* FileName;  // begins the name that saving proposes
-    ReportDocument (*Build)();
+    ReportDocument (*Build)(const ReportOf&);
     ReportViewSettings& Settings;
     int LastRestored;     // the last of Column1 to Column7 that is applied
     const char* Warning;  // in RepWarn3

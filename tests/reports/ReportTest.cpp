@@ -52,12 +52,15 @@ std::string Output(const std::string& document) {
                     form = document.substr(report.size() + 1);
   if (form == "csv" || form == "json") {
     const ExportFormat format = form == "csv" ? ExportFormat::Csv : ExportFormat::Json;
-    if (report == "statistics") return ExportStatistics(format);
-    return report == "summary" ? ExportSummary(format) : ExportDetails(format);
+    if (report == "statistics") return ExportStatistics(logFile, findings, format);
+    return report == "summary" ? ExportSummary(NowReported(), format) : ExportDetails(NowReported(), format);
   }
   if (form == "html")
-    return report == "statistics" ? StatisticsPage() : report == "summary" ? SummaryPage() : DetailsPage();
-  const ReportDocument text = report == "summary" ? DisplaySummaryReport() : DisplayDetailReport();
+    return report == "statistics" ? StatisticsPage(logFile, findings)
+           : report == "summary"  ? SummaryPage(NowReported(), logFile)
+                                  : DetailsPage(NowReported(), logFile);
+  const ReportDocument text =
+      report == "summary" ? DisplaySummaryReport(NowReported()) : DisplayDetailReport(NowReported());
   return form == "grid" ? GridText(text) : text.ReportText;
 }
 
@@ -140,17 +143,17 @@ TEST_F(ReportTest, ProgressIsToldOnceForEveryPercent) {
   Watch watch;
   const Meanwhile here(CurrentSurroundings().Display, &watch);
   host.yielded = [&] { watch.seen += host.pointer == MousePointer::Hourglass ? "%" : "?"; };
-  DisplayDetailReport();
+  DisplayDetailReport(NowReported());
   EXPECT_EQ(watch.seen, "shown 12% 25% 37% 50% 62% 75% 87% 100% gone");
   watch.seen = "";
-  SummaryPage();
+  SummaryPage(NowReported(), logFile);
   EXPECT_EQ(watch.seen, "shown 12? 25? 37? 50? 62? 75? 87? 100? gone");
   EXPECT_EQ(host.pointer, MousePointer::Default);
   Open("week", "General MaxConnections=dword:000000c8");
   ProcessNow();
   analysis.ConnectionCount = 200;
   watch.seen = "";
-  SummaryPage();
+  SummaryPage(NowReported(), logFile);
   EXPECT_EQ(std::ranges::count(watch.seen, '?'), 100);
 }
 

@@ -9,6 +9,7 @@
 #include "reports/UseByService.h"
 #include "settings/UserParameters.h"
 #include "support/Expected.h"
+#include "support/ProcessNow.h"
 
 namespace qel {
 
@@ -48,11 +49,11 @@ class Sums : public FreshProgram {
   // Puts the documents of the latest analysis beside those before.
   void Keep(const std::string& name) const {
     for (const auto& [form, format] : {std::pair{".csv", ExportFormat::Csv}, {".json", ExportFormat::Json}}) {
-      folder.Put(name + "-summary" + form, ExportSummary(format));
-      folder.Put(name + "-details" + form, ExportDetails(format));
+      folder.Put(name + "-summary" + form, ExportSummary(NowReported(), format));
+      folder.Put(name + "-details" + form, ExportDetails(NowReported(), format));
     }
-    folder.Put(name + "-summary.html", SummaryPage());
-    folder.Put(name + "-details.html", DetailsPage());
+    folder.Put(name + "-summary.html", SummaryPage(NowReported(), logFile));
+    folder.Put(name + "-details.html", DetailsPage(NowReported(), logFile));
   }
 };
 
@@ -70,7 +71,7 @@ TEST_F(Sums, HoldInEveryWeekOfTheSample) {
     SetPeriod(day, day + 6);
     ProcessNow();
     Keep(IsoDate(day));
-    for (const auto& line : SummaryDifferences()) told += IsoDate(day) + " " + line + "\n";
+    for (const auto& line : SummaryDifferences(NowReported())) told += IsoDate(day) + " " + line + "\n";
   }
   ExpectFile("reports/expected/sample-differences.txt", told);
   EXPECT_EQ(FaultsOfDocuments(folder), "");
@@ -87,11 +88,11 @@ TEST_F(Sums, HoldInAwkwardLogsAndTheSummarysDifferencesAreTold) {
       if (Has(setUp, "changed")) settings.Services[0].ServiceRate = settings.Services[1].ServiceRate = 2;
       Keep(std::to_string(row) + " blocks of " + std::to_string(block));
     }
-    UseByService services;
-    ForEachConnection([&services](const DetailLine& line) { services.Add(line); });
+    UseByService services(settings);
+    ForEachConnection(NowReported(), [&services](const DetailLine& line) { services.Add(line); });
     const ServiceUse use = services.Totals();
     std::string told;
-    for (const auto& line : SummaryDifferences()) told += (told.empty() ? "" : "|") + line;
+    for (const auto& line : SummaryDifferences(NowReported())) told += (told.empty() ? "" : "|") + line;
     EXPECT_EQ(told, said) << setUp << " " << log;
     EXPECT_EQ(std::to_string(use.Sessions) + " " + std::to_string(use.Seconds) + " " +
                   std::to_string(use.BytesRead),

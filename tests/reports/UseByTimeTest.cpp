@@ -85,7 +85,7 @@ TEST_F(ChartTest, LongPeriodsAreDividedIntoLongerSpans) {
     EXPECT_EQ(spans.back().Last, last) << days;
     for (std::size_t i = 1; i < spans.size(); ++i) ASSERT_EQ(spans[i - 1].Last + 1, spans[i].First) << days;
     Add(use, {0, 10, 0, 600}, 1);
-    EXPECT_EQ(TicksOf(UseOverPeriod(use)), ticks) << days;
+    EXPECT_EQ(TicksOf(UseOverPeriod(use, true)), ticks) << days;
   }
 }
 

@@ -7,6 +7,7 @@
 #include "modemlog/LogFile.h"
 #include "settings/UserParameters.h"
 #include "support/FreshProgram.h"
+#include "support/ProcessNow.h"
 
 namespace qel {
 

@@ -46,13 +46,7 @@ class FreshProgram : public ::testing::Test {
     GetLogStats(false);
   }
 
-  // Analyses the current log.
-  static void ProcessNow() {
-    Pricing pricing(settings, period);
-    ProcessLog(pricing, logFile, findings, analysis);
-  }
-
-  static void SetPeriod(Date start, Date end) {
+  void SetPeriod(Date start, Date end) {
     period.PeriodStart = start;
     period.PeriodEnd = end;
     period.PeriodDays = Int16(DaysBetween(start, end)) + 1;
