@@ -4,9 +4,9 @@
 
 #include "FuzzedProgram.h"
 #include "core/ProgramState.h"
-#include "maintenance/LinePass.h"
-#include "maintenance/LogRewrite.h"
-#include "maintenance/LogSwap.h"
+#include "maintenance/ClearAndArchive.h"
+#include "maintenance/Optimize.h"
+#include "maintenance/Purge.h"
 #include "maintenance/Repair.h"
 #include "modemlog/LogFile.h"
 #include "modemlog/LogLine.h"
@@ -31,8 +31,8 @@ struct Plan {
     if (tool == Purge) return DoPurge(from, to);
     if (tool == Optimize) return DoOptimize();
     ReasonOfFailure([this] {
-      if (tool == Clear) return WriteLog(logFile.CurrentLogPath, NewLogEntry());
-      LogRepair repair([](const auto&, const auto&) {});
+      if (tool == Clear) return ClearLog(std::nullopt);
+      LogRepair repair(CurrentDisplay());
       repair.FixCorruption();
       repair.CheckEntries();
     });

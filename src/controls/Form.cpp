@@ -92,6 +92,14 @@ void Form::Activate() {
   if (!comesBack) Form_Activate();
 }
 
+void Form::UserKey(KeyPress& press) {
+  KeyDown(press);
+  if (!press.Handled && active) active->UserKey(press);
+  if (press.Handled || press.key != Key::F1 || !loaded) return;
+  press.Handled = true;
+  CurrentHost().ShowHelp(HelpContextID);
+}
+
 Control* Form::Find(std::string_view controlName, int index) const {
   for (Control* control : controls)
     if (control->Name() == controlName && control->Index() == index) return control;

@@ -53,8 +53,11 @@ class Form {
   // to the front.
   void Activate();
 
-  // The user presses a key with the form in front, or moves the mouse over what is no control.
+  // The user presses a key with the form in front: the form is told, then the control that has the focus. F1
+  // that neither takes asks for the form's help.
+  void UserKey(KeyPress& press);
   Event<KeyPress&> KeyDown;
+  // The user moves the mouse over what is no control.
   Event<> MouseMove;
 
   // The control of a name, or of a name and a place in its array; nullptr where there is none.

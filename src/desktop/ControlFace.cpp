@@ -56,7 +56,7 @@ void ControlFace::Refresh() {
     const FormFace::Pushing pushing(form);
     Push();
   }
-  if (control.HasFocus()) form.FollowFocus();
+  if (control.HasFocus()) form.Focus().Follow();
 }
 
 bool ControlFace::Filter(QWidget& watched, QEvent& event) {

@@ -71,7 +71,10 @@ class ClickableFace : public ControlFace {
 };
 
 // The faces by kind of control; null for a control of another kind, or where the design has no widget for it.
-std::unique_ptr<ControlFace> FaceOfText(FormFace& form, Control& model);
+std::unique_ptr<ControlFace> FaceOfLabel(FormFace& form, Control& model);
+std::unique_ptr<ControlFace> FaceOfTextField(FormFace& form, Control& model);
+std::unique_ptr<ControlFace> FaceOfTextArea(FormFace& form, Control& model);
+std::unique_ptr<ControlFace> FaceOfDocument(FormFace& form, Control& model);
 std::unique_ptr<ControlFace> FaceOfButton(FormFace& form, Control& model);
 std::unique_ptr<ControlFace> FaceOfBar(FormFace& form, Control& model);
 std::unique_ptr<ControlFace> FaceOfList(FormFace& form, Control& model);

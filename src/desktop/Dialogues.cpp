@@ -10,16 +10,14 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
-#include <QWindow>
 #include <algorithm>
 #include <vector>
 
 #include "core/Surroundings.h"
 #include "desktop/EventLoop.h"
-#include "desktop/FormFace.h"
+#include "desktop/ModalWindows.h"
 #include "desktop/QtValues.h"
 #include "desktop/ScreenRoom.h"
-#include "ui/frmHelp.h"
 
 namespace qel {
 
@@ -95,7 +93,7 @@ void AddHelpButton(QMessageBox& box, int context) {
   help->setShortcut(Qt::Key_F1);
   help->disconnect();  // from what would close the box
   QObject::connect(help, &QPushButton::clicked, &box,
-                   [context] { Dispatch([context] { ShowHelp(context); }); });
+                   [context] { Dispatch([context] { CurrentHost().ShowHelp(context); }); });
 }
 
 // The name with the extension that its kind of file is listed by.
@@ -133,30 +131,6 @@ std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialog
 }
 
 }  // namespace
-
-void GiveOwner(QWidget& window) {
-  QWidget* owner = QApplication::activeModalWidget();
-  // The user may be in another program just now.
-  if (!owner) owner = QApplication::activeWindow();
-  for (const Form* form : LoadedForms)
-    if (const FormFace* face = FaceOf(*form); !owner && face && face->Window().isVisible())
-      owner = &face->Window();
-  window.winId();  // makes the handle
-  if (!owner || owner == &window) return;
-  window.windowHandle()->setTransientParent(owner->windowHandle());
-  FollowPlacement(window, *owner);
-}
-
-void MakeModal(QWidget& window) {
-  window.setWindowModality(Qt::ApplicationModal);
-  GiveOwner(window);
-}
-
-bool IsKeptFrom(const QWidget& window) {
-  const QWidget* modal = QApplication::activeModalWidget();
-  return modal && modal != &window && window.windowHandle() &&
-         !modal->windowHandle()->isAncestorOf(window.windowHandle(), QWindow::IncludeTransients);
-}
 
 int RunDialogue(QDialog& dialogue) {
   const UsualPointer pointer;

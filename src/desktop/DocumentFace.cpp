@@ -1,7 +1,12 @@
-#include "desktop/DocumentFace.h"
+// Pages to read, with links.
 
+#include <QTextBrowser>
 #include <QUrl>
+#include <optional>
+#include <string>
 
+#include "controls/TextControls.h"
+#include "desktop/ControlFace.h"
 #include "desktop/QtValues.h"
 
 namespace qel {
@@ -20,24 +25,36 @@ constexpr char PageStyle[] =
 // Pixels.
 constexpr qreal PageMargin = 10, ListIndent = 24;
 
+class DocumentFace : public ControlFace {
+ public:
+  DocumentFace(FormFace& form, Document& model, QTextBrowser& page)
+      : ControlFace(form, model, &page), model(model), page(page) {
+    page.setOpenLinks(false);
+    page.document()->setDefaultStyleSheet(PageStyle);
+    page.document()->setDocumentMargin(PageMargin);
+    page.document()->setIndentWidth(ListIndent);
+    connect(&page, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+      Tell([this, &link] { this->model.UserLink(FromQt(link.toString())); });
+    });
+  }
+
+ private:
+  void Push() override {
+    ControlFace::Push();
+    if (shownHtml == model.Html()) return;
+    shownHtml = model.Html;
+    page.setHtml(ToQt(*shownHtml));
+  }
+
+  Document& model;
+  QTextBrowser& page;
+  std::optional<std::string> shownHtml;
+};
+
 }  // namespace
 
-DocumentFace::DocumentFace(FormFace& form, Document& model, QTextBrowser& page)
-    : ControlFace(form, model, &page), model(model), page(page) {
-  page.setOpenLinks(false);
-  page.document()->setDefaultStyleSheet(PageStyle);
-  page.document()->setDocumentMargin(PageMargin);
-  page.document()->setIndentWidth(ListIndent);
-  connect(&page, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
-    Tell([this, &link] { this->model.UserLink(FromQt(link.toString())); });
-  });
-}
-
-void DocumentFace::Push() {
-  ControlFace::Push();
-  if (shownHtml == model.Html()) return;
-  shownHtml = model.Html;
-  page.setHtml(ToQt(*shownHtml));
+std::unique_ptr<ControlFace> FaceOfDocument(FormFace& form, Control& control) {
+  return FaceOf<DocumentFace, Document, QTextBrowser>(form, control);
 }
 
 }  // namespace qel

@@ -1,20 +1,22 @@
 #include "desktop/FormFace.h"
 
-#include <QAbstractButton>
-#include <QCoreApplication>
-#include <QLabel>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QEvent>
+#include <QKeyEvent>
 #include <QLayout>
+#include <QMouseEvent>
 #include <QScreen>
-#include <QShortcut>
-#include <QTabWidget>
+#include <QTabBar>
 #include <QTimer>
-#include <QVariant>
 #include <algorithm>
 #include <utility>
 
 #include "desktop/ControlFace.h"
-#include "desktop/Dialogues.h"
 #include "desktop/EventLoop.h"
+#include "desktop/FormKeys.h"
+#include "desktop/ModalWindows.h"
 #include "desktop/QtValues.h"
 #include "desktop/ScreenRoom.h"
 
@@ -22,10 +24,15 @@ namespace qel {
 
 namespace {
 
-constexpr auto MakeFaceOfKind = {FaceOfText, FaceOfButton,   FaceOfBar,
-                                 FaceOfList, FaceOfListView, FaceOfPicker};
+constexpr auto MakeFaceOfKind = {FaceOfLabel, FaceOfTextField, FaceOfTextArea, FaceOfDocument, FaceOfButton,
+                                 FaceOfBar,   FaceOfList,      FaceOfListView, FaceOfPicker};
 
 constexpr int FramingTime = 200;  // milliseconds
+
+// A wheel that only passes over a list or a strip of tabs must not choose there.
+bool ChoosesByWheel(const QWidget& widget) {
+  return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QTabBar*>(&widget);
+}
 
 // A hidden window's layouts do not reach the layouts inside its widgets by themselves.
 void LayOut(QWidget& widget) {
@@ -63,7 +70,7 @@ void FormFace::Attach() {
       }
   }
   for (const auto& face : faces) face->Attach();
-  AddKeys();
+  AddKeys(*this);
   form->ViewChanged = [this] { Push(); };
   window->setContextMenuPolicy(Qt::NoContextMenu);
   WatchWidgets();
@@ -102,7 +109,7 @@ void FormFace::Tell(const std::function<void()>& act) {
   Dispatch(act);
   if (--telling > 0) return;
   if (!form) deleteLater();
-  if (std::exchange(settlesLater, false)) SettleFocusLater();
+  focus.TakeEndOfHandler();
 }
 
 void FormFace::Release() {
@@ -116,27 +123,6 @@ void FormFace::Release() {
   form = nullptr;
   window->hide();
   if (telling == 0) deleteLater();
-}
-
-void FormFace::AddKeys() {
-  for (const auto& face : faces) {
-    QWidget* const widget = face->Widget();
-    if (!widget) continue;
-    const auto* const button = qobject_cast<QAbstractButton*>(widget);
-    if (const QString keys = widget->property("keys").toString(); !keys.isEmpty())
-      AddKey(QKeySequence(keys), face->Bound(), button != nullptr);
-    const QString key = widget->property("accessKey").toString();
-    if (key.isEmpty() || button || qobject_cast<QLabel*>(widget)) continue;
-    AddKey(QKeySequence(Qt::ALT | static_cast<Qt::Key>(key.front().toUpper().unicode())), face->Bound(),
-           false);
-  }
-}
-
-void FormFace::AddKey(const QKeySequence& keys, Control& model, bool clicks) {
-  auto* const shortcut = new QShortcut(keys, window.get());
-  connect(shortcut, &QShortcut::activated, this, [this, &model, clicks] {
-    Tell([&model, clicks] { clicks ? model.UserClick() : model.SetFocus(); });
-  });
 }
 
 void FormFace::Pull() {
@@ -211,7 +197,7 @@ void FormFace::PushVisible() {
       MakeModal(*window);
     else if (qobject_cast<QDialog*>(window.get()))
       GiveOwner(*window);
-    FollowFocus();
+    focus.Follow();
     if (FitInto(*window, window->screen()->availableGeometry())) WatchWidgets();
     window->show();
     // Only now the frame that the window system puts around it is known.
@@ -236,6 +222,84 @@ void FormFace::ComeToTheFront() {
   if (window->isActiveWindow()) return;
   window->raise();
   window->activateWindow();
+}
+
+bool FormFace::eventFilter(QObject* watched, QEvent* event) {
+  if (!form || !watched->isWidgetType()) return false;
+  auto& widget = static_cast<QWidget&>(*watched);
+  if (&widget == window.get() && FilterWindow(*event)) return true;
+  return form && FilterWidget(widget, *event);
+}
+
+bool FormFace::FilterWindow(QEvent& event) {
+  switch (event.type()) {
+    case QEvent::Close:
+      Tell([this] { form->Unload(); });
+      event.ignore();  // unloading hides the window; a form that refuses keeps it
+      return true;
+    case QEvent::WindowActivate:
+      if (!IsBehindAModalWindow()) Tell([this] { form->Activate(); });
+      return false;
+    case QEvent::Resize:
+    case QEvent::Move:
+      PullGeometry();
+      return false;
+    case QEvent::WindowStateChange:
+      // The window's new size comes by an event of its own, and Form_Resize wants to see it.
+      if (pushing == 0) QTimer::singleShot(0, this, [this] { TakeWindowState(); });
+      return false;
+    default:
+      return false;
+  }
+}
+
+// The news that it was activated may reach a window late, when it has already opened a modal one.
+bool FormFace::IsBehindAModalWindow() const {
+  const QWidget* modal = QApplication::activeModalWidget();
+  return modal && modal != window.get();
+}
+
+bool FormFace::FilterWidget(QWidget& widget, QEvent& event) {
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      if (focus.TakePress(ControlOf(&widget))) return true;
+      break;
+    case QEvent::FocusIn:
+      focus.TakeEntry(ControlOf(&widget), static_cast<QFocusEvent&>(event).reason());
+      break;
+    case QEvent::KeyPress:
+      if (TakeKey(*this, widget, static_cast<QKeyEvent&>(event))) return true;
+      break;
+    case QEvent::Wheel:
+      if (ChoosesByWheel(widget) && !widget.hasFocus()) {
+        event.ignore();  // so that what is around the widget can scroll
+        return true;
+      }
+      break;
+    case QEvent::MouseMove:
+      TakeMouseMove(widget, static_cast<QMouseEvent&>(event).pos());
+      break;
+    default:
+      break;
+  }
+  if (!form) return false;
+  for (const auto& face : faces)
+    if (face->Widget() && (face->Widget() == &widget || face->Widget()->isAncestorOf(&widget)))
+      if (face->Filter(widget, event)) return true;
+  return false;
+}
+
+void FormFace::TakeMouseMove(QWidget& widget, const QPoint& at) {
+  if (widget.childAt(at)) return;  // it has been there already
+  Control* const under = ControlOf(&widget);
+  Form& model = *form;
+  Tell([&model, under] {
+    if (under)
+      under->MouseMove();
+    else
+      model.MouseMove();
+  });
 }
 
 void AttachFaces(std::vector<WindowDesign> designs) {

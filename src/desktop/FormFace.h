@@ -1,5 +1,5 @@
 // The window of one form: it finds the widgets of the form's controls by their names, follows the form's
-// caption, place, size and state, and holds the toolkit's focus to the model's.
+// caption, place, size and state, and brings it what the user does.
 //
 // A control's widget, action, menu or bar bears the control's name, a member of a control array the name with
 // its place behind it: "mnuRecent_0".
@@ -13,9 +13,7 @@
 #include <vector>
 
 #include "controls/Form.h"
-
-class QKeyEvent;
-class QKeySequence;
+#include "desktop/FormFocus.h"
 
 namespace qel {
 
@@ -51,11 +49,13 @@ class FormFace : public QObject {
 
   // Runs what an event means to the model, unless the form has gone.
   void Tell(const std::function<void()>& act);
-  // Moves the toolkit's focus to the active control.
-  void FollowFocus();
+  // Whether that is under way.
+  bool IsTelling() const { return telling > 0; }
   // Leaves the model for good: hides the window, which is deleted once nothing of it is under way.
   void Release();
   bool IsReleased() const { return !form; }
+  Form* Bound() const { return form; }  // null once released
+  FormFocus& Focus() { return focus; }
 
   // While one lives, what widgets report is our own doing.
   class Pushing {
@@ -80,26 +80,12 @@ class FormFace : public QObject {
   void ComeToTheFront();
   void PullGeometry();
   void TakeWindowState();
-  // Of the design: "accessKey", the letter that with Alt enters a control, and "keys", which click a button
-  // or enter another control.
-  void AddKeys();
-  void AddKey(const QKeySequence& keys, Control& model, bool clicks);
-
   // The user's side; each answers whether the event goes no further.
   bool eventFilter(QObject* watched, QEvent* event) override;
   bool FilterWindow(QEvent& event);
   bool IsBehindAModalWindow() const;
   bool FilterWidget(QWidget& widget, QEvent& event);
-  bool TakePress(QWidget& widget);
-  void TakeFocus(QWidget& widget, Qt::FocusReason reason);
-  bool TakeKey(QWidget& widget, const QKeyEvent& event);
-  bool TakeHelpKey(const KeyPress& press);
-  bool TakeEnterOrEscape(const KeyPress& press);
-  bool TakeTab(const QKeyEvent& event);
   void TakeMouseMove(QWidget& widget, const QPoint& at);
-  // Brings the focuses together once the present event is over.
-  void SettleFocusLater();
-  void SettleFocus();
 
   Form* form;  // null once released
   std::unique_ptr<QWidget> window;
@@ -107,10 +93,8 @@ class FormFace : public QObject {
   int telling = 0;  // depth of Tell
   int pushing = 0;
   bool isInFront = false;  // was the form in front when it was last shown
-  bool enteringFocus = false;
-  bool settlesLater = false;              // the focuses, once the handler under way has ended
-  const Control* refusedFocus = nullptr;  // by the mouse press that is under way
-  QPoint shownPlace;                      // pixels, as last pushed or pulled
+  FormFocus focus{*this};
+  QPoint shownPlace;  // pixels, as last pushed or pulled
   QSize shownSize;
   WindowState shownState = WindowState::Normal;
   bool pullingGeometry = false;

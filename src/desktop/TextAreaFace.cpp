@@ -1,4 +1,6 @@
-#include "desktop/TextAreaFace.h"
+// Texts of many lines, with or without an emphasised part. Texts of several megabytes are common here: the
+// text is set only when it has changed, and not before it is to be seen; what the user types reaches the
+// model as the edit that it is; and nothing walks the text when the insertion point moves.
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -6,14 +8,19 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 
+#include "controls/TextControls.h"
 #include "core/Surroundings.h"
+#include "desktop/ControlFace.h"
 #include "desktop/QtValues.h"
 
 namespace qel {
@@ -35,7 +42,55 @@ std::ptrdiff_t DoubleBreaks(std::string_view text) {
   return count;
 }
 
-}  // namespace
+class TextAreaFace : public ControlFace {
+ public:
+  TextAreaFace(FormFace& form, TextBox& model, QPlainTextEdit& area);
+  bool Filter(QWidget& watched, QEvent& event) override;
+
+ private:
+  // A line break is one character in the widget; in the model CR LF are two, and CR or LF alone is one.
+  enum class Breaks { Single, Double, Mixed };
+  // In the widget's characters: what stands at `at` has taken the place of `removed` characters.
+  struct Edit {
+    int at, removed, added;
+  };
+  struct Range {
+    int start, length;
+    bool operator==(const Range&) const = default;
+  };
+
+  void Paste(const std::string& text);
+  void PasteSelected(const QPoint& at);
+  void ShowMenu(const QContextMenuEvent& event);
+
+  void Push() override;
+  void PushLocked();
+  void PushText();
+  void PushSelection();
+  void PushEmphasis();
+  void Emphasise(const RichTextBox::Emphasis& part, const QTextCharFormat& format);
+
+  void NoteEdit(int at, int removed, int added);
+  void TakeEdit();
+  void Replace(const Edit& made);
+  std::string Typed(const Edit& made) const;
+  void TakeSelection();
+
+  int LengthShown() const;
+  int ModelOffset(int shown) const;
+  int ShownOffset(int offset) const;
+  Range ModelSelection() const { return {model.SelStart(), model.SelLength()}; }
+
+  TextBox& model;
+  QPlainTextEdit& area;
+  std::optional<int> shownEdition;      // of the model's text
+  std::optional<Range> shownSelection;  // in the model's characters
+  std::optional<Edit> edit;             // that the model has not heard of yet
+  int shownLength = 0;
+  RichTextBox::Emphasis shownEmphasis;
+  Breaks breaks = Breaks::Double;
+  bool takingText = false;
+};
 
 TextAreaFace::TextAreaFace(FormFace& form, TextBox& model, QPlainTextEdit& area)
     : ControlFace(form, model, &area), model(model), area(area) {
@@ -230,6 +285,12 @@ int TextAreaFace::ShownOffset(int offset) const {
   const std::string_view before =
       std::string_view(model.Text()).substr(0, static_cast<std::size_t>(std::max(0, offset)));
   return std::min(static_cast<int>(before.size()) - static_cast<int>(DoubleBreaks(before)), LengthShown());
+}
+
+}  // namespace
+
+std::unique_ptr<ControlFace> FaceOfTextArea(FormFace& form, Control& control) {
+  return FaceOf<TextAreaFace, TextBox, QPlainTextEdit>(form, control);
 }
 
 }  // namespace qel

@@ -1,15 +1,14 @@
 #include "maintenance/LogRewrite.h"
 
+#include <iostream>
+#include <limits>
+#include <new>
+
+#include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "maintenance/LinePass.h"
-#include "maintenance/LogSwap.h"
-#include "modemlog/LineClassifier.h"
-#include "modemlog/LogLine.h"
-#include "modemlog/LogStatistics.h"
-#include "platform/FileLock.h"
-#include "settings/Settings.h"
-#include "values/CheckedInteger.h"
+#include "modemlog/LogFile.h"
+#include "platform/Files.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
 
@@ -17,61 +16,72 @@ namespace qel {
 
 namespace {
 
-// Where a dialled number begins, counted from 0: behind date, time and the driver's words.
-constexpr std::size_t NumberPlace = 25;
+void RewriteLog(const LogTool& tool, const LineRule& rule) {
+  RefuseOwnFile({tool.WorkingName, tool.SafetyCopyName});
+  LogRewrite rewrite(tool.WorkingName, tool.SafetyCopyName);
+  CloseAllFiles();
+  PercentDone done(CurrentDisplay(), std::string("Please Wait .....") + tool.Doing + "  ");
+  rewrite.WriteLines(logFile.CurrentLogPath, rule, [&done](Int16 lines, std::int64_t) {
+    if (findings.LogEntries > 0) done.Tell(lines, static_cast<double>(findings.LogEntries));
+  });
+  rewrite.PutInPlace();
+}
 
-// What sets the tools apart.
-struct Tool {
-  const char* WorkingName;
-  const char* SafetyName;
-  std::string Doing;  // "Purging"
-  std::string Finished;
-  std::string FailureTitle;
-  std::string FailureLine;
-};
-
-class Progress {
- public:
-  explicit Progress(std::string doing) : doing(std::move(doing)) {}
-
-  void CountLine(Int16 lines) {
-    if (findings.LogEntries <= 0) return;
-    const Int16 percent(static_cast<double>(lines) / static_cast<double>(findings.LogEntries) * 100);
-    if (percent == told) return;
-    told = percent;
-    CurrentDisplay().StatusText("Please Wait ....." + doing + "  " + NumberText(percent) + "%");
-    if (percent < 101) CurrentDisplay().Progress(percent);
-    CurrentHost().Yield();
-  }
-
- private:
-  const std::string doing;
-  std::optional<Int16> told;
-};
-
-void TellFailure(const Tool& tool) {
-  MsgBox({tool.FailureLine + "\n\n"
-                             "Please try again later after shutting down and\n"
-                             "re-starting your computer.\n"
-                             "\n"
-                             "Note that if you are currently connected and\n"
-                             "on-line then you should NOT be using QEL now.",
+void TellFailure(const LogTool& tool) {
+  MsgBox({std::string(tool.FailureText) + "\n\n"
+                                          "Please try again later after shutting down and\n"
+                                          "re-starting your computer.\n"
+                                          "\n"
+                                          "Note that if you are currently connected and\n"
+                                          "on-line then you should NOT be using QEL now.",
           tool.FailureTitle});
 }
 
-void RewriteLog(const Tool& tool, const LineRule& rule) {
-  RefuseOwnFile({tool.WorkingName, tool.SafetyName});
-  const FileLock lock(WorkingPath(LockName));
-  LogSwap swap(logFile.CurrentLogPath);
-  const WorkingFile working(tool.WorkingName);
-  CloseAllFiles();
-  Progress progress(tool.Doing);
-  RewriteLines(logFile.CurrentLogPath, working.Path, rule,
-               [&progress](Int16 lines, std::size_t) { progress.CountLine(lines); });
-  swap.PutInPlace(working.Path, WorkingPath(tool.SafetyName));
+}  // namespace
+
+WorkingFile::WorkingFile(const char* name) : Path(WorkingPath(name)) {
+  if (PathExists(Path)) RemoveFile(Path);
 }
 
-void Rewrite(const Tool& tool, const LineRule& rule) {
+WorkingFile::~WorkingFile() {
+  if (!kept) IgnoreErrors([this] { RemoveFile(Path); });
+}
+
+void PercentDone::Tell(double part, double whole) {
+  const Int16 percent(whole > 0 ? part / whole * 100 : 0);
+  if (percent == told) return;
+  told = percent;
+  display.StatusText(doing + NumberText(percent) + "%");
+  if (percent < 101) display.Progress(percent);
+  CurrentHost().Yield();
+}
+
+LogRewrite::LogRewrite(const char* workingName, const char* safetyCopyName)
+    : safetyCopy(WorkingPath(safetyCopyName)),
+      lock(WorkingPath(LockName)),
+      swap(logFile.CurrentLogPath),
+      working(workingName) {}
+
+void LogRewrite::WriteLines(const std::string& from, const LineRule& rule, const LineCounted& counted) {
+  LineReader lines(from);
+  FileWriter result(working.Path, WorkingFile::Mode);
+  Int16 count;
+  std::int64_t bytes = 0;
+  for (std::string_view line; lines.Next(line);) {
+    if (count == std::numeric_limits<std::int16_t>::max())
+      throw LogFailure(Overflow, "the log has more than 32,767 lines");
+    ++count;
+    bytes += static_cast<std::int64_t>(line.size()) + 2;
+    if (const auto kept = rule(line)) result.Write(*kept + NewLine);
+    counted(count, bytes);
+  }
+  lines.Close();
+  result.Close();
+}
+
+void LogRewrite::PutInPlace() { swap.PutInPlace(working.Path, safetyCopy); }
+
+void RunTool(const LogTool& tool, const LineRule& rule) {
   CurrentDisplay().ShowProgress(true);
   if (const std::string reason = ReasonOfFailure([&] { RewriteLog(tool, rule); }); !reason.empty()) {
     CurrentDisplay().WorkFailed(reason);
@@ -82,34 +92,18 @@ void Rewrite(const Tool& tool, const LineRule& rule) {
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
-}  // namespace
-
-void DoPurge(Date from, Date to) {
-  SetTrace("frmPurge", "DoPurge");
-  const Tool purge{PurgedName,     SafetyCopyName,
-                   "Purging",      "Finished Purging Records!",
-                   "Purge Failed", "QEL was unable to purge your modem log file!"};
-  Rewrite(purge, [from, to](std::string_view line) -> std::optional<std::string> {
-    const Date date = GetLineDate(line);
-    if (date == 0 || (date >= from && date <= to)) return std::nullopt;
-    return std::string(line);
-  });
-}
-
-void DoOptimize() {
-  SetTrace("QELOptimize", "DoOptimize");
-  const Tool optimize{OptimizedName,         logFile.ArchiveOpen ? ArchiveSafetyCopyName : SafetyCopyName,
-                      "Optimizing",          "Finished Optimizing Modem Log File!",
-                      "Optimization Failed", "QEL was unable to optimize your modem log file!"};
-  const LineClassifier classifier(settings);
-  Rewrite(optimize, [&classifier](std::string_view line) -> std::optional<std::string> {
-    const unsigned classes = classifier.ClassesOf(line);
-    if (line.empty() || classes == NoClass) return std::nullopt;
-    std::string capitals = UpperCase(line);
-    const bool hasNumber = capitals.find_first_of("0123456789", NumberPlace) != std::string::npos;
-    if (classes & DialLine && !hasNumber) return std::nullopt;
-    return capitals;
-  });
+std::string ReasonOfFailure(const std::function<void()>& work) {
+  std::string reason;
+  try {
+    work();
+    return "";
+  } catch (const RunTimeError& error) {
+    reason = WhyItFailed(error);
+  } catch (const std::bad_alloc&) {
+    reason = ErrorDescription(OutOfMemory);
+  }
+  std::cerr << "qel: " << ToUtf8(reason) << '\n';
+  return reason;
 }
 
 }  // namespace qel

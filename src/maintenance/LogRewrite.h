@@ -1,25 +1,100 @@
-// Tools that rewrite the current log line by line: the purge and the optimizing.
+// The one way in which repair, purge and optimizing rewrite the current log: line by line, each by a rule of
+// its own, into a working file in the program's folder, which then takes the log's place.
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
 
-#include "values/Calendar.h"
+#include "core/Display.h"
+#include "maintenance/LogSwap.h"
+#include "platform/FileLock.h"
+#include "values/CheckedInteger.h"
 
 namespace qel {
 
-inline constexpr char PurgedName[] = "ModemLog.pge";
-inline constexpr char OptimizedName[] = "ModemLog.opt";
+// Held while one of the program's working files is in use.
+inline constexpr char LockName[] = "ModemLog.lock";
 
-// Both work on CurrentLogPath by way of a working file in the program's folder and tell the display of their
-// progress. A failure leaves the log as it was and is told in a message box. More than 32767 lines are such a
-// failure, and so are a log that is written to meanwhile and one that is itself the working file or the
-// safety copy.
+// A file of the tools in the program's folder, that nobody but its owner reads. What an earlier run left is
+// removed at the beginning, and what is not in its place by then, at the end.
+class WorkingFile {
+ public:
+  explicit WorkingFile(const char* name);
+  ~WorkingFile();
+  WorkingFile(const WorkingFile&) = delete;
+  WorkingFile& operator=(const WorkingFile&) = delete;
 
-// Drops the lines of the days `from` to `to`, and all without a date.
-void DoPurge(Date from, Date to);
+  void Keep() { kept = true; }
 
-// Keeps, in capital letters, the lines that the analysis reads: those with a response string, a dial only
-// with a number in it.
-void DoOptimize();
+  static constexpr int Mode = 0600;
+  const std::string Path;
+
+ private:
+  bool kept = false;
+};
+
+// Tells how far a tool is, in a text and, up to 100 percent, by a bar, and lets the windows show it.
+class PercentDone {
+ public:
+  // The percentage stands behind `doing`.
+  PercentDone(Display& display, std::string doing) : display(display), doing(std::move(doing)) {}
+
+  // Only a percentage that differs from the one before is told. Raises 6 where 16 bits do not hold it.
+  void Tell(double part, double whole);
+
+ private:
+  Display& display;
+  const std::string doing;
+  std::optional<Int16> told;
+};
+
+// What a line, without its end, becomes; nothing where it goes.
+using LineRule = std::function<std::optional<std::string>(std::string_view line)>;
+
+// Told behind each line how many lines and bytes have been read, each line's end counted as two bytes.
+using LineCounted = std::function<void(Int16 lines, std::int64_t bytes)>;
+
+// One rewrite of the current log. While this lives, no other QEL rewrites it.
+class LogRewrite {
+ public:
+  // Both files lie in the program's folder. Raises as LogSwap does.
+  LogRewrite(const char* workingName, const char* safetyCopyName);
+
+  // Writes the lines of `from` that `rule` keeps, each with CR LF, to the working file. Raises 6 for more
+  // than 32767 lines, and the disk's errors.
+  void WriteLines(const std::string& from, const LineRule& rule, const LineCounted& counted);
+
+  // The working file becomes the log, and the log as it was at the beginning the safety copy, as LogSwap
+  // tells.
+  void PutInPlace();
+
+ private:
+  const std::string safetyCopy;
+  const FileLock lock;
+  LogSwap swap;
+  const WorkingFile working;
+};
+
+// What sets the purge and the optimizing apart.
+struct LogTool {
+  const char* WorkingName;
+  const char* SafetyCopyName;
+  const char* Doing;  // "Purging"
+  const char* Finished;
+  const char* FailureTitle;
+  const char* FailureText;
+};
+
+// Runs one of these tools on the current log and tells the display of its progress. A failure leaves the log
+// as it was and is told in a message box. More than 32767 lines are such a failure, and so are a log that is
+// written to meanwhile and one that is itself one of the tool's files.
+void RunTool(const LogTool& tool, const LineRule& rule);
+
+// Does a tool's work: "" where it ran to its end, else why it failed, in one line of Windows-1252. Standard
+// error has a word of it.
+std::string ReasonOfFailure(const std::function<void()>& work);
 
 }  // namespace qel

@@ -95,6 +95,9 @@ class Host {
   virtual void OpenDocument(const std::string&) {}
   virtual void StartProgram(const std::string&) {}
 
+  // Shows the topic of this number beside the program's windows.
+  virtual void ShowHelp(int /*topic*/) {}
+
   // 0xRRGGBB, of the background that windows are drawn on.
   virtual unsigned BackgroundColour() { return StandardGrey; }
 

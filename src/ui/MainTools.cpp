@@ -3,11 +3,8 @@
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
-#include "maintenance/LogRewrite.h"
-#include "maintenance/LogSwap.h"
-#include "modemlog/LogLine.h"
+#include "maintenance/Optimize.h"
 #include "modemlog/LogStatistics.h"
-#include "platform/Files.h"
 #include "settings/Settings.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmMain.h"
@@ -67,10 +64,7 @@ void frmMain::mnuClearLog_Click() {
   std::optional<FileStamp> asked;  // what the user agrees to lose
   IgnoreErrors([&asked] { asked = StampOf(logFile.CurrentLogPath); });
   if (MsgBox(question) != Answer::Yes || !ClearsUnsavedLog()) return;
-  const bool cleared = Attempt([&asked] {
-    WriteLog(logFile.CurrentLogPath, NewLogEntry(), asked ? *asked : StampOf(logFile.CurrentLogPath));
-  });
-  if (cleared) {
+  if (Attempt([&asked] { ClearLog(asked); })) {
     findings.LogCorrupt = false;
     lastArchive.reset();
     MsgBox({"Current modem log has been deleted.\nNew blank modem log has been created!", ProgramTitle});
@@ -81,15 +75,9 @@ void frmMain::mnuClearLog_Click() {
 // The told question advises to save the log first. Who tried and could not, or saved what has grown since, is
 // asked again.
 bool frmMain::ClearsUnsavedLog() {
-  if (!lastArchive || lastArchive->Log != logFile.CurrentLogPath) return true;
-  bool grown = false;
-  IgnoreErrors([&] { grown = StampOf(logFile.CurrentLogPath) != lastArchive->Text; });
-  if (lastArchive->Failure.empty() && !grown) return true;
-  const std::string why = lastArchive->Failure.empty()
-                              ? "The log has changed since the text that you saved as an archive was read."
-                              : "The log was not saved as an archive:\n" + lastArchive->Failure;
-  return MsgBox({why + "\n\nDo you want to delete it all the same?", "Delete Modem Log", Icon::Exclamation,
-                 Buttons::YesNo, 0, 2}) == Answer::Yes;
+  const std::string doubt = lastArchive ? DoubtAboutClearing(*lastArchive) : "";
+  return doubt.empty() || MsgBox({doubt + "\n\nDo you want to delete it all the same?", "Delete Modem Log",
+                                  Icon::Exclamation, Buttons::YesNo, 0, 2}) == Answer::Yes;
 }
 
 void frmMain::mnuPurgeLog_Click() {

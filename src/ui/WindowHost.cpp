@@ -2,6 +2,7 @@
 
 #include "core/ErrorHandler.h"
 #include "settings/StoredValues.h"
+#include "ui/frmHelp.h"
 #include "ui/frmMain.h"
 #include "ui/frmSplash.h"
 
@@ -12,6 +13,8 @@ Display& WindowHost::Front() {
   if (SplashForm.IsLoaded()) return *SplashForm;
   return *this;
 }
+
+void WindowHost::ShowHelp(int topic) { qel::ShowHelp(topic); }
 
 void WindowHost::UnloadWindows() {
   // First the options: what was not saved there is put back before other windows store the settings.

@@ -2,7 +2,6 @@
 
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "maintenance/LinePass.h"
 #include "maintenance/Repair.h"
 #include "modemlog/LogFile.h"
 #include "ui/HelpContexts.h"
@@ -22,7 +21,7 @@ void frmFileRepair::Form_Activate() {
   running = true;
   CurrentHost().Yield();
   const std::string reason = ReasonOfFailure([this] {
-    LogRepair repair([this](const auto& text, const auto& percent) { Tell(text, percent); });
+    LogRepair repair(*this);
     repair.FixCorruption();
     repair.CheckEntries();
   });
@@ -32,12 +31,6 @@ void frmFileRepair::Form_Activate() {
   lblFileRepair.Caption = "Modem File Successfully Repaired!";
   btnOK.Enabled = true;
   running = false;
-}
-
-void frmFileRepair::Tell(const std::optional<std::string>& text, const std::optional<Int16>& percent) {
-  if (text) lblFileRepair.Caption = *text;
-  if (percent && *percent < 101) ProgressBar.SetValue(*percent);
-  CurrentHost().Yield();
 }
 
 // The window stays beside the message, which gives no reason.

@@ -1,18 +1,17 @@
 // The progress of a log's repair, which runs as soon as the window is there.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
 #include "controls/Form.h"
 #include "controls/TextControls.h"
-#include "values/CheckedInteger.h"
+#include "core/Display.h"
 
 namespace qel {
 
-class frmFileRepair : public Form {
+class frmFileRepair : public Form, private Display {
  public:
   frmFileRepair();
 
@@ -25,7 +24,8 @@ class frmFileRepair : public Form {
   void Form_Activate() override;
   // Stays until the repair is done.
   bool Form_Unload() override { return !running; }
-  void Tell(const std::optional<std::string>& text, const std::optional<Int16>& percent);
+  void StatusText(const std::string& text) override { lblFileRepair.Caption = text; }
+  void Progress(Int16 percent) override { ProgressBar.SetValue(percent); }
   [[noreturn]] void RepairFailure(const std::string& reason);
 
   bool running = false;

@@ -145,6 +145,4 @@ void ShowHelpSearch() {
 
 void ShowHelpOnHelp() { ShowHelp(HelpUsingHelp); }
 
-void ShowHelpOn(const Form& form) { ShowHelp(form.HelpContextID); }
-
 }  // namespace qel

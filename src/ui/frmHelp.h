@@ -56,7 +56,5 @@ void ShowHelpContents();
 void ShowHelpSearch();
 void ShowHelpOnHelp();
 void ShowHelp(int context);
-// The topic of a window.
-void ShowHelpOn(const Form& form);
 
 }  // namespace qel

@@ -18,7 +18,7 @@
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
 #include "core/Display.h"
-#include "platform/Files.h"
+#include "maintenance/ClearAndArchive.h"
 
 namespace qel {
 
@@ -113,12 +113,6 @@ class frmMain : public Form, public Display, public PeriodFields {
   // file is open by then; while it shows another text file, they are off.
   void NameLogCommands();
 
-  // The last try of this run to save a log as an archive.
-  struct ArchiveTry {
-    std::string Log;      // path
-    FileStamp Text;       // the log as the text was read from it
-    std::string Failure;  // why it could not be saved; empty where it was
-  };
   void TakeArchiveTry(ArchiveTry made) { lastArchive = std::move(made); }
 
   // Reads an archive or another log in place of the default log.
@@ -222,7 +216,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   std::string defaultLogFile, defaultLogDir;
   bool defaultLogUsable = false;
 
-  std::optional<ArchiveTry> lastArchive;
+  std::optional<ArchiveTry> lastArchive;  // of this run
 
   Int16 animFrame;
   bool animBackward = false;

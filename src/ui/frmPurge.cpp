@@ -2,7 +2,7 @@
 
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
-#include "maintenance/LogRewrite.h"
+#include "maintenance/Purge.h"
 #include "modemlog/LogStatistics.h"
 #include "platform/DateConversion.h"
 #include "ui/DateField.h"

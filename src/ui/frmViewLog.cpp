@@ -6,7 +6,6 @@
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
-#include "maintenance/LinePass.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogStatistics.h"
 #include "settings/UserParameters.h"
@@ -247,15 +246,10 @@ void frmViewLog::mnuSaveArchive_Click() {
   SetTrace("frmViewLog", "mnuSaveArchive_Click");
   const auto path = CurrentHost().AskSaveFile({ArchiveFilter, AppPath, ToUtf8(archiveName)});
   if (!path) return;
-  std::string failure = ReasonOfFailure([&] {
-    const bool ownFile = IsSameFile(*path, shownPath);
-    WriteLog(*path, TextViewLog.Text() + NewLine, ownFile ? std::optional(opened) : std::nullopt);
-  });
-  if (const std::string named = PathText(*path) + ": "; failure.starts_with(named))
-    failure.erase(0, named.size());  // which the user has just given
-  StatusBar1.SetPanel(ArchivePanel, failure.empty() ? "" : "Archive NOT saved: " + failure);
-  if (!failure.empty()) CurrentHost().Beep();
-  if (MainForm.IsLoaded()) MainForm->TakeArchiveTry({shownPath, opened, failure});
+  const ArchiveTry made = SaveArchive(*path, TextViewLog.Text, shownPath, opened);
+  StatusBar1.SetPanel(ArchivePanel, made.Failure.empty() ? "" : "Archive NOT saved: " + made.Failure);
+  if (!made.Failure.empty()) CurrentHost().Beep();
+  if (MainForm.IsLoaded()) MainForm->TakeArchiveTry(made);
 }
 
 void frmViewLog::mnuCopy_Click() { CurrentHost().SetClipboardText(TextViewLog.SelText()); }

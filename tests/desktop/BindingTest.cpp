@@ -12,9 +12,9 @@
 #include <QToolButton>
 #include <QTreeView>
 
+#include "MissingBindings.h"
 #include "SampleForm.h"
 #include "desktop/Look.h"
-#include "desktop/MissingBindings.h"
 #include "desktop/QtValues.h"
 #include "values/FormatMask.h"
 
@@ -237,19 +237,19 @@ TEST_F(Binding, TheUsersResizingComesBackWithTheControlsInPlace) {
 }
 
 TEST_F(Binding, AWholeDesignHasNothingMissingAndAFaultOfEachSortIsFound) {
-  EXPECT_EQ(MissingBindings(form), std::vector<std::string>());
+  EXPECT_EQ(MissingBindings::Of(form), std::vector<std::string>());
   const Label lost(form, "lblLost");
   Get<QAction>("toolSave").setText("Sav");
   Get<QMenu>("mnuFile").addAction("Stray")->setObjectName("mnuStray");
   for (const char* name : {"lblStray", "labelFree"})
     (new QLabel(&Get<QFrame>("fraFree")))->setObjectName(name);
-  EXPECT_EQ(MissingBindings(form),
+  EXPECT_EQ(MissingBindings::Of(form),
             (std::vector<std::string>{"tool button 2 of Toolbar1: \"Sav\" for \"Save\"",
                                       "control without widget: lblLost", "widget without control: lblStray",
                                       "action without control: mnuStray"}));
   frmDialog dialog;
   dialog.Load();
-  EXPECT_EQ(MissingBindings(dialog), std::vector<std::string>{"widget without control: btnStray"});
+  EXPECT_EQ(MissingBindings::Of(dialog), std::vector<std::string>{"widget without control: btnStray"});
 }
 
 }  // namespace

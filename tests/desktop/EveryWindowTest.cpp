@@ -12,8 +12,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "MissingBindings.h"
 #include "ProgramTest.h"
-#include "desktop/MissingBindings.h"
 #include "desktop/QtValues.h"
 #include "registry/RegistryStore.h"
 #include "settings/Settings.h"
@@ -68,7 +68,7 @@ class EveryWindow : public ProgramTest {
 
 TEST_F(EveryWindow, IsWholeAndStandsOnTheScreenAndCanBeUsedThere) {
   ForEachPage([](Form& form, QWidget& window, const std::string& name) {
-    for (const auto& fault : MissingBindings(form)) ADD_FAILURE() << name << ": " << fault;
+    for (const auto& fault : MissingBindings::Of(form)) ADD_FAILURE() << name << ": " << fault;
     const QSize screen = window.screen()->size();
     window.grab().save(
         QString("%1/screen%2-%3.png").arg(QEL_SCREENSHOTS).arg(screen.width()).arg(ToQt(name)));

@@ -20,7 +20,7 @@
 
 #include "ProgramTest.h"
 #include "core/Surroundings.h"
-#include "desktop/Dialogues.h"
+#include "desktop/ModalWindows.h"
 #include "settings/Settings.h"
 
 namespace qel {

@@ -24,7 +24,6 @@
 #include "registry/RegistryText.h"
 #include "startup/QELMain.h"
 #include "support/Text.h"
-#include "ui/frmHelp.h"
 #include "values/CodePage.h"
 
 namespace qel {
@@ -346,17 +345,15 @@ void Journey::Press(Form& form, const std::string& key) {
   if (Control* item = ShortcutOf(form, key)) return item->UserClick();
   KeyPress press = PressOf(key);
   if (press.Character == '\t' && !press.Control) return form.MoveFocusOn(press.Shift);
-  form.KeyDown(press);
-  Control* const active = form.ActiveControl();
-  if (auto* box = dynamic_cast<TextBox*>(active); box && key == "Ctrl+V") return box->UserPaste(clipboard);
-  if (active && !press.Handled) active->UserKey(press);
+  form.UserKey(press);
   if (press.Handled || !form.IsLoaded()) return;
-  if (press.key == Key::F1) return ShowHelpOn(form);
+  Control* const active = form.ActiveControl();
+  auto* const box = dynamic_cast<TextBox*>(active);
+  if (box && key == "Ctrl+V") return box->UserPaste(clipboard);
   Control* button = nullptr;
   if (press.key == Key::Escape) button = MarkedButton(form, "escape");
   if (press.key == Key::Enter)
     button = dynamic_cast<Button*>(active) ? active : MarkedButton(form, "default");
-  auto* const box = dynamic_cast<TextBox*>(active);
   if (press.Character == ' ' && !box) button = active;
   if (box && press.Character != 0 && !press.Control && !press.Alt)
     box->UserType(std::string(1, press.Character));

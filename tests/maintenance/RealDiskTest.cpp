@@ -6,7 +6,7 @@
 #include <random>
 #include <thread>
 
-#include "maintenance/LogRewrite.h"
+#include "maintenance/Optimize.h"
 #include "modemlog/LogFile.h"
 #include "support/FreshProgram.h"
 

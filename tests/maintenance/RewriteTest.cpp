@@ -6,8 +6,8 @@
 
 #include "core/Surroundings.h"
 #include "journeys/Script.h"
-#include "maintenance/LinePass.h"
-#include "maintenance/LogRewrite.h"
+#include "maintenance/Optimize.h"
+#include "maintenance/Purge.h"
 #include "maintenance/Repair.h"
 #include "modemlog/LogFile.h"
 #include "support/ErrorOf.h"
@@ -32,10 +32,7 @@ class RewriteTest : public FreshProgram {
   }
   // Between the passes of which the log may become another one.
   void Repair(const std::optional<std::string>& another = {}) {
-    LogRepair repair([this](const std::optional<std::string>& text, const auto& percent) {
-      if (text) listener.StatusText(*text);
-      if (percent) listener.Progress(*percent);
-    });
+    LogRepair repair(listener);
     findings.LogLength = 7;  // which each pass finds out for itself
     repair.FixCorruption();
     EXPECT_EQ(CurrentSurroundings().ProcedureTrace, "FixCorruption");

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "core/Surroundings.h"
-#include "maintenance/LinePass.h"
-#include "maintenance/LogRewrite.h"
-#include "maintenance/LogSwap.h"
+#include "maintenance/Optimize.h"
+#include "maintenance/Purge.h"
 #include "maintenance/Repair.h"
 #include "modemlog/LogFile.h"
 #include "support/FailingDisk.h"
@@ -35,8 +34,8 @@ class ToolRuns : public FreshProgram, public Display, public ::testing::WithPara
     return reason.empty();
   }
   bool Repair() {
-    return ReasonOfFailure([] {
-             LogRepair repair([](const auto&, const auto&) {});
+    return ReasonOfFailure([this] {
+             LogRepair repair(*this);
              repair.FixCorruption();
              repair.CheckEntries();
            })

@@ -1,8 +1,7 @@
-// Labels and fields of one line, masked ones among them; the faces of all controls that show or take text.
+// Fields of one line, masked ones among them: what is typed, pasted and selected there.
 
 #include <QEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QSignalBlocker>
@@ -15,9 +14,7 @@
 #include "controls/TextControls.h"
 #include "core/Surroundings.h"
 #include "desktop/ControlFace.h"
-#include "desktop/DocumentFace.h"
 #include "desktop/QtValues.h"
-#include "desktop/TextAreaFace.h"
 
 namespace qel {
 
@@ -31,40 +28,6 @@ void FitToDigits(QLineEdit& line) {
   if (const int digits = line.property("digits").toInt(); digits > 0)
     line.setFixedWidth(line.fontMetrics().horizontalAdvance(QString(digits + FrameAndCursor, u'0')));
 }
-
-// A label that has a buddy may have an access key, which leads there. One with the property "room" has place
-// for so many digits side by side and so many lines, in every font, and grows with a text of more lines.
-class LabelFace : public ClickableFace {
- public:
-  LabelFace(FormFace& form, Label& model, QLabel& label)
-      : ClickableFace(form, model, &label), model(model), label(label) {
-    label.setTextFormat(Qt::PlainText);
-    MakeRoom();
-  }
-
- private:
-  void Pull() override {
-    ControlFace::Pull();
-    if (model.Caption().empty()) model.Caption = FromQt(label.text());
-  }
-  void Push() override {
-    ControlFace::Push();
-    QString text = LinesToQt(model.Caption());
-    if (label.buddy()) text = WithAccessKey(text, label.property("accessKey").toString());
-    if (label.text() == text) return;
-    label.setText(text);
-    MakeRoom();
-  }
-  void MakeRoom() {
-    const QSize room = label.property("room").toSize();
-    if (room.isEmpty()) return;
-    const QFontMetrics font = label.fontMetrics();
-    const int width = room.width() * font.horizontalAdvance(u'0');
-    label.setMinimumSize(width, std::max(room.height() * font.lineSpacing(), label.heightForWidth(width)));
-  }
-  Label& model;
-  QLabel& label;
-};
 
 // What is selected belongs to the model: the toolkit would select, and select no more, as the focus comes and
 // goes.
@@ -261,11 +224,8 @@ class MaskedFace : public LineFace {
 
 }  // namespace
 
-std::unique_ptr<ControlFace> FaceOfText(FormFace& form, Control& control) {
-  if (dynamic_cast<Label*>(&control)) return FaceOf<LabelFace, Label, QLabel>(form, control);
-  if (dynamic_cast<MaskedEdit*>(&control)) return FaceOf<MaskedFace, MaskedEdit, QLineEdit>(form, control);
-  if (dynamic_cast<Document*>(&control)) return FaceOf<DocumentFace, Document, QTextBrowser>(form, control);
-  if (auto area = FaceOf<TextAreaFace, TextBox, QPlainTextEdit>(form, control)) return area;
+std::unique_ptr<ControlFace> FaceOfTextField(FormFace& form, Control& control) {
+  if (auto face = FaceOf<MaskedFace, MaskedEdit, QLineEdit>(form, control)) return face;
   return FaceOf<LineFace, TextBox, QLineEdit>(form, control);
 }
 

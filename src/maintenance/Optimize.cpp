@@ -1,0 +1,34 @@
+#include "maintenance/Optimize.h"
+
+#include "core/Surroundings.h"
+#include "maintenance/LogRewrite.h"
+#include "modemlog/LineClassifier.h"
+#include "modemlog/LogFile.h"
+#include "settings/Settings.h"
+#include "values/CodePage.h"
+
+namespace qel {
+
+// Where a dialled number begins, counted from 0: behind date, time and the driver's words.
+static constexpr std::size_t NumberPlace = 25;
+
+void DoOptimize() {
+  SetTrace("QELOptimize", "DoOptimize");
+  const LogTool optimize{.WorkingName = "ModemLog.opt",
+                         .SafetyCopyName = logFile.ArchiveOpen ? ArchiveSafetyCopyName : SafetyCopyName,
+                         .Doing = "Optimizing",
+                         .Finished = "Finished Optimizing Modem Log File!",
+                         .FailureTitle = "Optimization Failed",
+                         .FailureText = "QEL was unable to optimize your modem log file!"};
+  const LineClassifier classifier(settings);
+  RunTool(optimize, [&classifier](std::string_view line) -> std::optional<std::string> {
+    const unsigned classes = classifier.ClassesOf(line);
+    if (line.empty() || classes == NoClass) return std::nullopt;
+    std::string capitals = UpperCase(line);
+    const bool hasNumber = capitals.find_first_of("0123456789", NumberPlace) != std::string::npos;
+    if (classes & DialLine && !hasNumber) return std::nullopt;
+    return capitals;
+  });
+}
+
+}  // namespace qel
