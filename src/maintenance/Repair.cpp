@@ -5,8 +5,8 @@
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "maintenance/LinePass.h"
+#include "modemlog/LogExamination.h"
 #include "modemlog/LogLine.h"
-#include "modemlog/LogStatistics.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
 

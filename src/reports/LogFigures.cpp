@@ -1,7 +1,7 @@
 #include "reports/LogFigures.h"
 
 #include "core/ProgramState.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
