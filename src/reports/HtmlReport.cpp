@@ -11,11 +11,11 @@
 #include "modemlog/LogFile.h"
 #include "reports/DetailLines.h"
 #include "reports/HtmlPage.h"
-#include "reports/LogFigures.h"
+#include "reports/LogStatistics.h"
 #include "reports/ReportDocument.h"
 #include "reports/UseByService.h"
 #include "reports/UseByTime.h"
-#include "reports/UseFigures.h"
+#include "reports/UseCharts.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
@@ -195,7 +195,7 @@ std::string DetailsPage() { return ReportPage("Details Report", true); }
 
 std::string StatisticsPage() {
   HtmlTable table("Statistics", {{"Figure", true}, {"Value", true}});
-  for (const auto& figure : LogFigures()) table.AddMarkup({HtmlText(figure.Name), HtmlUtf8(figure.Value)});
+  for (const auto& figure : LogStatistics()) table.AddMarkup({HtmlText(figure.Name), HtmlUtf8(figure.Value)});
   return HtmlPage("QELMARK - Log Statistics", Heading("Log Statistics", LogName()) + "<main>\n" +
                                                   Section("statistics", table.Finish()) + "</main>\n");
 }

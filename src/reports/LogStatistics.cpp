@@ -1,4 +1,4 @@
-#include "reports/LogFigures.h"
+#include "reports/LogStatistics.h"
 
 #include "core/ProgramState.h"
 #include "modemlog/LogExamination.h"
@@ -9,7 +9,7 @@
 
 namespace qel {
 
-std::vector<LogFigure> LogFigures() {
+std::vector<LogFigure> LogStatistics() {
   const auto length = FileLength(logFile.CurrentLogPath);
   return {{"Path", ShownPath(logFile.CurrentLogDir)},
           {"Name", ShownPath(logFile.CurrentLogFile)},

@@ -11,6 +11,6 @@ struct LogFigure {
 };
 
 // Path, name, length, entries, first and last entry, span, in UTF-8. Raises 53 where the log is gone.
-std::vector<LogFigure> LogFigures();
+std::vector<LogFigure> LogStatistics();
 
 }  // namespace qel
