@@ -10,7 +10,7 @@
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogExamination.h"
-#include "modemlog/LogLine.h"
+#include "modemlog/NewLog.h"
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"

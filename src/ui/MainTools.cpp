@@ -6,7 +6,7 @@
 #include "maintenance/LogRewrite.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogExamination.h"
-#include "modemlog/LogLine.h"
+#include "modemlog/NewLog.h"
 #include "platform/Files.h"
 #include "settings/Settings.h"
 #include "ui/frmFileRepair.h"
