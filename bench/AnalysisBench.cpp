@@ -12,7 +12,7 @@
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "makelog/WriteLog.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"

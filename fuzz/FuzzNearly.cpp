@@ -6,7 +6,7 @@
 #include <map>
 
 #include "FuzzedProgram.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "reports/ReportExport.h"
 #include "settings/Settings.h"
 #include "support/ProcessNow.h"

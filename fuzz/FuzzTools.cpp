@@ -10,6 +10,7 @@
 #include "maintenance/Repair.h"
 #include "modemlog/LogFile.h"
 #include "modemlog/LogLine.h"
+#include "modemlog/NewLog.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 

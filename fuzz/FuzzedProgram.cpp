@@ -8,7 +8,7 @@
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
 #include "platform/Host.h"
 #include "registry/RegistryStore.h"

@@ -2,7 +2,7 @@
 
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/DateConversion.h"
 
 namespace qel {

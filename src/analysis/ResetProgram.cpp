@@ -3,8 +3,8 @@
 #include "analysis/AnalysisResult.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
+#include "modemlog/LogExamination.h"
 #include "modemlog/LogMessages.h"
-#include "modemlog/LogStatistics.h"
 #include "settings/Settings.h"
 
 namespace qel {

@@ -28,9 +28,6 @@ int DayIndex(std::string_view longName) {
   return found == names.end() ? 0 : static_cast<int>(found - names.begin()) + 1;
 }
 
-// The region's values are those of English where nobody changes them.
-const RegionalValues English;
-
 std::string_view FirstThree(std::string_view text) { return text.substr(0, 3); }
 std::string_view LastThree(std::string_view text) {
   return text.substr(text.size() - std::min<std::size_t>(text.size(), 3));

@@ -4,8 +4,8 @@
 
 #include "cli/CommandLineHost.h"
 #include "core/ProgramState.h"
+#include "modemlog/LogExamination.h"
 #include "modemlog/LogMessages.h"
-#include "modemlog/LogStatistics.h"
 #include "platform/Files.h"
 #include "settings/Settings.h"
 

@@ -10,7 +10,7 @@
 #include "platform/Files.h"
 #include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"
-#include "reports/LogFigures.h"
+#include "reports/LogStatistics.h"
 #include "reports/ReportExport.h"
 #include "reports/SummaryReport.h"
 #include "values/CodePage.h"
@@ -30,7 +30,7 @@ ExportFormat ExportFormatOf(OutputFormat format) {
 
 std::string StatisticsText() {
   std::string text;
-  for (const auto& figure : LogFigures(logFile, findings))
+  for (const auto& figure : LogStatistics(logFile, findings))
     text += figure.Name + ": " + figure.Value + NewLine;
   return text;
 }

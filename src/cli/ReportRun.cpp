@@ -14,7 +14,7 @@
 #include "core/ProgramState.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"
 #include "registry/RegistryText.h"

@@ -5,6 +5,7 @@
 #include "maintenance/LogRewrite.h"
 #include "modemlog/LogFile.h"
 #include "modemlog/LogLine.h"
+#include "modemlog/NewLog.h"
 #include "values/CodePage.h"
 
 namespace qel {

@@ -31,11 +31,4 @@ inline bool IsBlankLine(std::string_view line) {
   return (line.empty() || line.front() == ' ') && line.find_first_not_of(' ') == std::string_view::npos;
 }
 
-// The one entry of a new log, with its end: that it is new.
-std::string NewLogEntry();
-
-// Makes a new log where there is none. False where there is one, or the modem's driver makes one meanwhile;
-// it stays as it is. Raises the disk's errors.
-bool NewModemLog(const std::string& path);
-
 }  // namespace qel

@@ -11,11 +11,11 @@
 #include "modemlog/LogFile.h"
 #include "reports/DetailLines.h"
 #include "reports/HtmlPage.h"
-#include "reports/LogFigures.h"
+#include "reports/LogStatistics.h"
 #include "reports/ReportDocument.h"
 #include "reports/UseByService.h"
 #include "reports/UseByTime.h"
-#include "reports/UseFigures.h"
+#include "reports/UseCharts.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
@@ -206,7 +206,7 @@ std::string DetailsPage(const ReportOf& of, const LogFile& logFile) {
 
 std::string StatisticsPage(const LogFile& logFile, const LogFindings& findings) {
   HtmlTable table("Statistics", {{"Figure", true}, {"Value", true}});
-  for (const auto& figure : LogFigures(logFile, findings))
+  for (const auto& figure : LogStatistics(logFile, findings))
     table.AddMarkup({HtmlText(figure.Name), HtmlUtf8(figure.Value)});
   return HtmlPage("QELMARK - Log Statistics", Heading("Log Statistics", LogName(logFile)) + "<main>\n" +
                                                   Section("statistics", table.Finish()) + "</main>\n");

@@ -9,7 +9,7 @@
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "reports/DetailLines.h"
 #include "reports/UseByService.h"

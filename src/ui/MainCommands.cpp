@@ -6,7 +6,7 @@
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
 #include "settings/Settings.h"

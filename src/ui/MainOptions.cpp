@@ -5,7 +5,7 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "settings/SettingsExchange.h"
 #include "settings/StoredValues.h"

@@ -1,7 +1,7 @@
 // What the main window shows of the current file, its status line, and its animation.
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "ui/frmMain.h"
 #include "ui/frmReport.h"
 #include "values/CodePage.h"

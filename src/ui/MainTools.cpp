@@ -4,7 +4,7 @@
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "maintenance/Optimize.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "settings/Settings.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmMain.h"

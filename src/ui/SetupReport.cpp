@@ -2,7 +2,7 @@
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
 #include "settings/Settings.h"

@@ -3,7 +3,7 @@
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
 #include "maintenance/Purge.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/DateConversion.h"
 #include "ui/DateField.h"
 #include "ui/HelpContexts.h"

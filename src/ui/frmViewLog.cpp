@@ -7,7 +7,7 @@
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "maintenance/LogSwap.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "settings/UserParameters.h"
 #include "ui/HelpContexts.h"
 #include "ui/frmFind.h"

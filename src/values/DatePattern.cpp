@@ -65,15 +65,6 @@ std::string SeparatorAmong(const std::vector<Part>& parts) {
   return "";
 }
 
-std::string Quoted(std::string_view text) {
-  const bool plain = std::none_of(text.begin(), text.end(),
-                                  [](unsigned char c) { return c == '\'' || std::isalpha(c) != 0; });
-  if (plain) return std::string(text);
-  std::string quoted = "'";
-  for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
-  return quoted + "'";
-}
-
 }  // namespace
 
 std::string SeparatorIn(std::string_view pattern) { return SeparatorAmong(PartsOf(pattern)); }
@@ -117,6 +108,15 @@ std::string InNumbers(std::string_view pattern) {
     numbers.append(isName(place) ? 2 : static_cast<std::size_t>(place.Width), place.Letter);
   }
   return numbers;
+}
+
+std::string Quoted(std::string_view text) {
+  const bool plain = std::none_of(text.begin(), text.end(),
+                                  [](unsigned char c) { return c == '\'' || std::isalpha(c) != 0; });
+  if (plain) return std::string(text);
+  std::string quoted = "'";
+  for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
+  return quoted + "'";
 }
 
 std::string WithSeparator(std::string_view pattern, std::string_view separator) {

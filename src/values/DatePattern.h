@@ -34,6 +34,9 @@ bool HasOneSeparator(std::string_view pattern);
 // One that is so already stays as it is, and so does one without the three places.
 std::string InNumbers(std::string_view pattern);
 
+// A text as a pattern has it that is to stand for itself: between quotes where it needs them.
+std::string Quoted(std::string_view text);
+
 // The pattern with another separator in all places of its own.
 std::string WithSeparator(std::string_view pattern, std::string_view separator);
 

@@ -73,7 +73,8 @@ class DateReader {
   std::size_t piecesBeforeTime = 0;
 };
 
-// The date, time of day or both that a text makes by the rules of platform/DateConversion.h.
+// The date, time of day or both that a text makes by the first reading that makes one, by the rules of
+// platform/DateConversion.h.
 std::optional<Date> DateIn(std::string_view text, int thisYear);
 
 }  // namespace qel

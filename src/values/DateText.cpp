@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "values/CodePage.h"
+#include "values/DatePattern.h"
 #include "values/DateReader.h"
 #include "values/FormatMask.h"
 #include "values/Region.h"
@@ -19,30 +20,14 @@ std::string_view SeparatorOfTimes() {
   return dividesDates ? ":" : divider;
 }
 
-void AppendTwoDigits(std::string& text, int number) {
-  text += static_cast<char>('0' + number / 10);
-  text += static_cast<char>('0' + number % 10);
-}
-
 std::string TimeText(Date date) {
   const std::string& pattern = Region.TimePattern;
   const bool halves =
       pattern.find('h') != std::string::npos && pattern.find('t') != std::string::npos && HasDayHalfMarks();
-  const ClockTime time = TimeOf(date);
-  const int hour = halves ? (time.hour + 11) % 12 + 1 : time.hour;
   const bool padded = pattern.find("hh") != std::string::npos || pattern.find("HH") != std::string::npos;
-
-  std::string text;
-  if (padded)
-    AppendTwoDigits(text, hour);
-  else
-    text += std::to_string(hour);
-  for (const int part : {time.minute, time.second}) {
-    text += SeparatorOfTimes();
-    AppendTwoDigits(text, part);
-  }
-  if (halves) text.append(" ").append(time.hour < 12 ? Region.AM : Region.PM);
-  return text;
+  const std::string hour(padded ? 2 : 1, halves ? 'h' : 'H');
+  const std::string separator = Quoted(SeparatorOfTimes());
+  return FormatByPattern(date, hour + separator + "mm" + separator + "ss" + (halves ? " tt" : ""));
 }
 
 }  // namespace

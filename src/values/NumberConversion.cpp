@@ -94,7 +94,7 @@ bool TakeBack(std::string_view& text, std::string_view what) {
 
 // Takes what may stand around the digits, each once: a sign on either side or parentheses, the currency
 // symbol.
-class Surroundings {
+class Ornaments {
  public:
   // Leaves the digits with all that stands between them.
   std::string_view Strip(std::string_view text) {
@@ -133,7 +133,7 @@ class Surroundings {
 
 // The strict value: nothing where the text is no number, infinite where it is too large.
 std::optional<double> NumberIn(std::string_view text) {
-  Surroundings around;
+  Ornaments around;
   text = around.Strip(text);
   if (!around.Balanced()) return std::nullopt;
 

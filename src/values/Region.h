@@ -36,6 +36,9 @@ struct RegionalValues {
                                             "September", "October",  "November", "December"};
 };
 
+// The defaults: those of English where nobody changes them.
+inline const RegionalValues English;
+
 // The values that every conversion and format mask follows. Set once at the start.
 inline RegionalValues Region;
 

@@ -4,7 +4,7 @@
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
-#include "modemlog/LogLine.h"
+#include "modemlog/NewLog.h"
 #include "settings/StoredValues.h"
 #include "settings/UserParameters.h"
 #include "values/CodePage.h"

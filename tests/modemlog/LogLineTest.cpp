@@ -3,6 +3,7 @@
 #include "modemlog/DialledNumber.h"
 #include "modemlog/LineClassifier.h"
 #include "modemlog/LogLine.h"
+#include "modemlog/NewLog.h"
 #include "settings/Settings.h"
 #include "support/Cases.h"
 #include "support/ErrorOf.h"

@@ -4,7 +4,7 @@
 
 #include "reports/ChartScale.h"
 #include "reports/UseByTime.h"
-#include "reports/UseFigures.h"
+#include "reports/UseCharts.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
 #include "values/FormatMask.h"

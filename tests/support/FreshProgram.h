@@ -9,7 +9,7 @@
 #include "analysis/ReportPeriod.h"
 #include "analysis/ResetProgram.h"
 #include "core/ProgramState.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "registry/RegistryStore.h"

@@ -13,6 +13,6 @@ struct LogFigure {
 };
 
 // Path, name, length, entries, first and last entry, span, in UTF-8. Raises 53 where the log is gone.
-std::vector<LogFigure> LogFigures(const LogFile& logFile, const LogFindings& findings);
+std::vector<LogFigure> LogStatistics(const LogFile& logFile, const LogFindings& findings);
 
 }  // namespace qel

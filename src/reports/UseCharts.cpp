@@ -1,4 +1,4 @@
-#include "reports/UseFigures.h"
+#include "reports/UseCharts.h"
 
 #include <algorithm>
 #include <numeric>

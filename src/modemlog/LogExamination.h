@@ -1,5 +1,5 @@
-// What there is to know of the current log: its health and its statistics. Corruption means a byte that no
-// text log can hold; nothing of the log's structure is tested.
+// Finds out what there is to know of the current log: its health and its statistics. Corruption means a byte
+// that no text log can hold; nothing of the log's structure is tested.
 #pragma once
 
 #include <cstdint>

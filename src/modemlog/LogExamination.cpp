@@ -1,4 +1,4 @@
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 
 #include <algorithm>
 #include <array>

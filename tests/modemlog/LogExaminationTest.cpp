@@ -1,7 +1,7 @@
 // What an examination finds of a log, told by logs.statistics.
 #include "core/Surroundings.h"
 #include "journeys/Script.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "settings/Settings.h"
 #include "support/AnsweringHost.h"
 #include "support/Cases.h"
@@ -13,7 +13,7 @@
 
 namespace qel {
 
-class LogStatisticsTest : public FreshProgram {
+class LogExaminationTest : public FreshProgram {
  protected:
   // All that is known of the log.
   static std::string Known() {
@@ -85,11 +85,11 @@ class LogStatisticsTest : public FreshProgram {
   const Meanwhile<Display*> here{CurrentSurroundings().Display, &listener};
 };
 
-TEST_F(LogStatisticsTest, AnExaminationFindsAllThereIsToKnow) {
+TEST_F(LogExaminationTest, AnExaminationFindsAllThereIsToKnow) {
   ExpectScript("modemlog/logs.statistics", [this](Act& act) { Play(act); });
 }
 
-TEST_F(LogStatisticsTest, AByteThatNoTextHoldsIsCorruptionUnlessItIsTheLast) {
+TEST_F(LogExaminationTest, AByteThatNoTextHoldsIsCorruptionUnlessItIsTheLast) {
   for (int byte = 0; byte < 256; ++byte) {
     const bool isText = (byte >= 32 && byte < 127) || byte == '\t' || byte == '\n' || byte == '\r';
     OpenLog({static_cast<char>(byte), 'a'});
@@ -107,7 +107,7 @@ TEST_F(LogStatisticsTest, AByteThatNoTextHoldsIsCorruptionUnlessItIsTheLast) {
   EXPECT_THROW(left.Next(line), RunTimeError) << "open files are closed";
 }
 
-TEST_F(LogStatisticsTest, LengthsReadInKilobytesUntilSixteenBitsAreFull) {
+TEST_F(LogExaminationTest, LengthsReadInKilobytesUntilSixteenBitsAreFull) {
   for (const auto& c : Cases("modemlog/Lengths")) EXPECT_EQ(LengthText(std::stoll(c[0])), c[1]);
 }
 

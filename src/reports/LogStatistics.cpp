@@ -1,7 +1,7 @@
-#include "reports/LogFigures.h"
+#include "reports/LogStatistics.h"
 
 #include "core/ProgramState.h"
-#include "modemlog/LogStatistics.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
@@ -9,7 +9,7 @@
 
 namespace qel {
 
-std::vector<LogFigure> LogFigures(const LogFile& logFile, const LogFindings& findings) {
+std::vector<LogFigure> LogStatistics(const LogFile& logFile, const LogFindings& findings) {
   const auto length = FileLength(logFile.CurrentLogPath);
   return {{"Path", ShownPath(logFile.CurrentLogDir)},
           {"Name", ShownPath(logFile.CurrentLogFile)},
