@@ -129,31 +129,29 @@ extern std::function<void(Form&)> AttachFace;
 // The loaded form of a name, or nullptr.
 Form* LoadedForm(std::string_view name);
 
-// The one window of a class. It is made when it is first asked for, and anew after it was unloaded. An
-// unloaded window stays in memory until its successor is unloaded too, since one of its own handlers may
-// still be running.
-template <class Window>
+// The one window of a class. It is made of its owner when it is first asked for, and anew after it was
+// unloaded. An unloaded window stays in memory until its successor is unloaded too, since one of its own
+// handlers may still be running.
+template <class Window, class Owner>
 class TheForm {
  public:
+  explicit TheForm(Owner& owner) : owner(owner) {}
+
   Window& operator*() {
     if (!window || window->WasUnloaded()) {
       retired = std::move(window);
-      window = std::make_unique<Window>();
+      window = std::make_unique<Window>(owner);
     }
-    return *window;
+    return static_cast<Window&>(*window);
   }
   Window* operator->() { return &**this; }
 
   // Whether the window is loaded; does not make it.
   bool IsLoaded() const { return window && window->IsLoaded(); }
 
-  void Reset() {
-    window.reset();
-    retired.reset();
-  }
-
  private:
-  std::unique_ptr<Window> window, retired;
+  Owner& owner;
+  std::unique_ptr<Form> window, retired;
 };
 
 }  // namespace qel

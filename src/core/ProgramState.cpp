@@ -9,7 +9,6 @@ namespace qel {
 
 std::string AppPath, HelpFile, WindowsDir, DefaultLogFile, DefaultLogDir, OSName;
 std::string ActiveLogFile, ActiveLogDir;
-bool TipShown;
 
 namespace {
 
@@ -47,7 +46,6 @@ void ResetProgramState() {
   for (std::string* text : {&AppPath, &HelpFile, &WindowsDir, &DefaultLogFile, &DefaultLogDir, &OSName,
                             &ActiveLogFile, &ActiveLogDir})
     text->clear();
-  TipShown = false;
 }
 
 }  // namespace qel

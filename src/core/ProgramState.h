@@ -26,8 +26,6 @@ std::string SettingsStorePath();
 extern std::string ActiveLogFile;  // the log that the system's modem is set to write; empty if unknown
 extern std::string ActiveLogDir;
 
-extern bool TipShown;  // the tip of the day has been offered in this run
-
 // Puts all of the above as a fresh process has it.
 void ResetProgramState();
 

@@ -58,13 +58,16 @@ int main(int count, char** words) {
   QApplication::setQuitOnLastWindowClosed(false);  // the program's forms say when it ends
   QApplication::setWindowIcon(QIcon(":/icons/qel.svg"));
   qel::ApplyLook();
+  qel::Session session;
+  qel::Windows windows(session);
   qel::DesktopHost host;
+  host.Windows = &windows;
   const qel::Surroundings around(host, host);
   qel::AttachFaces(qel::ProgramWindows());
 
-  qel::Dispatch(qel::StartProgram);
+  qel::Dispatch([&windows] { qel::StartProgram(windows); });
   qel::RunProgram();
   qel::ReleaseFaces();
-  qel::Dispatch([] { qel::SaveRegistry(qel::Registry); });  // what an earlier attempt could not write
+  qel::Dispatch([&session] { qel::SaveRegistry(session.store); });  // what an earlier attempt could not write
   return 0;
 }

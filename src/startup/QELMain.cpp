@@ -16,11 +16,9 @@
 #include "registry/StoredRegion.h"
 #include "settings/StoredValues.h"
 #include "settings/UserParameters.h"
-#include "ui/frmFind.h"
 #include "ui/frmPreConfigure.h"
 #include "ui/frmSplash.h"
 #include "values/CodePage.h"
-#include "wizard/QELPreConfigure.h"
 
 namespace qel {
 
@@ -31,20 +29,15 @@ void TellStep(const char* text) {
   CurrentHost().Paint();
 }
 
-void ReadRegion() {
+void ReadRegion(const RegistryStore& store) {
   TellStep("Reading Regional Settings");
-  Region = GetCurrencySymbolInfo(Registry);
+  Region = GetCurrencySymbolInfo(store);
 }
 
-void LoadSettings() {
-  TellStep("Reading User Configuration");
-  settings.SettingsDirty = false;
-  ReadUserParameters(Registry, settings, windowSettings);
-  FillMissingSettings(settings, windowSettings);
-}
-
-void CheckModems() {
-  if (settings.ModemCheck && PreConfigure(false)) PreConfigureForm->ShowModal();
+void CheckModems(Windows& windows) {
+  Session& session = windows.session;
+  if (session.settings.ModemCheck && session.modems.PreConfigure(false))
+    windows.PreConfigureForm->ShowModal();
 }
 
 bool UserWantsTheActiveLog() {
@@ -77,7 +70,7 @@ void TellNewLog() {
 }
 
 // The log of the settings, or the one that the system's modem writes where the user says so.
-void SettleLogPath() {
+void SettleLogPath(Settings& settings) {
   SetTrace("QELMain", "SettleLogPath");
   if (SettleMissingLogPath(settings) || ActiveLogFile.empty()) return;
   if (ActiveLogDir.empty()) ActiveLogDir = DefaultLogDir;
@@ -93,7 +86,7 @@ void SettleLogPath() {
   if (madeNew) TellNewLog();
 }
 
-void ExamineLog() {
+void ExamineLog(const Settings& settings) {
   SetTrace("QELMain", "ExamineLog");
   TellStep("Please Wait . . . Checking Modem Log");
   SetCurrentLog(settings.ModemLogDir, settings.ModemLogFile);
@@ -103,10 +96,10 @@ void ExamineLog() {
 
 // Settings that cannot be read stay as they are: the program runs on those that are built in, and stores
 // none.
-void OpenSettings() {
+void OpenSettings(RegistryStore& store) {
   const std::string path = SettingsStorePath();
   try {
-    Registry.Open(path, RegistryStore::Access::Shared);
+    store.Open(path, RegistryStore::Access::Shared);
   } catch (const RunTimeError& error) {
     MsgBox({"QEL cannot read your settings file\r\n" + PathText(path) + "\r\n(" +
                 FromUtf8Lossy(ReasonOf(error)) +
@@ -116,40 +109,41 @@ void OpenSettings() {
                 "Mend the file and start QEL again.",
             "QEL Settings", Icon::Exclamation});
   }
-  TellSetAside(Registry);
+  TellSetAside(store);
 }
 
 }  // namespace
 
-void StartProgram() {
+void StartProgram(Windows& windows) {
   ResetProgram();
   SetTrace("QELMain", "StartProgram");
-  ResetModems();
-  ResetFind();
-  OpenSettings();
-  SplashForm->Main = Main;
-  SplashForm->Show();
+  OpenSettings(windows.session.store);
+  windows.SplashForm->Main = [&windows] { Main(windows); };
+  windows.SplashForm->Show();
 }
 
-void Main() {
+void Main(Windows& windows) {
   SetTrace("QELMain", "Main");
-  SplashForm->PauseOnSplash = false;
+  Session& session = windows.session;
+  Settings& settings = session.settings;
+  windows.SplashForm->PauseOnSplash = false;
   StartingChanged = EndingChanged = false;
   ReadEnvironment();
   IgnoreErrors([] { MakeFolders(AppPath); });
   CopyMissingFiles(InstalledFolders(), AppPath);
-  ReadRegion();
-  LoadSettings();
-  CheckModems();
-  SettleLogPath();
-  if (settings.SettingsDirty) WriteUserParameters(Registry, settings, windowSettings);
+  ReadRegion(session.store);
+  TellStep("Reading User Configuration");
+  session.LoadSettings();
+  CheckModems(windows);
+  SettleLogPath(settings);
+  if (settings.SettingsDirty) session.StoreSettings();
   settings.SettingsDirty = false;
-  ExamineLog();
-  SplashForm->PauseOnSplash = !findings.LogExists;
-  if (findings.LogExists)
-    SplashForm->HandOver();
+  ExamineLog(settings);
+  windows.SplashForm->PauseOnSplash = !session.findings.LogExists;
+  if (session.findings.LogExists)
+    windows.SplashForm->HandOver();
   else
-    SplashForm->WaitForClick();
+    windows.SplashForm->WaitForClick();
 }
 
 }  // namespace qel

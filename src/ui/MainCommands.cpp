@@ -9,8 +9,7 @@
 #include "modemlog/LogExamination.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
-#include "settings/Settings.h"
-#include "settings/StoredValues.h"
+#include "ui/HelpNumbers.h"
 #include "ui/frmAbout.h"
 #include "ui/frmHelp.h"
 #include "ui/frmMain.h"
@@ -39,8 +38,8 @@ std::string RecentCaption(const std::string& fileName) {
 }
 
 // The user's way out: changes in the viewer that the user wants kept, and that cannot be saved, prevent it.
-void LeaveProgram() {
-  if (!ViewerOpen || ViewLogForm->Unload()) CurrentHost().EndProgram();
+void LeaveProgram(Windows& windows) {
+  if (!windows.ViewerOpen || windows.ViewLogForm->Unload()) CurrentHost().EndProgram();
 }
 
 // Pipes and devices may never come to an end.
@@ -68,17 +67,17 @@ void frmMain::WireCommands() {
   mnuRefresh.Click = [this] { mnuRefresh_Click(); };
   for (std::size_t i = 0; i < mnuRecent.size(); ++i) mnuRecent[i].Click = [this, i] { mnuRecent_Click(i); };
   mnuClrLst.Click = [this] { mnuClrLst_Click(); };
-  mnuExit.Click = [] { LeaveProgram(); };
-  mnuTopics.Click = ShowHelpContents;
+  mnuExit.Click = [this] { LeaveProgram(windows); };
+  mnuTopics.Click = [this] { windows.HelpForm->ShowHelpContents(); };
   mnuReadme.Click = [this] { mnuReadme_Click(); };
-  mnsSearchHelp.Click = ShowHelpSearch;
-  mnuHowToHelp.Click = ShowHelpOnHelp;
-  mnuTip.Click = [] {
+  mnsSearchHelp.Click = [this] { windows.HelpForm->ShowHelpSearch(); };
+  mnuHowToHelp.Click = [this] { windows.HelpForm->ShowHelp(HelpUsingHelp); };
+  mnuTip.Click = [this] {
     SetTrace("frmMain", "mnuTip_Click");
-    TipForm->ShowModal();
+    windows.TipForm->ShowModal();
   };
   mnuAbout.Click = [this] { mnuAbout_Click(); };
-  btnExit.Click = [] { LeaveProgram(); };
+  btnExit.Click = [this] { LeaveProgram(windows); };
   btnExit.GotFocus = [this] { SetStatus(3); };
   btnProcess.GotFocus = [this] { SetStatus(4); };
   ToolbarMain.ButtonClick = [this](const std::string& key) { ToolbarMain_ButtonClick(key); };
@@ -171,9 +170,9 @@ void frmMain::mnuOpenReport_Click() {
 void frmMain::DoOpenReport(const std::string& path) {
   SetTrace("frmMain", "DoOpenReport");
   TraceStep(PathText(path));
-  const bool opened = Attempt([&path] {
+  const bool opened = Attempt([&] {
     RefuseStream(path);
-    ReportForm->OpenReport(path);
+    windows.ReportForm->OpenReport(path);
   });
   if (!opened) return;
   AddRecentFile(FileNamePart(path), FolderPart(path), "R");
@@ -187,7 +186,7 @@ void frmMain::mnuReadme_Click() {
 
 void frmMain::mnuAbout_Click() {
   SetTrace("frmMain", "mnuAbout_Click");
-  AboutForm->ShowModal();
+  windows.AboutForm->ShowModal();
 }
 
 void frmMain::mnuRecent_Click(std::size_t index) {
@@ -214,17 +213,17 @@ void frmMain::AddRecentFile(const std::string& name, const std::string& path, co
 }
 
 void frmMain::SaveRecentFiles() {
-  IgnoreErrors([] {
+  IgnoreErrors([this] {
     const std::string key = std::string(SettingsKey) + "\\RecentFiles";
     for (std::size_t i = 0; i < windowSettings.RecentFiles.size(); ++i) {
       const RecentFile& file = windowSettings.RecentFiles[i];
       const std::string number = std::to_string(i + 1);
-      SetKeyValue(Registry, SettingsRoot, key, "RecentFileName" + number, file.RecentFileName, REG_SZ);
-      SetKeyValue(Registry, SettingsRoot, key, "RecentFilePath" + number, file.RecentFilePath, REG_SZ);
-      SetKeyValue(Registry, SettingsRoot, key, "RecentFileType" + number, file.RecentFileType, REG_SZ);
+      SetKeyValue(store, SettingsRoot, key, "RecentFileName" + number, file.RecentFileName, REG_SZ);
+      SetKeyValue(store, SettingsRoot, key, "RecentFilePath" + number, file.RecentFilePath, REG_SZ);
+      SetKeyValue(store, SettingsRoot, key, "RecentFileType" + number, file.RecentFileType, REG_SZ);
     }
   });
-  SaveRegistry(Registry);
+  SaveRegistry(store);
 }
 
 void frmMain::ShowRecentFiles() {

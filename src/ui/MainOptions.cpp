@@ -8,7 +8,6 @@
 #include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "settings/SettingsExchange.h"
-#include "settings/StoredValues.h"
 #include "settings/UserParameters.h"
 #include "ui/frmMain.h"
 #include "ui/frmSetup.h"
@@ -57,30 +56,20 @@ void TellImported(const std::string& path, const SettingsFile& file) {
   MsgBox({text, "QEL Options Imported", Icon::Information});
 }
 
-// As the start reads them.
-void LoadSettingsAnew() {
-  settings = {};
-  windowSettings = {};
-  ReadUserParameters(Registry, settings, windowSettings);
-  FillMissingSettings(settings, windowSettings);
-  SettleMissingLogPath(settings);
-}
-
 }  // namespace
 
 // The window comes back to the front once, when it shows what the options have changed, and not before.
 void frmMain::mnuSetup_Click() {
   SetTrace("frmMain", "mnuSetup_Click");
-  OptionsChanged = false;
   optionsOpen = true;
-  SetupForm->ShowModal();
+  frmSetup& options = *windows.SetupForm;
+  options.ShowModal();
   CurrentHost().Paint();
-  if (LogPathChanged) UseNewDefaultLog();
+  if (options.LogPathChanged) UseNewDefaultLog();
   optionsOpen = false;
   ShowAnew();
-  if (!OptionsChanged) return;
-  MsgBox({"Some changed options will NOT take\neffect until the program is re-started.", "QEL Options"});
-  OptionsChanged = false;
+  if (options.OptionsChanged)
+    MsgBox({"Some changed options will NOT take\neffect until the program is re-started.", "QEL Options"});
 }
 
 // Makes the log of the options the one that is read; while an archive is open, the one to go back to.
@@ -106,7 +95,7 @@ void frmMain::ShowAnew() {
 void frmMain::mnuExport_Click() {
   SetTrace("frmMain", "ExportOptions");
   const auto path = CurrentHost().AskSaveFile({RegistryFilter, AppPath, "QEL.reg"});
-  if (path && Attempt([&path] { ReplaceFile(*path, ExportedOptions(Registry)); })) TellExported(*path);
+  if (path && Attempt([&] { ReplaceFile(*path, ExportedOptions(store)); })) TellExported(*path);
 }
 
 void frmMain::mnuImport_Click() {
@@ -116,10 +105,11 @@ void frmMain::mnuImport_Click() {
   std::string why;
   const auto file = FindSettingsFile(*path, why);
   if (!file) return TellNotImported(*path, why);
-  ImportOptions(Registry, *file);
-  SaveRegistry(Registry);
+  ImportOptions(store, *file);
+  SaveRegistry(store);
   const std::string before = settings.ModemLogDir + settings.ModemLogFile;
-  LoadSettingsAnew();
+  session.LoadSettings();  // as the start does
+  SettleMissingLogPath(settings);
   if (settings.ModemLogDir + settings.ModemLogFile != before) UseNewDefaultLog();
   TellImported(*path, *file);
   ShowAnew();

@@ -25,7 +25,7 @@ namespace {
 Date OrToday(Date date) { return date != 0 ? date : Today(); }
 
 // Where the user wants periods to begin; `fallback` for a preference that names no day.
-Date PreferredStart(Date fallback) {
+Date PreferredStart(const Settings& settings, const LogFindings& findings, Date fallback) {
   const Date today = Today();
   const CalendarDay parts = DayOf(today);
   if (settings.UserStartPref == "First Log Entry") return OrToday(findings.FirstEntryDate);
@@ -132,7 +132,7 @@ void frmMain::ForgetComplaint() {
 void frmMain::setLogExtents() {
   const bool known = findings.LogExists && !findings.LogInvalid && !findings.LogCorrupt &&
                      !findings.LogEmpty && !logFile.ArchiveOpen;
-  Calendar1.Value = known ? PreferredStart(Calendar1.Value) : Today();
+  Calendar1.Value = known ? PreferredStart(settings, findings, Calendar1.Value) : Today();
   period.PeriodStart = Calendar1.Value;
   period.PeriodEnd = findings.LastEntryDate;
   SetField(DateField::Starting, period.PeriodStart);
@@ -208,7 +208,7 @@ void frmMain::mnuDefaultDate_Click() {
   if (answer != Answer::OK) return;
   settings.UserStartPref = "User Defined";
   settings.UserStartDate = period.PeriodStart;
-  WriteUserParameters(Registry, settings, windowSettings);
+  session.StoreSettings();
 }
 
 void frmMain::btnProcess_Click() {

@@ -105,7 +105,7 @@ void frmMain::ShowProgress(bool visible) {
   ProgressBar1.SetValue(0);
   ProgressBar1.Visible = visible;
   // The user may look at the report window meanwhile.
-  if (ReportForm.IsLoaded()) ReportForm->AnalysisUnderWay = visible;
+  if (windows.ReportForm.IsLoaded()) windows.ReportForm->AnalysisUnderWay = visible;
 }
 
 // Until the next work begins; the told text stands in the bar.
@@ -113,6 +113,6 @@ void frmMain::WorkFailed(const std::string& reason) { StatusBarMain.ToolTipText 
 
 void frmMain::Progress(Int16 percent) { ProgressBar1.SetValue(percent); }
 
-void frmMain::ShowReport() { ReportForm->ShowAnalysis(); }
+void frmMain::ShowReport() { windows.ReportForm->ShowAnalysis(); }
 
 }  // namespace qel

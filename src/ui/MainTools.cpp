@@ -5,13 +5,11 @@
 #include "core/Version.h"
 #include "maintenance/Optimize.h"
 #include "modemlog/LogExamination.h"
-#include "settings/Settings.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmMain.h"
 #include "ui/frmPreConfigure.h"
 #include "ui/frmPurge.h"
 #include "ui/frmViewLog.h"
-#include "wizard/QELPreConfigure.h"
 
 namespace qel {
 
@@ -28,20 +26,21 @@ void frmMain::WireTools() {
 
 void frmMain::btnViewLog_Click() {
   SetTrace("frmMain", "btnViewLog_Click");
-  if (ViewerOpen)
-    ViewLogForm->Unload();
+  if (windows.ViewerOpen)
+    windows.ViewLogForm->Unload();
   else
-    ViewLogForm->Show();
+    windows.ViewLogForm->Show();
 }
 
 void frmMain::NameLogCommands() {
   const auto kind = [](bool archive) { return std::string(archive ? "Archive" : "Modem Log"); };
-  const bool shown = ViewerOpen && ViewLogForm->ShowsLog();
+  const bool shown = windows.ViewerOpen && windows.ViewLogForm->ShowsLog();
   const bool usable = !NoUsableLog() && !findings.LogCorrupt;
   mnuViewLog.Caption =
-      shown ? "&Close " + kind(ViewLogForm->ShowsArchive()) : "&View " + kind(logFile.ArchiveOpen);
+      shown ? "&Close " + kind(windows.ViewLogForm->ShowsArchive()) : "&View " + kind(logFile.ArchiveOpen);
   btnViewLog.Caption = mnuViewLog.Caption;
-  btnViewLog.Enabled = mnuViewLog.Enabled = ToolbarMain.Button(6).Enabled = ViewerOpen ? shown : usable;
+  btnViewLog.Enabled = mnuViewLog.Enabled = ToolbarMain.Button(6).Enabled =
+      windows.ViewerOpen ? shown : usable;
   mnuOptimize.Caption = "&Optimize " + kind(logFile.ArchiveOpen);
 }
 
@@ -62,9 +61,9 @@ void frmMain::mnuClearLog_Click() {
       0,
       2};
   std::optional<FileStamp> asked;  // what the user agrees to lose
-  IgnoreErrors([&asked] { asked = StampOf(logFile.CurrentLogPath); });
+  IgnoreErrors([&] { asked = StampOf(logFile.CurrentLogPath); });
   if (MsgBox(question) != Answer::Yes || !ClearsUnsavedLog()) return;
-  if (Attempt([&asked] { ClearLog(asked); })) {
+  if (Attempt([&] { ClearLog(asked); })) {
     findings.LogCorrupt = false;
     lastArchive.reset();
     MsgBox({"Current modem log has been deleted.\nNew blank modem log has been created!", ProgramTitle});
@@ -82,8 +81,9 @@ bool frmMain::ClearsUnsavedLog() {
 
 void frmMain::mnuPurgeLog_Click() {
   SetTrace("frmMain", "mnuPurgeLog_Click");
-  PurgeForm->ShowModal();
-  if (LogChanged) ReadLogAgain();
+  frmPurge& purge = *windows.PurgeForm;
+  purge.ShowModal();
+  if (purge.LogChanged) ReadLogAgain();
 }
 
 void frmMain::mnuOptimize_Click() {
@@ -108,7 +108,7 @@ void frmMain::Optimize() {
 
 void frmMain::mnuRepairLog_Click() {
   SetTrace("frmMain", "mnuRepairLog_Click");
-  FileRepairForm->ShowModal();
+  windows.FileRepairForm->ShowModal();
   ReadLogAgain();
 }
 
@@ -117,8 +117,8 @@ void frmMain::mnuModemWizard_Click() {
   if (OSName.find("NT") != std::string::npos)
     MsgBox({"Sorry .... This option is not yet available for Windows NT.", "Modem Configuration Wizard",
             Icon::Information});
-  else if (PreConfigure(true))
-    PreConfigureForm->ShowModal();
+  else if (session.modems.PreConfigure(true))
+    windows.PreConfigureForm->ShowModal();
 }
 
 // What could touch the log while it is rewritten. What is on by the state of the log is Form_Load's to say.

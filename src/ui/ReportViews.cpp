@@ -3,13 +3,11 @@
 #include <utility>
 #include <vector>
 
-#include "analysis/AnalysisResult.h"
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "reports/DetailReport.h"
 #include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
-#include "settings/Settings.h"
 #include "ui/frmReport.h"
 #include "values/NumberConversion.h"
 
@@ -86,10 +84,10 @@ int ColumnCount(const ListView& list) { return static_cast<int>(list.Columns().s
 }  // namespace
 
 // The width of the Notes, the seventh column of a report with costs, is the report's own.
-const frmReport::Kind frmReport::Summary{"Summary", DisplaySummaryReport, windowSettings.SummaryViewSettings,
-                                         7, "Check details report."};
-const frmReport::Kind frmReport::Details{"Detail", DisplayDetailReport, windowSettings.DetailViewSettings, 6,
-                                         "Report may be inaccurate."};
+const frmReport::Kind frmReport::Summary{"Summary", DisplaySummaryReport,
+                                         &WindowSettings::SummaryViewSettings, 7, "Check details report."};
+const frmReport::Kind frmReport::Details{"Detail", DisplayDetailReport, &WindowSettings::DetailViewSettings,
+                                         6, "Report may be inaccurate."};
 
 const frmReport::Kind* frmReport::CheckedReport() const {
   if (mnuSummary.Checked) return &Summary;
@@ -175,7 +173,7 @@ void frmReport::ShowDocument(const Kind& kind) {
   fraWarning.Visible = Report.fraWarning;
   fraNoConn.Visible = Report.fraNoConn;
   ListView1.Clear();
-  ListView1.SetColumns(ListColumns(Report, kind.Settings, ListView1.Font->Size));
+  ListView1.SetColumns(ListColumns(Report, SettingsOf(kind), ListView1.Font->Size));
   SetNumberColumn();
   ListView1.SetRows(ListRows(std::exchange(Report.Rows, {})));
   ListView1.SelectRow(Report.SelectedRow);
@@ -211,20 +209,20 @@ void frmReport::Progress(Int16 percent) {
 void frmReport::ApplySettings(const Kind& kind) {
   if (WindowState == qel::WindowState::Normal)
     for (const auto& measure : Measures)
-      if (const int stored = kind.Settings.*measure.Stored; stored != 0) this->*measure.Shown = stored;
+      if (const int stored = SettingsOf(kind).*measure.Stored; stored != 0) this->*measure.Shown = stored;
   if (mnuListView.Checked) ApplyListSettings(kind);
   RepWarn3.Caption = kind.Warning;
 }
 
 void frmReport::ApplyListSettings(const Kind& kind) {
-  if (kind.Settings.FontSize != 0) {
+  if (SettingsOf(kind).FontSize != 0) {
     Font font = ListView1.Font;
-    font.Size = kind.Settings.FontSize;
+    font.Size = SettingsOf(kind).FontSize;
     ListView1.Font = font;
   }
   const int last = std::min(kind.LastRestored, ColumnCount(ListView1) - 1);
   for (int i = 1; i <= last; ++i)
-    if (const int stored = kind.Settings.Column[static_cast<std::size_t>(i - 1)]; stored != 0)
+    if (const int stored = SettingsOf(kind).Column[static_cast<std::size_t>(i - 1)]; stored != 0)
       ListView1.SetColumnWidth(i + 1, stored);
 }
 
@@ -232,10 +230,10 @@ void frmReport::StoreSettings() {
   const Kind* kind = CheckedReport();
   if (content != Content::Analysis || !kind) return;
   if (WindowState == qel::WindowState::Normal)
-    for (const auto& measure : Measures) kind->Settings.*measure.Stored = (this->*measure.Shown)();
-  kind->Settings.FontSize = ListView1.Font->Size;
+    for (const auto& measure : Measures) SettingsOf(*kind).*measure.Stored = (this->*measure.Shown)();
+  SettingsOf(*kind).FontSize = ListView1.Font->Size;
   for (std::size_t i = 1; i < ListView1.Columns().size(); ++i)
-    kind->Settings.Column[i - 1] = ListView1.Columns()[i].Width;
+    SettingsOf(*kind).Column[i - 1] = ListView1.Columns()[i].Width;
 }
 
 void frmReport::StatusUpdate() {

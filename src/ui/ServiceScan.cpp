@@ -4,7 +4,6 @@
 
 #include "modemlog/DialledNumber.h"
 #include "platform/Files.h"
-#include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
 
@@ -19,7 +18,7 @@ bool HasNumber(const ServiceRecord& service, std::string_view number) {
 }
 
 // One above the highest number in use. The blank before it is that of the number's sign.
-std::string NextName() {
+std::string NextName(const Settings& settings) {
   double highest = 0;
   for (int i = 0; i < settings.UsedServices; ++i) {
     const std::string_view name = settings.Services[i].ServiceName;
@@ -29,9 +28,9 @@ std::string NextName() {
   return std::string(ScannedName) + Str(highest + 1);
 }
 
-void AddScannedService(const std::string& number) {
+void AddScannedService(Settings& settings, const std::string& number) {
   ServiceRecord& service = settings.Services[settings.UsedServices];
-  service.ServiceName = NextName();
+  service.ServiceName = NextName(settings);
   service.ServiceNumber = number;
   ++settings.UsedServices;
 }
@@ -39,7 +38,7 @@ void AddScannedService(const std::string& number) {
 }  // namespace
 
 // Markers are kept in capitals, the log has both cases. A number that is taken has no letters to change.
-std::optional<std::string> UnknownNumber(std::string_view logLine) {
+std::optional<std::string> UnknownNumber(const Settings& settings, std::string_view logLine) {
   const std::string line = UpperCase(logLine);
   if (line.find(settings.ModemDial) == std::string::npos) return std::nullopt;
   std::string number = CutDialledNumber(settings, line);
@@ -49,7 +48,7 @@ std::optional<std::string> UnknownNumber(std::string_view logLine) {
   return number;
 }
 
-void ScanForServices(const std::string& path, const std::function<void()>& found,
+void ScanForServices(Settings& settings, const std::string& path, const std::function<void()>& found,
                      const std::function<bool(int percent)>& proceed) {
   if (IsStream(path)) Raise(BadFileName);
   LineReader log(path);
@@ -63,8 +62,8 @@ void ScanForServices(const std::string& path, const std::function<void()>& found
       shown = percent;
       if (!proceed(percent)) return;
     }
-    if (const auto number = UnknownNumber(line)) {
-      AddScannedService(*number);
+    if (const auto number = UnknownNumber(settings, line)) {
+      AddScannedService(settings, *number);
       found();
     }
   }

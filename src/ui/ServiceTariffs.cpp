@@ -10,15 +10,6 @@
 
 namespace qel {
 
-namespace {
-
-void ShowTariffEditor() {
-  CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  TariffForm->ShowModal();
-}
-
-}  // namespace
-
 void frmService::WireTariffs() {
   lstDialTimeTariff.ItemClick = [this] {
     SelectedTariff = Int16(lstDialTimeTariff.SelectedRow());
@@ -84,11 +75,18 @@ void frmService::SetTariffButtons() {
   if (DialOption == 2) btnDialTimeTariffDelete.Enabled = TariffCopyCount > 0;
 }
 
+// True when a new tariff was confirmed.
+bool frmService::EditTariff(bool isNew) {
+  frmTariff& editor = *windows.TariffForm;
+  editor.NewTariff = isNew;
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  editor.ShowModal();
+  return editor.NewTariff;
+}
+
 void frmService::btnDialTimeTariffNew_Click() {
   if (TariffCopyCount < MaxTariffs) {
-    NewTariff = true;
-    ShowTariffEditor();
-    if (NewTariff) SelectedTariff = TariffCopyCount;
+    if (EditTariff(true)) SelectedTariff = TariffCopyCount;
   } else {
     CurrentHost().Beep();
   }
@@ -104,8 +102,7 @@ void frmService::btnDialTimeTariffNew_Click() {
 void frmService::btnDialTimeTariffEdit_Click() {
   if (!btnDialTimeTariffEdit.Enabled || lstDialTimeTariff.SelectedRow() == 0) return;
   SelectedTariff = Int16(lstDialTimeTariff.SelectedRow());
-  NewTariff = false;
-  ShowTariffEditor();
+  EditTariff(false);
   SortTariffs();
   DisplayTariffs();
   ShowTariffSummary();

@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
-#include "settings/Settings.h"
 #include "ui/QuarterHours.h"
 #include "ui/TariffList.h"
 #include "ui/frmService.h"
@@ -27,20 +26,12 @@ void ShowIn(ComboBox& list, const std::string& text) {
   Attempt([&] { list.SetText(text); });
 }
 
-void CopyTariffs(const ServiceRecord& service) {
-  for (TariffCopyCount = 0; TariffCopyCount < service.UsedTariffs; ++TariffCopyCount) {
-    TariffRecord& copy = TariffCopy[TariffCopyCount];
-    copy = service.Tariffs[TariffCopyCount];
-    if (copy.Unit.empty()) copy.Unit = "Per Minute";
-  }
-}
-
 }  // namespace
 
 void frmService::LoadNewService() {
   ServiceIndex = settings.UsedServices;
   TariffCopyCount = 1;
-  TariffCopy[0] = DefaultTariff();
+  TariffCopy[0] = DefaultTariff(settings.DialCost);
   txtDescription.Text = "New Service";
   Choose(optDialCost, 0);
   txtDialFixedTariff.Text = MoneyField(settings.DialCost);
@@ -59,8 +50,16 @@ void frmService::LoadNewService() {
 }
 
 void frmService::LoadService() {
-  ServiceIndex = Int16(SetupForm->lstServices.SelectedRow() - 1);
+  ServiceIndex = Int16(windows.SetupForm->lstServices.SelectedRow() - 1);
   ShowService(settings.Services[ServiceIndex]);
+}
+
+void frmService::CopyTariffs(const ServiceRecord& service) {
+  for (TariffCopyCount = 0; TariffCopyCount < service.UsedTariffs; ++TariffCopyCount) {
+    TariffRecord& copy = TariffCopy[TariffCopyCount];
+    copy = service.Tariffs[TariffCopyCount];
+    if (copy.Unit.empty()) copy.Unit = "Per Minute";
+  }
 }
 
 void frmService::ShowService(const ServiceRecord& service) {

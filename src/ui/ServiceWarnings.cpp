@@ -2,7 +2,6 @@
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "platform/Files.h"
-#include "settings/Settings.h"
 #include "ui/frmService.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
@@ -12,18 +11,6 @@ namespace qel {
 namespace {
 
 constexpr char SoundFilter[] = "SoundWave Files (*.wav)|*.wav";
-
-// The path that is shown as `text`. What was not typed keeps its bytes, which the text may not hold.
-std::string SoundPath(const std::string& text) {
-  return text == PathText(settings.WarningSoundFile) ? settings.WarningSoundFile : ToUtf8(text);
-}
-
-// What cannot be looked up is not there: no half-typed path is worth a word, let alone the program's end.
-bool SoundExists(const std::string& text) {
-  bool exists = false;
-  IgnoreErrors([&] { exists = FileExists(SoundPath(text)); });
-  return exists;
-}
 
 }  // namespace
 
@@ -75,6 +62,19 @@ void frmService::chkWarnSound_Click() {
   RefreshOKButton();
 }
 
+// The path that is shown. What was not typed keeps its bytes, which the text may not hold.
+std::string frmService::SoundPath() const {
+  const std::string& text = txtWarningSound.Text;
+  return text == PathText(settings.WarningSoundFile) ? settings.WarningSoundFile : ToUtf8(text);
+}
+
+// What cannot be looked up is not there: no half-typed path is worth a word, let alone the program's end.
+bool frmService::SoundExists() const {
+  bool exists = false;
+  IgnoreErrors([&] { exists = FileExists(SoundPath()); });
+  return exists;
+}
+
 void frmService::btnWarnBrowse_Click() {
   const std::string name = FileNamePart(settings.WarningSoundFile);
   if (const auto path =
@@ -95,8 +95,8 @@ void frmService::btnWarnPlay_Click() {
 }
 
 void frmService::txtWarningSound_LostFocus() {
-  if (SoundExists(txtWarningSound.Text)) {
-    settings.WarningSoundFile = SoundPath(txtWarningSound.Text);
+  if (SoundExists()) {
+    settings.WarningSoundFile = SoundPath();
     txtWarningSound.Refusal = "";
   } else {
     txtWarningSound.Text = soundTextAtFocus;
@@ -108,7 +108,7 @@ void frmService::txtWarningSound_LostFocus() {
 std::string frmService::MissingWarning() const {
   if (!chkWarnings.Value) return "";
   if (const std::string missing = MissingThreshold(); !missing.empty()) return missing;
-  if (chkWarnSound.Value && !SoundExists(txtWarningSound.Text)) return "The sound file does not exist.";
+  if (chkWarnSound.Value && !SoundExists()) return "The sound file does not exist.";
   return "";
 }
 

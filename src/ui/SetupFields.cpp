@@ -4,7 +4,6 @@
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
-#include "modemlog/LogFile.h"
 #include "platform/Files.h"
 #include "settings/UserParameters.h"
 #include "ui/frmSetup.h"
@@ -143,7 +142,7 @@ void frmSetup::txtMaxServices_LostFocus() {
     txtMaxServices.Text = NumberText(settings.MaxServices);
     return;
   }
-  const bool fits = Attempt([&text] { settings.MaxServices = Val(text); });
+  const bool fits = Attempt([&] { settings.MaxServices = Val(text); });
   txtMaxServices.Refusal = fits ? "" : OutOfRange;
   ShowServiceCount();
 }

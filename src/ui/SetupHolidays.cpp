@@ -4,7 +4,6 @@
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "platform/Clock.h"
-#include "settings/Settings.h"
 #include "ui/frmSetup.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"

@@ -5,7 +5,6 @@
 #include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
-#include "settings/Settings.h"
 #include "ui/DateField.h"
 #include "ui/frmSetup.h"
 #include "values/Region.h"
@@ -19,7 +18,7 @@ void frmSetup::WireReport() {
   for (ListBox* list : {&lstWeekStart, &lstMonthStart})
     list->AddItems({Region.LongDays.begin(), Region.LongDays.end()});
   for (OptionButton& format : optFormat)
-    format.Click = [&format] { settings.UserReportPref = Int16(format.Index()); };
+    format.Click = [this, &format] { settings.UserReportPref = Int16(format.Index()); };
   chkAMPM.Click = [this] { settings.ForceAMPM = chkAMPM.Value; };
   lstStartDate.Click = [this] {
     settings.UserStartPref = lstStartDate.Text();

@@ -3,7 +3,6 @@
 
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
-#include "settings/Settings.h"
 #include "ui/ServiceScan.h"
 #include "ui/frmService.h"
 #include "ui/frmSetup.h"
@@ -21,7 +20,7 @@ constexpr char NoRoom[] = "There is room for no more services.";
 constexpr int MostNamed = 3;
 
 // The first few names, and how many there are beyond them.
-std::string FreeServices() {
+std::string FreeServices(const Settings& settings) {
   std::string names;
   int count = 0;
   for (int i = 0; i < settings.UsedServices; ++i) {
@@ -36,8 +35,8 @@ ListRow RowOf(const ServiceRecord& service) {
 }
 
 // A new service needs a record of its own before it can be edited.
-bool HasRecord(int service) {
-  return Attempt([service] { static_cast<void>(settings.Services[service]); });
+bool HasRecord(const Settings& settings, int service) {
+  return Attempt([&] { static_cast<void>(settings.Services[service]); });
 }
 
 void TellScanned(int found) {
@@ -92,7 +91,7 @@ void frmSetup::ShowServiceCount() {
 
 void frmSetup::ShowServiceNotice() {
   std::string free;
-  IgnoreErrors([&free] { free = FreeServices(); });
+  IgnoreErrors([&] { free = FreeServices(settings); });
   std::string notice = deletionNotice;
   if (!free.empty()) notice += (notice.empty() ? "" : "\n") + ("Without any costs so far: " + free);
   lblServiceNotice.Caption = notice;
@@ -103,17 +102,18 @@ void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = settings.
 
 // True when the editor was confirmed.
 bool frmSetup::EditService(bool isNew) {
-  NewService = isNew;
+  frmService& editor = *windows.ServiceForm;
+  editor.NewService = isNew;
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  ServiceForm->ShowModal();
-  return !ServiceEditCancelled;
+  editor.ShowModal();
+  return !editor.ServiceEditCancelled;
 }
 
 void frmSetup::btnNew_Click() {
   SetTrace("frmSetup", "btnNew_Click");
   if (settings.UsedServices >= settings.MaxServices) {
     Refuse(lstServices, NoRoom);
-  } else if (HasRecord(settings.UsedServices) && EditService(true)) {
+  } else if (HasRecord(settings, settings.UsedServices) && EditService(true)) {
     ++settings.UsedServices;
     AddServiceRow(settings.UsedServices - 1);
   }
@@ -135,7 +135,7 @@ void frmSetup::lstServices_ItemClick() {
 
 void frmSetup::btnDelete_Click() {
   const int service = SelectedService();
-  const auto agreed = [service] {
+  const auto agreed = [&] {
     return MsgBox({"Are you sure you want to delete " + settings.Services[service].ServiceName + "?",
                    "Delete Service", Icon::None, Buttons::YesNo}) == Answer::Yes;
   };
@@ -214,7 +214,7 @@ void frmSetup::btnScan_Click() {
     CurrentHost().Yield();
     return IsLoaded();  // nobody has closed the window meanwhile
   };
-  const bool done = Attempt([&] { ScanForServices(path, show, proceed); });
+  const bool done = Attempt([&] { ScanForServices(settings, path, show, proceed); });
   CurrentHost().SetMousePointer(MousePointer::Default);
   if (!IsLoaded()) return;
   ProgressBar1.SetValue(100);

@@ -6,12 +6,12 @@
 
 namespace qel {
 
-void SetupSnapshot::Take() {
+void SetupSnapshot::Take(const Settings& settings) {
   before = settings;
   for (int i = 0; i < settings.UsedServices; ++i) services.push_back(settings.Services[i]);
 }
 
-void SetupSnapshot::Restore() const {
+void SetupSnapshot::Restore(Settings& settings) const {
   Settings restored = before;
   restored.NoDisconData = settings.NoDisconData;
   restored.CostPerMeg = settings.CostPerMeg;

@@ -10,10 +10,10 @@ namespace qel {
 class SetupSnapshot {
  public:
   // Raises 9 where there are more services than room for them; the rest is kept by then.
-  void Take();
+  void Take(const Settings& settings);
   // All but NoDisconData and CostPerMeg, whose edits stay, and the holidays, which are edited in a list
   // apart.
-  void Restore() const;
+  void Restore(Settings& settings) const;
 
   const Settings& Before() const { return before; }
 

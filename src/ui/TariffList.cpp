@@ -4,7 +4,6 @@
 
 #include "analysis/TariffDays.h"
 #include "core/ShownMoney.h"
-#include "settings/Settings.h"
 #include "ui/FieldRule.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
@@ -61,12 +60,12 @@ std::string Threshold(const TariffRecord& tariff) {
 
 }  // namespace
 
-TariffRecord DefaultTariff() {
+TariffRecord DefaultTariff(double dialCost) {
   TariffRecord tariff;
   tariff.Description = "Default Tariff";
   tariff.AppliesDays = Everyday;
   tariff.AppliesTimeEnd = TimeSerial(23, 59, 0);
-  tariff.DialRate = TextToNumber(MoneyField(settings.DialCost));
+  tariff.DialRate = TextToNumber(MoneyField(dialCost));
   tariff.Unit = "Per Minute";
   tariff.UnitMins = 15;
   return tariff;

@@ -10,7 +10,7 @@
 namespace qel {
 
 // What a new service starts with: the default cost of a call, at any time.
-TariffRecord DefaultTariff();
+TariffRecord DefaultTariff(double dialCost);
 
 // Orders the first `count` tariffs: holidays, single days, ranges of days, every day; the same days by their
 // starting time. Ranges keep their order among themselves.

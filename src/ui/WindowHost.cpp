@@ -9,19 +9,22 @@
 namespace qel {
 
 Display& WindowHost::Front() {
-  if (MainForm.IsLoaded()) return *MainForm;
-  if (SplashForm.IsLoaded()) return *SplashForm;
+  if (Windows && Windows->MainForm.IsLoaded()) return *Windows->MainForm;
+  if (Windows && Windows->SplashForm.IsLoaded()) return *Windows->SplashForm;
   return *this;
 }
 
-void WindowHost::ShowHelp(int topic) { qel::ShowHelp(topic); }
+void WindowHost::ShowHelp(int topic) {
+  if (Windows) Windows->HelpForm->ShowHelp(topic);
+}
 
 void WindowHost::UnloadWindows() {
+  if (!Windows) return;
   // First the options: what was not saved there is put back before other windows store the settings.
   for (const char* name : {"frmSetup", "frmAbout", "frmSplash", "frmViewLog", "frmReport", "frmMain"})
     if (Form* form = LoadedForm(name)) IgnoreErrors([form] { form->UnloadAtTheEnd(); });
-  SaveRegistry(Registry);
-  TellSetAside(Registry);
+  SaveRegistry(Windows->session.store);
+  TellSetAside(Windows->session.store);
 }
 
 }  // namespace qel

@@ -4,10 +4,15 @@
 
 #include "core/Display.h"
 #include "platform/Host.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
 class WindowHost : public Host, public Display {
+ public:
+  qel::Windows* Windows = nullptr;  // of the program that runs, if one does
+
+ private:
   Display& Front() override;
   void ShowHelp(int topic) override;
   void UnloadWindows() override;

@@ -7,29 +7,25 @@
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "platform/Files.h"
-#include "settings/Settings.h"
-#include "settings/StoredValues.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 
 namespace qel {
-
-TheForm<frmAbout> AboutForm;
 
 namespace {
 
 // What tells of the system where the store names no tool for it, in the order of trying.
 const char* const InformationTools[] = {"/usr/bin/hardinfo2", "/usr/bin/hardinfo", "/usr/bin/kinfocenter"};
 
-std::string StoredText(const char* key, const char* name) {
-  const SettingValue value = QueryValue(Registry, RegistryRoot::LocalMachine, key, name);
+std::string StoredText(const RegistryStore& store, const char* key, const char* name) {
+  const SettingValue value = QueryValue(store, RegistryRoot::LocalMachine, key, name);
   const auto* text = std::get_if<std::string>(&value);
   return text ? *text : "";
 }
 
 // The tool that the store names, or nothing where there is none.
-std::string StoredTool() {
-  std::string path = StoredText("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH");
-  if (path.empty()) path = StoredText("SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO");
+std::string StoredTool(const RegistryStore& store) {
+  std::string path = StoredText(store, "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH");
+  if (path.empty()) path = StoredText(store, "SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO");
   if (!path.empty() && FileExists(path)) return path;
   if (!path.empty() && FileExists(path + "/MSINFO32.EXE")) return path + "/MSINFO32.EXE";
   return "";
@@ -49,7 +45,7 @@ bool StartsOneOfTheSystem() {
 
 }  // namespace
 
-frmAbout::frmAbout() : Form("frmAbout") {
+frmAbout::frmAbout(Windows& owner) : Window("frmAbout", owner) {
   HelpContextID = HelpAbout;
   cmdOK.Click = [this] { Unload(); };
   cmdSysInfo.Click = [this] { StartSysInfo(); };
@@ -91,7 +87,7 @@ void frmAbout::PointAt(const Label* pointed) {
 void frmAbout::StartSysInfo() {
   SetTrace("frmAbout", "StartSysInfo");
   std::string tool;
-  Attempt([&tool] { tool = StoredTool(); });
+  Attempt([&] { tool = StoredTool(store); });
   if (!tool.empty())
     Attempt([&tool] { CurrentHost().StartProgram(tool); });
   else if (!StartsOneOfTheSystem())

@@ -4,14 +4,14 @@
 #include <array>
 
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/TextControls.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-class frmAbout : public Form {
+class frmAbout : public Window {
  public:
-  frmAbout();
+  explicit frmAbout(Windows& owner);
 
   Picture imgAbout{*this, "imgAbout"};
   std::array<Label, 3> lblTitle{{{*this, "lblTitle", 0}, {*this, "lblTitle", 1}, {*this, "lblTitle", 2}}};
@@ -30,7 +30,5 @@ class frmAbout : public Form {
   void PointAt(const Label* link);
   void StartSysInfo();
 };
-
-extern TheForm<frmAbout> AboutForm;
 
 }  // namespace qel

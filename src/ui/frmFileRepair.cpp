@@ -3,14 +3,11 @@
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "maintenance/Repair.h"
-#include "modemlog/LogFile.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 
 namespace qel {
 
-TheForm<frmFileRepair> FileRepairForm;
-
-frmFileRepair::frmFileRepair() : Form("frmFileRepair") {
+frmFileRepair::frmFileRepair(Windows& owner) : Window("frmFileRepair", owner) {
   HelpContextID = HelpRepair;
   btnOK.Click = [this] { Unload(); };
 }

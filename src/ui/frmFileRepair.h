@@ -5,15 +5,15 @@
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/TextControls.h"
 #include "core/Display.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-class frmFileRepair : public Form, private Display {
+class frmFileRepair : public Window, private Display {
  public:
-  frmFileRepair();
+  explicit frmFileRepair(Windows& owner);
 
   Label lblFileRepair{*this, "lblFileRepair"};
   qel::ProgressBar ProgressBar{*this, "ProgressBar"};
@@ -30,7 +30,5 @@ class frmFileRepair : public Form, private Display {
 
   bool running = false;
 };
-
-extern TheForm<frmFileRepair> FileRepairForm;
 
 }  // namespace qel

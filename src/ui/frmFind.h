@@ -2,26 +2,16 @@
 #pragma once
 
 #include <array>
-#include <string>
 
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/TextControls.h"
-#include "values/CheckedInteger.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-// The state of the search; it survives the dialogue.
-extern std::string FindText;  // the last text searched for
-extern Int16 FindMatchCase;   // 1: capital and small letters differ
-extern Int16 FindDirection;   // 1: down, else up
-extern float FindLastPos;     // where the selection began after the last search
-extern bool FindFirstTime;    // the next search does not step past the selection
-void ResetFind();
-
-class frmFind : public Form {
+class frmFind : public Window {
  public:
-  frmFind();
+  explicit frmFind(Windows& owner);
 
   TextBox Text1{*this, "Text1"};
   Frame fraDirection{*this, "fraDirection"};
@@ -34,10 +24,8 @@ class frmFind : public Form {
   void Form_Load() override;
 };
 
-extern TheForm<frmFind> FindForm;
-
 // Searches the viewer's text for FindText from its selection on and selects what it finds; the dialogue goes
 // then. Without a hit the user is told.
-void DoFind();
+void DoFind(Windows& windows);
 
 }  // namespace qel

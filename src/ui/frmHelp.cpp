@@ -3,13 +3,11 @@
 #include <algorithm>
 
 #include "core/ProgramState.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
 
 namespace qel {
-
-TheForm<frmHelp> HelpForm;
 
 namespace {
 
@@ -28,7 +26,7 @@ std::string NoHelp() {
 
 }  // namespace
 
-frmHelp::frmHelp() : Form("frmHelp") {
+frmHelp::frmHelp(Windows& owner) : Window("frmHelp", owner) {
   HelpContextID = HelpUsingHelp;
   StandsAside = true;
   lstTopics.Click = [this] { lstTopics_Click(); };
@@ -62,6 +60,7 @@ void frmHelp::AddEntry(const std::string& text, int number) {
   lstTopics.AddItem(text);
 }
 
+// All topics under their chapters.
 void frmHelp::ShowContents() {
   List("Contents");
   const std::string* chapter = nullptr;
@@ -95,6 +94,7 @@ void frmHelp::ShowTopic(int number) {
   btnBack.Enabled = !visited.empty();
 }
 
+// To a topic, from which btnBack comes back.
 void frmHelp::GoTo(int number) {
   if (topics.empty()) return;
   const HelpTopic* topic = FindHelpTopic(topics, number);
@@ -127,22 +127,20 @@ void frmHelp::btnBack_Click() {
   SelectEntry();
 }
 
-void ShowHelp(int context) {
-  HelpForm->Show();
-  HelpForm->GoTo(context);
+void frmHelp::ShowHelp(int number) {
+  Show();
+  GoTo(number);
 }
 
-void ShowHelpContents() {
-  HelpForm->Show();
-  HelpForm->ShowContents();
-  HelpForm->GoTo(0);
+void frmHelp::ShowHelpContents() {
+  Show();
+  ShowContents();
+  GoTo(0);
 }
 
-void ShowHelpSearch() {
+void frmHelp::ShowHelpSearch() {
   ShowHelpContents();
-  HelpForm->txtSearch.SetFocus();
+  txtSearch.SetFocus();
 }
-
-void ShowHelpOnHelp() { ShowHelp(HelpUsingHelp); }
 
 }  // namespace qel

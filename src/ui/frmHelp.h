@@ -6,16 +6,16 @@
 #include <vector>
 
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/Lists.h"
 #include "controls/TextControls.h"
-#include "ui/HelpTopics.h"
+#include "ui/HelpFile.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-class frmHelp : public Form {
+class frmHelp : public Window {
  public:
-  frmHelp();
+  explicit frmHelp(Windows& owner);
 
   Label lblTopics{*this, "lblTopics"};  // what the list holds
   ListBox lstTopics{*this, "lstTopics"};
@@ -26,13 +26,16 @@ class frmHelp : public Form {
   Document docTopic{*this, "docTopic"};
   Button btnClose{*this, "btnClose"};
 
-  // Lists all topics under their chapters.
-  void ShowContents();
-  // Goes to a topic, from which btnBack comes back. One that the file lacks leads to the first.
-  void GoTo(int number);
+  // The ways into the help: a topic by its number, the contents, and the search. A number that the file lacks
+  // leads to the first topic.
+  void ShowHelp(int number);
+  void ShowHelpContents();
+  void ShowHelpSearch();
 
  private:
   void Form_Load() override;
+  void ShowContents();
+  void GoTo(int number);
   void List(const std::string& heading);
   void AddEntry(const std::string& text, int number);
   void SelectEntry();
@@ -48,13 +51,5 @@ class frmHelp : public Form {
   int shown = 0;             // the topic's number; 0 for none
   std::vector<int> visited;  // the topics before it
 };
-
-extern TheForm<frmHelp> HelpForm;
-
-// The ways into the help: its contents, the search, the help on help, and a topic by its number.
-void ShowHelpContents();
-void ShowHelpSearch();
-void ShowHelpOnHelp();
-void ShowHelp(int context);
 
 }  // namespace qel

@@ -5,24 +5,19 @@
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogFile.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
-#include "settings/Settings.h"
-#include "settings/StoredValues.h"
 #include "ui/DateField.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 #include "ui/frmReport.h"
 #include "ui/frmTip.h"
 #include "ui/frmViewLog.h"
 
 namespace qel {
 
-TheForm<frmMain> MainForm;
-
-frmMain::frmMain() : Form("frmMain") {
+frmMain::frmMain(Windows& owner) : Window("frmMain", owner) {
   HelpContextID = HelpMainWindow;
   Calendar1.Value = Today();
   imgEndArrow.Visible = false;
@@ -57,7 +52,9 @@ void frmMain::Form_Load() {
 }
 
 // There is a log, and its first and last entries have dates; nothing of the sort is asked of an archive.
-bool frmMain::NoUsableLog() { return !logFile.ArchiveOpen && (!findings.LogExists || findings.LogInvalid); }
+bool frmMain::NoUsableLog() const {
+  return !logFile.ArchiveOpen && (!findings.LogExists || findings.LogInvalid);
+}
 
 // Three cases: no usable log, a corrupt one, a usable file.
 void frmMain::EnableByLog() {
@@ -147,16 +144,16 @@ bool frmMain::TellStateOfLog() {
   }
   if (tooBig) {
     ShowLogTooBig();
-    TipShown = true;  // not in this run any more, even when the log has been made smaller
+    session.TipShown = true;  // not in this run any more, even when the log has been made smaller
   }
   return !invalid && !missing && !findings.LogCorrupt && !tooBig;
 }
 
 // Once a run, at the first time that the window comes to the front and all is well.
 void frmMain::OfferTip() {
-  if (TipShown || !settings.Tips) return;
-  TipShown = true;  // before it shows: this window may come to the front meanwhile
-  TipForm->ShowModal();
+  if (session.TipShown || !settings.Tips) return;
+  session.TipShown = true;  // before it shows: this window may come to the front meanwhile
+  windows.TipForm->ShowModal();
 }
 
 bool frmMain::Form_Unload() {
@@ -173,9 +170,9 @@ void frmMain::SaveMainWinSettings() {
   SetTrace("QELMain", "SaveMainWinSettings");
   KeepWindowSize();
   const std::string key = std::string(SettingsKey) + "\\General";
-  SetKeyValue(Registry, SettingsRoot, key, "MainWinWidth", windowSettings.MainWinWidth, REG_DWORD);
-  SetKeyValue(Registry, SettingsRoot, key, "MainWinHeight", windowSettings.MainWinHeight, REG_DWORD);
-  SaveRegistry(Registry);
+  SetKeyValue(store, SettingsRoot, key, "MainWinWidth", windowSettings.MainWinWidth, REG_DWORD);
+  SetKeyValue(store, SettingsRoot, key, "MainWinHeight", windowSettings.MainWinHeight, REG_DWORD);
+  SaveRegistry(store);
 }
 
 }  // namespace qel

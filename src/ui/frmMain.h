@@ -11,20 +11,19 @@
 #include <string>
 #include <utility>
 
-#include "analysis/ReportPeriod.h"
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
 #include "core/Display.h"
 #include "maintenance/ClearAndArchive.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-class frmMain : public Form, public Display, public PeriodFields {
+class frmMain : public Window, public Display, public PeriodFields {
  public:
-  frmMain();
+  explicit frmMain(Windows& owner);
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuOpenLog{*this, "mnuOpenLog"};
@@ -132,7 +131,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   bool Form_Unload() override;
   void SaveMainWinSettings();
   void EnableByLog();
-  static bool NoUsableLog();
+  bool NoUsableLog() const;
   bool DefaultLogIsThere() const;
   bool TellStateOfLog();
   void TellCorrupt();
@@ -199,7 +198,7 @@ class frmMain : public Form, public Display, public PeriodFields {
   void ShowAnew();
   void ShowActiveDate();
   void ReadLogAgain();
-  static void ReadDefaultLog(const std::string& folder, const std::string& file);
+  void ReadDefaultLog(const std::string& folder, const std::string& file);
 
   void HideStatDisplay() { ShowStatLabels(false); }
   void DisplayStats() { ShowStatLabels(true); }
@@ -228,7 +227,5 @@ class frmMain : public Form, public Display, public PeriodFields {
   Int16 shownStatus;         // of StatusMessages
   bool laidOut = false;      // the stored size has been applied
 };
-
-extern TheForm<frmMain> MainForm;
 
 }  // namespace qel

@@ -1,12 +1,9 @@
 #include "ui/frmPreConfigure.h"
 
 #include "settings/UserParameters.h"
-#include "ui/HelpContexts.h"
-#include "wizard/QELPreConfigure.h"
+#include "ui/HelpNumbers.h"
 
 namespace qel {
-
-TheForm<frmPreConfigure> PreConfigureForm;
 
 namespace {
 
@@ -17,7 +14,7 @@ void ShowState(bool on, Label& word, Picture& picture) {
 
 }  // namespace
 
-frmPreConfigure::frmPreConfigure() : Form("frmPreConfigure") {
+frmPreConfigure::frmPreConfigure(Windows& owner) : Window("frmPreConfigure", owner) {
   HelpContextID = HelpModemWizard;
   Timer1.Enabled = false;
   Timer1.Elapsed = [this] { Timer1_Timer(); };
@@ -40,8 +37,8 @@ void frmPreConfigure::Form_Load() {
       "\n"
       "Click the 'Next' button and the wizard will take you through a step by step process to configure your "
       "dial-up networking system for QEL.";
-  for (int i = 0; i < ModemCount; ++i) {
-    const ModemRecord& modem = Modems[i];
+  for (int i = 0; i < session.modems.ModemCount; ++i) {
+    const ModemRecord& modem = session.modems.Modems[i];
     lstModems.AddItem(modem.DriverDesc + (modem.AttachedTo.empty() ? "" : " on " + modem.AttachedTo));
   }
   lstModems.SetListIndex(0);
@@ -60,7 +57,7 @@ void frmPreConfigure::CheckStep() {
 
 void frmPreConfigure::CompareModem() {
   selectedModem = Int16(lstModems.ListIndex() + 1);
-  const ModemRecord& modem = Modems[selectedModem - 1];
+  const ModemRecord& modem = session.modems.Modems[selectedModem - 1];
   lblSelModem.Caption = modem.DriverDesc;
   ShowState(modem.Logging, lblCurrentLogging, ImgCurrentLogging);
   ShowState(modem.Echo, lblCurrentEcho, imgCurrentEcho);
@@ -82,7 +79,7 @@ void frmPreConfigure::AskForChanges() {
       "Click the 'Finish' button to have the wizard make these changes for you.\n"
       "\n";
   btnNext.Caption = "&Finish";
-  ModemConfigOK = false;
+  session.modems.ModemConfigOK = false;
 }
 
 void frmPreConfigure::TellWellSetUp() {
@@ -92,17 +89,18 @@ void frmPreConfigure::TellWellSetUp() {
       "\n"
       "Click the 'OK' button to continue.";
   btnNext.Caption = "&OK";
-  ModemConfigOK = true;
-  if (ModemCount > 1) settings.PreferredModem = selectedModem;  // for this run; only a change stores it
+  session.modems.ModemConfigOK = true;
+  if (session.modems.ModemCount > 1)
+    settings.PreferredModem = selectedModem;  // for this run; only a change stores it
 }
 
 void frmPreConfigure::Finish() {
   Timer1.Enabled = false;
   btnNext.Caption = "&OK";
   btnCancel.Visible = false;
-  if (!ModemConfigOK) DoChange(selectedModem);
+  if (!session.modems.ModemConfigOK) session.modems.DoChange(selectedModem);
   const std::string outcome =
-      NewLogStarted
+      session.modems.NewLogStarted
           ? "A new empty modem log file has been created for you. Reports will not be available until after "
             "your next dial-up networking session."
           : "QEL will check your settings each time you start but you will not see this wizard again unless "
@@ -140,14 +138,14 @@ void frmPreConfigure::btnCancel_Click() {
 
 // What is to change blinks.
 void frmPreConfigure::Timer1_Timer() {
-  const ModemRecord& modem = Modems[selectedModem - 1];
+  const ModemRecord& modem = session.modems.Modems[selectedModem - 1];
   if (!modem.Logging) lblRecLogging.Visible = !lblRecLogging.Visible;
   if (!modem.Echo) lblRecEcho.Visible = !lblRecEcho.Visible;
 }
 
 void frmPreConfigure::Check1_Click() {
   settings.ModemCheck = bool{Check1.Value};
-  StoreGeneralValue(Registry, "ModemCheck", bool{settings.ModemCheck}, REG_SZ);
+  StoreGeneralValue(store, "ModemCheck", bool{settings.ModemCheck}, REG_SZ);
 }
 
 }  // namespace qel

@@ -6,16 +6,15 @@
 #include <array>
 
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/Lists.h"
 #include "controls/TextControls.h"
-#include "values/CheckedInteger.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-class frmPreConfigure : public Form {
+class frmPreConfigure : public Window {
  public:
-  frmPreConfigure();
+  explicit frmPreConfigure(Windows& owner);
 
   // One for each step.
   std::array<Frame, 4> fraCheck{
@@ -71,7 +70,5 @@ class frmPreConfigure : public Form {
   Int16 step;
   Int16 selectedModem;  // counted from 1; 0 before the first comparison
 };
-
-extern TheForm<frmPreConfigure> PreConfigureForm;
 
 }  // namespace qel

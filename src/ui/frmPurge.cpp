@@ -6,15 +6,12 @@
 #include "modemlog/LogExamination.h"
 #include "platform/DateConversion.h"
 #include "ui/DateField.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 #include "values/DateText.h"
 
 namespace qel {
 
-bool LogChanged = false;
-TheForm<frmPurge> PurgeForm;
-
-frmPurge::frmPurge() : Form("frmPurge") {
+frmPurge::frmPurge(Windows& owner) : Window("frmPurge", owner) {
   HelpContextID = HelpPurge;
   for (std::size_t i = 0; i < optPurge.size(); ++i)
     optPurge[i].Click = [this, i] { optPurge_Click(static_cast<int>(i) + 1); };
@@ -25,7 +22,6 @@ frmPurge::frmPurge() : Form("frmPurge") {
 
 void frmPurge::Form_Load() {
   SetTrace("frmPurge", "Form_Load");
-  LogChanged = false;
   for (Field& field : fields) MakeDateField(field.Input);
   optPurge[0].Value = true;
 }
@@ -67,12 +63,12 @@ void frmPurge::ReadField(Field& field) {
 }
 
 Date frmPurge::adjustDate(Date date, End which) {
-  const auto raise = [&date] {
+  const auto raise = [&] {
     if (date >= findings.FirstEntryDate) return;
     date = findings.FirstEntryDate;
     CurrentHost().Beep();
   };
-  const auto lower = [&date] {
+  const auto lower = [&] {
     if (date <= findings.LastEntryDate) return;
     date = findings.LastEntryDate;
     CurrentHost().Beep();

@@ -4,19 +4,14 @@
 #include <array>
 
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/TextControls.h"
-#include "values/Calendar.h"
-#include "values/CheckedInteger.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-// The log was rewritten, or should have been: its statistics are to be read again.
-extern bool LogChanged;
-
-class frmPurge : public Form {
+class frmPurge : public Window {
  public:
-  frmPurge();
+  explicit frmPurge(Windows& owner);
 
   std::array<OptionButton, 3> optPurge{
       {{*this, "optPurge", 1}, {*this, "optPurge", 2}, {*this, "optPurge", 3}}};
@@ -26,6 +21,9 @@ class frmPurge : public Form {
   MaskedEdit MaskEdBox3{*this, "MaskEdBox3"};
   Button btnOK{*this, "btnOK"};
   Button btnCancel{*this, "btnCancel"};
+
+  // The log was rewritten, or should have been: its statistics are to be read again.
+  bool LogChanged = false;
 
  private:
   enum class End { From, To };
@@ -54,7 +52,5 @@ class frmPurge : public Form {
                                {MaskEdBox2[1], 2, End::To},
                                {MaskEdBox3, 3, End::From}}};
 };
-
-extern TheForm<frmPurge> PurgeForm;
 
 }  // namespace qel

@@ -3,21 +3,16 @@
 #include <optional>
 #include <utility>
 
-#include "analysis/AnalysisResult.h"
-#include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogFile.h"
 #include "platform/Files.h"
 #include "settings/SettingRow.h"
 #include "settings/UserParameters.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
 
 namespace qel {
-
-TheForm<frmReport> ReportForm;
 
 namespace {
 
@@ -28,7 +23,7 @@ std::string CaptionOf(const std::string& file) { return "QEL Report - (" + PathT
 
 }  // namespace
 
-frmReport::frmReport() : Form("frmReport") {
+frmReport::frmReport(Windows& owner) : Window("frmReport", owner) {
   HelpContextID = HelpReportWindow;
   ListView1.Font = {"Arial", 9};
   ReportTextBox.Font = {"Courier New", 10};
@@ -109,9 +104,9 @@ bool frmReport::Form_Unload() {
   windowSettings.ReportAutoArrange = mnuAutoArrange.Checked();
   if (content != Content::File) windowSettings.ReportListView = mnuListView.Checked();
   if (windowSettings.SaveReportSettings)
-    WriteUserParameters(Registry, settings, windowSettings);
+    session.StoreSettings();
   else
-    WriteSaveSettings(Registry, "\\ViewReport", windowSettings.SaveReportSettings);
+    WriteSaveSettings(store, "\\ViewReport", windowSettings.SaveReportSettings);
   return true;
 }
 

@@ -9,19 +9,18 @@
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/ListView.h"
 #include "controls/TextControls.h"
 #include "core/Display.h"
 #include "reports/ReportDocument.h"
-#include "settings/Settings.h"
+#include "ui/Windows.h"
 #include "values/RunTimeError.h"
 
 namespace qel {
 
-class frmReport : public Form, private Display {
+class frmReport : public Window, private Display {
  public:
-  frmReport();
+  explicit frmReport(Windows& owner);
 
   // Shows the latest analysis, anew where it is a fresh one. Ends the showing of a file.
   void ShowAnalysis();
@@ -89,7 +88,7 @@ class frmReport : public Form, private Display {
   struct Kind {
     const char* FileName;  // begins the name that saving proposes
     ReportDocument (*Build)(const ReportOf&);
-    ReportViewSettings& Settings;
+    ReportViewSettings WindowSettings::*Settings;
     int LastRestored;     // the last of Column1 to Column7 that is applied
     const char* Warning;  // in RepWarn3
   };
@@ -125,6 +124,7 @@ class frmReport : public Form, private Display {
   void TellFailure(const std::string& what, const RunTimeError& error);
   std::string ProposedName() const;
 
+  ReportViewSettings& SettingsOf(const Kind& kind) { return windowSettings.*kind.Settings; }
   const Kind* CheckedReport() const;  // nullptr where neither is checked
   void ChooseReport(const Kind& kind);
   void ChooseFormat(bool list);
@@ -143,7 +143,5 @@ class frmReport : public Form, private Display {
   bool AutoArrangeOn = false;
   bool building = false;  // a report; it yields, and coming to the front then must not build it anew
 };
-
-extern TheForm<frmReport> ReportForm;
 
 }  // namespace qel

@@ -5,21 +5,13 @@
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "platform/Files.h"
-#include "settings/Settings.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 #include "ui/QuarterHours.h"
 #include "ui/TabPages.h"
 #include "values/CodePage.h"
 #include "values/Region.h"
 
 namespace qel {
-
-bool NewService;
-bool ServiceEditCancelled;
-BoundedArray<TariffRecord> TariffCopy;
-Int16 TariffCopyCount;
-bool NewTariff;
-TheForm<frmService> ServiceForm;
 
 namespace {
 
@@ -34,7 +26,7 @@ bool Named(const Control& control, const std::string& word) {
 
 }  // namespace
 
-frmService::frmService() : Form("frmService") {
+frmService::frmService(Windows& owner) : Window("frmService", owner) {
   TabStrip1.SetTabs({{"Service Details", "Dialed Service Description and Number"},
                      {"Dial-up Cost", "Dial-up Tariffs and Charges"},
                      {"Service Cost", "On-Line Charges For This Service"},
@@ -56,7 +48,6 @@ frmService::frmService() : Form("frmService") {
 
 void frmService::Form_Load() {
   SetTrace("frmService", "Form_Load");
-  ServiceEditCancelled = true;  // until OK; whichever other way the window closes
   ShowSelectedPage(TabStrip1, fraService);
   imgService.Visible = settings.ShowGraphic;
   if (settings.WarningSoundFile.empty()) settings.WarningSoundFile = AppPath + PathSeparator + "exceeded.wav";

@@ -9,26 +9,17 @@
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/ListView.h"
 #include "controls/Lists.h"
 #include "controls/TextControls.h"
-#include "settings/ServiceRecords.h"
 #include "ui/FieldRule.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-extern bool NewService;            // the window is opened for a service that does not exist yet
-extern bool ServiceEditCancelled;  // how it was closed
-
-// The tariffs of the service being edited.
-extern BoundedArray<TariffRecord> TariffCopy;  // 0 to 9, the first TariffCopyCount in use
-extern Int16 TariffCopyCount;
-extern bool NewTariff;  // the tariff editor is opened for a new tariff; still set when it was confirmed
-
-class frmService : public Form {
+class frmService : public Window {
  public:
-  frmService();
+  explicit frmService(Windows& owner);
 
   TabStrip TabStrip1{*this, "TabStrip1"};
   std::array<Frame, 4> fraService{{{*this, "fraService", 0},
@@ -115,6 +106,13 @@ class frmService : public Form {
   Button btnOK{*this, "btnOK"};
   Button btnCancel{*this, "btnCancel"};
 
+  bool NewService = false;           // the window is opened for a service that does not exist yet
+  bool ServiceEditCancelled = true;  // how it was closed
+
+  // The tariffs of the service being edited.
+  BoundedArray<TariffRecord> TariffCopy;  // 0 to 9, the first TariffCopyCount in use
+  Int16 TariffCopyCount;
+
  private:
   void Form_Load() override;
   void Form_Activate() override;
@@ -133,6 +131,7 @@ class frmService : public Form {
   // Between the window and the record
   void LoadNewService();
   void LoadService();
+  void CopyTariffs(const ServiceRecord& service);
   void ShowService(const ServiceRecord& service);
   void ShowCosts(const ServiceRecord& service);
   void ShowWarning(const ServiceRecord& service);
@@ -166,6 +165,7 @@ class frmService : public Form {
   void ColourTariffCount();
   void ShowTariffSummary();
   void SetTariffButtons();
+  bool EditTariff(bool isNew);
   void btnDialTimeTariffNew_Click();
   void btnDialTimeTariffEdit_Click();
   void btnDialTimeTariffDelete_Click();
@@ -176,6 +176,8 @@ class frmService : public Form {
   void chkWarnDisplay_Click();
   void chkWarnSound_Click();
   void EnableSound(bool usable);
+  std::string SoundPath() const;
+  bool SoundExists() const;
   void btnWarnBrowse_Click();
   void btnWarnPlay_Click();
   void txtWarningSound_LostFocus();
@@ -193,7 +195,5 @@ class frmService : public Form {
        {&txtWarnServiceCost, &lblCurrencySymbol[1]},
        {&txtWarnData, &lblKB}}};
 };
-
-extern TheForm<frmService> ServiceForm;
 
 }  // namespace qel

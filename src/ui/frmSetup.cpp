@@ -2,16 +2,11 @@
 
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogFile.h"
 #include "settings/UserParameters.h"
 #include "ui/TabPages.h"
 #include "values/Region.h"
 
 namespace qel {
-
-bool OptionsChanged;
-bool LogPathChanged;
-TheForm<frmSetup> SetupForm;
 
 namespace {
 
@@ -35,7 +30,7 @@ constexpr int ModemTab = 2, ServicesTab = 3;
 
 }  // namespace
 
-frmSetup::frmSetup() : Form("frmSetup") {
+frmSetup::frmSetup(Windows& owner) : Window("frmSetup", owner) {
   std::vector<Tab> tabs;
   for (const Page& page : Pages) tabs.push_back({page.Caption, page.ToolTip});
   TabStrip1.SetTabs(std::move(tabs));
@@ -55,12 +50,12 @@ frmSetup::frmSetup() : Form("frmSetup") {
 }
 
 void frmSetup::Form_Load() {
-  TakeUpOthersRecords(Registry, settings);
+  TakeUpOthersRecords(store, settings);
   ShowFormats();
   mskNoDisconDuration.Mask = "##" + Region.TimeSeparator + "##" + Region.TimeSeparator + "##";
   Label8.Caption = "hh" + Region.TimeSeparator + "mm" + Region.TimeSeparator + "ss";
   SetTrace("frmSetup", "Form_Load");
-  snapshot.Take();
+  snapshot.Take(settings);
   ShowGeneral();
   ShowMarkers();
   optShowErrors.Value = settings.ShowErrors;
@@ -101,13 +96,13 @@ void frmSetup::Form_KeyDown(KeyPress& press) {
 void frmSetup::btnSave_Click() {
   saved = true;
   StoreHolidays();
-  WriteUserParameters(Registry, settings, windowSettings);
+  session.StoreSettings();
   Unload();
 }
 
 void frmSetup::restoreOldValues() {
   SetTrace("frmSetup", "restoreOldValues");
-  snapshot.Restore();
+  snapshot.Restore(settings);
 }
 
 bool frmSetup::Form_Unload() {

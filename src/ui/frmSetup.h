@@ -12,24 +12,19 @@
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/ListView.h"
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
-#include "settings/Settings.h"
 #include "ui/FieldRule.h"
 #include "ui/SetupSnapshot.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-// Notices to the main window: options were changed that it shows or starts with; the default log is another.
-extern bool OptionsChanged;
-extern bool LogPathChanged;
-
-class frmSetup : public Form {
+class frmSetup : public Window {
  public:
-  frmSetup();
+  explicit frmSetup(Windows& owner);
 
   TabStrip TabStrip1{*this, "TabStrip1"};
   std::array<Frame, 8> Settings{{{*this, "Settings", 0},
@@ -125,6 +120,10 @@ class frmSetup : public Form {
   Button btnDefaults{*this, "btnDefaults"};  // of the Modem tab
   Button btnSave{*this, "btnSave"};
   Button btnCancel{*this, "btnCancel"};
+
+  // Notices to the main window: options were changed that it shows or starts with; the default log is
+  // another.
+  bool OptionsChanged = false, LogPathChanged = false;
 
  private:
   // A limit that is a whole number of its setting's width.
@@ -261,7 +260,5 @@ class frmSetup : public Form {
                                                {"Start of Month", lstMonthStart, lblMonthStart},
                                                {"User Defined", mskUserDate, lblUserDate}}};
 };
-
-extern TheForm<frmSetup> SetupForm;
 
 }  // namespace qel

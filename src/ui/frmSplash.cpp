@@ -4,14 +4,12 @@
 
 #include "core/Surroundings.h"
 #include "core/Version.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 #include "ui/frmMain.h"
 
 namespace qel {
 
-TheForm<frmSplash> SplashForm;
-
-frmSplash::frmSplash() : Form("frmSplash") {
+frmSplash::frmSplash(Windows& owner) : Window("frmSplash", owner) {
   HelpContextID = HelpAbout;
   SplashTimer1.Enabled = false;
   SplashTimer1.Elapsed = [this] { SplashLabel1.Visible = !SplashLabel1.Visible; };
@@ -49,7 +47,7 @@ void frmSplash::EndPause() {
 void frmSplash::HandOver() {
   SplashTimer1.Enabled = false;
   Hide();  // nothing that the main window has to say stands beside it
-  MainForm->Show();
+  windows.MainForm->Show();
   Unload();
 }
 

@@ -2,15 +2,15 @@
 #pragma once
 
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/TextControls.h"
 #include "core/Display.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-class frmSplash : public Form, public Display {
+class frmSplash : public Window, public Display {
  public:
-  frmSplash();
+  explicit frmSplash(Windows& owner);
 
   // What the program does on its way up, while this window shows it.
   Event<> Main;
@@ -32,7 +32,5 @@ class frmSplash : public Form, public Display {
   void SplashText(const std::string& text) override { SplashLabel1.Caption = text; }
   void EndPause();
 };
-
-extern TheForm<frmSplash> SplashForm;
 
 }  // namespace qel

@@ -6,7 +6,7 @@
 #include "analysis/TariffDays.h"
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 #include "ui/QuarterHours.h"
 #include "ui/frmService.h"
 #include "values/FormatMask.h"
@@ -14,8 +14,6 @@
 #include "values/Region.h"
 
 namespace qel {
-
-TheForm<frmTariff> TariffForm;
 
 namespace {
 
@@ -38,7 +36,7 @@ void EnableGroup(bool enabled, std::initializer_list<TextBox*> fields, std::init
 
 }  // namespace
 
-frmTariff::frmTariff() : Form("frmTariff") {
+frmTariff::frmTariff(Windows& owner) : Window("frmTariff", owner) {
   HelpContextID = HelpTariff;
   ConnectFields();
   ConnectLists();
@@ -60,7 +58,7 @@ void frmTariff::ConnectFields() {
     field->SelectsOnTab = false;
   for (TextBox* field : {&txtDialTimeTariffDialRate, &txtDialTimeTariffMinuteRate,
                          &txtDialTimeTariffAfterMins, &txtDialTimeTariffAfterSecs})
-    field->GotFocus = [field] {
+    field->GotFocus = [this, field] {
       if (NewTariff) field->Select(0, static_cast<int>(field->Text().size()));
     };
 }
@@ -117,8 +115,8 @@ void frmTariff::LoadNewTariff() {
 }
 
 void frmTariff::LoadTariff() {
-  TariffNumber = Int16(ServiceForm->lstDialTimeTariff.SelectedRow());
-  const TariffRecord& tariff = TariffCopy[TariffNumber - 1];
+  TariffNumber = Int16(windows.ServiceForm->lstDialTimeTariff.SelectedRow());
+  const TariffRecord& tariff = windows.ServiceForm->TariffCopy[TariffNumber - 1];
   lstDialTimeTariffDescrip.SetText(tariff.Description);
   ShowDays(tariff.AppliesDays);
   ShowStored(lstDialTimeTariffDialStart, QuarterHourText(tariff.AppliesTimeStart));
@@ -256,7 +254,7 @@ std::string frmTariff::Missing() const {
 // tenth.
 Int16 frmTariff::TariffExists(const std::string& name, Int16 count) const {
   for (Int16 number = 1; number <= count; ++number)
-    if (TariffCopy[number - 1].Description == name) return number;
+    if (windows.ServiceForm->TariffCopy[number - 1].Description == name) return number;
   return 0;
 }
 
@@ -278,14 +276,14 @@ TariffRecord frmTariff::EnteredTariff() const {
 }
 
 void frmTariff::WriteTariff() {
-  const Int16 number = NewTariff ? TariffCopyCount + 1 : TariffNumber;
-  TariffCopy[number - 1] = EnteredTariff();
-  if (NewTariff) TariffCopyCount = number;
+  const Int16 number = NewTariff ? windows.ServiceForm->TariffCopyCount + 1 : TariffNumber;
+  windows.ServiceForm->TariffCopy[number - 1] = EnteredTariff();
+  if (NewTariff) windows.ServiceForm->TariffCopyCount = number;
 }
 
 void frmTariff::btnOK_Click() {
   SetTrace("frmTariff", "btnOK_Click");
-  if (NewTariff && TariffExists(lstDialTimeTariffDescrip.Text(), TariffCopyCount) > 0) {
+  if (NewTariff && TariffExists(lstDialTimeTariffDescrip.Text(), windows.ServiceForm->TariffCopyCount) > 0) {
     MsgBox({"A Tariff With This Name Already Exists!", "WARNING", Icon::Exclamation});
     return lstDialTimeTariffDescrip.SetFocus();
   }

@@ -5,19 +5,17 @@
 #include <string>
 
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/Lists.h"
 #include "controls/TextControls.h"
-#include "settings/ServiceRecords.h"
 #include "ui/FieldRule.h"
-#include "values/Calendar.h"
+#include "ui/Windows.h"
 #include "values/Region.h"
 
 namespace qel {
 
-class frmTariff : public Form {
+class frmTariff : public Window {
  public:
-  frmTariff();
+  explicit frmTariff(Windows& owner);
 
   ComboBox lstDialTimeTariffDescrip{*this, "lstDialTimeTariffDescrip", ComboBox::Kind::Editable};
   ComboBox lstDialTimeTariffDialDays{*this, "lstDialTimeTariffDialDays", ComboBox::Kind::PickOnly};
@@ -41,6 +39,8 @@ class frmTariff : public Form {
   Label lblOKNotice{*this, "lblOKNotice"};  // why the tariff cannot be confirmed yet
   Button btnOK{*this, "btnOK"};
   Button btnCancel{*this, "btnCancel"};
+
+  bool NewTariff = false;  // opened for a new tariff; still set when it was confirmed
 
  private:
   void Form_Load() override;
@@ -88,7 +88,5 @@ class frmTariff : public Form {
       {.Least = 1, .Most = 999, .WhenEmptied = Emptied::Invalidates, .Filler = "15", .Mask = "##0"}};
   RuledField UnitSecs{txtDialTimeTariffUnitSecs, {.Most = 60, .Mask = "#0"}};
 };
-
-extern TheForm<frmTariff> TariffForm;
 
 }  // namespace qel

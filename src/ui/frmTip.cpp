@@ -6,14 +6,11 @@
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "platform/Files.h"
-#include "settings/StoredValues.h"
 #include "settings/UserParameters.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 #include "ui/frmHelp.h"
 
 namespace qel {
-
-TheForm<frmTip> TipForm;
 
 namespace {
 
@@ -27,12 +24,12 @@ std::string NoTips() {
 
 }  // namespace
 
-frmTip::frmTip() : Form("frmTip") {
+frmTip::frmTip(Windows& owner) : Window("frmTip", owner) {
   HelpContextID = HelpTips;
   cmdOK.Click = [this] { Unload(); };
   cmdNextTip.Click = [this] { ShowNextTip(); };
   btnPrevious.Click = [this] { ShowPreviousTip(); };
-  Command1.Click = ShowHelpContents;
+  Command1.Click = [this] { windows.HelpForm->ShowHelpContents(); };
   btnReadme.Click = [this] { btnReadme_Click(); };
 }
 
@@ -42,8 +39,7 @@ void frmTip::Form_Load() {
   // Only now: the tick that it begins with is nobody's click.
   chkLoadTipsAtStartup.Click = [this] { chkLoadTipsAtStartup_Click(); };
   Attempt([this] {
-    currentTip =
-        WholeOf(QueryValue(Registry, SettingsRoot, std::string(SettingsKey) + "\\General", "LastTip"));
+    currentTip = WholeOf(QueryValue(store, SettingsRoot, std::string(SettingsKey) + "\\General", "LastTip"));
   });
   bool loaded = false;
   Attempt([this, &loaded] { loaded = LoadTips(AppPath + PathSeparator + TipFile); });
@@ -81,7 +77,7 @@ void frmTip::ShowPreviousTip() {
 void frmTip::chkLoadTipsAtStartup_Click() {
   SetTrace("frmTip", "chkLoadTipsAtStartup_Click");
   settings.Tips = bool{chkLoadTipsAtStartup.Value};
-  StoreGeneralValue(Registry, "Tips", bool{settings.Tips}, REG_SZ);
+  StoreGeneralValue(store, "Tips", bool{settings.Tips}, REG_SZ);
 }
 
 void frmTip::btnReadme_Click() {
@@ -91,8 +87,8 @@ void frmTip::btnReadme_Click() {
 
 bool frmTip::Form_Unload() {
   SetTrace("frmTip", "Form_Unload");
-  TipShown = true;
-  StoreGeneralValue(Registry, "LastTip", currentTip, REG_DWORD);
+  session.TipShown = true;
+  StoreGeneralValue(store, "LastTip", currentTip, REG_DWORD);
   return true;
 }
 

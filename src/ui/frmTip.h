@@ -5,15 +5,14 @@
 #include <vector>
 
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/TextControls.h"
-#include "values/CheckedInteger.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-class frmTip : public Form {
+class frmTip : public Window {
  public:
-  frmTip();
+  explicit frmTip(Windows& owner);
 
   Picture Picture1{*this, "Picture1"};
   Label Label1{*this, "Label1"};
@@ -40,7 +39,5 @@ class frmTip : public Form {
   std::vector<std::string> tips;
   Int32 currentTip;  // counted from 1
 };
-
-extern TheForm<frmTip> TipForm;
 
 }  // namespace qel

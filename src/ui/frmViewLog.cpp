@@ -9,7 +9,7 @@
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogExamination.h"
 #include "settings/UserParameters.h"
-#include "ui/HelpContexts.h"
+#include "ui/HelpNumbers.h"
 #include "ui/frmFind.h"
 #include "ui/frmMain.h"
 #include "values/CodePage.h"
@@ -17,10 +17,6 @@
 #include "values/NumberConversion.h"
 
 namespace qel {
-
-std::string ViewTextFile, ViewTextFileName;
-bool ViewerOpen = false;
-TheForm<frmViewLog> ViewLogForm;
 
 namespace {
 
@@ -37,7 +33,7 @@ constexpr char ArchiveFilter[] = "Qelmark Modem Log Archive (*.qel)|*.qel";
 
 }  // namespace
 
-frmViewLog::frmViewLog() : Form("frmViewLog") {
+frmViewLog::frmViewLog(Windows& owner) : Window("frmViewLog", owner) {
   HelpContextID = HelpLogViewer;
   StatusBar1.SetPanelCount(ArchivePanel);
   mnuSave.Click = [this] { mnuSave_Click(); };
@@ -74,10 +70,10 @@ frmViewLog::frmViewLog() : Form("frmViewLog") {
 
 void frmViewLog::Form_Load() {
   SetTrace("frmViewLog", "Form_Load");
-  ViewerOpen = true;
+  windows.ViewerOpen = true;
   if (settings.FlatToolbars) Toolbar1.Flat = true;
   ViewTextFile.empty() ? ShowLog() : ShowTextFile();
-  if (MainForm.IsLoaded()) MainForm->NameLogCommands();
+  if (windows.MainForm.IsLoaded()) windows.MainForm->NameLogCommands();
 }
 
 void frmViewLog::ShowLog() {
@@ -198,12 +194,10 @@ void frmViewLog::Form_Activate() {
 bool frmViewLog::Form_Unload() {
   SetTrace("frmViewLog", "Form_Unload");
   if (mnuSave.Enabled && !mnuSave_Click() && !EndIsCertain()) return false;
-  ViewerOpen = false;
+  windows.ViewerOpen = false;
   if (ViewingLog) KeepSettings();
-  ViewTextFile.clear();
-  ViewTextFileName.clear();
-  if (FindForm.IsLoaded()) FindForm->Unload();
-  if (MainForm.IsLoaded()) MainForm->NameLogCommands();
+  if (windows.FindForm.IsLoaded()) windows.FindForm->Unload();
+  if (windows.MainForm.IsLoaded()) windows.MainForm->NameLogCommands();
   return true;
 }
 
@@ -219,9 +213,9 @@ void frmViewLog::KeepSettings() {
       windowSettings.ViewLogSettings.WinHeight = Int16(std::min(Height(), LargestSize));
       windowSettings.ViewLogSettings.WinWidth = Int16(std::min(Width(), LargestSize));
     }
-    return WriteUserParameters(Registry, settings, windowSettings);
+    return session.StoreSettings();
   }
-  WriteSaveSettings(Registry, "\\ViewLog", windowSettings.ViewLogSettings.SaveSettings);
+  WriteSaveSettings(store, "\\ViewLog", windowSettings.ViewLogSettings.SaveSettings);
 }
 
 // False where the user wanted to save and could not.
@@ -249,7 +243,7 @@ void frmViewLog::mnuSaveArchive_Click() {
   const ArchiveTry made = SaveArchive(*path, TextViewLog.Text, shownPath, opened);
   StatusBar1.SetPanel(ArchivePanel, made.Failure.empty() ? "" : "Archive NOT saved: " + made.Failure);
   if (!made.Failure.empty()) CurrentHost().Beep();
-  if (MainForm.IsLoaded()) MainForm->TakeArchiveTry(made);
+  if (windows.MainForm.IsLoaded()) windows.MainForm->TakeArchiveTry(made);
 }
 
 void frmViewLog::mnuCopy_Click() { CurrentHost().SetClipboardText(TextViewLog.SelText()); }
@@ -274,20 +268,21 @@ void frmViewLog::mnuRestore_Click() {
 void frmViewLog::mnuSearchFind_Click() {
   SetTrace("frmViewLog", "mnuSearchFind_Click");
   const std::string selected = TextViewLog.SelText();
-  FindForm->Load();
-  FindForm->Text1.Text = selected.empty() ? FindText : selected;
-  FindForm->Text1.Select(0, static_cast<int>(FindForm->Text1.Text().size()));  // to be typed over
-  FindForm->Text1.SetFocus();
-  FindFirstTime = true;
-  if (FindMatchCase != 0) FindForm->chkCase.Value = true;
-  FindForm->Show();
+  windows.FindForm->Load();
+  windows.FindForm->Text1.Text = selected.empty() ? windows.search.FindText : selected;
+  windows.FindForm->Text1.Select(
+      0, static_cast<int>(windows.FindForm->Text1.Text().size()));  // to be typed over
+  windows.FindForm->Text1.SetFocus();
+  windows.search.FindFirstTime = true;
+  if (windows.search.FindMatchCase != 0) windows.FindForm->chkCase.Value = true;
+  windows.FindForm->Show();
 }
 
 void frmViewLog::mnuSearchFindNext_Click() {
-  if (FindText.empty())
+  if (windows.search.FindText.empty())
     mnuSearchFind_Click();
   else
-    DoFind();
+    DoFind(windows);
 }
 
 }  // namespace qel

@@ -5,21 +5,15 @@
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
-#include "controls/Form.h"
 #include "controls/TextControls.h"
 #include "platform/Files.h"
+#include "ui/Windows.h"
 
 namespace qel {
 
-// A text file to show in place of the log: its path, and its name for the caption. Empty for the log.
-extern std::string ViewTextFile, ViewTextFileName;
-
-// True while the window is open; the main window's view commands close it then.
-extern bool ViewerOpen;
-
-class frmViewLog : public Form {
+class frmViewLog : public Window {
  public:
-  frmViewLog();
+  explicit frmViewLog(Windows& owner);
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuSave{*this, "mnuSave"};
@@ -42,6 +36,9 @@ class frmViewLog : public Form {
   Toolbar Toolbar1{*this, "Toolbar1", {"", "Save", "Exit", "", "Search"}};
   StatusBar StatusBar1{*this, "StatusBar1"};
   RichTextBox TextViewLog{*this, "TextViewLog"};
+
+  // A text file to show in place of the log: its path, and its name for the caption. Empty for the log.
+  std::string ViewTextFile, ViewTextFileName;
 
   // What the window was opened for: the log, which may be an archive, or else another text file.
   bool ShowsLog() const { return ViewingLog; }
@@ -76,7 +73,5 @@ class frmViewLog : public Form {
   FileStamp opened;         // as it was then
   std::string archiveName;  // offered for the text as an archive
 };
-
-extern TheForm<frmViewLog> ViewLogForm;
 
 }  // namespace qel

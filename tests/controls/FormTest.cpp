@@ -30,32 +30,32 @@ class frmSample : public Form {
 class FormTest : public ::testing::Test {
  protected:
   ScriptedHost host;
-  TheForm<frmSample> sample;
+  frmSample sample;
 };
 
 TEST_F(FormTest, LoadsLaysOutAndActivatesInThatOrder) {
-  sample->Show();
-  EXPECT_EQ(sample->events, "load resize in activate ");
-  EXPECT_EQ(sample->ActiveControl(), &sample->inputStarting);
-  sample->Width = 9000;
-  sample->Show();
-  EXPECT_EQ(sample->events, "load resize in activate resize ") << "it was in front already";
-  TheForm<frmSample> other;
-  other->Show();
-  sample->Activate();
-  EXPECT_EQ(sample->events, "load resize in activate resize activate ");
-  EXPECT_EQ(LoadedForm("frmSample"), &*sample);
+  sample.Show();
+  EXPECT_EQ(sample.events, "load resize in activate ");
+  EXPECT_EQ(sample.ActiveControl(), &sample.inputStarting);
+  sample.Width = 9000;
+  sample.Show();
+  EXPECT_EQ(sample.events, "load resize in activate resize ") << "it was in front already";
+  frmSample other;
+  other.Show();
+  sample.Activate();
+  EXPECT_EQ(sample.events, "load resize in activate resize activate ");
+  EXPECT_EQ(LoadedForm("frmSample"), &sample);
 }
 
 TEST_F(FormTest, TheTabKeyPassesOverWhatCannotHaveTheFocus) {
-  sample->Show();
-  sample->btnOK.Enabled = false;
-  sample->MoveFocusOn();
-  EXPECT_TRUE(sample->btnClose.HasFocus());
-  sample->MoveFocusOn();
-  EXPECT_TRUE(sample->inputStarting.HasFocus());
-  sample->MoveFocusOn(true);
-  EXPECT_TRUE(sample->btnClose.HasFocus());
+  sample.Show();
+  sample.btnOK.Enabled = false;
+  sample.MoveFocusOn();
+  EXPECT_TRUE(sample.btnClose.HasFocus());
+  sample.MoveFocusOn();
+  EXPECT_TRUE(sample.inputStarting.HasFocus());
+  sample.MoveFocusOn(true);
+  EXPECT_TRUE(sample.btnClose.HasFocus());
 }
 
 }  // namespace

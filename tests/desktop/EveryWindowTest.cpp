@@ -29,22 +29,23 @@ class EveryWindow : public ProgramTest {
     Registry.CreateKey(modem);
     Registry.Set(modem, "DriverDesc", {REG_SZ, "Internal 33600" + std::string(1, '\0')});
     Registry.Set(modem, "Logging", {REG_BINARY, std::string(1, '\0')});
-    PreConfigure(true);
+    session->modems.PreConfigure(true);
     settings.Holidays[0] = Today() - 1;
     settings.UsedHolidays = 1;
     AddService(std::string(60, 'x'), "1", "");
-    SplashForm->Main = [] {};
+    windows->SplashForm->Main = [] {};
   }
 
   // Shows each window, and each page of those that have tabs.
-  static void ForEachPage(const std::function<void(Form&, QWidget&, const std::string&)>& look) {
-    MainForm->Show();  // as long as one is loaded the program goes on
-    MainForm->btnProcess.UserClick();
-    for (Form* form :
-         std::initializer_list<Form*>{&*MainForm, &*SplashForm, &*ReportForm, &*AboutForm, &*FileRepairForm,
-                                      &*PurgeForm, &*ViewLogForm, &*FindForm, &*SetupForm, &*ServiceForm,
-                                      &*TariffForm, &*TipForm, &*PreConfigureForm, &*HelpForm}) {
-      NewService = NewTariff = true;
+  void ForEachPage(const std::function<void(Form&, QWidget&, const std::string&)>& look) {
+    windows->MainForm->Show();  // as long as one is loaded the program goes on
+    windows->MainForm->btnProcess.UserClick();
+    windows->ServiceForm->NewService = windows->TariffForm->NewTariff = true;
+    for (Form* form : std::initializer_list<Form*>{
+             &*windows->MainForm, &*windows->SplashForm, &*windows->ReportForm, &*windows->AboutForm,
+             &*windows->FileRepairForm, &*windows->PurgeForm, &*windows->ViewLogForm, &*windows->FindForm,
+             &*windows->SetupForm, &*windows->ServiceForm, &*windows->TariffForm, &*windows->TipForm,
+             &*windows->PreConfigureForm, &*windows->HelpForm}) {
       form->Show();
       QTest::qWait(250);  // until its frame is known
       QWidget& window = FaceOf(*form)->Window();
@@ -54,7 +55,7 @@ class EveryWindow : public ProgramTest {
         QTest::qWait(10);
         look(*form, window, form->Name() + (tabs ? " " + FromQt(tabs->tabText(page)) : ""));
       }
-      if (form != &*MainForm) form->Unload();
+      if (form != &*windows->MainForm) form->Unload();
     }
   }
 

@@ -59,7 +59,7 @@ void ClickItem(QAbstractItemView& view, int row) {
 
 void FaceJourney::Start() {
   toldEnd = false;
-  Dispatch(qel::StartProgram);
+  Dispatch([this] { qel::StartProgram(*Windows); });
   Settle();
 }
 

@@ -17,7 +17,7 @@ class HelpBeside : public ProgramTest {
   HelpBeside() {
     folder.Put("QEL.HLP", ReadWholeFile(QEL_SOURCE_DIR "/share/QEL.HLP"));
     DefaultLog(usable);
-    MainForm->Show();
+    windows->MainForm->Show();
   }
   static void PressF1(Form& form) {
     QWidget& window = FaceOf(form)->Window();
@@ -29,15 +29,16 @@ class HelpBeside : public ProgramTest {
     QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), at));
     QTest::qWait(30);
   }
-  static std::string Topic() {
-    return HelpForm->lstTopics.Items()[static_cast<std::size_t>(HelpForm->lstTopics.ListIndex())];
+  std::string Topic() {
+    return windows->HelpForm->lstTopics
+        .Items()[static_cast<std::size_t>(windows->HelpForm->lstTopics.ListIndex())];
   }
 };
 
 TEST_F(HelpBeside, TheOptionsItTakesClicksAndOutlivesThem) {
-  PressF1(*MainForm);  // open before the options, which keep the user from it
-  QTimer::singleShot(50, qApp, [] {
-    PressF1(*SetupForm);
+  PressF1(*windows->MainForm);  // open before the options, which keep the user from it
+  QTimer::singleShot(50, qApp, [this] {
+    PressF1(*windows->SetupForm);
     EXPECT_EQ(Topic(), "    Options: General");
     auto& topics = Get<QListWidget>("frmHelp", "lstTopics");
     const QRect entry = topics.visualItemRect(topics.currentItem());
@@ -45,10 +46,10 @@ TEST_F(HelpBeside, TheOptionsItTakesClicksAndOutlivesThem) {
     EXPECT_EQ(Topic(), "    The Options Window");
     auto& field = Get<QLineEdit>("frmSetup", "txtMaxServices");
     ClickByWindow(field, field.rect().center());
-    EXPECT_TRUE(SetupForm->txtMaxServices.HasFocus()) << "and so does the modal window";
+    EXPECT_TRUE(windows->SetupForm->txtMaxServices.HasFocus()) << "and so does the modal window";
     WindowOf("frmSetup").close();
   });
-  Dispatch([] { SetupForm->ShowModal(); });
+  Dispatch([this] { windows->SetupForm->ShowModal(); });
   EXPECT_TRUE(WindowOf("frmHelp").isVisible());
   WindowOf("frmMain").close();
   EXPECT_TRUE(LoadedForms.empty());

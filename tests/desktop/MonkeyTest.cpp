@@ -47,12 +47,13 @@ class Monkey : public ProgramTest, private DesktopHost {
                                        {"registry.reg", "samples/QEL.reg"},
                                        {"QEL.HLP", "QEL.HLP"}})
       if (Roll(4) > 0) folder.Put(name, ReadWholeFile(share + sample));
-    TipShown = false;
+    session->TipShown = false;
+    Windows = &*windows;
     Arm();
-    Dispatch(qel::StartProgram);
+    Dispatch([this] { qel::StartProgram(*windows); });
     RunProgram();
     ReleaseFaces();
-    ResetWindows();
+    windows.reset();
     std::exit(HasFailure());
   }
 

@@ -18,23 +18,24 @@ namespace qel {
 
 class ProgramTest : public WindowTest {
  protected:
-  ProgramTest() { ShowForms(); }
+  ProgramTest() {
+    desktop.Windows = &*windows;
+    ShowForms();
+  }
   ~ProgramTest() override {
     ReleaseFaces();
-    ResetWindows();
+    windows.reset();
     AttachFace = nullptr;
     ResetEventLoop();
   }
 
   // As a new process has it.
-  static void BeAsNew() {
+  Windows& BeAsNew() {
     ReleaseFaces();
-    ResetWindows();
+    windows.reset();
     ResetEventLoop();
-    Registry.Reset();
-    ResetProgram();
-    ResetModems();
     ShowForms();
+    return NewProcess();
   }
 
   static QWidget& WindowOf(const char* form) { return FaceOf(*LoadedForm(form))->Window(); }

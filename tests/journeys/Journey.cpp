@@ -47,7 +47,7 @@ std::string KeyText(const std::string& key) {
 
 }  // namespace
 
-Journey::Journey(Script& script, const TemporaryFolder& folder, std::function<void()> newProcess)
+Journey::Journey(Script& script, const TemporaryFolder& folder, std::function<qel::Windows&()> newProcess)
     : script(script), folder(folder), newProcess(std::move(newProcess)) {
   AttachFace = [](Form& form) { Design::Of(form).TellTo(form); };
   diskInPlace.emplace(failing);

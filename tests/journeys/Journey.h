@@ -32,7 +32,7 @@ class Journey : public WindowHost {
  public:
   // Files lie in `folder`, which the transcript calls "~". `newProcess` makes the program as a new process
   // has it.
-  Journey(Script& script, const TemporaryFolder& folder, std::function<void()> newProcess);
+  Journey(Script& script, const TemporaryFolder& folder, std::function<qel::Windows&()> newProcess);
   ~Journey() override;
   void Play();
 
@@ -141,7 +141,7 @@ class Journey : public WindowHost {
 
   Script& script;
   const TemporaryFolder& folder;
-  const std::function<void()> newProcess;
+  const std::function<qel::Windows&()> newProcess;
   std::size_t next = 0;     // act
   std::size_t current = 0;  // act
   int depth = 0;            // of acts under way, each in a modal window of the one before

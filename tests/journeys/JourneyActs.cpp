@@ -279,7 +279,7 @@ void Journey::start(const Act&) {
     isKilled = true;
     throw ProgramEnd();
   }
-  newProcess();
+  Windows = &newProcess();
   around.emplace(*this, *this);
   windows.clear();
   fronts.clear();
@@ -289,7 +289,7 @@ void Journey::start(const Act&) {
   Start();
 }
 
-void Journey::Start() { qel::StartProgram(); }
+void Journey::Start() { qel::StartProgram(*Windows); }
 
 void Journey::click(const Act& act) {
   Control& control = Named(act);

@@ -25,20 +25,14 @@ class JourneyTest : public WindowTest {
     } catch (const std::exception& error) {
       failure = error.what();
     }
-    ResetWindows();
     if (std::getenv("QEL_ACCEPT") != nullptr) script.Accept();
     EXPECT_EQ(failure, "") << path;
     EXPECT_EQ(script.Difference(), "");
   }
 
  protected:
-  virtual void Play(Script& script) { Journey(script, folder, BeAsNew).Play(); }
-
-  static void BeAsNew() {
-    ResetWindows();
-    Registry.Reset();
-    ResetProgram();
-    ResetModems();
+  virtual void Play(Script& script) {
+    Journey(script, folder, [this]() -> Windows& { return NewProcess(); }).Play();
   }
 
   const std::string path;
@@ -48,7 +42,7 @@ class JourneyTest : public WindowTest {
 // questions answered by their first button.
 class HinderedJourney : public Journey {
  public:
-  HinderedJourney(Script& script, const TemporaryFolder& folder, std::function<void()> newProcess,
+  HinderedJourney(Script& script, const TemporaryFolder& folder, std::function<qel::Windows&()> newProcess,
                   std::size_t from, std::vector<Answer> turns)
       : Journey(script, folder, std::move(newProcess)), from(from), turns(std::move(turns)) {}
   using Journey::DiskFailed;
@@ -132,9 +126,10 @@ class RoadTest : public JourneyTest {
 
   Outcome Run(Script& script, std::size_t from, const std::vector<Answer>& turns) {
     folder.Empty();
-    HinderedJourney journey(script, folder, BeAsNew, from, turns);
+    HinderedJourney journey(
+        script, folder, [this]() -> Windows& { return NewProcess(); }, from, turns);
     journey.Play();
-    ResetWindows();
+    windows.reset();
     Outcome outcome{journey.Errors, {}, journey.DiskFailed()};
     for (std::size_t act = from; act < script.Acts().size(); ++act)
       Tell("", script.Acts()[act].Now, outcome.Now);

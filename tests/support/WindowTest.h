@@ -2,6 +2,8 @@
 // their own.
 #pragma once
 
+#include <optional>
+
 #include "modemlog/LogFile.h"
 #include "support/FreshProgram.h"
 #include "ui/frmAbout.h"
@@ -18,7 +20,6 @@
 #include "ui/frmTariff.h"
 #include "ui/frmTip.h"
 #include "ui/frmViewLog.h"
-#include "wizard/QELPreConfigure.h"
 
 namespace qel {
 
@@ -27,33 +28,22 @@ class WindowTest : public FreshProgram {
   WindowTest() {
     AppPath = folder.Path();
     HelpFile = folder.Path("QEL.HLP");
-    ResetModems();
-    TipShown = true;  // no test but its own has to close it
+    session->TipShown = true;  // no test but its own has to close it
     setenv("QEL_HOME", folder.Path().c_str(), 1);
     setenv("WinDir", folder.Path().c_str(), 1);
   }
   ~WindowTest() override {
-    ResetWindows();
     unsetenv("QEL_HOME");
     unsetenv("WinDir");
   }
 
-  static void ResetWindows() {
-    TipForm.Reset();
-    PreConfigureForm.Reset();
-    TariffForm.Reset();
-    ServiceForm.Reset();
-    SetupForm.Reset();
-    AboutForm.Reset();
-    FileRepairForm.Reset();
-    PurgeForm.Reset();
-    FindForm.Reset();
-    HelpForm.Reset();
-    ViewLogForm.Reset();
-    ViewerOpen = false;
-    ReportForm.Reset();
-    SplashForm.Reset();
-    MainForm.Reset();
+  // As a new process has it.
+  Windows& NewProcess() {
+    windows.reset();
+    session.emplace();
+    Registry.Reset();
+    ResetProgram();
+    return windows.emplace(*session);
   }
 
   // One entry on each of two days: a log from the first to the second.
@@ -72,10 +62,13 @@ class WindowTest : public FreshProgram {
 
   void Show(const std::string& log) {
     DefaultLog(log);
-    MainForm->Show();
+    windows->MainForm->Show();
   }
 
   std::string Log() const { return folder.Content("ModemLog.txt"); }
+
+  std::optional<Session> session{std::in_place};
+  std::optional<Windows> windows{std::in_place, *session};
 
   const std::string usable = LogOf("01-05-1999", "01-20-1999");
 };

@@ -12,27 +12,27 @@ class TariffDays : public WindowTest {
   TariffDays() {
     Region.ShortDays = Germany().ShortDays;
     Region.LongDays = Germany().LongDays;
-    TariffCopy.Make(MaxTariffs - 1);
-    TariffCopyCount = 1;
-    NewTariff = false;
-    ServiceForm->lstDialTimeTariff.SetRows({{"Evening", {}}});
-    ServiceForm->lstDialTimeTariff.SelectRow(1);
+    tariffs.Make(MaxTariffs - 1);
+    windows->ServiceForm->TariffCopyCount = 1;
+    windows->ServiceForm->lstDialTimeTariff.SetRows({{"Evening", {}}});
+    windows->ServiceForm->lstDialTimeTariff.SelectRow(1);
   }
 
-  // The first entry of the working copy.
+  BoundedArray<TariffRecord>& tariffs = windows->ServiceForm->TariffCopy;  // the working copy
+
+  // Its first entry.
   frmTariff& Edit(const std::string& days) {
-    TariffCopy[0] = {.Description = "Evening",
-                     .AppliesDays = days,
-                     .AppliesTimeEnd = TimeSerial(23, 59, 0),
-                     .DialRate = 0.1,
-                     .Unit = "Per Minute"};
-    TariffForm.Reset();
-    TariffForm->Show();
-    return *TariffForm;
+    tariffs[0] = {.Description = "Evening",
+                  .AppliesDays = days,
+                  .AppliesTimeEnd = TimeSerial(23, 59, 0),
+                  .DialRate = 0.1,
+                  .Unit = "Per Minute"};
+    windows->TariffForm->Show();
+    return *windows->TariffForm;
   }
   std::string Written() {
-    TariffForm->btnOK.UserClick();
-    return TariffCopy[0].AppliesDays;
+    windows->TariffForm->btnOK.UserClick();
+    return tariffs[0].AppliesDays;
   }
 };
 
@@ -49,12 +49,12 @@ TEST_F(TariffDays, WrittenInEnglishAreShownAndKeptInAnotherLanguage) {
 }
 
 TEST_F(TariffDays, OfBothLanguagesStandInOneOrder) {
-  TariffCopy[0].AppliesDays = "Mon - Fri";
-  TariffCopy[0].AppliesTimeStart = TimeSerial(18, 0, 0);
-  TariffCopy[1].AppliesDays = "Mo - Fr";
+  tariffs[0].AppliesDays = "Mon - Fri";
+  tariffs[0].AppliesTimeStart = TimeSerial(18, 0, 0);
+  tariffs[1].AppliesDays = "Mo - Fr";
   Int16 selected = 1;
-  OrderTariffs(TariffCopy, 2, selected);
-  EXPECT_EQ(TariffCopy[0].AppliesDays, "Mo - Fr") << "the same days go by their time";
+  OrderTariffs(tariffs, 2, selected);
+  EXPECT_EQ(tariffs[0].AppliesDays, "Mo - Fr") << "the same days go by their time";
 }
 
 }  // namespace

@@ -12,32 +12,32 @@ TEST_F(WindowLimitsTest, ALargeFileIsRefusedByTheViewerInClearWords) {
   folder.Put("large.qel", usable);
   std::filesystem::resize_file(folder.Path("large.qel"), (32 << 20) + 1 - usable.size());
   std::ofstream(folder.Path("large.qel"), std::ios::app) << "\n" << usable.substr(1);
-  MainForm->OpenArchive(folder.Path("large.qel"));
-  MainForm->btnViewLog.UserClick();
+  windows->MainForm->OpenArchive(folder.Path("large.qel"));
+  windows->MainForm->btnViewLog.UserClick();
   EXPECT_EQ(host.messages.at(0).Text,
             "This file is too large to be viewed: 32 MB.\r\nThe largest that can be is 32 MB.");
-  ViewLogForm->TextViewLog.UserType("x");
-  EXPECT_EQ(ViewLogForm->TextViewLog.Text(), "") << "what was not read is not written";
+  windows->ViewLogForm->TextViewLog.UserType("x");
+  EXPECT_EQ(windows->ViewLogForm->TextViewLog.Text(), "") << "what was not read is not written";
 }
 
 TEST_F(WindowLimitsTest, ATextFileLeavesTheLogsSettingsAndCommandsAlone) {
   Show(usable);
-  ViewTextFile = folder.Path("ModemLog.txt");
-  ViewTextFileName = "ModemLog.txt";
-  RichTextBox& text = ViewLogForm->TextViewLog;
+  windows->ViewLogForm->ViewTextFile = folder.Path("ModemLog.txt");
+  windows->ViewLogForm->ViewTextFileName = "ModemLog.txt";
+  RichTextBox& text = windows->ViewLogForm->TextViewLog;
   text.Font = Font{"Sans", 9};
-  ViewLogForm->Show();
-  EXPECT_EQ(ViewLogForm->Caption(), "QEL - View Text File (ModemLog.txt)");
+  windows->ViewLogForm->Show();
+  EXPECT_EQ(windows->ViewLogForm->Caption(), "QEL - View Text File (ModemLog.txt)");
   EXPECT_EQ(text.Text(), usable);
-  EXPECT_EQ(ViewLogForm->StatusBar1.Panels().at(0), "courier new 9") << "in the size of the design";
-  EXPECT_FALSE(MainForm->btnViewLog.Enabled || MainForm->mnuViewLog.Enabled);
-  for (const MenuItem* item :
-       {&ViewLogForm->mnuSave, &ViewLogForm->mnuSaveArchive, &ViewLogForm->mnuCut, &ViewLogForm->mnuPaste,
-        &ViewLogForm->mnuSaveSettings, &ViewLogForm->mnuRestore})
+  EXPECT_EQ(windows->ViewLogForm->StatusBar1.Panels().at(0), "courier new 9") << "in the size of the design";
+  EXPECT_FALSE(windows->MainForm->btnViewLog.Enabled || windows->MainForm->mnuViewLog.Enabled);
+  for (const MenuItem* item : {&windows->ViewLogForm->mnuSave, &windows->ViewLogForm->mnuSaveArchive,
+                               &windows->ViewLogForm->mnuCut, &windows->ViewLogForm->mnuPaste,
+                               &windows->ViewLogForm->mnuSaveSettings, &windows->ViewLogForm->mnuRestore})
     EXPECT_FALSE(item->Enabled) << item->Name();
   text.UserType("x");
   EXPECT_EQ(text.Text(), usable);
-  EXPECT_TRUE(ViewLogForm->Unload() && MainForm->btnViewLog.Enabled);
+  EXPECT_TRUE(windows->ViewLogForm->Unload() && windows->MainForm->btnViewLog.Enabled);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include "support/FailingDisk.h"
 #include "support/FreshProgram.h"
 #include "support/Text.h"
-#include "wizard/QELPreConfigure.h"
+#include "wizard/ModemSetup.h"
 
 namespace qel {
 namespace {
@@ -55,13 +55,14 @@ class ModemTest : public FreshProgram {
 
   void Tell(Act& act, const std::string& line) { act.Now.push_back(WithEach(line, folder.Path(), "~")); }
   void TellAll(Act& act) {
-    for (int i = 0; i < ModemCount; ++i) {
-      const ModemRecord& m = Modems[i];
+    for (int i = 0; i < modems.ModemCount; ++i) {
+      const ModemRecord& m = modems.Modems[i];
       Tell(act, m.DriverDesc + " on " + m.AttachedTo + ", log " + m.LoggingPath + ", init " + m.UserInit +
                     (m.Logging ? ", logs" : "") + (m.Echo ? ", echoes" : ""));
       Tell(act, "  " + m.ModemKey + " " + ModemValues(m.ModemKey));
     }
-    Tell(act, std::string(ModemConfigOK ? "OK" : "not OK") + (NewLogStarted ? ", new log" : ""));
+    Tell(act,
+         std::string(modems.ModemConfigOK ? "OK" : "not OK") + (modems.NewLogStarted ? ", new log" : ""));
     Tell(act, "active log " + ActiveLogDir + "|" + ActiveLogFile);
     Tell(act, "default log " + DefaultLogDir + "|" + DefaultLogFile + " of " +
                   std::to_string(folder.Content(DefaultLogFile).size()) + " bytes");
@@ -84,14 +85,15 @@ class ModemTest : public FreshProgram {
     const DiskInPlace inPlace(disk);
     answer.empty() ? disk.Mend() : disk.FailFrom(1, ENOSPC);
     try {
-      if (what == "change") DoChange(Int16(std::stoi(act.Word(1))));
-      if (what != "change") Tell(act, PreConfigure(what == "ask") ? "wizard" : "quiet");
+      if (what == "change") modems.DoChange(Int16(std::stoi(act.Word(1))));
+      if (what != "change") Tell(act, modems.PreConfigure(what == "ask") ? "wizard" : "quiet");
     } catch (const ProgramEnd&) {
       Tell(act, "the program ends");
     }
     TellAll(act);
   }
 
+  ModemSetup modems{Registry, settings};
   FailingDisk disk;
   TellingHost host;
 };

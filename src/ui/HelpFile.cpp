@@ -1,4 +1,4 @@
-#include "ui/HelpTopics.h"
+#include "ui/HelpFile.h"
 
 #include <algorithm>
 #include <sstream>

@@ -1,4 +1,4 @@
-#include "wizard/QELPreConfigure.h"
+#include "wizard/ModemSetup.h"
 
 #include "core/ErrorHandler.h"
 #include "core/ProgramState.h"
@@ -11,27 +11,10 @@
 
 namespace qel {
 
-BoundedArray<ModemRecord> Modems;
-Int16 ModemCount;
-bool ModemConfigOK{};
-bool NewLogStarted{};
-
 namespace {
 
 constexpr char ClassKey[] = "System\\CurrentControlSet\\Services\\Class";
 constexpr char EchoOn[] = "E1";
-
-SettingValue ModemValue(const std::string& modemKey, const char* name) {
-  return QueryValue(Registry, RegistryRoot::LocalMachine, ClassKey + modemKey, name);
-}
-
-std::string ModemText(const std::string& modemKey, const char* name) {
-  return TextOf(ModemValue(modemKey, name));
-}
-
-void SetModemValue(const ModemRecord& modem, const char* name, const SettingValue& value, RegistryType type) {
-  SetKeyValue(Registry, RegistryRoot::LocalMachine, ClassKey + modem.ModemKey, name, value, type);
-}
 
 bool Contains(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
 
@@ -40,9 +23,24 @@ std::size_t FileNameBegin(const std::string& path) { return path.find_last_of("/
 std::string LogFile(const std::string& path) { return path.substr(FileNameBegin(path)); }
 std::string LogFolder(const std::string& path) { return path.substr(0, FileNameBegin(path)); }
 
+}  // namespace
+
+SettingValue ModemSetup::ModemValue(const std::string& modemKey, const char* name) const {
+  return QueryValue(store, RegistryRoot::LocalMachine, ClassKey + modemKey, name);
+}
+
+std::string ModemSetup::ModemText(const std::string& modemKey, const char* name) const {
+  return TextOf(ModemValue(modemKey, name));
+}
+
+void ModemSetup::SetModemValue(const ModemRecord& modem, const char* name, const SettingValue& value,
+                               RegistryType type) {
+  SetKeyValue(store, RegistryRoot::LocalMachine, ClassKey + modem.ModemKey, name, value, type);
+}
+
 // The entries of a kind are numbered without a gap; the first missing one ends them.
 template <typename Taker>
-void TakeEntries(const char* kind, const Taker& take) {
+void ModemSetup::TakeEntries(const char* kind, const Taker& take) {
   for (int i = 0; ModemCount < MostModems; ++i) {
     ModemRecord modem;
     modem.ModemKey = kind + PadLeft(std::to_string(i), '0', 4);
@@ -54,53 +52,47 @@ void TakeEntries(const char* kind, const Taker& take) {
   }
 }
 
-void DetectModems() {
-  TakeEntries("\\Modem\\", [](ModemRecord& modem) {
+void ModemSetup::DetectModems() {
+  TakeEntries("\\Modem\\", [this](ModemRecord& modem) {
     if (Contains(modem.DriverDesc, "2 PCs")) return false;  // a cable between two computers
     modem.AttachedTo = ModemText(modem.ModemKey, "AttachedTo");
     return true;
   });
-  TakeEntries("\\Ports\\", [](const ModemRecord& port) {
+  TakeEntries("\\Ports\\", [this](const ModemRecord& port) {
     return Contains(UpperCase(ModemText(port.ModemKey, "ConfigDialog")), "MODEM");
   });
 }
 
-void LookAtModems() {
-  const auto look = [](Int16 number) { Attempt([number] { ReadModemSettings(number); }); };
+void ModemSetup::LookAtModems() {
+  const auto look = [this](Int16 number) { Attempt([&] { ReadModemSettings(number); }); };
   ModemConfigOK = true;
   if (settings.PreferredModem != 0) return look(settings.PreferredModem);
   for (Int16 number = 1; number <= ModemCount; ++number) look(number);
 }
 
 // The user may choose any of them: what was not looked at yet is read too, but decides nothing.
-void ReadTheOthers() {
+void ModemSetup::ReadTheOthers() {
   const bool lookedAt = ModemConfigOK;
   for (Int16 number = 1; number <= ModemCount; ++number)
     if (settings.PreferredModem != 0 && number != settings.PreferredModem)
-      Attempt([number] { ReadModemSettings(number); });
+      Attempt([&] { ReadModemSettings(number); });
   ModemConfigOK = lookedAt;
 }
 
 // The folder is the first modem's, whichever is preferred. Of a preferred one that is not the first it is
 // empty, since the first was not looked at; the start then takes the default folder.
-void TakeActiveLog() {
+void ModemSetup::TakeActiveLog() {
   const Int16 number = settings.PreferredModem == 0 ? Int16(1) : settings.PreferredModem;
-  Attempt([number] { ActiveLogFile = LogFile(Modems[number - 1].LoggingPath); });
+  Attempt([&] { ActiveLogFile = LogFile(Modems[number - 1].LoggingPath); });
   ActiveLogDir = LogFolder(Modems[0].LoggingPath);
 }
 
-}  // namespace
-
-void ResetModems() {
+bool ModemSetup::PreConfigure(bool interactive) {
+  SetTrace("QELPreConfigure", "PreConfigure");
   Modems.Make(MostModems - 1);
   ModemCount = 0;
   ModemConfigOK = NewLogStarted = false;
-}
-
-bool PreConfigure(bool interactive) {
-  SetTrace("QELPreConfigure", "PreConfigure");
-  ResetModems();
-  Registry.Refresh();  // the driver writes there when it likes
+  store.Refresh();  // the driver writes there when it likes
   if (!interactive) {
     CurrentDisplay().SplashText("Checking Modem Configuration");
     CurrentHost().Yield();
@@ -121,7 +113,7 @@ bool PreConfigure(bool interactive) {
   return false;
 }
 
-void ReadModemSettings(Int16 number) {
+void ModemSetup::ReadModemSettings(Int16 number) {
   SetTrace("QELPreConfigure", "ReadModemSettings");
   ModemRecord& modem = Modems[number - 1];
   modem.LoggingPath = ModemText(modem.ModemKey, "LoggingPath");
@@ -133,19 +125,19 @@ void ReadModemSettings(Int16 number) {
   if (!modem.Echo) ModemConfigOK = false;
 }
 
-void DoChange(Int16 number) {
+void ModemSetup::DoChange(Int16 number) {
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   CheckLogFile(number);
   const ModemRecord& modem = Modems[number - 1];
   if (!modem.Logging) SetModemValue(modem, "Logging", Int32(1), REG_BINARY);
   // Behind whatever stands there: the last command about the echo is the one that counts.
   if (!modem.Echo) SetModemValue(modem, "UserInit", modem.UserInit + EchoOn, REG_SZ);
-  StoreGeneralValue(Registry, "PreferredModem", Int32(number), REG_DWORD);
+  StoreGeneralValue(store, "PreferredModem", Int32(number), REG_DWORD);
   ModemConfigOK = true;
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
-void CheckLogFile(Int16 number) {
+void ModemSetup::CheckLogFile(Int16 number) {
   SetTrace("QELPreConfigure", "CheckLogFile");
   const ModemRecord& modem = Modems[number - 1];
   if (modem.LoggingPath.empty()) {
@@ -156,7 +148,7 @@ void CheckLogFile(Int16 number) {
     DefaultLogFile = LogFile(Modems[0].LoggingPath);
     DefaultLogDir = LogFolder(Modems[0].LoggingPath);
   }
-  Attempt([] {
+  Attempt([this] {
     MendInterruptedSwap(DefaultLogDir + DefaultLogFile);
     if (NewModemLog(DefaultLogDir + DefaultLogFile)) NewLogStarted = true;
   });
