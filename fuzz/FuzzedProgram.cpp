@@ -27,7 +27,7 @@ FuzzedProgram::FuzzedProgram() {
   std::cerr.rdbuf(nullptr);
   Region = GetCurrencySymbolInfo(Registry);
   StopClockAt(DateSerial(1999, 1, 15));
-  AppPath = "/app";
+  places.AppPath = "/app";
   SetDefaults();
 }
 
@@ -60,10 +60,10 @@ void SetDefaults() {
 bool AnalyseAll(int firstDay, int lastDay) {
   Examine(LogHealth::Unknown);
   if (findings.LogEmpty || findings.LogInvalid || findings.LogCorrupt) return false;
-  PeriodFields fields;
+  PeriodFields fields(period, logFile, findings);
   fields.SetStarting(format_date(findings.FirstEntryDate + firstDay));
   fields.SetEnding(format_date(findings.LastEntryDate - lastDay));
-  if (!checkProcess()) return false;
+  if (!fields.checkProcess()) return false;
   ProcessNow();
   return !findings.LogCorrupt;
 }

@@ -1,14 +1,11 @@
 #include "analysis/ReportPeriod.h"
 
-#include "core/ProgramState.h"
 #include "core/ShownDates.h"
-#include "modemlog/LogExamination.h"
 #include "platform/DateConversion.h"
 
 namespace qel {
 
 Period period;
-bool StartingChanged{}, EndingChanged{};
 
 const std::array<StatusMessage, 16> StatusMessages = {{
     {"", false, false},
@@ -29,16 +26,12 @@ const std::array<StatusMessage, 16> StatusMessages = {{
     {"", false, false},
 }};
 
-namespace {
-
 // A log whose last entry lies before its first (a clock was set back) has no limits that both dates could
 // keep.
-bool LimitsKnown() {
-  return (findings.LogExists || logFile.ArchiveOpen) && !findings.LogInvalid && !findings.LogCorrupt &&
-         findings.FirstEntryDate <= findings.LastEntryDate;
+bool PeriodFields::LimitsKnown() const {
+  return (found.LogExists || log.ArchiveOpen) && !found.LogInvalid && !found.LogCorrupt &&
+         found.FirstEntryDate <= found.LastEntryDate;
 }
-
-}  // namespace
 
 void PeriodFields::SetStarting(const std::string& text) {
   if (text == starting) return;
@@ -57,36 +50,38 @@ void PeriodFields::SetEnding(const std::string& text) {
 void PeriodFields::inputStarting_Change() {
   StartingChanged = IsDate(starting);
   if (!StartingChanged) return;
-  period.PeriodStart = WholeDay(TextToDate(starting));
-  if (period.PeriodStart < findings.FirstEntryDate && LimitsKnown()) {
-    period.PeriodStart = findings.FirstEntryDate;
-    SetStarting(format_date(findings.FirstEntryDate));
+  typed.PeriodStart = WholeDay(TextToDate(starting));
+  if (typed.PeriodStart < found.FirstEntryDate && LimitsKnown()) {
+    typed.PeriodStart = found.FirstEntryDate;
+    SetStarting(format_date(found.FirstEntryDate));
     StatusIndex = CurrentDateField == DateField::Starting ? 10 : 11;
     if (!FormLoading) Complain();
   }
-  ShowOnCalendar(period.PeriodStart);
-  if (period.PeriodEnd < period.PeriodStart) SetEnding(starting);
+  ShowOnCalendar(typed.PeriodStart);
+  if (typed.PeriodEnd < typed.PeriodStart) SetEnding(starting);
 }
 
 void PeriodFields::inputEnding_Change() {
   EndingChanged = IsDate(ending);
   if (!EndingChanged) return;
-  period.PeriodEnd = WholeDay(TextToDate(ending));
-  if (period.PeriodEnd > findings.LastEntryDate && LimitsKnown() && !findings.LogEmpty) {
-    period.PeriodEnd = findings.LastEntryDate;
-    SetEnding(format_date(findings.LastEntryDate));
+  typed.PeriodEnd = WholeDay(TextToDate(ending));
+  if (typed.PeriodEnd > found.LastEntryDate && LimitsKnown() && !found.LogEmpty) {
+    typed.PeriodEnd = found.LastEntryDate;
+    SetEnding(format_date(found.LastEntryDate));
     StatusIndex = CurrentDateField == DateField::Ending ? 12 : 13;
     if (!FormLoading) Complain();
   }
-  ShowOnCalendar(period.PeriodEnd);
-  if (period.PeriodEnd < period.PeriodStart) SetStarting(ending);
+  ShowOnCalendar(typed.PeriodEnd);
+  if (typed.PeriodEnd < typed.PeriodStart) SetStarting(ending);
 }
 
-bool PeriodIsSet() { return StartingChanged && EndingChanged && (findings.LogExists || logFile.ArchiveOpen); }
+bool PeriodFields::PeriodIsSet() const {
+  return StartingChanged && EndingChanged && (found.LogExists || log.ArchiveOpen);
+}
 
-bool checkProcess() {
+bool PeriodFields::checkProcess() {
   if (!PeriodIsSet()) return false;
-  period.PeriodDays = Int16(DaysBetween(period.PeriodStart, period.PeriodEnd)) + 1;
+  typed.PeriodDays = Int16(DaysBetween(typed.PeriodStart, typed.PeriodEnd)) + 1;
   return true;
 }
 

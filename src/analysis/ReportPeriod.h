@@ -7,6 +7,7 @@
 #include <array>
 #include <string>
 
+#include "modemlog/LogFile.h"
 #include "values/Calendar.h"
 #include "values/CheckedInteger.h"
 
@@ -18,8 +19,6 @@ struct Period {
 };
 
 extern Period period;  // of the running program
-
-extern bool StartingChanged, EndingChanged;  // the field's text is a date
 
 // A line for the status bar. The complaints are bold and stand for some seconds.
 struct StatusMessage {
@@ -35,12 +34,21 @@ enum class DateField { Starting = 1, Ending = 2 };
 // does.
 class PeriodFields {
  public:
+  // All three must outlive it. The period is the fields' to set.
+  PeriodFields(Period& period, const LogFile& log, const LogFindings& findings)
+      : typed(period), log(log), found(findings) {}
   virtual ~PeriodFields() = default;
 
   void SetStarting(const std::string& text);
   void SetEnding(const std::string& text);
   const std::string& Starting() const { return starting; }
   const std::string& Ending() const { return ending; }
+
+  bool StartingChanged = false, EndingChanged = false;  // the field's text is a date
+  // Whether a report can be made.
+  bool PeriodIsSet() const;
+  // The same; counts PeriodDays when it can. Raises 6 for a period of 32768 days or more.
+  bool checkProcess();
 
   DateField CurrentDateField = DateField::Starting;
   Int16 StatusIndex = 1;     // into StatusMessages
@@ -57,13 +65,12 @@ class PeriodFields {
  private:
   void inputStarting_Change();
   void inputEnding_Change();
+  bool LimitsKnown() const;
 
+  Period& typed;
+  const LogFile& log;
+  const LogFindings& found;
   std::string starting, ending;
 };
-
-// Whether a report can be made.
-bool PeriodIsSet();
-// The same; counts PeriodDays when it can. Raises 6 for a period of 32768 days or more.
-bool checkProcess();
 
 }  // namespace qel

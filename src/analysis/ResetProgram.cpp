@@ -10,14 +10,13 @@
 namespace qel {
 
 void ResetProgram() {
-  ResetProgramState();
+  places = {};
   settings = {};
   windowSettings = {};
   logFile = {};
   findings = {};
   ResetLogMessages();
   period = {};
-  StartingChanged = EndingChanged = false;
   analysis = {};
 }
 

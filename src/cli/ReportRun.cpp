@@ -45,11 +45,11 @@ bool OpenSettings(const std::optional<std::string>& named) {
 
 // The same road as the desktop program's start, in its order.
 void LoadSettings() {
-  ReadEnvironment();
+  places = ReadEnvironment();
   Region = GetCurrencySymbolInfo(Registry);
   ReadUserParameters(Registry, settings, windowSettings);
   FillMissingSettings(settings, windowSettings);
-  SettleMissingLogPath(settings);
+  SettleMissingLogPath(settings, places);
 }
 
 // Tariffs keep their days in the words of whoever wrote them, and a run by a schedule often has no language.
@@ -74,11 +74,11 @@ void TellDateOutsideLog(const char* option, const std::optional<Date>& date) {
 }
 
 // Fills the two date fields as a user of the window would, who has their rules too. What is not granted is
-// said on standard error.
-void TypePeriod(const Arguments& arguments) {
+// said on standard error. Answers whether both are dates.
+bool TypePeriod(const Arguments& arguments) {
   const Date from = arguments.from.value_or(findings.FirstEntryDate),
              to = arguments.to.value_or(findings.LastEntryDate);
-  PeriodFields fields;
+  PeriodFields fields(period, logFile, findings);
   fields.SetStarting(format_date(findings.FirstEntryDate));
   fields.SetEnding(format_date(findings.LastEntryDate));
   if (arguments.from) fields.SetStarting(format_date(from));
@@ -87,6 +87,7 @@ void TypePeriod(const Arguments& arguments) {
   TellDateOutsideLog("--to", arguments.to);
   if (period.PeriodStart != from || period.PeriodEnd != to)
     Complain("the report is of " + IsoDate(period.PeriodStart) + " to " + IsoDate(period.PeriodEnd));
+  return fields.checkProcess();
 }
 
 void TellDifferences() {
@@ -99,10 +100,7 @@ void TellDifferences() {
 bool ChoosePeriod(const Arguments& arguments) {
   SetTrace("ReportRun", "ChoosePeriod");
   bool usable = false;
-  Attempt([&] {
-    TypePeriod(arguments);
-    usable = checkProcess();
-  });
+  Attempt([&] { usable = TypePeriod(arguments); });
   if (!usable) Complain("the short date format of the settings writes no dates that can be read back");
   return usable;
 }

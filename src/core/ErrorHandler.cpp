@@ -71,7 +71,7 @@ std::string TraceLines() {
 }
 
 std::string EndOfFileTrace() {
-  return TraceLines() + "Verion: " + VersionText() + NewLine + "OS: " + OSName + NewLine;
+  return TraceLines() + "Verion: " + VersionText() + NewLine + "OS: " + places.OSName + NewLine;
 }
 
 std::string ReportOf(const RunTimeError& error) {
@@ -81,7 +81,7 @@ std::string ReportOf(const RunTimeError& error) {
          MailAddress + "." + NewLine + NewLine + "Error code: " + std::to_string(error.Number()) + NewLine +
          "Description: " + error.Description() + NewLine +
          "Last DLL Error: " + std::to_string(error.SystemError()) + NewLine + TraceLines() +
-         "Version: " + VersionText() + NewLine + "OS: " + OSName + NewLine;
+         "Version: " + VersionText() + NewLine + "OS: " + places.OSName + NewLine;
 }
 
 std::string ClosingParagraph() {

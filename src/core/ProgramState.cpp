@@ -7,8 +7,7 @@
 
 namespace qel {
 
-std::string AppPath, HelpFile, WindowsDir, DefaultLogFile, DefaultLogDir, OSName;
-std::string ActiveLogFile, ActiveLogDir;
+Places places;
 
 namespace {
 
@@ -28,24 +27,20 @@ std::string FolderBy(const char* variable, const std::string& placeInHome) {
 
 }  // namespace
 
-void ReadEnvironment() {
-  AppPath = FolderBy("XDG_DATA_HOME", "/.local/share");
-  HelpFile = AppPath + PathSeparator + "QEL.HLP";
+Places ReadEnvironment() {
+  Places places;
+  places.AppPath = FolderBy("XDG_DATA_HOME", "/.local/share");
+  places.HelpFile = places.AppPath + PathSeparator + "QEL.HLP";
   const std::string winDir = Variable("WinDir");
-  WindowsDir = (winDir.empty() ? Variable("HOME") : winDir) + PathSeparator;
-  DefaultLogFile = "ModemLog.txt";
-  DefaultLogDir = WindowsDir;
-  OSName = OSVersion();
+  places.WindowsDir = (winDir.empty() ? Variable("HOME") : winDir) + PathSeparator;
+  places.DefaultLogFile = "ModemLog.txt";
+  places.DefaultLogDir = places.WindowsDir;
+  places.OSName = OSVersion();
+  return places;
 }
 
 std::string SettingsStorePath() {
   return FolderBy("XDG_CONFIG_HOME", "/.config") + PathSeparator + "registry.reg";
-}
-
-void ResetProgramState() {
-  for (std::string* text : {&AppPath, &HelpFile, &WindowsDir, &DefaultLogFile, &DefaultLogDir, &OSName,
-                            &ActiveLogFile, &ActiveLogDir})
-    text->clear();
 }
 
 }  // namespace qel

@@ -1,5 +1,4 @@
-// What the whole program knows: where it runs.
-// Valid from the start to the end of the program; each value has one writer.
+// Where the program runs.
 #pragma once
 
 #include <string>
@@ -8,25 +7,24 @@ namespace qel {
 
 inline constexpr char NewLine[] = "\r\n";
 
-// Places. AppPath is without, WindowsDir and DefaultLogDir are with a separator at the end.
-extern std::string AppPath;  // the program's own folder: working copies, tips, help, sound
-extern std::string HelpFile;
-extern std::string WindowsDir;      // where the system keeps its log: $WinDir, else the home folder
-extern std::string DefaultLogFile;  // "ModemLog.txt"
-extern std::string DefaultLogDir;
-extern std::string OSName;
+struct Places {
+  std::string AppPath;  // the program's own folder: working copies, tips, help, sound
+  std::string HelpFile;
+  std::string WindowsDir;  // where the system keeps its log: $WinDir, else the home folder; with a separator
+  std::string DefaultLogFile;  // "ModemLog.txt"
+  std::string DefaultLogDir;   // with a separator
+  std::string OSName;
+  std::string ActiveLogFile;  // the log that the system's modem is set to write; empty if unknown
+  std::string ActiveLogDir;
+};
 
-// Takes the six above from the environment.
-void ReadEnvironment();
+extern Places places;  // of the running program
+
+// All but the active log.
+Places ReadEnvironment();
 
 // Where the program keeps its settings: registry.reg in $QEL_HOME, else in qel below the user's configuration
 // ($XDG_CONFIG_HOME, else ~/.config).
 std::string SettingsStorePath();
-
-extern std::string ActiveLogFile;  // the log that the system's modem is set to write; empty if unknown
-extern std::string ActiveLogDir;
-
-// Puts all of the above as a fresh process has it.
-void ResetProgramState();
 
 }  // namespace qel

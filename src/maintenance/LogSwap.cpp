@@ -88,7 +88,7 @@ bool Mend(const std::string& log) {
 
 }  // namespace
 
-std::string WorkingPath(const std::string& name) { return AppPath + PathSeparator + name; }
+std::string WorkingPath(const std::string& name) { return places.AppPath + PathSeparator + name; }
 
 void RefuseOwnFile(std::initializer_list<const char*> names) {
   for (const char* name : names)

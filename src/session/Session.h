@@ -3,6 +3,7 @@
 
 #include "analysis/AnalysisResult.h"
 #include "analysis/ReportPeriod.h"
+#include "core/ProgramState.h"
 #include "modemlog/LogFile.h"
 #include "registry/RegistryStore.h"
 #include "settings/Settings.h"
@@ -15,6 +16,7 @@ struct Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
+  Places& places = qel::places;
   RegistryStore& store = Registry;
   Settings& settings = qel::settings;
   WindowSettings& windowSettings = qel::windowSettings;
@@ -22,7 +24,7 @@ struct Session {
   LogFindings& findings = qel::findings;
   Period& period = qel::period;
   AnalysisResult& analysis = qel::analysis;
-  ModemSetup modems{store, settings};
+  ModemSetup modems{store, settings, places};
 
   bool TipShown = false;  // the tip of the day has been offered
 

@@ -1,7 +1,6 @@
 #include "settings/UserParameters.h"
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "settings/ServiceStore.h"
 #include "settings/SettingsTables.h"
@@ -200,11 +199,11 @@ void TakeUpOthersRecords(RegistryStore& store, Settings& settings) {
   if (store.ChangedElsewhere(root + "\\Holidays")) ReadHolidays(store, settings);
 }
 
-bool SettleMissingLogPath(Settings& settings) {
+bool SettleMissingLogPath(Settings& settings, const Places& places) {
   if (!settings.ModemLogFile.empty()) return false;
-  const bool known = !ActiveLogFile.empty();
-  settings.ModemLogFile = known ? ActiveLogFile : DefaultLogFile;
-  settings.ModemLogDir = known ? ActiveLogDir : DefaultLogDir;
+  const bool known = !places.ActiveLogFile.empty();
+  settings.ModemLogFile = known ? places.ActiveLogFile : places.DefaultLogFile;
+  settings.ModemLogDir = known ? places.ActiveLogDir : places.DefaultLogDir;
   settings.SettingsDirty = true;
   return true;
 }

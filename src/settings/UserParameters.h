@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "core/ProgramState.h"
 #include "registry/RegistryStore.h"
 #include "settings/Settings.h"
 #include "settings/StoredValues.h"
@@ -23,7 +24,7 @@ void TakeUpOthersRecords(RegistryStore& store, Settings& settings);
 void FillMissingSettings(Settings& settings, WindowSettings& windowSettings);
 
 // Where no log is set, takes the system's active log, or else the default one. True when it did.
-bool SettleMissingLogPath(Settings& settings);
+bool SettleMissingLogPath(Settings& settings, const Places& places);
 
 // Stores everything and brings it to the disk. The viewer's and the report window's settings go only with
 // their own SaveSettings on, and ForceAMPM follows into whichever key was named last. Markers become

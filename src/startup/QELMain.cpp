@@ -70,14 +70,14 @@ void TellNewLog() {
 }
 
 // The log of the settings, or the one that the system's modem writes where the user says so.
-void SettleLogPath(Settings& settings) {
+void SettleLogPath(Settings& settings, Places& places) {
   SetTrace("QELMain", "SettleLogPath");
-  if (SettleMissingLogPath(settings) || ActiveLogFile.empty()) return;
-  if (ActiveLogDir.empty()) ActiveLogDir = DefaultLogDir;
-  if (ActiveLogFile == settings.ModemLogFile && ActiveLogDir == settings.ModemLogDir) return;
+  if (SettleMissingLogPath(settings, places) || places.ActiveLogFile.empty()) return;
+  if (places.ActiveLogDir.empty()) places.ActiveLogDir = places.DefaultLogDir;
+  if (places.ActiveLogFile == settings.ModemLogFile && places.ActiveLogDir == settings.ModemLogDir) return;
   if (!UserWantsTheActiveLog()) return;
-  settings.ModemLogFile = ActiveLogFile;
-  settings.ModemLogDir = ActiveLogDir;
+  settings.ModemLogFile = places.ActiveLogFile;
+  settings.ModemLogDir = places.ActiveLogDir;
   settings.SettingsDirty = true;
   bool madeNew = false;
   const std::string path = settings.ModemLogDir + settings.ModemLogFile;
@@ -127,15 +127,15 @@ void Main(Windows& windows) {
   Session& session = windows.session;
   Settings& settings = session.settings;
   windows.SplashForm->PauseOnSplash = false;
-  StartingChanged = EndingChanged = false;
-  ReadEnvironment();
-  IgnoreErrors([] { MakeFolders(AppPath); });
-  CopyMissingFiles(InstalledFolders(), AppPath);
+  session.places = ReadEnvironment();
+  const std::string& home = session.places.AppPath;
+  IgnoreErrors([&home] { MakeFolders(home); });
+  CopyMissingFiles(InstalledFolders(), home);
   ReadRegion(session.store);
   TellStep("Reading User Configuration");
   session.LoadSettings();
   CheckModems(windows);
-  SettleLogPath(settings);
+  SettleLogPath(settings, session.places);
   if (settings.SettingsDirty) session.StoreSettings();
   settings.SettingsDirty = false;
   ExamineLog(settings);

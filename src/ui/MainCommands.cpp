@@ -1,5 +1,4 @@
-// The main window's menus and tool bar, the files that it opens, and the list of recent ones.
-#include <algorithm>
+// The main window's menus and tool bar, and the files that it opens.
 #include <map>
 
 #include "core/ErrorHandler.h"
@@ -22,20 +21,9 @@ namespace qel {
 
 namespace {
 
-constexpr std::size_t LongestRecentName = 35;  // characters
-
 constexpr char ArchiveFilter[] =
     "Qelmark Modem Log Archive (*.qel)|*.qel|Modem Log File (*.log, *.txt)|*.log;*.txt| All Files (*.*)|*.*";
 constexpr char ReportFilter[] = "Qelmark Report (*.txt)|*.txt";
-
-// Both ends of a name, which tell names apart best; "&" would mark an access key in a menu.
-std::string RecentCaption(const std::string& fileName) {
-  std::string name = PathText(fileName);
-  if (name.size() > LongestRecentName) name = name.substr(0, 16) + "..." + name.substr(name.size() - 16);
-  std::string caption;
-  for (const char c : name) caption += c == '&' ? "&&" : std::string(1, c);
-  return caption;
-}
 
 // The user's way out: changes in the viewer that the user wants kept, and that cannot be saved, prevent it.
 void LeaveProgram(Windows& windows) {
@@ -103,7 +91,7 @@ void frmMain::ToolbarMain_ButtonClick(const std::string& key) {
 }
 
 void frmMain::mnuOpenArchive_Click() {
-  if (const auto path = CurrentHost().AskOpenFile({ArchiveFilter, AppPath, ""})) OpenArchive(*path);
+  if (const auto path = CurrentHost().AskOpenFile({ArchiveFilter, places.AppPath, ""})) OpenArchive(*path);
 }
 
 void frmMain::OpenArchive(const std::string& path) {
@@ -164,7 +152,7 @@ void frmMain::ReadDefaultLog(const std::string& folder, const std::string& file)
 }
 
 void frmMain::mnuOpenReport_Click() {
-  if (const auto path = CurrentHost().AskOpenFile({ReportFilter, AppPath, ""})) DoOpenReport(*path);
+  if (const auto path = CurrentHost().AskOpenFile({ReportFilter, places.AppPath, ""})) DoOpenReport(*path);
 }
 
 void frmMain::DoOpenReport(const std::string& path) {
@@ -181,61 +169,12 @@ void frmMain::DoOpenReport(const std::string& path) {
 
 void frmMain::mnuReadme_Click() {
   SetTrace("frmMain", "mnuReadme_Click");
-  Attempt([] { CurrentHost().OpenDocument(AppPath + PathSeparator + "readme.htm"); });
+  Attempt([this] { CurrentHost().OpenDocument(places.AppPath + PathSeparator + "readme.htm"); });
 }
 
 void frmMain::mnuAbout_Click() {
   SetTrace("frmMain", "mnuAbout_Click");
   windows.AboutForm->ShowModal();
-}
-
-void frmMain::mnuRecent_Click(std::size_t index) {
-  const RecentFile file = windowSettings.RecentFiles[index];
-  const std::string path = file.RecentFilePath + file.RecentFileName;
-  if (file.RecentFileType == "A") OpenArchive(path);
-  if (file.RecentFileType == "R") DoOpenReport(path);
-}
-
-void frmMain::mnuClrLst_Click() {
-  windowSettings.RecentFiles = {};
-  SaveRecentFiles();
-  ShowRecentFiles();
-}
-
-void frmMain::AddRecentFile(const std::string& name, const std::string& path, const std::string& type) {
-  std::move_backward(windowSettings.RecentFiles.begin(), windowSettings.RecentFiles.end() - 1,
-                     windowSettings.RecentFiles.end());
-  windowSettings.RecentFiles.front() = {name, path, type};
-  const auto again = std::remove_if(windowSettings.RecentFiles.begin() + 1, windowSettings.RecentFiles.end(),
-                                    [&name](const RecentFile& file) { return file.RecentFileName == name; });
-  std::fill(again, windowSettings.RecentFiles.end(), RecentFile());
-  SaveRecentFiles();
-}
-
-void frmMain::SaveRecentFiles() {
-  IgnoreErrors([this] {
-    const std::string key = std::string(SettingsKey) + "\\RecentFiles";
-    for (std::size_t i = 0; i < windowSettings.RecentFiles.size(); ++i) {
-      const RecentFile& file = windowSettings.RecentFiles[i];
-      const std::string number = std::to_string(i + 1);
-      SetKeyValue(store, SettingsRoot, key, "RecentFileName" + number, file.RecentFileName, REG_SZ);
-      SetKeyValue(store, SettingsRoot, key, "RecentFilePath" + number, file.RecentFilePath, REG_SZ);
-      SetKeyValue(store, SettingsRoot, key, "RecentFileType" + number, file.RecentFileType, REG_SZ);
-    }
-  });
-  SaveRegistry(store);
-}
-
-void frmMain::ShowRecentFiles() {
-  bool any = false;
-  for (std::size_t i = 0; i < mnuRecent.size(); ++i) {
-    const RecentFile& file = windowSettings.RecentFiles[i];
-    mnuRecent[i].Caption = RecentCaption(file.RecentFileName);
-    mnuRecent[i].ToolTipText = PathText(file.RecentFilePath + file.RecentFileName);
-    mnuRecent[i].Visible = !file.RecentFileName.empty();
-    any = any || mnuRecent[i].Visible;
-  }
-  mnuClrLst.Visible = any;  // a face draws no two separators in a row
 }
 
 }  // namespace qel

@@ -94,13 +94,13 @@ void frmMain::ShowAnew() {
 
 void frmMain::mnuExport_Click() {
   SetTrace("frmMain", "ExportOptions");
-  const auto path = CurrentHost().AskSaveFile({RegistryFilter, AppPath, "QEL.reg"});
+  const auto path = CurrentHost().AskSaveFile({RegistryFilter, places.AppPath, "QEL.reg"});
   if (path && Attempt([&] { ReplaceFile(*path, ExportedOptions(store)); })) TellExported(*path);
 }
 
 void frmMain::mnuImport_Click() {
   SetTrace("frmMain", "ImportOptions");
-  const auto path = CurrentHost().AskOpenFile({RegistryFilter, AppPath, ""});
+  const auto path = CurrentHost().AskOpenFile({RegistryFilter, places.AppPath, ""});
   if (!path) return;
   std::string why;
   const auto file = FindSettingsFile(*path, why);
@@ -109,7 +109,7 @@ void frmMain::mnuImport_Click() {
   SaveRegistry(store);
   const std::string before = settings.ModemLogDir + settings.ModemLogFile;
   session.LoadSettings();  // as the start does
-  SettleMissingLogPath(settings);
+  SettleMissingLogPath(settings, places);
   if (settings.ModemLogDir + settings.ModemLogFile != before) UseNewDefaultLog();
   TellImported(*path, *file);
   ShowAnew();

@@ -144,7 +144,7 @@ void frmMain::checkProcess() {
   const bool usable = inputStarting.Enabled;  // the log can be reported on
   btnProcess.Enabled = PeriodIsSet() && usable;
   Attempt([this] {
-    if (!qel::checkProcess()) return;
+    if (!PeriodFields::checkProcess()) return;
     btnProcess.Caption =
         "QELMARK - Report for" + Str(period.PeriodDays) + (period.PeriodDays < 2 ? " day" : " days");
   });

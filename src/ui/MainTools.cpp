@@ -114,7 +114,7 @@ void frmMain::mnuRepairLog_Click() {
 
 void frmMain::mnuModemWizard_Click() {
   SetTrace("frmMain", "mnuModemWizard_Click");
-  if (OSName.find("NT") != std::string::npos)
+  if (places.OSName.find("NT") != std::string::npos)
     MsgBox({"Sorry .... This option is not yet available for Windows NT.", "Modem Configuration Wizard",
             Icon::Information});
   else if (session.modems.PreConfigure(true))

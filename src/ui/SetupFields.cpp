@@ -91,16 +91,16 @@ void frmSetup::txtLogName_LostFocus() {
 void frmSetup::cmdBrowse_Click() {
   const auto path = CurrentHost().AskOpenFile({LogFilter, logFile.CurrentLogDir, TypedLogPath()});
   if (!path) return;
-  if (FolderPart(*path) != DefaultLogDir && !logFile.ArchiveOpen) WarnOfOtherFolder();
+  if (FolderPart(*path) != places.DefaultLogDir && !logFile.ArchiveOpen) WarnOfOtherFolder();
   ShowLogPath(*path);
   txtLogName.SetFocus();  // leaving it takes the choice
 }
 
-void frmSetup::WarnOfOtherFolder() {
+void frmSetup::WarnOfOtherFolder() const {
   MsgBox(
       {"Your system's active modem log file is normally located\n"
        "in the '" +
-           PathText(DefaultLogDir) +
+           PathText(places.DefaultLogDir) +
            "' directory.\n"
            "\n"
            "The file you have selected is located in a different directory\n"

@@ -49,6 +49,7 @@ class Window : public Form {
 
   Windows& windows;
   Session& session = windows.session;
+  Places& places = session.places;
   RegistryStore& store = session.store;
   Settings& settings = session.settings;
   WindowSettings& windowSettings = session.windowSettings;

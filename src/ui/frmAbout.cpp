@@ -68,7 +68,7 @@ void frmAbout::Form_Load() {
   imgAbout.Visible = settings.ShowGraphic;
   lblVersion.Caption = "Version " + VersionText();
   for (Label& title : lblTitle) title.Caption = ProgramTitle;
-  lblOS.Caption = OSName;
+  lblOS.Caption = places.OSName;
   lblWWW.Caption = WebAddress;
   lblEmail.Caption = MailAddress;
 }

@@ -19,9 +19,9 @@ std::string AsHtml(const std::string& text) {
   return html;
 }
 
-std::string NoHelp() {
+std::string NoHelp(const std::string& path) {
   return "<h2>No help</h2><p>The help file could not be read. It belongs here:</p><p>" +
-         AsHtml(PathText(HelpFile)) + "</p>";
+         AsHtml(PathText(path)) + "</p>";
 }
 
 }  // namespace
@@ -44,8 +44,8 @@ frmHelp::frmHelp(Windows& owner) : Window("frmHelp", owner) {
 }
 
 void frmHelp::Form_Load() {
-  topics = ReadHelpTopics(HelpFile);
-  if (topics.empty()) docTopic.Html = NoHelp();
+  topics = ReadHelpTopics(places.HelpFile);
+  if (topics.empty()) docTopic.Html = NoHelp(places.HelpFile);
   ShowContents();
 }
 

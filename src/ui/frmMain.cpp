@@ -17,7 +17,8 @@
 
 namespace qel {
 
-frmMain::frmMain(Windows& owner) : Window("frmMain", owner) {
+frmMain::frmMain(Windows& owner)
+    : Window("frmMain", owner), PeriodFields(session.period, session.logFile, session.findings) {
   HelpContextID = HelpMainWindow;
   Calendar1.Value = Today();
   imgEndArrow.Visible = false;

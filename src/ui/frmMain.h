@@ -1,7 +1,7 @@
 // The main window: the period, the commands, what is known of the log. It stays open from start to end.
 //
 // Its handlers are told apart by what they are for: frmMain.cpp (life of the window, what is enabled when),
-// MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), MainOptions.cpp
+// MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), RecentFiles.cpp, MainOptions.cpp
 // (options and their files), MainTools.cpp (viewer, log tools, wizard),
 // MainStatistics.cpp (panel, status line, animation).
 #pragma once

@@ -167,7 +167,7 @@ void frmReport::mnuSaveAS_Click() {
   SetTrace("frmReport", "mnuSaveAS_Click");
   StatusUpdate();
   const std::optional<std::string> path = CurrentHost().AskSaveFile(
-      {.Filter = "Text (*.txt)|*.txt", .Folder = AppPath, .FileName = ProposedName()});
+      {.Filter = "Text (*.txt)|*.txt", .Folder = places.AppPath, .FileName = ProposedName()});
   if (!path) return;
   try {
     ReplaceFile(*path, content == Content::File ? Report.ReportText : Report.ReportText + NewLine);

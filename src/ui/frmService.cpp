@@ -50,7 +50,8 @@ void frmService::Form_Load() {
   SetTrace("frmService", "Form_Load");
   ShowSelectedPage(TabStrip1, fraService);
   imgService.Visible = settings.ShowGraphic;
-  if (settings.WarningSoundFile.empty()) settings.WarningSoundFile = AppPath + PathSeparator + "exceeded.wav";
+  if (settings.WarningSoundFile.empty())
+    settings.WarningSoundFile = places.AppPath + PathSeparator + "exceeded.wav";
   FillComboBoxes();
   SetTariffColumns();
   TariffCopy.Make(MaxTariffs - 1);

@@ -168,7 +168,7 @@ class frmSetup : public Window {
   std::string TypedLogPath() const;
   void txtLogName_LostFocus();
   void cmdBrowse_Click();
-  static void WarnOfOtherFolder();
+  void WarnOfOtherFolder() const;
   static void ShowLimit(const LimitField& limit);
   static void LimitField_LostFocus(const LimitField& limit);
   void txtMaxServices_LostFocus();

@@ -42,7 +42,7 @@ void frmTip::Form_Load() {
     currentTip = WholeOf(QueryValue(store, SettingsRoot, std::string(SettingsKey) + "\\General", "LastTip"));
   });
   bool loaded = false;
-  Attempt([this, &loaded] { loaded = LoadTips(AppPath + PathSeparator + TipFile); });
+  Attempt([this, &loaded] { loaded = LoadTips(places.AppPath + PathSeparator + TipFile); });
   if (!loaded) lblTipText.Caption = NoTips();
 }
 
@@ -82,7 +82,7 @@ void frmTip::chkLoadTipsAtStartup_Click() {
 
 void frmTip::btnReadme_Click() {
   SetTrace("frmTip", "btnReadme_Click");
-  Attempt([] { CurrentHost().OpenDocument(AppPath + PathSeparator + "readme.htm"); });
+  Attempt([this] { CurrentHost().OpenDocument(places.AppPath + PathSeparator + "readme.htm"); });
 }
 
 bool frmTip::Form_Unload() {

@@ -238,7 +238,7 @@ bool frmViewLog::mnuSave_Click() {
 // A failure is no reason to leave the viewer: its bar says so, and clearing the log asks again.
 void frmViewLog::mnuSaveArchive_Click() {
   SetTrace("frmViewLog", "mnuSaveArchive_Click");
-  const auto path = CurrentHost().AskSaveFile({ArchiveFilter, AppPath, ToUtf8(archiveName)});
+  const auto path = CurrentHost().AskSaveFile({ArchiveFilter, places.AppPath, ToUtf8(archiveName)});
   if (!path) return;
   const ArchiveTry made = SaveArchive(*path, TextViewLog.Text, shownPath, opened);
   StatusBar1.SetPanel(ArchivePanel, made.Failure.empty() ? "" : "Archive NOT saved: " + made.Failure);

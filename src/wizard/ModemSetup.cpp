@@ -83,8 +83,8 @@ void ModemSetup::ReadTheOthers() {
 // empty, since the first was not looked at; the start then takes the default folder.
 void ModemSetup::TakeActiveLog() {
   const Int16 number = settings.PreferredModem == 0 ? Int16(1) : settings.PreferredModem;
-  Attempt([&] { ActiveLogFile = LogFile(Modems[number - 1].LoggingPath); });
-  ActiveLogDir = LogFolder(Modems[0].LoggingPath);
+  Attempt([&] { places.ActiveLogFile = LogFile(Modems[number - 1].LoggingPath); });
+  places.ActiveLogDir = LogFolder(Modems[0].LoggingPath);
 }
 
 bool ModemSetup::PreConfigure(bool interactive) {
@@ -141,16 +141,16 @@ void ModemSetup::CheckLogFile(Int16 number) {
   SetTrace("QELPreConfigure", "CheckLogFile");
   const ModemRecord& modem = Modems[number - 1];
   if (modem.LoggingPath.empty()) {
-    if (Contains(OSName, "98")) DefaultLogFile = modem.DriverDesc + ".log";  // one log a modem
-    SetModemValue(modem, "LoggingPath", DefaultLogDir + DefaultLogFile, REG_SZ);
+    if (Contains(places.OSName, "98")) places.DefaultLogFile = modem.DriverDesc + ".log";  // one log a modem
+    SetModemValue(modem, "LoggingPath", places.DefaultLogDir + places.DefaultLogFile, REG_SZ);
   } else {
     // The first modem's log is the default one, whichever modem is set up.
-    DefaultLogFile = LogFile(Modems[0].LoggingPath);
-    DefaultLogDir = LogFolder(Modems[0].LoggingPath);
+    places.DefaultLogFile = LogFile(Modems[0].LoggingPath);
+    places.DefaultLogDir = LogFolder(Modems[0].LoggingPath);
   }
   Attempt([this] {
-    MendInterruptedSwap(DefaultLogDir + DefaultLogFile);
-    if (NewModemLog(DefaultLogDir + DefaultLogFile)) NewLogStarted = true;
+    MendInterruptedSwap(places.DefaultLogDir + places.DefaultLogFile);
+    if (NewModemLog(places.DefaultLogDir + places.DefaultLogFile)) NewLogStarted = true;
   });
 }
 

@@ -8,6 +8,7 @@
 
 #include <string>
 
+#include "core/ProgramState.h"
 #include "settings/Settings.h"
 #include "settings/StoredValues.h"
 #include "values/BoundedArray.h"
@@ -29,8 +30,9 @@ inline constexpr int MostModems = 10;
 
 class ModemSetup {
  public:
-  // `store` and `settings` must outlive it.
-  ModemSetup(RegistryStore& store, const Settings& settings) : store(store), settings(settings) {}
+  // All three must outlive it.
+  ModemSetup(RegistryStore& store, const Settings& settings, Places& places)
+      : store(store), settings(settings), places(places) {}
 
   BoundedArray<ModemRecord> Modems{MostModems - 1};  // the first ModemCount in use
   Int16 ModemCount;
@@ -63,6 +65,7 @@ class ModemSetup {
 
   RegistryStore& store;
   const Settings& settings;
+  Places& places;
 };
 
 }  // namespace qel

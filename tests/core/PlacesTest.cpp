@@ -21,9 +21,9 @@ TEST(Places, ComeFromTheEnvironment) {
     std::istringstream variables(given);
     for (std::string name, value; std::getline(variables >> std::ws, name, '=') && variables >> value;)
       setenv(name.c_str(), value.c_str(), 1);
-    ReadEnvironment();
-    EXPECT_EQ(AppPath + " " + HelpFile + " " + WindowsDir + " " + DefaultLogFile + " " + DefaultLogDir + " " +
-                  OSName + " " + SettingsStorePath(),
+    const Places read = ReadEnvironment();
+    EXPECT_EQ(read.AppPath + " " + read.HelpFile + " " + read.WindowsDir + " " + read.DefaultLogFile + " " +
+                  read.DefaultLogDir + " " + read.OSName + " " + SettingsStorePath(),
               places);
   }
   unsetenv("QEL_HOME");

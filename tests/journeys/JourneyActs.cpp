@@ -111,7 +111,7 @@ const std::map<std::string, Journey::Handler> Journey::Acts = {
                 const Act& act) { my.held[act.Word(1)].open(my.folder.Path(act.Word(1)), std::ios::app); }},
     {"release", [](Journey& my, const Act& act) { my.held.erase(act.Word(1)); }},
     {"set", &Journey::set},
-    {"system", [](Journey&, const Act& act) { OSName = act.Word(1); }},
+    {"system", [](Journey& my, const Act& act) { my.Windows->session.places.OSName = act.Word(1); }},
     {"installed", [](Journey& my, const Act& act) { my.onlyProgram = act.Word(1); }},
     {"background",
      [](Journey& my, const Act& act) {

@@ -16,7 +16,7 @@ namespace {
 using RealDisk = FreshProgram;
 
 TEST_F(RealDisk, NoLineIsMissingWithoutAWordAfterManyRewrites) {
-  AppPath = folder.Path();
+  places.AppPath = folder.Path();
   OpenLog("01-05-1999 10:00:00.00 - READS 1\r\n01-06-1999 10:00:00.00 - Reads 2\r\n");
   logFile.ArchiveOpen = false;
   constexpr int rewrites = 40;

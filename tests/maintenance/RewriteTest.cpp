@@ -21,7 +21,7 @@ class RewriteTest : public FreshProgram {
  protected:
   RewriteTest() {
     ::umask(022);
-    AppPath = folder.Path();
+    places.AppPath = folder.Path();
   }
 
   void Open(const std::string& text) {

@@ -15,7 +15,7 @@ namespace qel {
 class ToolRuns : public FreshProgram, public Display, public ::testing::WithParamInterface<const char*> {
  protected:
   ToolRuns() {
-    AppPath = "/app";
+    places.AppPath = "/app";
     SetCurrentLog(GetParam() + std::string("/"), "log.txt");
   }
 

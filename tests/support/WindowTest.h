@@ -26,8 +26,8 @@ namespace qel {
 class WindowTest : public FreshProgram {
  protected:
   WindowTest() {
-    AppPath = folder.Path();
-    HelpFile = folder.Path("QEL.HLP");
+    places.AppPath = folder.Path();
+    places.HelpFile = folder.Path("QEL.HLP");
     session->TipShown = true;  // no test but its own has to close it
     setenv("QEL_HOME", folder.Path().c_str(), 1);
     setenv("WinDir", folder.Path().c_str(), 1);

@@ -35,9 +35,9 @@ class ModemTest : public FreshProgram {
   void Begin(const Act& act) {
     folder.Empty();
     Registry.Reset();
-    DefaultLogDir = folder.Path() + "/";
-    DefaultLogFile = "ModemLog.txt";
-    ActiveLogFile = ActiveLogDir = "";
+    places.DefaultLogDir = folder.Path() + "/";
+    places.DefaultLogFile = "ModemLog.txt";
+    places.ActiveLogFile = places.ActiveLogDir = "";
     settings.PreferredModem = act.Words.size() > 1 ? std::stoi(act.Word(1)) : 0;
   }
   // modem KEY NAME LOG LOGGING INIT [PORT or DIALOG], "" for what is missing
@@ -63,9 +63,9 @@ class ModemTest : public FreshProgram {
     }
     Tell(act,
          std::string(modems.ModemConfigOK ? "OK" : "not OK") + (modems.NewLogStarted ? ", new log" : ""));
-    Tell(act, "active log " + ActiveLogDir + "|" + ActiveLogFile);
-    Tell(act, "default log " + DefaultLogDir + "|" + DefaultLogFile + " of " +
-                  std::to_string(folder.Content(DefaultLogFile).size()) + " bytes");
+    Tell(act, "active log " + places.ActiveLogDir + "|" + places.ActiveLogFile);
+    Tell(act, "default log " + places.DefaultLogDir + "|" + places.DefaultLogFile + " of " +
+                  std::to_string(folder.Content(places.DefaultLogFile).size()) + " bytes");
     const std::string general = std::string(SettingsKey) + "\\General";
     Tell(act, "preferred " + TextOf(QueryValue(Registry, SettingsRoot, general, "PreferredModem")));
     for (const auto& error : host.errors) Tell(act, error);
@@ -93,7 +93,7 @@ class ModemTest : public FreshProgram {
     TellAll(act);
   }
 
-  ModemSetup modems{Registry, settings};
+  ModemSetup modems{Registry, settings, places};
   FailingDisk disk;
   TellingHost host;
 };
