@@ -64,7 +64,8 @@ bool AnalyseAll(int firstDay, int lastDay) {
   fields.SetStarting(format_date(findings.FirstEntryDate + firstDay));
   fields.SetEnding(format_date(findings.LastEntryDate - lastDay));
   if (!fields.checkProcess()) return false;
-  ProcessNow();
+  Pricing pricing(settings, period);
+  ProcessLog(pricing, logFile, findings, analysis);
   return !findings.LogCorrupt;
 }
 

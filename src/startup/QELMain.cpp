@@ -2,19 +2,15 @@
 
 #include <string>
 
-#include "analysis/ReportPeriod.h"
 #include "analysis/ResetProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/Installation.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogExamination.h"
 #include "modemlog/NewLog.h"
 #include "platform/Files.h"
-#include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"
-#include "settings/StoredValues.h"
 #include "settings/UserParameters.h"
 #include "ui/frmPreConfigure.h"
 #include "ui/frmSplash.h"

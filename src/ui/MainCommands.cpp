@@ -2,7 +2,6 @@
 #include <map>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/LogExamination.h"

@@ -5,7 +5,6 @@
 
 #include "analysis/Analyse.h"
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
 #include "modemlog/LogExamination.h"

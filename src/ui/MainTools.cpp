@@ -1,6 +1,5 @@
 // The main window's side of the viewer, of the tools that rewrite the log, and of the modem wizard.
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "maintenance/Optimize.h"

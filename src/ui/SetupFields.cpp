@@ -1,6 +1,5 @@
 // The options window's tabs of plain fields: General, Modem, Costs, Errors.
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"

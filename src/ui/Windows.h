@@ -17,8 +17,6 @@ struct LogSearch {
 
 struct Windows {
   explicit Windows(Session& session) : session(session) {}
-  Windows(const Windows&) = delete;
-  Windows& operator=(const Windows&) = delete;
 
   Session& session;
 

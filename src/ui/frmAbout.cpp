@@ -3,7 +3,6 @@
 #include <string>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "platform/Files.h"

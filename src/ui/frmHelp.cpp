@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/ProgramState.h"
 #include "ui/HelpNumbers.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Clock.h"

@@ -37,8 +37,8 @@ void frmPreConfigure::Form_Load() {
       "\n"
       "Click the 'Next' button and the wizard will take you through a step by step process to configure your "
       "dial-up networking system for QEL.";
-  for (int i = 0; i < session.modems.ModemCount; ++i) {
-    const ModemRecord& modem = session.modems.Modems[i];
+  for (int i = 0; i < modems.ModemCount; ++i) {
+    const ModemRecord& modem = modems.Modems[i];
     lstModems.AddItem(modem.DriverDesc + (modem.AttachedTo.empty() ? "" : " on " + modem.AttachedTo));
   }
   lstModems.SetListIndex(0);
@@ -57,7 +57,7 @@ void frmPreConfigure::CheckStep() {
 
 void frmPreConfigure::CompareModem() {
   selectedModem = Int16(lstModems.ListIndex() + 1);
-  const ModemRecord& modem = session.modems.Modems[selectedModem - 1];
+  const ModemRecord& modem = modems.Modems[selectedModem - 1];
   lblSelModem.Caption = modem.DriverDesc;
   ShowState(modem.Logging, lblCurrentLogging, ImgCurrentLogging);
   ShowState(modem.Echo, lblCurrentEcho, imgCurrentEcho);
@@ -79,7 +79,7 @@ void frmPreConfigure::AskForChanges() {
       "Click the 'Finish' button to have the wizard make these changes for you.\n"
       "\n";
   btnNext.Caption = "&Finish";
-  session.modems.ModemConfigOK = false;
+  modems.ModemConfigOK = false;
 }
 
 void frmPreConfigure::TellWellSetUp() {
@@ -89,8 +89,8 @@ void frmPreConfigure::TellWellSetUp() {
       "\n"
       "Click the 'OK' button to continue.";
   btnNext.Caption = "&OK";
-  session.modems.ModemConfigOK = true;
-  if (session.modems.ModemCount > 1)
+  modems.ModemConfigOK = true;
+  if (modems.ModemCount > 1)
     settings.PreferredModem = selectedModem;  // for this run; only a change stores it
 }
 
@@ -98,9 +98,9 @@ void frmPreConfigure::Finish() {
   Timer1.Enabled = false;
   btnNext.Caption = "&OK";
   btnCancel.Visible = false;
-  if (!session.modems.ModemConfigOK) session.modems.DoChange(selectedModem);
+  if (!modems.ModemConfigOK) modems.DoChange(selectedModem);
   const std::string outcome =
-      session.modems.NewLogStarted
+      modems.NewLogStarted
           ? "A new empty modem log file has been created for you. Reports will not be available until after "
             "your next dial-up networking session."
           : "QEL will check your settings each time you start but you will not see this wizard again unless "
@@ -138,7 +138,7 @@ void frmPreConfigure::btnCancel_Click() {
 
 // What is to change blinks.
 void frmPreConfigure::Timer1_Timer() {
-  const ModemRecord& modem = session.modems.Modems[selectedModem - 1];
+  const ModemRecord& modem = modems.Modems[selectedModem - 1];
   if (!modem.Logging) lblRecLogging.Visible = !lblRecLogging.Visible;
   if (!modem.Echo) lblRecEcho.Visible = !lblRecEcho.Visible;
 }

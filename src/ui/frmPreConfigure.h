@@ -67,6 +67,7 @@ class frmPreConfigure : public Window {
   void Timer1_Timer();
   void Check1_Click();
 
+  ModemSetup& modems = session.modems;
   Int16 step;
   Int16 selectedModem;  // counted from 1; 0 before the first comparison
 };

@@ -3,7 +3,6 @@
 #include <optional>
 #include <utility>
 
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "platform/Files.h"
 #include "settings/SettingRow.h"

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "platform/Files.h"
 #include "ui/HelpNumbers.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "platform/Files.h"
 #include "settings/UserParameters.h"

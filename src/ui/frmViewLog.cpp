@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "maintenance/LogSwap.h"
