@@ -82,11 +82,11 @@ void SettleLogPath(Settings& settings, Places& places) {
   if (madeNew) TellNewLog();
 }
 
-void ExamineLog(const Settings& settings) {
+void ExamineLog(const Session& session) {
   SetTrace("QELMain", "ExamineLog");
   TellStep("Please Wait . . . Checking Modem Log");
-  SetCurrentLog(settings.ModemLogDir, settings.ModemLogFile);
-  Attempt([] { MendInterruptedSwap(logFile.CurrentLogPath); });
+  SetCurrentLog(session.settings.ModemLogDir, session.settings.ModemLogFile);
+  Attempt([&] { MendInterruptedSwap(session.logFile.CurrentLogPath); });
   Examine(LogHealth::UnknownTold);
 }
 
@@ -134,7 +134,7 @@ void Main(Windows& windows) {
   SettleLogPath(settings, session.places);
   if (settings.SettingsDirty) session.StoreSettings();
   settings.SettingsDirty = false;
-  ExamineLog(settings);
+  ExamineLog(session);
   windows.SplashForm->PauseOnSplash = !session.findings.LogExists;
   if (session.findings.LogExists)
     windows.SplashForm->HandOver();
