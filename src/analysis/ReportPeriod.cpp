@@ -1,6 +1,5 @@
 #include "analysis/ReportPeriod.h"
 
-#include "core/ProgramState.h"
 #include "core/ShownDates.h"
 #include "modemlog/LogExamination.h"
 #include "platform/DateConversion.h"

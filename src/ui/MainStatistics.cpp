@@ -1,5 +1,4 @@
 // What the main window shows of the current file, its status line, and its animation.
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "modemlog/LogExamination.h"
 #include "ui/frmMain.h"

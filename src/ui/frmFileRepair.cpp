@@ -1,6 +1,5 @@
 #include "ui/frmFileRepair.h"
 
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "maintenance/Repair.h"
 #include "modemlog/LogFile.h"

@@ -1,6 +1,5 @@
 #include "ui/frmSetup.h"
 
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "modemlog/LogFile.h"
 #include "settings/UserParameters.h"
