@@ -3,7 +3,6 @@
 #include <cerrno>
 
 #include "cli/CommandLineHost.h"
-#include "core/ProgramState.h"
 #include "modemlog/LogExamination.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Files.h"

@@ -6,7 +6,6 @@
 #include <limits>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
 #include "modemlog/LogLine.h"
 #include "platform/Files.h"

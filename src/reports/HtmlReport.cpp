@@ -3,7 +3,6 @@
 #include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
 #include "analysis/ReportPeriod.h"
-#include "core/ProgramState.h"
 #include "core/ShownDates.h"
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"

@@ -1,6 +1,5 @@
 #include "reports/LogStatistics.h"
 
-#include "core/ProgramState.h"
 #include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "values/CodePage.h"

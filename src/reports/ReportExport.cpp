@@ -7,7 +7,6 @@
 #include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
 #include "analysis/ReportPeriod.h"
-#include "core/ProgramState.h"
 #include "modemlog/DialledNumber.h"
 #include "modemlog/LogExamination.h"
 #include "platform/Files.h"

@@ -2,14 +2,7 @@
 
 #include <utility>
 
-#include "settings/Settings.h"
-
 namespace qel {
-
-void SetupSnapshot::Take(const Settings& settings) {
-  before = settings;
-  for (int i = 0; i < settings.UsedServices; ++i) services.push_back(settings.Services[i]);
-}
 
 void SetupSnapshot::Restore(Settings& settings) const {
   Settings restored = before;
@@ -19,7 +12,7 @@ void SetupSnapshot::Restore(Settings& settings) const {
   restored.Holidays = settings.Holidays;
   restored.UsedHolidays = settings.UsedHolidays;
   restored.Services = settings.Services;
-  for (std::size_t i = 0; i < services.size(); ++i) restored.Services[static_cast<int>(i)] = services[i];
+  for (int i = 0; i < before.UsedServices; ++i) restored.Services[i] = before.Services[i];
   settings = std::move(restored);
 }
 

@@ -1,9 +1,6 @@
 // Whole analyses, told by connections.analysis.
-#include "analysis/Analyse.h"
 #include "analysis/AnalysisTest.h"
 #include "analysis/Pricing.h"
-#include "modemlog/LogFile.h"
-#include "settings/Settings.h"
 #include "support/Text.h"
 
 namespace qel {

@@ -1,7 +1,5 @@
 // The road of errors through an analysis, told by errors.analysis.
 #include "analysis/AnalysisTest.h"
-#include "modemlog/LogFile.h"
-#include "settings/Settings.h"
 #include "support/ErrorRoad.h"
 
 namespace qel {

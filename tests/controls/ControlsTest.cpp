@@ -49,15 +49,6 @@ TEST_F(ControlsTest, SettingATextRaisesChangeAsTypingDoes) {
   EXPECT_EQ(box.Text(), "q");
 }
 
-TEST_F(ControlsTest, AMaskTakesTextsOfItsShape) {
-  MaskedEdit edit(form, "inputStarting");
-  edit.Mask = "##/AAA/####";
-  EXPECT_TRUE(edit.Fits("05/Oct/1998"));
-  EXPECT_FALSE(edit.Fits("5/Oct/1998"));
-  EXPECT_FALSE(edit.Fits("05-Oct-1998"));
-  EXPECT_FALSE(edit.Fits("05/O_t/1998"));
-}
-
 TEST_F(ControlsTest, AMaskIsFilledAsPeopleType) {
   for (const auto& [mask, before, keys, after] : Cases("controls/MaskTyping")) {
     MaskedEdit edit(form, "inputStarting");

@@ -244,7 +244,7 @@ TEST_F(Binding, AWholeDesignHasNothingMissingAndAFaultOfEachSortIsFound) {
   for (const char* name : {"lblStray", "labelFree"})
     (new QLabel(&Get<QFrame>("fraFree")))->setObjectName(name);
   EXPECT_EQ(MissingBindings::Of(form),
-            (std::vector<std::string>{"tool button 2 of Toolbar1: \"Sav\" for \"Save\"",
+            (std::vector<std::string>{"Toolbar1 has the tools ||Sav|View for ||Save|View",
                                       "control without widget: lblLost", "widget without control: lblStray",
                                       "action without control: mnuStray"}));
   frmDialog dialog;

@@ -40,7 +40,10 @@ Shown& WidgetOf(const Control& control) {
   return *widget;
 }
 
-void ClickAt(QWidget& widget, const QPoint& at = {}) { QTest::mouseClick(&widget, Qt::LeftButton, {}, at); }
+void ClickAt(QWidget& widget, const QPoint& at = {}) {
+  QTest::mouseClick(&widget, Qt::LeftButton, {}, at);
+  Settle();
+}
 
 // Where a click hits: buttons with a mark take it there.
 QPoint PlaceOf(const QWidget& widget) {
@@ -78,10 +81,8 @@ void FaceJourney::RunModal(const std::function<bool()>& done) {
 
 void FaceJourney::Click(Control& control) {
   QObject& object = ObjectOf(control);
-  if (auto* action = qobject_cast<QAction*>(&object))
-    action->trigger();
-  else if (auto* widget = qobject_cast<QWidget*>(&object))
-    ClickAt(*widget, PlaceOf(*widget));
+  if (auto* widget = qobject_cast<QWidget*>(&object)) return ClickAt(*widget, PlaceOf(*widget));
+  qobject_cast<QAction*>(&object)->trigger();
   Settle();
 }
 
@@ -104,21 +105,16 @@ void FaceJourney::DoubleClick(Control& control) {
 void FaceJourney::ClickTool(Toolbar& bar, const std::string& key) {
   auto& tools = WidgetOf<QToolBar>(bar);
   for (QAction* action : tools.actions())
-    if (FromQt(action->text()) == key) ClickAt(*tools.widgetForAction(action));
-  Settle();
+    if (FromQt(action->text()) == key) return ClickAt(*tools.widgetForAction(action));
 }
 
 void FaceJourney::ClickTab(TabStrip& strip, int tab) {
   auto* tabs = qobject_cast<QTabBar*>(&ObjectOf(strip));
   if (!tabs) tabs = WidgetOf<QTabWidget>(strip).tabBar();
   ClickAt(*tabs, tabs->tabRect(tab - 1).center());
-  Settle();
 }
 
-void FaceJourney::ClickRow(ListView& list, int row) {
-  ClickItem(WidgetOf<QTreeView>(list), row - 1);
-  Settle();
-}
+void FaceJourney::ClickRow(ListView& list, int row) { ClickItem(WidgetOf<QTreeView>(list), row - 1); }
 
 void FaceJourney::ClickColumn(ListView& list, int column) {
   QHeaderView& header = *WidgetOf<QTreeView>(list).header();
@@ -127,7 +123,6 @@ void FaceJourney::ClickColumn(ListView& list, int column) {
   ClickAt(*header.viewport(),
           {header.sectionViewportPosition(at) + header.sectionSize(at) / 2, header.height() / 2});
   header.setOffset(0);
-  Settle();
 }
 
 // As people do: a click into the field, everything selected, the new text.
@@ -136,7 +131,6 @@ void FaceJourney::Type(Control& control, const std::string& text) {
   if (auto* combo = qobject_cast<QComboBox*>(&ObjectOf(control))) line = combo->lineEdit();
   QWidget& field = line ? *line : WidgetOf<QWidget>(control);
   ClickAt(field, field.rect().center());
-  Settle();
   QTest::keySequence(&field, QKeySequence::SelectAll);
   if (text.empty()) QTest::keyClick(&field, Qt::Key_Delete);
   for (const QChar character : ToQt(text))
@@ -159,15 +153,12 @@ void FaceJourney::Press(Form& form, const std::string& key) {
 }
 
 void FaceJourney::Choose(ListBox& list, int index) {
-  if (auto* view = qobject_cast<QListWidget*>(&ObjectOf(list))) return ClickItem(*view, index), Settle();
+  if (auto* view = qobject_cast<QListWidget*>(&ObjectOf(list))) return ClickItem(*view, index);
   auto& combo = WidgetOf<QComboBox>(list);
   combo.setFocus(Qt::MouseFocusReason);
   combo.showPopup();
   Settle();
-  const QModelIndex item = combo.view()->model()->index(index, 0);
-  combo.view()->scrollTo(item);
-  ClickAt(*combo.view()->viewport(), combo.view()->visualRect(item).center());
-  Settle();
+  ClickItem(*combo.view(), index);
 }
 
 // With the mouse, by the table that the calendar shows.
@@ -175,18 +166,13 @@ void FaceJourney::Pick(Calendar& calendar, Date day) {
   auto& picker = WidgetOf<QCalendarWidget>(calendar);
   const QDate wanted = DayToQt(day);
   picker.setCurrentPage(wanted.year(), wanted.month());
-  auto* const days = picker.findChild<QAbstractItemView*>();
-  const int first = picker.firstDayOfWeek();
-  for (int row = 0; row < days->model()->rowCount(); ++row)
-    for (int column = 0; column < days->model()->columnCount(); ++column) {
-      const QModelIndex cell = days->model()->index(row, column);
-      const bool isOfMonth =
-          row == 0 ? false : cell.data().toInt() == wanted.day() && (wanted.day() < 15 ? row < 4 : row > 2);
-      if (!isOfMonth || (column % 7 + first - 1) % 7 + 1 != wanted.dayOfWeek()) continue;
-      ClickAt(*days->findChild<QWidget*>("qt_scrollarea_viewport"), days->visualRect(cell).center());
-      return Settle();
-    }
-  throw std::runtime_error("no such day on the calendar");
+  auto& days = *picker.findChild<QTableView*>();
+  // The names of the days come first, then at least one day of the month before.
+  const int before =
+      (QDate(wanted.year(), wanted.month(), 1).dayOfWeek() - picker.firstDayOfWeek() + 6) % 7 + 1;
+  const int place = before + wanted.day() - 1;
+  const QModelIndex cell = days.model()->index(1 + place / 7, days.model()->columnCount() - 7 + place % 7);
+  ClickAt(*days.viewport(), days.visualRect(cell).center());
 }
 
 void FaceJourney::Point(Control& control) {
@@ -200,7 +186,6 @@ void FaceJourney::Point(Control& control) {
 void FaceJourney::Step(UpDown& button, bool up) {
   auto& arrows = WidgetOf<UpDownButton>(button);
   ClickAt(up ? arrows.Up() : arrows.Down());
-  Settle();
 }
 
 void FaceJourney::Close(Form& form) {

@@ -40,18 +40,13 @@ class MissingBindings {
   }
 
   void CheckToolbar(Toolbar& model, const QToolBar& bar) {
-    const auto actions = bar.actions();
-    tools.insert(actions.begin(), actions.end());
-    const auto count = static_cast<qsizetype>(model.Buttons().size());
-    for (qsizetype i = 0; i < std::max(count, actions.size()); ++i) {
-      const std::string key = i < count ? model.Buttons()[static_cast<std::size_t>(i)].Key : "nothing";
-      const std::string text = i >= actions.size()         ? "nothing"
-                               : actions[i]->isSeparator() ? ""
-                                                           : FromQt(actions[i]->text());
-      if (key != text)
-        found.push_back("tool button " + std::to_string(i + 1) + " of " + model.Name() + ": \"" + text +
-                        "\" for \"" + key + "\"");
+    std::string keys, texts;
+    for (const auto& button : model.Buttons()) keys += '|' + button.Key;
+    for (const QAction* action : bar.actions()) {
+      tools.insert(action);
+      texts += '|' + (action->isSeparator() ? "" : FromQt(action->text()));
     }
+    if (keys != texts) found.push_back(model.Name() + " has the tools " + texts + " for " + keys);
   }
 
   // What the toolkit makes for itself has no name, or one of its own kind.

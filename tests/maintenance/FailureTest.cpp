@@ -1,5 +1,4 @@
 #include "maintenance/ToolRuns.h"
-#include "modemlog/LogFile.h"
 
 namespace qel {
 namespace {

@@ -2,7 +2,6 @@
 
 #include "journeys/Script.h"
 #include "maintenance/ToolRuns.h"
-#include "modemlog/LogFile.h"
 #include "support/Text.h"
 
 namespace qel {

@@ -7,7 +7,6 @@
 #include <thread>
 
 #include "maintenance/Optimize.h"
-#include "modemlog/LogFile.h"
 #include "support/FreshProgram.h"
 
 namespace qel {

@@ -9,7 +9,6 @@
 #include "maintenance/Optimize.h"
 #include "maintenance/Purge.h"
 #include "maintenance/Repair.h"
-#include "modemlog/LogFile.h"
 #include "support/ErrorOf.h"
 #include "support/FreshProgram.h"
 #include "support/Listener.h"

@@ -2,7 +2,6 @@
 #include "core/Surroundings.h"
 #include "journeys/Script.h"
 #include "modemlog/LogExamination.h"
-#include "settings/Settings.h"
 #include "support/AnsweringHost.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"

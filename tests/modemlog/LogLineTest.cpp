@@ -4,7 +4,6 @@
 #include "modemlog/LineClassifier.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/NewLog.h"
-#include "settings/Settings.h"
 #include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/FailingDisk.h"

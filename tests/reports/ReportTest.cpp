@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <sstream>
 
-#include "analysis/Analyse.h"
 #include "core/Surroundings.h"
 #include "journeys/Script.h"
 #include "platform/DateConversion.h"

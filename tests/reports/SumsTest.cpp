@@ -1,7 +1,5 @@
 // Parts sum to totals and all forms tell the same, over many logs; what the Summary tells otherwise is said.
-#include "analysis/Analyse.h"
 #include "analysis/AnalysisTest.h"
-#include "modemlog/LogFile.h"
 #include "reports/Documents.h"
 #include "reports/HtmlReport.h"
 #include "reports/ReportExport.h"

@@ -3,7 +3,6 @@
 #include "registry/RegistryText.h"
 #include "settings/SettingsExchange.h"
 #include "settings/StoredValues.h"
-#include "settings/UserParameters.h"
 #include "support/FreshProgram.h"
 #include "values/DateText.h"
 #include "values/NumberConversion.h"
@@ -47,30 +46,26 @@ std::string Fields(const ReportViewSettings& r) {
   return All(r.WinHeight, r.WinWidth, r.WinLeft, r.WinTop, r.FontSize, c[0], c[1], c[2], c[3], c[4], c[5],
              c[6]);
 }
-std::string Fields() {
-  const ViewLogRecord& v = windowSettings.ViewLogSettings;
-  std::string all =
-      All(settings.ModemLogFile, settings.ModemLogDir, settings.MaxServices, settings.UsedServices,
-          settings.MaxConnections, settings.MaxConnectDays, settings.NoDisconDuration, settings.NoDisconData,
-          settings.MaxLogSize, settings.PreferredModem, settings.UserStartPref, settings.UserStartDate,
-          settings.UserStartOfWeek, settings.UserStartOfMonth, settings.UserReportPref,
-          windowSettings.MainWinWidth, windowSettings.MainWinHeight) +
-      All(settings.EditLog, settings.ShowErrors, settings.ShowToolbars, settings.FlatToolbars,
-          settings.ShowGraphic, settings.AutoOptimize, settings.ModemCheck, settings.Tips) +
-      All(settings.ModemDial, settings.ModemAnswer, settings.ModemConnect, settings.ModemUserDisconnect,
-          settings.ModemHostDisconnect, settings.ModemReads, settings.ModemWrites) +
-      All(settings.CalcCosts, settings.DialCost, settings.CostPerHour, settings.CostPerMeg) +
-      All(v.SaveSettings, v.FontName, v.FontSize, v.FontBold, v.FontItalic, v.WinHeight, v.WinWidth,
-          v.WinState) +
-      All(windowSettings.SaveReportSettings, windowSettings.ReportListView, windowSettings.ReportAutoArrange,
-          settings.ForceAMPM) +
-      Fields(windowSettings.SummaryViewSettings) + Fields(windowSettings.DetailViewSettings) +
-      All(settings.UsedHolidays, settings.Holidays[0], settings.Holidays[1], settings.WarningSoundFile);
-  for (const RecentFile& f : windowSettings.RecentFiles)
-    all += All(f.RecentFileName, f.RecentFilePath, f.RecentFileType);
-  for (int i = 0; i < settings.UsedServices; ++i) {
-    all += Fields(settings.Services[i]);
-    for (int k = 0; k < settings.Services[i].UsedTariffs; ++k) all += Fields(settings.Services[i].Tariffs[k]);
+std::string Fields(const Settings& s, const WindowSettings& w) {
+  const ViewLogRecord& v = w.ViewLogSettings;
+  std::string all = All(s.ModemLogFile, s.ModemLogDir, s.MaxServices, s.UsedServices, s.MaxConnections,
+                        s.MaxConnectDays, s.NoDisconDuration, s.NoDisconData, s.MaxLogSize, s.PreferredModem,
+                        s.UserStartPref, s.UserStartDate, s.UserStartOfWeek, s.UserStartOfMonth,
+                        s.UserReportPref, w.MainWinWidth, w.MainWinHeight) +
+                    All(s.EditLog, s.ShowErrors, s.ShowToolbars, s.FlatToolbars, s.ShowGraphic,
+                        s.AutoOptimize, s.ModemCheck, s.Tips) +
+                    All(s.ModemDial, s.ModemAnswer, s.ModemConnect, s.ModemUserDisconnect,
+                        s.ModemHostDisconnect, s.ModemReads, s.ModemWrites) +
+                    All(s.CalcCosts, s.DialCost, s.CostPerHour, s.CostPerMeg) +
+                    All(v.SaveSettings, v.FontName, v.FontSize, v.FontBold, v.FontItalic, v.WinHeight,
+                        v.WinWidth, v.WinState) +
+                    All(w.SaveReportSettings, w.ReportListView, w.ReportAutoArrange, s.ForceAMPM) +
+                    Fields(w.SummaryViewSettings) + Fields(w.DetailViewSettings) +
+                    All(s.UsedHolidays, s.Holidays[0], s.Holidays[1], s.WarningSoundFile);
+  for (const RecentFile& f : w.RecentFiles) all += All(f.RecentFileName, f.RecentFilePath, f.RecentFileType);
+  for (int i = 0; i < s.UsedServices; ++i) {
+    all += Fields(s.Services[i]);
+    for (int k = 0; k < s.Services[i].UsedTariffs; ++k) all += Fields(s.Services[i].Tariffs[k]);
   }
   return all;
 }
@@ -91,8 +86,13 @@ struct SettingsTest : FreshProgram {
   }
 };
 
+std::string Stored(const std::string& key, const std::string& name) {
+  return TextOf(QueryValue(Registry, SettingsRoot, key, name));
+}
+
 TEST_F(SettingsTest, AFirstRunHasTheDefaults) {
-  EXPECT_EQ(Fields(), ReadWholeFile(QEL_SOURCE_DIR "/tests/settings/Defaults.memory"));
+  EXPECT_EQ(Fields(settings, windowSettings),
+            ReadWholeFile(QEL_SOURCE_DIR "/tests/settings/Defaults.memory"));
 }
 
 TEST_F(SettingsTest, NoDisconDataOfZeroMakesEveryStartDirty) {
@@ -114,8 +114,7 @@ TEST_F(SettingsTest, WindowSettingsAreStoredOnlyWhileTheyAreToBeSaved) {
     windowSettings.ViewLogSettings.SaveSettings = viewer;
     windowSettings.SaveReportSettings = report;
     WriteUserParameters(Registry, settings, windowSettings);
-    EXPECT_EQ(TextOf(QueryValue(Registry, SettingsRoot, SettingsKey + std::string(key), "ForceAMPM")), "-1")
-        << key;
+    EXPECT_EQ(Stored(SettingsKey + std::string(key), "ForceAMPM"), "-1") << key;
   }
   windowSettings.ViewLogSettings.SaveSettings = windowSettings.SaveReportSettings = Option(false);
   StoreAndRestart();
@@ -127,7 +126,8 @@ TEST_F(SettingsTest, EveryFieldHasItsOwnPlaceInMemoryAndInTheStore) {
   folder.Put("registry.reg", file);
   Registry.Open(folder.Path("registry.reg"), RegistryStore::Access::Shared);
   Restart();
-  EXPECT_EQ(Fields(), ReadWholeFile(QEL_SOURCE_DIR "/tests/settings/EveryField.memory"));
+  EXPECT_EQ(Fields(settings, windowSettings),
+            ReadWholeFile(QEL_SOURCE_DIR "/tests/settings/EveryField.memory"));
   EXPECT_TRUE(host.messages.empty());
 
   settings.GraphicsAvailable = true;
@@ -227,14 +227,12 @@ TEST_F(SettingsTest, ThreeProgramsThatAddInTurnKeepAllThatWasAdded) {
 }
 
 TEST_F(SettingsTest, AValueNameThatTwoServicesShareLosesNeither) {
+  const std::string services = std::string(SettingsKey) + "\\Services";
   const auto rates = [] {
     std::string all;
     for (int i = 0; i < settings.UsedServices; ++i)
       all += All(settings.Services[i].FlexRate, settings.Services[i].FlexRate2);
     return all;
-  };
-  const auto stored = [](const std::string& name) {
-    return TextOf(QueryValue(Registry, SettingsRoot, std::string(SettingsKey) + "\\Services", name));
   };
   settings.MaxServices = 250;
   settings.Services.Make(settings.MaxServices);
@@ -248,9 +246,9 @@ TEST_F(SettingsTest, AValueNameThatTwoServicesShareLosesNeither) {
     settings.UsedServices = used;
     StoreAndRestart();
     EXPECT_EQ(rates(), before.substr(0, rates().size())) << used;
-    EXPECT_EQ(stored("FlexRate21"), used > 20 ? "210000" : "10010000") << "as it always was";
-    EXPECT_EQ(stored("FlexRate2-1"), used > 20 ? "10010000" : "");
-    EXPECT_EQ(stored("FlexRate2-2"), used > 21 ? "10020000" : "");
+    EXPECT_EQ(Stored(services, "FlexRate21"), used > 20 ? "210000" : "10010000") << "as it always was";
+    EXPECT_EQ(Stored(services, "FlexRate2-1"), used > 20 ? "10010000" : "");
+    EXPECT_EQ(Stored(services, "FlexRate2-2"), used > 21 ? "10020000" : "");
   }
   // A file of a program that knows no other names.
   settings.UsedServices = 21;
@@ -309,12 +307,9 @@ TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
   Restart();
   EXPECT_EQ(std::tuple(settings.UsedServices, settings.UsedHolidays, settings.WarningSoundFile),
             std::tuple(11, 100, "a.wav"));
-  const auto stored = [&](const std::string& key, const std::string& name) {
-    return TextOf(QueryValue(Registry, SettingsRoot, key, name));
-  };
   WriteUserParameters(Registry, settings, windowSettings);
   EXPECT_EQ(
-      stored(general, "UsedServices") + stored(services, "UsedTariffs13") + stored(days, "UsedHolidays"),
+      Stored(general, "UsedServices") + Stored(services, "UsedTariffs13") + Stored(days, "UsedHolidays"),
       "1412101");
   --settings.UsedServices;  // the last one in sight is deleted
   WriteUserParameters(Registry, settings, windowSettings);
@@ -325,8 +320,8 @@ TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
       std::tuple(13, "S10", "S12"));
   EXPECT_EQ(std::tuple(settings.Services[11].PerMeg, settings.Services[12].PerMeg, settings.WarningSoundFile),
             std::tuple(13, 14, "a.wav"));
-  EXPECT_EQ(stored(services, "UsedTariffs12"), "12");
-  EXPECT_EQ(stored(services, "Tariff12-12After"), "12");
+  EXPECT_EQ(Stored(services, "UsedTariffs12"), "12");
+  EXPECT_EQ(Stored(services, "Tariff12-12After"), "12");
 }
 
 TEST(SaveRegistry, ThatItCannotWriteIsToldOnce) {

@@ -3,7 +3,6 @@
 
 #include "journeys/Script.h"
 #include "platform/Host.h"
-#include "settings/Settings.h"
 #include "settings/StoredValues.h"
 #include "support/AnsweringHost.h"
 #include "support/FailingDisk.h"
