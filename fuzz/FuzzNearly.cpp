@@ -97,8 +97,11 @@ MadeLog MakeLog(Choices& choices) {
   return log;
 }
 
-// The sums of an export's columns.
-std::map<std::string, double> Sums(const std::string& csv, bool mayBeNegative) {
+// The sums of an export's columns. A cost is negative where the free time counted for a connection is longer
+// than the connection: one of no duration counts as one over midnight.
+std::map<std::string, double> Sums(const std::string& csv, bool runsBackwards) {
+  bool freeTime = false;
+  for (int i = 0; i < settings.UsedServices; ++i) freeTime = freeTime || settings.Services[i].FreePeriod;
   std::vector<std::string> titles;
   std::map<std::string, double> sums;
   std::string cell;
@@ -111,7 +114,8 @@ std::map<std::string, double> Sums(const std::string& csv, bool mayBeNegative) {
       continue;
     }
     if (isTitle) titles.push_back(cell.substr(0, cell.find('\r')));
-    Check(mayBeNegative || !cell.starts_with('-'), "nothing is negative");
+    Check(runsBackwards || !cell.starts_with('-') || (freeTime && titles.at(column).ends_with("_cost")),
+          "nothing is negative");
     sums[titles.at(column++)] += std::atof(cell.c_str());
     cell.clear();
     if (c == '\n') isTitle = (column = 0);
