@@ -10,7 +10,6 @@
 
 #include "analysis/Analyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/ProgramState.h"
 #include "makelog/WriteLog.h"
 #include "modemlog/LogExamination.h"
 #include "platform/Files.h"

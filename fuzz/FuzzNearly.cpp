@@ -9,7 +9,6 @@
 #include "modemlog/LogExamination.h"
 #include "reports/ReportExport.h"
 #include "settings/Settings.h"
-#include "support/ProcessNow.h"
 #include "values/FormatMask.h"
 
 namespace qel {
@@ -124,8 +123,8 @@ std::map<std::string, double> Sums(const std::string& csv, bool runsBackwards) {
 }
 
 void CheckReports(bool runsBackwards) {
-  auto summary = Sums(ExportSummary(NowReported(), ExportFormat::Csv), runsBackwards);
-  const std::string details = ExportDetails(NowReported(), ExportFormat::Csv);
+  auto summary = Sums(ExportSummary(session->Reported(), ExportFormat::Csv), runsBackwards);
+  const std::string details = ExportDetails(session->Reported(), ExportFormat::Csv);
   auto parts = Sums(details, runsBackwards);
   const auto connections = static_cast<double>(std::ranges::count(details, '\n')) - 1;
   Check(summary["sessions"] == connections, "each connection is a session");

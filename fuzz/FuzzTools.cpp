@@ -3,7 +3,6 @@
 // to keep.
 
 #include "FuzzedProgram.h"
-#include "core/ProgramState.h"
 #include "maintenance/ClearAndArchive.h"
 #include "maintenance/Optimize.h"
 #include "maintenance/Purge.h"
@@ -29,8 +28,8 @@ struct Plan {
         to(from + choices.Below(4)) {}
 
   void Run() const {
-    if (tool == Purge) return DoPurge(from, to);
-    if (tool == Optimize) return DoOptimize();
+    if (tool == Purge) return DoPurge(session->InHand(), from, to);
+    if (tool == Optimize) return DoOptimize(session->InHand(), settings, logFile.ArchiveOpen);
     ReasonOfFailure([this] {
       if (tool == Clear) return ClearLog(std::nullopt);
       LogRepair repair(CurrentDisplay());

@@ -6,7 +6,7 @@
 
 #include "analysis/Analyse.h"
 #include "analysis/ReportPeriod.h"
-#include "core/ProgramState.h"
+#include "core/Places.h"
 #include "core/ShownDates.h"
 #include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
@@ -19,13 +19,12 @@
 #include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
 #include "settings/UserParameters.h"
-#include "support/ProcessNow.h"
 
 namespace qel {
 
 FuzzedProgram::FuzzedProgram() {
   std::cerr.rdbuf(nullptr);
-  Region = GetCurrencySymbolInfo(Registry);
+  Region = GetCurrencySymbolInfo(store);
   StopClockAt(DateSerial(1999, 1, 15));
   places.AppPath = "/app";
   SetDefaults();
@@ -36,7 +35,7 @@ void FuzzedProgram::OpenLog(std::string_view log) {
   Memory.Empty();
   Memory.PutFolder("/app");
   Memory.Put("/app/log.txt", log);
-  SetCurrentLog("/app/", "log.txt");
+  session->SetCurrentLog("/app/", "log.txt");
 }
 
 void SetDefaults() {
@@ -58,7 +57,7 @@ void SetDefaults() {
 }
 
 bool AnalyseAll(int firstDay, int lastDay) {
-  Examine(LogHealth::Unknown);
+  session->Examine(LogHealth::Unknown);
   if (findings.LogEmpty || findings.LogInvalid || findings.LogCorrupt) return false;
   PeriodFields fields(period, logFile, findings);
   fields.SetStarting(format_date(findings.FirstEntryDate + firstDay));
@@ -71,23 +70,23 @@ bool AnalyseAll(int firstDay, int lastDay) {
 
 std::string ReportIn(std::size_t form) {
   static constexpr std::string (*Forms[])() = {
-      [] { return DisplaySummaryReport(NowReported()).ReportText; },
-      [] { return DisplayDetailReport(NowReported()).ReportText; },
-      [] { return ExportSummary(NowReported(), ExportFormat::Csv); },
-      [] { return ExportDetails(NowReported(), ExportFormat::Csv); },
-      [] { return ExportSummary(NowReported(), ExportFormat::Json); },
+      [] { return DisplaySummaryReport(session->Reported()).ReportText; },
+      [] { return DisplayDetailReport(session->Reported()).ReportText; },
+      [] { return ExportSummary(session->Reported(), ExportFormat::Csv); },
+      [] { return ExportDetails(session->Reported(), ExportFormat::Csv); },
+      [] { return ExportSummary(session->Reported(), ExportFormat::Json); },
       [] {
-        return ExportDetails(NowReported(), ExportFormat::Json) +
+        return ExportDetails(session->Reported(), ExportFormat::Json) +
                ExportStatistics(logFile, findings, ExportFormat::Json);
       },
       [] {
         return ExportStatistics(logFile, findings, ExportFormat::Csv) + StatisticsPage(logFile, findings);
       },
-      [] { return SummaryPage(NowReported(), logFile); },
-      [] { return DetailsPage(NowReported(), logFile); },
+      [] { return SummaryPage(session->Reported(), logFile); },
+      [] { return DetailsPage(session->Reported(), logFile); },
       [] {
         std::string text;
-        for (const auto& line : SummaryDifferences(NowReported())) text += line;
+        for (const auto& line : SummaryDifferences(session->Reported())) text += line;
         return text;
       },
   };

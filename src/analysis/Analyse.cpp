@@ -10,8 +10,6 @@
 
 namespace qel {
 
-AnalysisResult analysis;
-
 namespace {
 
 void TellIncompleteTariffs() {

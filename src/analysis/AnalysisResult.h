@@ -65,6 +65,4 @@ struct AnalysisResult {
   bool SummaryBuilt = false, DetailBuilt = false;  // which reports show this result already
 };
 
-extern AnalysisResult analysis;  // of the running program
-
 }  // namespace qel

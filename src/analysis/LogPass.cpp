@@ -181,7 +181,7 @@ void LogPass::TakeReads() {
   bool taken = false;
   Attempt([&] {
     if (!BelongsToLastConnection()) return;
-    bytes = GetReadBytes(CurrentLine);
+    bytes = GetReadBytes(settings, CurrentLine);
     taken = true;
   });
   if (!taken) return;
@@ -199,7 +199,7 @@ void LogPass::TakeWrites() {
   TakeLineTime();
   Attempt([this] {
     if (!BelongsToLastConnection()) return;
-    const Int32 bytes = GetWriteBytes(CurrentLine);
+    const Int32 bytes = GetWriteBytes(settings, CurrentLine);
     Connection().Notes += WrittenNote(bytes);
     Connection().BytesWritten = bytes;
   });

@@ -5,8 +5,6 @@
 
 namespace qel {
 
-Period period;
-
 const std::array<StatusMessage, 16> StatusMessages = {{
     {"", false, false},
     {"Enter the starting date for the report by clicking on the calendar or typing.", false, false},

@@ -18,8 +18,6 @@ struct Period {
   Int16 PeriodDays;                     // both ends counted
 };
 
-extern Period period;  // of the running program
-
 // A line for the status bar. The complaints are bold and stand for some seconds.
 struct StatusMessage {
   const char* Text;

@@ -3,48 +3,50 @@
 #include <cerrno>
 
 #include "cli/CommandLineHost.h"
-#include "modemlog/LogExamination.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Files.h"
-#include "settings/Settings.h"
 
 namespace qel {
 
 namespace {
 
-bool Refuse(const std::string& why) {
+bool Refuse(const LogFile& logFile, const std::string& why) {
   Complain(ShownPath(logFile.CurrentLogPath) + ": " + why);
   return false;
 }
 
-bool CanBeRead() {
+bool CanBeRead(const LogFile& logFile) {
   if (IsStream(logFile.CurrentLogPath))
-    return Refuse("cannot read the log: it must be a file, no pipe or device");
+    return Refuse(logFile, "cannot read the log: it must be a file, no pipe or device");
   try {
     LineReader file(logFile.CurrentLogPath);
     file.Close();
     return true;
   } catch (const RunTimeError& error) {
     const bool missingDefault = !logFile.ArchiveOpen && error.SystemError() == ENOENT;
-    return Refuse(missingDefault ? "there is no modem log here; name one with --log FILE"
-                                 : "cannot read the log: " + ReasonOf(error));
+    return Refuse(logFile, missingDefault ? "there is no modem log here; name one with --log FILE"
+                                          : "cannot read the log: " + ReasonOf(error));
   }
 }
 
 }  // namespace
 
-bool SelectLog(const std::optional<std::string>& named) {
+bool SelectLog(Session& session, const std::optional<std::string>& named) {
+  LogFile& logFile = session.logFile;
+  const LogFindings& findings = session.findings;
   if (named)
-    SetCurrentLog(*named);
+    session.SetCurrentLog(*named);
   else
-    SetCurrentLog(settings.ModemLogDir, settings.ModemLogFile);
+    session.SetCurrentLog(session.settings.ModemLogDir, session.settings.ModemLogFile);
   logFile.ArchiveOpen = named.has_value();
-  if (!CanBeRead()) return false;
-  Examine(logFile.ArchiveOpen ? LogHealth::Sound : LogHealth::Unknown);
-  if (findings.LogCorrupt) return Refuse("the log is corrupt: it holds a byte that no text log can hold");
-  if (findings.LogEmpty) return Refuse("the log is empty");
-  if (findings.LogInvalid) return Refuse("this is no modem log: its first or last entry has no date");
-  if (!logFile.ArchiveOpen) ShowLogTooBig();
+  if (!CanBeRead(logFile)) return false;
+  session.Examine(logFile.ArchiveOpen ? LogHealth::Sound : LogHealth::Unknown);
+  if (findings.LogCorrupt)
+    return Refuse(logFile, "the log is corrupt: it holds a byte that no text log can hold");
+  if (findings.LogEmpty) return Refuse(logFile, "the log is empty");
+  if (findings.LogInvalid)
+    return Refuse(logFile, "this is no modem log: its first or last entry has no date");
+  if (!logFile.ArchiveOpen) ShowLogTooBig(findings);
   return true;
 }
 

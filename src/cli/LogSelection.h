@@ -4,10 +4,12 @@
 #include <optional>
 #include <string>
 
+#include "session/Session.h"
+
 namespace qel {
 
 // Takes the named file as an opened archive, or else the default log of the settings after the test for
 // corruption, and gathers its statistics. False with a complaint where there is nothing to report on.
-bool SelectLog(const std::optional<std::string>& named);
+bool SelectLog(Session& session, const std::optional<std::string>& named);
 
 }  // namespace qel

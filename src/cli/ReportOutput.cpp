@@ -5,8 +5,7 @@
 #include <utility>
 
 #include "cli/CommandLineHost.h"
-#include "core/ProgramState.h"
-#include "modemlog/LogFile.h"
+#include "core/Places.h"
 #include "platform/Files.h"
 #include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"
@@ -28,7 +27,7 @@ ExportFormat ExportFormatOf(OutputFormat format) {
   return format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
 }
 
-std::string StatisticsText() {
+std::string StatisticsText(const LogFile& logFile, const LogFindings& findings) {
   std::string text;
   for (const auto& figure : LogStatistics(logFile, findings))
     text += figure.Name + ": " + figure.Value + NewLine;
@@ -37,9 +36,10 @@ std::string StatisticsText() {
 
 }  // namespace
 
-std::string ReportOutput(ReportKind report, OutputFormat format) {
+std::string ReportOutput(Session& session, ReportKind report, OutputFormat format) {
   const bool summary = report == ReportKind::Summary;
-  const ReportOf of(analysis, settings, period);
+  const ReportOf of = session.Reported();
+  const LogFile& logFile = session.logFile;
   if (format == OutputFormat::Html) return summary ? SummaryPage(of, logFile) : DetailsPage(of, logFile);
   if (format != OutputFormat::Text) {
     const ExportFormat as = ExportFormatOf(format);
@@ -49,13 +49,15 @@ std::string ReportOutput(ReportKind report, OutputFormat format) {
   return ToCleanUtf8(document.ReportText += NewLine);
 }
 
-std::string StatisticsOutput(OutputFormat format) {
-  if (format == OutputFormat::Text) return StatisticsText();
+std::string StatisticsOutput(const Session& session, OutputFormat format) {
+  const LogFile& logFile = session.logFile;
+  const LogFindings& findings = session.findings;
+  if (format == OutputFormat::Text) return StatisticsText(logFile, findings);
   return format == OutputFormat::Html ? StatisticsPage(logFile, findings)
                                       : ExportStatistics(logFile, findings, ExportFormatOf(format));
 }
 
-bool MayWriteTo(const std::string& path, const std::optional<std::string>& settings) {
+bool MayWriteTo(const std::string& path, const LogFile& logFile, const std::optional<std::string>& settings) {
   const std::string read[] = {logFile.CurrentLogPath, settings.value_or(SettingsStorePath())};
   for (const auto& file : read)
     if (IsSameFile(path, file)) {

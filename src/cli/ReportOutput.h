@@ -5,17 +5,18 @@
 #include <string>
 
 #include "cli/Arguments.h"
+#include "session/Session.h"
 
 namespace qel {
 
 // The report of the latest analysis; as text, character for character what the report window saves.
-std::string ReportOutput(ReportKind report, OutputFormat format);
+std::string ReportOutput(Session& session, ReportKind report, OutputFormat format);
 
-// The statistics of the current log.
-std::string StatisticsOutput(OutputFormat format);
+// The statistics of the log in hand.
+std::string StatisticsOutput(const Session& session, OutputFormat format);
 
 // False with a complaint where writing to `path` would destroy the log or the settings that the run reads.
-bool MayWriteTo(const std::string& path, const std::optional<std::string>& settings);
+bool MayWriteTo(const std::string& path, const LogFile& logFile, const std::optional<std::string>& settings);
 
 // Writes to the file, which keeps its old content until the new one is whole, or to standard output. False
 // with a complaint where that fails.

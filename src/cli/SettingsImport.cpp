@@ -2,10 +2,9 @@
 
 #include <string>
 
-#include "analysis/ResetProgram.h"
 #include "cli/CommandLineHost.h"
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
+#include "core/Places.h"
 #include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"
 #include "settings/SettingsExchange.h"
@@ -19,8 +18,8 @@ std::string Counted(int count, const char* noun) {
   return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-void TellSetAsideStores() {
-  for (const auto& file : Registry.TakeSetAside())
+void TellSetAsideStores(RegistryStore& store) {
+  for (const auto& file : store.TakeSetAside())
     Complain(ShownPath(file.Path) + " could not be read (" + file.Why + "); it is kept as " +
              ShownPath(file.KeptAs));
 }
@@ -28,13 +27,12 @@ void TellSetAsideStores() {
 }  // namespace
 
 bool ImportSettings(const std::string& path) {
-  ResetProgram();
-  const std::string store = SettingsStorePath();
+  const std::string storePath = SettingsStorePath();
   // Times in the file are judged by the regional values. Those of a store that cannot be read are the
   // locale's; opening it to write decides about such a store, but only for a file that will be taken.
-  Registry.Reset();
-  IgnoreErrors([&] { Registry.Open(store, RegistryStore::Access::ReadOnly); });
-  Region = GetCurrencySymbolInfo(Registry);
+  RegistryStore store;
+  IgnoreErrors([&] { store.Open(storePath, RegistryStore::Access::ReadOnly); });
+  Region = GetCurrencySymbolInfo(store);
   std::string why;
   const auto file = FindSettingsFile(path, why);
   if (!file) {
@@ -42,13 +40,13 @@ bool ImportSettings(const std::string& path) {
     return false;
   }
   try {
-    Registry.Open(store, RegistryStore::Access::Shared);
-    ImportOptions(Registry, *file);
-    Registry.Flush();
-    TellSetAsideStores();
+    store.Open(storePath, RegistryStore::Access::Shared);
+    ImportOptions(store, *file);
+    store.Flush();
+    TellSetAsideStores(store);
   } catch (const RunTimeError& error) {
-    TellSetAsideStores();
-    Complain("cannot write the settings to " + ShownPath(store) + ": " + ReasonOf(error));
+    TellSetAsideStores(store);
+    Complain("cannot write the settings to " + ShownPath(storePath) + ": " + ReasonOf(error));
     return false;
   }
   Complain(ShownPath(path) + ": imported " + Counted(file->Values, "value") + " in " +

@@ -1,8 +1,9 @@
 #include "core/ErrorHandler.h"
 
-#include "core/ProgramState.h"
+#include "core/OSVersion.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
+#include "values/CodePage.h"
 
 namespace qel {
 
@@ -71,7 +72,7 @@ std::string TraceLines() {
 }
 
 std::string EndOfFileTrace() {
-  return TraceLines() + "Verion: " + VersionText() + NewLine + "OS: " + places.OSName + NewLine;
+  return TraceLines() + "Verion: " + VersionText() + NewLine + "OS: " + OSVersion() + NewLine;
 }
 
 std::string ReportOf(const RunTimeError& error) {
@@ -81,7 +82,7 @@ std::string ReportOf(const RunTimeError& error) {
          MailAddress + "." + NewLine + NewLine + "Error code: " + std::to_string(error.Number()) + NewLine +
          "Description: " + error.Description() + NewLine +
          "Last DLL Error: " + std::to_string(error.SystemError()) + NewLine + TraceLines() +
-         "Version: " + VersionText() + NewLine + "OS: " + places.OSName + NewLine;
+         "Version: " + VersionText() + NewLine + "OS: " + OSVersion() + NewLine;
 }
 
 std::string ClosingParagraph() {

@@ -1,9 +1,7 @@
 #include "maintenance/ClearAndArchive.h"
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "maintenance/LogRewrite.h"
-#include "modemlog/LogFile.h"
 #include "modemlog/LogLine.h"
 #include "modemlog/NewLog.h"
 #include "values/CodePage.h"
@@ -21,16 +19,16 @@ ArchiveTry SaveArchive(const std::string& path, const std::string& text, const s
   return {log, read, failure};
 }
 
-std::string DoubtAboutClearing(const ArchiveTry& last) {
-  if (last.Log != logFile.CurrentLogPath) return "";
+std::string DoubtAboutClearing(const std::string& log, const ArchiveTry& last) {
+  if (last.Log != log) return "";
   if (!last.Failure.empty()) return "The log was not saved as an archive:\n" + last.Failure;
   bool grown = false;
-  IgnoreErrors([&] { grown = StampOf(logFile.CurrentLogPath) != last.Text; });
+  IgnoreErrors([&] { grown = StampOf(log) != last.Text; });
   return grown ? "The log has changed since the text that you saved as an archive was read." : "";
 }
 
-void ClearLog(const std::optional<FileStamp>& seen) {
-  WriteLog(logFile.CurrentLogPath, NewLogEntry(), seen ? *seen : StampOf(logFile.CurrentLogPath));
+void ClearLog(const std::string& log, const std::optional<FileStamp>& seen) {
+  WriteLog(log, NewLogEntry(), seen ? *seen : StampOf(log));
 }
 
 }  // namespace qel

@@ -19,12 +19,12 @@ struct ArchiveTry {
 ArchiveTry SaveArchive(const std::string& path, const std::string& text, const std::string& log,
                        const FileStamp& read);
 
-// What speaks against clearing the current log behind the last try to save one: that it could not be saved,
-// or has changed since. "" where nothing does.
-std::string DoubtAboutClearing(const ArchiveTry& last);
+// What speaks against clearing a log behind the last try to save one: that it could not be saved, or has
+// changed since. "" where nothing does.
+std::string DoubtAboutClearing(const std::string& log, const ArchiveTry& last);
 
-// Puts a log of one entry in the place of the current one, if that is as it was `seen`, or as it is now.
-// Raises as WriteLog does.
-void ClearLog(const std::optional<FileStamp>& seen);
+// Puts a log of one entry in the place of `log`, if that is as it was `seen`, or as it is now. Raises as
+// WriteLog does.
+void ClearLog(const std::string& log, const std::optional<FileStamp>& seen);
 
 }  // namespace qel

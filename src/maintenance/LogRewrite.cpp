@@ -3,11 +3,10 @@
 #include <iostream>
 #include <limits>
 #include <new>
+#include <utility>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogFile.h"
 #include "platform/Files.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
@@ -16,13 +15,13 @@ namespace qel {
 
 namespace {
 
-void RewriteLog(const LogTool& tool, const LineRule& rule) {
-  RefuseOwnFile({tool.WorkingName, tool.SafetyCopyName});
-  LogRewrite rewrite(tool.WorkingName, tool.SafetyCopyName);
+void RewriteLog(const LogTool& tool, const LogInHand& inHand, const LineRule& rule) {
+  inHand.RefuseOwnFile({tool.WorkingName, tool.SafetyCopyName});
+  LogRewrite rewrite(inHand, tool.WorkingName, tool.SafetyCopyName);
   CloseAllFiles();
   PercentDone done(CurrentDisplay(), std::string("Please Wait .....") + tool.Doing + "  ");
-  rewrite.WriteLines(logFile.CurrentLogPath, rule, [&done](Int16 lines, std::int64_t) {
-    if (findings.LogEntries > 0) done.Tell(lines, static_cast<double>(findings.LogEntries));
+  rewrite.WriteLines(inHand.Log, rule, [&](Int16 lines, std::int64_t) {
+    if (inHand.Entries > 0) done.Tell(lines, static_cast<double>(inHand.Entries));
   });
   rewrite.PutInPlace();
 }
@@ -39,7 +38,13 @@ void TellFailure(const LogTool& tool) {
 
 }  // namespace
 
-WorkingFile::WorkingFile(const char* name) : Path(WorkingPath(name)) {
+void LogInHand::RefuseOwnFile(std::initializer_list<const char*> names) const {
+  for (const char* name : names)
+    if (IsSameFile(Log, WorkingPath(name)))
+      throw LogFailure(PermissionDenied, "the log is one of QEL's own working files");
+}
+
+WorkingFile::WorkingFile(std::string path) : Path(std::move(path)) {
   if (PathExists(Path)) RemoveFile(Path);
 }
 
@@ -56,11 +61,11 @@ void PercentDone::Tell(double part, double whole) {
   CurrentHost().Yield();
 }
 
-LogRewrite::LogRewrite(const char* workingName, const char* safetyCopyName)
-    : safetyCopy(WorkingPath(safetyCopyName)),
-      lock(WorkingPath(LockName)),
-      swap(logFile.CurrentLogPath),
-      working(workingName) {}
+LogRewrite::LogRewrite(const LogInHand& inHand, const char* workingName, const char* safetyCopyName)
+    : safetyCopy(inHand.WorkingPath(safetyCopyName)),
+      lock(inHand.WorkingPath(LockName)),
+      swap(inHand.Log),
+      working(inHand.WorkingPath(workingName)) {}
 
 void LogRewrite::WriteLines(const std::string& from, const LineRule& rule, const LineCounted& counted) {
   LineReader lines(from);
@@ -81,9 +86,9 @@ void LogRewrite::WriteLines(const std::string& from, const LineRule& rule, const
 
 void LogRewrite::PutInPlace() { swap.PutInPlace(working.Path, safetyCopy); }
 
-void RunTool(const LogTool& tool, const LineRule& rule) {
+void RunTool(const LogTool& tool, const LogInHand& inHand, const LineRule& rule) {
   CurrentDisplay().ShowProgress(true);
-  if (const std::string reason = ReasonOfFailure([&] { RewriteLog(tool, rule); }); !reason.empty()) {
+  if (const std::string reason = ReasonOfFailure([&] { RewriteLog(tool, inHand, rule); }); !reason.empty()) {
     CurrentDisplay().WorkFailed(reason);
     TellFailure(tool);
   }

@@ -1,9 +1,10 @@
-// The one way in which repair, purge and optimizing rewrite the current log: line by line, each by a rule of
-// its own, into a working file in the program's folder, which then takes the log's place.
+// The one way in which repair, purge and optimizing rewrite a log: line by line, each by a rule of its own,
+// into a working file in the program's folder, which then takes the log's place.
 #pragma once
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,11 +19,28 @@ namespace qel {
 // Held while one of the program's working files is in use.
 inline constexpr char LockName[] = "ModemLog.lock";
 
+// Safety copies of the default log and of an archive, in the program's folder: the state before the latest
+// rewrite.
+inline constexpr char SafetyCopyName[] = "ModemLog.old";
+inline constexpr char ArchiveSafetyCopyName[] = "ModemLogArchive.old";
+
+// What a tool works on.
+struct LogInHand {
+  std::string Log;     // path
+  std::string Folder;  // the program's own, where its working files and safety copies lie
+  float Entries = 0;   // of the log, as far as known: what the progress is measured by
+
+  std::string WorkingPath(const std::string& name) const { return Folder + PathSeparator + name; }
+  // Raises 70 where the log is, by whatever links, one of the program's own files of these names: the tool
+  // that writes them would write over what it reads.
+  void RefuseOwnFile(std::initializer_list<const char*> names) const;
+};
+
 // A file of the tools in the program's folder, that nobody but its owner reads. What an earlier run left is
 // removed at the beginning, and what is not in its place by then, at the end.
 class WorkingFile {
  public:
-  explicit WorkingFile(const char* name);
+  explicit WorkingFile(std::string path);
   ~WorkingFile();
   WorkingFile(const WorkingFile&) = delete;
   WorkingFile& operator=(const WorkingFile&) = delete;
@@ -57,11 +75,11 @@ using LineRule = std::function<std::optional<std::string>(std::string_view line)
 // Told behind each line how many lines and bytes have been read, each line's end counted as two bytes.
 using LineCounted = std::function<void(Int16 lines, std::int64_t bytes)>;
 
-// One rewrite of the current log. While this lives, no other QEL rewrites it.
+// One rewrite of a log. While this lives, no other QEL rewrites it.
 class LogRewrite {
  public:
   // Both files lie in the program's folder. Raises as LogSwap does.
-  LogRewrite(const char* workingName, const char* safetyCopyName);
+  LogRewrite(const LogInHand& inHand, const char* workingName, const char* safetyCopyName);
 
   // Writes the lines of `from` that `rule` keeps, each with CR LF, to the working file. Raises 6 for more
   // than 32767 lines, and the disk's errors.
@@ -88,10 +106,10 @@ struct LogTool {
   const char* FailureText;
 };
 
-// Runs one of these tools on the current log and tells the display of its progress. A failure leaves the log
+// Runs one of these tools on a log and tells the display of its progress. A failure leaves the log
 // as it was and is told in a message box. More than 32767 lines are such a failure, and so are a log that is
 // written to meanwhile and one that is itself one of the tool's files.
-void RunTool(const LogTool& tool, const LineRule& rule);
+void RunTool(const LogTool& tool, const LogInHand& inHand, const LineRule& rule);
 
 // Does a tool's work: "" where it ran to its end, else why it failed, in one line of Windows-1252. Standard
 // error has a word of it.

@@ -4,9 +4,7 @@
 #include <iostream>
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogFile.h"
 #include "platform/SymbolicLinks.h"
 #include "values/CodePage.h"
 
@@ -87,14 +85,6 @@ bool Mend(const std::string& log) {
 }
 
 }  // namespace
-
-std::string WorkingPath(const std::string& name) { return places.AppPath + PathSeparator + name; }
-
-void RefuseOwnFile(std::initializer_list<const char*> names) {
-  for (const char* name : names)
-    if (IsSameFile(logFile.CurrentLogPath, WorkingPath(name)))
-      throw LogFailure(PermissionDenied, "the log is one of QEL's own working files");
-}
 
 std::string WhyItFailed(const RunTimeError& error) {
   if (const auto* failure = dynamic_cast<const LogFailure*>(&error)) return failure->Reason();

@@ -15,7 +15,6 @@
 //   missing  -             -/there       nothing of ours: the log was taken away by somebody else
 #pragma once
 
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,18 +22,6 @@
 #include "platform/Files.h"
 
 namespace qel {
-
-// Safety copies of the default log and of an archive, in the program's folder: the state before the latest
-// rewrite.
-inline constexpr char SafetyCopyName[] = "ModemLog.old";
-inline constexpr char ArchiveSafetyCopyName[] = "ModemLogArchive.old";
-
-// The path of a file in the program's folder.
-std::string WorkingPath(const std::string& name);
-
-// Raises 70 where the current log is, by whatever links, one of the program's own files of these names: the
-// tool that writes them would write over what it reads.
-void RefuseOwnFile(std::initializer_list<const char*> names);
 
 // A failure that the system has no words for.
 class LogFailure : public RunTimeError {

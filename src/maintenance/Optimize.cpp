@@ -1,10 +1,7 @@
 #include "maintenance/Optimize.h"
 
 #include "core/Surroundings.h"
-#include "maintenance/LogRewrite.h"
 #include "modemlog/LineClassifier.h"
-#include "modemlog/LogFile.h"
-#include "settings/Settings.h"
 #include "values/CodePage.h"
 
 namespace qel {
@@ -12,16 +9,16 @@ namespace qel {
 // Where a dialled number begins, counted from 0: behind date, time and the driver's words.
 static constexpr std::size_t NumberPlace = 25;
 
-void DoOptimize() {
+void DoOptimize(const LogInHand& inHand, const Settings& settings, bool isArchive) {
   SetTrace("QELOptimize", "DoOptimize");
   const LogTool optimize{.WorkingName = "ModemLog.opt",
-                         .SafetyCopyName = logFile.ArchiveOpen ? ArchiveSafetyCopyName : SafetyCopyName,
+                         .SafetyCopyName = isArchive ? ArchiveSafetyCopyName : SafetyCopyName,
                          .Doing = "Optimizing",
                          .Finished = "Finished Optimizing Modem Log File!",
                          .FailureTitle = "Optimization Failed",
                          .FailureText = "QEL was unable to optimize your modem log file!"};
   const LineClassifier classifier(settings);
-  RunTool(optimize, [&classifier](std::string_view line) -> std::optional<std::string> {
+  RunTool(optimize, inHand, [&classifier](std::string_view line) -> std::optional<std::string> {
     const unsigned classes = classifier.ClassesOf(line);
     if (line.empty() || classes == NoClass) return std::nullopt;
     std::string capitals = UpperCase(line);

@@ -1,7 +1,6 @@
 #include "maintenance/Repair.h"
 
 #include "core/Surroundings.h"
-#include "modemlog/LogFile.h"
 #include "modemlog/LogLine.h"
 #include "platform/Files.h"
 #include "values/CodePage.h"
@@ -22,34 +21,34 @@ std::optional<std::string> KeepDated(std::string_view line) {
 }
 
 // Bytes between two looks at how far the first pass is.
-Int16 UpdateInterval() {
+Int16 UpdateInterval(Int32 length) {
   constexpr int TooLong = 3276750;
-  if (findings.LogLength >= TooLong) throw LogFailure(Overflow, "the log is longer than 3,276,749 bytes");
-  return Int16(findings.LogLength / 100.0);
+  if (length >= TooLong) throw LogFailure(Overflow, "the log is longer than 3,276,749 bytes");
+  return Int16(length / 100.0);
 }
 
 }  // namespace
 
 void LogRepair::FixCorruption() {
   SetTrace("frmFileRepair", "FixCorruption");
-  RefuseOwnFile({CleanedName, RepairedName, SafetyCopyName});
-  rewrite.emplace(RepairedName, SafetyCopyName);
-  findings.LogLength = Int32(FileLength(logFile.CurrentLogPath));
-  const int interval = UpdateInterval();
+  inHand.RefuseOwnFile({CleanedName, RepairedName, SafetyCopyName});
+  rewrite.emplace(inHand, RepairedName, SafetyCopyName);
+  const Int32 length(FileLength(inHand.Log));
+  const int interval = UpdateInterval(length);
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   display.StatusText("Please Wait.... Reading Modem Log");
   CurrentHost().Yield();
-  const std::string log = ReadWholeFile(logFile.CurrentLogPath);
+  const std::string log = ReadWholeFile(inHand.Log);
   std::string kept;
   PercentDone done(display, "Repairing Modem Log......... ");
   int position = 0;
   for (const char byte : log) {
     if (IsKept(byte)) kept += byte;
-    if (++position; interval > 0 && position % interval == 0) done.Tell(position, int{findings.LogLength});
+    if (++position; interval > 0 && position % interval == 0) done.Tell(position, int{length});
   }
   if (kept.empty()) throw LogFailure(SubscriptOutOfRange, "the log holds nothing that could be kept");
   kept.pop_back();
-  WorkingFile cleaned(CleanedName);
+  WorkingFile cleaned(inHand.WorkingPath(CleanedName));
   FileWriter writer(cleaned.Path, WorkingFile::Mode);
   writer.Write(kept);
   writer.Close();
@@ -61,11 +60,10 @@ void LogRepair::FixCorruption() {
 void LogRepair::CheckEntries() {
   SetTrace("frmFileRepair", "CheckEntries");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  findings.LogLength = Int32(FileLength(logFile.CurrentLogPath));
+  const Int32 length(FileLength(inHand.Log));
   PercentDone done(display, "Checking Entries......... ");
-  rewrite->WriteLines(WorkingPath(CleanedName), KeepDated, [&done](Int16, std::int64_t bytes) {
-    done.Tell(static_cast<double>(bytes), int{findings.LogLength});
-  });
+  rewrite->WriteLines(inHand.WorkingPath(CleanedName), KeepDated,
+                      [&](Int16, std::int64_t bytes) { done.Tell(static_cast<double>(bytes), int{length}); });
   display.Progress(100);
   CurrentHost().Yield();
   rewrite->PutInPlace();

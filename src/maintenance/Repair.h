@@ -1,4 +1,4 @@
-// Repair of a log that holds bytes no text has, or lines without a date: two passes over the current log, by
+// Repair of a log that holds bytes no text has, or lines without a date: two passes over the log, by
 // way of working files in the program's folder.
 #pragma once
 
@@ -11,8 +11,8 @@ namespace qel {
 
 class LogRepair {
  public:
-  // `display` is told how far the repair is.
-  explicit LogRepair(Display& display) : display(display) {}
+  // `display` is told how far the repair is. Both must outlive it.
+  LogRepair(const LogInHand& inHand, Display& display) : inHand(inHand), display(display) {}
 
   // The first pass. Keeps the bytes 32 to 126, carriage returns and line feeds, and of these all but the
   // last. Raises 6 for a log of 3276750 bytes or more, 9 where nothing is left to keep, 70 for
@@ -24,6 +24,7 @@ class LogRepair {
   void CheckEntries();
 
  private:
+  const LogInHand& inHand;
   Display& display;
   std::optional<LogRewrite> rewrite;  // of the log as the first pass found it
 };

@@ -9,7 +9,6 @@
 #include "core/Surroundings.h"
 #include "modemlog/LogLine.h"
 #include "platform/Files.h"
-#include "settings/Settings.h"
 #include "values/NumberConversion.h"
 
 namespace qel {
@@ -20,9 +19,9 @@ bool IsTextByte(unsigned char byte) {
   return (byte >= 32 && byte < 127) || byte == 9 || byte == 10 || byte == 13;
 }
 
-void TakeLength() {
+Int32 LengthOf(const LogFile& logFile) {
   const auto length = FileLength(logFile.CurrentLogPath);
-  findings.LogLength = Int32(std::min<std::int64_t>(length, std::numeric_limits<std::int32_t>::max()));
+  return Int32(std::min<std::int64_t>(length, std::numeric_limits<std::int32_t>::max()));
 }
 
 void ShowLoading(int percent) {
@@ -31,28 +30,28 @@ void ShowLoading(int percent) {
 }
 
 // Tells the splash window at every multiple of the step between two positions.
-void ShowLoadingUpTo(int position, int before, int step) {
+void ShowLoadingUpTo(int position, int before, int step, Int32 length) {
   if (step < 1) return;
   for (int next = (before / step + 1) * step; next <= position; next += step)
-    ShowLoading(Int16(100.0 * next / findings.LogLength));
+    ShowLoading(Int16(100.0 * next / length));
 }
 
 // True where a byte before the last one of the file is none of a text.
-bool HoldsBadByte(bool showProgress, int step) {
+bool HoldsBadByte(const LogFile& logFile, Int32 length, bool showProgress, int step) {
   BlockReader file(logFile.CurrentLogPath);
-  auto left = static_cast<std::size_t>(findings.LogLength - 1);
+  auto left = static_cast<std::size_t>(length - 1);
   for (;;) {
     const std::string_view block = file.Next().substr(0, left);
     if (block.empty()) return false;
     if (!std::ranges::all_of(block, [](char c) { return IsTextByte(static_cast<unsigned char>(c)); }))
       return true;
     left -= block.size();
-    const int position = findings.LogLength - static_cast<int>(left);  // of the next byte, counted from 1
-    if (showProgress) ShowLoadingUpTo(position, position - static_cast<int>(block.size()), step);
+    const int position = length - static_cast<int>(left);  // of the next byte, counted from 1
+    if (showProgress) ShowLoadingUpTo(position, position - static_cast<int>(block.size()), step, length);
   }
 }
 
-void ReadEntries() {
+void ReadEntries(const LogFile& logFile, LogFindings& findings) {
   LineReader file(logFile.CurrentLogPath);
   std::array<char, DateLength> last{};  // as much of the last entry as its date takes
   std::size_t lastLength = 0;
@@ -75,6 +74,50 @@ void ReadEntries() {
   findings.LastEntryDate = GetLineDate({last.data(), lastLength});
 }
 
+// Looks at every byte of the log but its last. True at the first byte below 32 other than tab, line feed and
+// carriage return, and at the first byte of 127 or above. A file of 3276750 bytes or more raises 6 (overflow)
+// to the error handler.
+bool CheckCorruption(const LogFile& logFile, LogFindings& findings, bool showProgress) {
+  SetTrace("QELMain", "CheckCorruption");
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  CurrentHost().Yield();
+  Attempt([&] { findings.LogLength = LengthOf(logFile); });
+  if (findings.LogLength < 1) {
+    findings.LogEmpty = true;
+    CurrentHost().SetMousePointer(MousePointer::Default);
+    return false;
+  }
+  Int16 step;
+  Attempt([&] { step = Int16(findings.LogLength / 100.0); });
+  CloseAllFiles();
+  bool corrupt = false;
+  Attempt([&] { corrupt = HoldsBadByte(logFile, findings.LogLength, showProgress, step); });
+  if (corrupt) return true;  // the pointer stays for the window that tells of it
+  if (showProgress) {
+    CurrentDisplay().SplashText("Please Wait .....Loading 100%");
+    CurrentHost().Yield();
+  }
+  CurrentHost().SetMousePointer(MousePointer::Default);
+  return false;
+}
+
+void GetLogStats(const LogFile& logFile, Int32 maxSize, LogFindings& findings) {
+  SetTrace("QELMain", "GetLogStats");
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  CurrentHost().Yield();
+  findings.LogEmpty = false;
+  Attempt([&] { findings.LogLength = LengthOf(logFile); });
+  if (findings.LogLength < 1) {
+    findings.LogEmpty = true;
+    CurrentHost().SetMousePointer(MousePointer::Default);
+    return;
+  }
+  Attempt([&] { findings.LogTooBig = findings.LogLength >= maxSize * 1024; });
+  Attempt([&] { ReadEntries(logFile, findings); });
+  findings.LogInvalid = findings.FirstEntryDate == 0 || findings.LastEntryDate == 0;
+  CurrentHost().SetMousePointer(MousePointer::Default);
+}
+
 }  // namespace
 
 std::string LengthText(std::int64_t bytes) {
@@ -87,55 +130,12 @@ std::string LengthText(std::int64_t bytes) {
          (fits ? "KB)" : "MB)");
 }
 
-bool CheckCorruption(bool showProgress) {
-  SetTrace("QELMain", "CheckCorruption");
-  CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  CurrentHost().Yield();
-  Attempt(TakeLength);
-  if (findings.LogLength < 1) {
-    findings.LogEmpty = true;
-    CurrentHost().SetMousePointer(MousePointer::Default);
-    return false;
-  }
-  Int16 step;
-  Attempt([&step] { step = Int16(findings.LogLength / 100.0); });
-  CloseAllFiles();
-  bool corrupt = false;
-  Attempt([&] { corrupt = HoldsBadByte(showProgress, step); });
-  if (corrupt) return true;  // the pointer stays for the window that tells of it
-  if (showProgress) {
-    CurrentDisplay().SplashText("Please Wait .....Loading 100%");
-    CurrentHost().Yield();
-  }
-  CurrentHost().SetMousePointer(MousePointer::Default);
-  return false;
-}
-
-void GetLogStats(bool keepPointer) {
-  SetTrace("QELMain", "GetLogStats");
-  CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  CurrentHost().Yield();
-  findings.LogEntries = 0;
-  findings.FirstEntryDate = findings.LastEntryDate = 0;
-  findings.LogEmpty = false;
-  Attempt(TakeLength);
-  if (findings.LogLength < 1) {
-    findings.LogEmpty = true;
-    CurrentHost().SetMousePointer(MousePointer::Default);
-    return;
-  }
-  Attempt([] { findings.LogTooBig = findings.LogLength >= settings.MaxLogSize * 1024; });
-  Attempt(ReadEntries);
-  findings.LogInvalid = findings.FirstEntryDate == 0 || findings.LastEntryDate == 0;
-  if (!keepPointer) CurrentHost().SetMousePointer(MousePointer::Default);
-}
-
-void Examine(LogHealth health, bool keepPointer) {
+void Examine(const LogFile& logFile, Int32 maxSize, LogHealth health, LogFindings& findings) {
   findings.LogExists = findings.LogCorrupt = findings.LogEmpty = false;
   findings.LogLength = 0;
   findings.LogEntries = 0;
   findings.FirstEntryDate = findings.LastEntryDate = 0;
-  Attempt([] { findings.LogExists = FileExists(logFile.CurrentLogPath); });
+  Attempt([&] { findings.LogExists = FileExists(logFile.CurrentLogPath); });
   if (!findings.LogExists) {
     findings.LogTooBig = findings.LogInvalid = false;
     findings.LogEmpty = true;
@@ -143,8 +143,8 @@ void Examine(LogHealth health, bool keepPointer) {
   }
   const bool told = health == LogHealth::UnknownTold;
   const bool tested = told || health == LogHealth::Unknown;
-  findings.LogCorrupt = tested ? CheckCorruption(told) : health == LogHealth::Corrupt;
-  if (!findings.LogCorrupt) GetLogStats(keepPointer);
+  findings.LogCorrupt = tested ? CheckCorruption(logFile, findings, told) : health == LogHealth::Corrupt;
+  if (!findings.LogCorrupt) GetLogStats(logFile, maxSize, findings);
 }
 
 }  // namespace qel

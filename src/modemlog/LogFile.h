@@ -28,13 +28,4 @@ struct LogFindings {
   Date LastEntryDate = 0;   // of the last entry; 0 when it has none
 };
 
-// Those of the running program.
-extern LogFile logFile;
-extern LogFindings findings;
-
-// Makes a file the current one, of whose health nothing is known yet: folder (with a separator at its end)
-// and name, or a whole path.
-void SetCurrentLog(const std::string& folder, const std::string& file);
-void SetCurrentLog(const std::string& path);
-
 }  // namespace qel

@@ -81,7 +81,11 @@ Date TimeOfLine(std::string_view line) {
   return TimeSerial(0, 0, SecondOfDay(TextToDate(text)));
 }
 
-Int32 GetReadBytes(std::string_view line) { return BytesBehind(line, settings.ModemReads); }
-Int32 GetWriteBytes(std::string_view line) { return BytesBehind(line, settings.ModemWrites); }
+Int32 GetReadBytes(const Settings& settings, std::string_view line) {
+  return BytesBehind(line, settings.ModemReads);
+}
+Int32 GetWriteBytes(const Settings& settings, std::string_view line) {
+  return BytesBehind(line, settings.ModemWrites);
+}
 
 }  // namespace qel

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "settings/Settings.h"
 #include "values/Calendar.h"
 #include "values/CheckedInteger.h"
 
@@ -23,8 +24,8 @@ Date TimeOfLine(std::string_view line);
 
 // The first run of digits behind the reads or writes marker, in bytes. 0 where there is none or where the run
 // ends the line: a number without anything behind it does not count. Raises 6 (overflow) above 2147483647.
-Int32 GetReadBytes(std::string_view line);
-Int32 GetWriteBytes(std::string_view line);
+Int32 GetReadBytes(const Settings& settings, std::string_view line);
+Int32 GetWriteBytes(const Settings& settings, std::string_view line);
 
 // Whether a line holds nothing but blanks. Such a line is no entry.
 inline bool IsBlankLine(std::string_view line) {

@@ -3,9 +3,8 @@
 #include <initializer_list>
 #include <string>
 
-#include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogFile.h"
+#include "values/CodePage.h"
 
 namespace qel {
 
@@ -25,7 +24,7 @@ std::string Lines(std::initializer_list<std::string> lines) {
 
 void ResetLogMessages() { missingShown = false; }
 
-void ShowLogMissing() {
+void ShowLogMissing(const LogFindings& findings) {
   if (findings.LogExists || missingShown) return;
   missingShown = true;
   const std::string text = Lines({
@@ -48,7 +47,7 @@ void ShowLogMissing() {
   MsgBox({text, "No Modem Log Detected!", Icon::Exclamation, Buttons::OK, MissingLogHelp});
 }
 
-void ShowLogCorrupt() {
+void ShowLogCorrupt(const LogFindings& findings) {
   if (!findings.LogCorrupt) return;
   const std::string text = Lines({
       "Corruption Detected in Modem Log File!",
@@ -62,7 +61,7 @@ void ShowLogCorrupt() {
   MsgBox({text, "WARNING", Icon::Critical});
 }
 
-void ShowLogInvalid() {
+void ShowLogInvalid(const LogFindings& findings) {
   if (!findings.LogInvalid) return;
   const std::string text = Lines({
       "INVALID MODEM LOG FILE!",
@@ -74,7 +73,7 @@ void ShowLogInvalid() {
   MsgBox({text, "WARNING", Icon::Critical});
 }
 
-void ShowLogTooBig() {
+void ShowLogTooBig(const LogFindings& findings) {
   if (!findings.LogTooBig) return;
   const std::string text = Lines({
       "Your Modem Log is Too Big!",

@@ -2,12 +2,14 @@
 // call them all in a row.
 #pragma once
 
+#include "modemlog/LogFile.h"
+
 namespace qel {
 
-void ShowLogMissing();  // once a run
-void ShowLogCorrupt();
-void ShowLogInvalid();
-void ShowLogTooBig();
+void ShowLogMissing(const LogFindings& findings);  // once a run
+void ShowLogCorrupt(const LogFindings& findings);
+void ShowLogInvalid(const LogFindings& findings);
+void ShowLogTooBig(const LogFindings& findings);
 
 void ResetLogMessages();
 

@@ -1,9 +1,9 @@
 #include "modemlog/NewLog.h"
 
-#include "core/ProgramState.h"
 #include "core/Version.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
+#include "values/CodePage.h"
 #include "values/FormatMask.h"
 #include "values/RunTimeError.h"
 

@@ -50,10 +50,8 @@ std::string_view KeyPath(std::string_view key) {
 
 }  // namespace
 
-RegistryStore Registry;
-
 void RegistryStore::Open(const std::string& path, Access access) {
-  Reset();
+  *this = RegistryStore();
   if (access == Access::Shared && IsPipe(path)) throw RunTimeError(DeviceError, "QEL", 0, path);
   try {
     tree = ReadTree(path);
@@ -100,8 +98,6 @@ void RegistryStore::Refresh() {
   } catch (const RunTimeError&) {
   }
 }
-
-void RegistryStore::Reset() { *this = RegistryStore(); }
 
 bool RegistryStore::KeyExists(std::string_view key) const { return tree.contains(KeyPath(key)); }
 

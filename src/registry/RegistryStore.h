@@ -26,14 +26,13 @@ class RegistryStore {
   // parsed is set aside as PATH.bad, or PATH.bad-2 and so on where that name is taken, and the store begins
   // empty; with ReadOnly, or where it cannot be set aside, it raises 57, with the RegistryFileError that
   // names the line at fault nested within. An unreadable file raises its disk error either way, a pipe in the
-  // place of a shared one 57. Where Open raises, the store is as after Reset.
+  // place of a shared one 57. Where Open raises, the store is a new one.
   void Open(const std::string& path, Access access);
 
   // Reads the file anew, for what other programs wrote to it since. What cannot be read changes nothing.
   void Refresh();
 
   // Forgets everything, file included: an empty store in memory that Flush leaves there.
-  void Reset();
 
   bool KeyExists(std::string_view key) const;
 
@@ -104,8 +103,5 @@ class RegistryStore {
   Access access = Access::ReadOnly;
   bool flushFailed = false;
 };
-
-// The store that the program's settings live in.
-extern RegistryStore Registry;
 
 }  // namespace qel

@@ -4,7 +4,6 @@
 #include "analysis/Pricing.h"
 #include "analysis/ReportPeriod.h"
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
 #include "core/ShownDates.h"
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"

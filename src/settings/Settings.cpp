@@ -1,8 +1,3 @@
 #include "settings/Settings.h"
 
-namespace qel {
-
-Settings settings;
-WindowSettings windowSettings;
-
-}  // namespace qel
+namespace qel {}  // namespace qel

@@ -107,8 +107,4 @@ struct WindowSettings {
   std::array<RecentFile, 5> RecentFiles;
 };
 
-// Those of the running program.
-extern Settings settings;
-extern WindowSettings windowSettings;
-
 }  // namespace qel

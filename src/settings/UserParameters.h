@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/ProgramState.h"
+#include "core/Places.h"
 #include "registry/RegistryStore.h"
 #include "settings/Settings.h"
 #include "settings/StoredValues.h"

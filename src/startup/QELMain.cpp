@@ -2,12 +2,10 @@
 
 #include <string>
 
-#include "analysis/ResetProgram.h"
 #include "core/ErrorHandler.h"
 #include "core/Installation.h"
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
-#include "modemlog/LogExamination.h"
 #include "modemlog/NewLog.h"
 #include "platform/Files.h"
 #include "registry/StoredRegion.h"
@@ -82,12 +80,12 @@ void SettleLogPath(Settings& settings, Places& places) {
   if (madeNew) TellNewLog();
 }
 
-void ExamineLog(const Session& session) {
+void ExamineLog(Session& session) {
   SetTrace("QELMain", "ExamineLog");
   TellStep("Please Wait . . . Checking Modem Log");
-  SetCurrentLog(session.settings.ModemLogDir, session.settings.ModemLogFile);
+  session.SetCurrentLog(session.settings.ModemLogDir, session.settings.ModemLogFile);
   Attempt([&] { MendInterruptedSwap(session.logFile.CurrentLogPath); });
-  Examine(LogHealth::UnknownTold);
+  session.Examine(LogHealth::UnknownTold);
 }
 
 // Settings that cannot be read stay as they are: the program runs on those that are built in, and stores
@@ -111,7 +109,6 @@ void OpenSettings(RegistryStore& store) {
 }  // namespace
 
 void StartProgram(Windows& windows) {
-  ResetProgram();
   SetTrace("QELMain", "StartProgram");
   OpenSettings(windows.session.store);
   windows.SplashForm->Main = [&windows] { Main(windows); };

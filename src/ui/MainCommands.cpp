@@ -4,7 +4,6 @@
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
-#include "modemlog/LogExamination.h"
 #include "platform/DateConversion.h"
 #include "platform/Files.h"
 #include "ui/HelpNumbers.h"
@@ -103,8 +102,8 @@ void frmMain::OpenArchive(const std::string& path) {
     defaultLogDir = logFile.CurrentLogDir;
     defaultLogUsable = findings.LogExists && !findings.LogInvalid && !findings.LogCorrupt;
   }
-  SetCurrentLog(path);
-  Examine(LogHealth::Sound);
+  session.SetCurrentLog(path);
+  session.Examine(LogHealth::Sound);
   logFile.ArchiveOpen = true;
   AddRecentFile(logFile.CurrentLogFile, logFile.CurrentLogDir, "A");
   ShowRecentFiles();
@@ -120,7 +119,7 @@ void frmMain::mnuRefresh_Click() {
   if (!logFile.ArchiveOpen)
     ReadDefaultLog(logFile.CurrentLogDir, logFile.CurrentLogFile);
   else if (CanBeOpened(logFile.CurrentLogPath))
-    Examine(LogHealth::Sound);
+    session.Examine(LogHealth::Sound);
   Form_Load();
   if (inputStarting.Enabled && IsDate(dates[0]) && IsDate(dates[1])) {
     inputStarting.Text = dates[0];
@@ -146,8 +145,8 @@ void frmMain::mnuOpenLog_Click() {
 
 // Makes a default log the current file and looks into it as the start does.
 void frmMain::ReadDefaultLog(const std::string& folder, const std::string& file) {
-  SetCurrentLog(folder, file);
-  Examine(LogHealth::Unknown);
+  session.SetCurrentLog(folder, file);
+  session.Examine(LogHealth::Unknown);
 }
 
 void frmMain::mnuOpenReport_Click() {

@@ -4,7 +4,6 @@
 
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "settings/SettingsExchange.h"
 #include "settings/UserParameters.h"
@@ -79,8 +78,8 @@ void frmMain::UseNewDefaultLog() {
   defaultLogFile = settings.ModemLogFile;
   defaultLogDir = settings.ModemLogDir;
   defaultLogUsable = findings.LogExists && !findings.LogInvalid && !findings.LogCorrupt;
-  SetCurrentLog(archive);
-  Examine(LogHealth::Sound);
+  session.SetCurrentLog(archive);
+  session.Examine(LogHealth::Sound);
 }
 
 // Brings the window into line with what the options have changed, and to the front.

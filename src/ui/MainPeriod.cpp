@@ -216,8 +216,7 @@ void frmMain::btnProcess_Click() {
   ForgetUndatedLine(findings, analysis);
   TellCorrupt();
   const bool knownCorrupt = findings.LogCorrupt;
-  Pricing pricing(settings, period);
-  ProcessLog(pricing, logFile, findings, analysis);
+  session.ProcessLog();
   // An entry without a date ends the analysis without a report; that must not pass in silence.
   if (findings.LogCorrupt && !knownCorrupt) {
     TellCorrupt();

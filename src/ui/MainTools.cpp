@@ -3,7 +3,6 @@
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "maintenance/Optimize.h"
-#include "modemlog/LogExamination.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmMain.h"
 #include "ui/frmPreConfigure.h"
@@ -62,7 +61,7 @@ void frmMain::mnuClearLog_Click() {
   std::optional<FileStamp> asked;  // what the user agrees to lose
   IgnoreErrors([&] { asked = StampOf(logFile.CurrentLogPath); });
   if (MsgBox(question) != Answer::Yes || !ClearsUnsavedLog()) return;
-  if (Attempt([&] { ClearLog(asked); })) {
+  if (Attempt([&] { ClearLog(logFile.CurrentLogPath, asked); })) {
     findings.LogCorrupt = false;
     lastArchive.reset();
     MsgBox({"Current modem log has been deleted.\nNew blank modem log has been created!", ProgramTitle});
@@ -73,7 +72,7 @@ void frmMain::mnuClearLog_Click() {
 // The told question advises to save the log first. Who tried and could not, or saved what has grown since, is
 // asked again.
 bool frmMain::ClearsUnsavedLog() {
-  const std::string doubt = lastArchive ? DoubtAboutClearing(*lastArchive) : "";
+  const std::string doubt = lastArchive ? DoubtAboutClearing(logFile.CurrentLogPath, *lastArchive) : "";
   return doubt.empty() || MsgBox({doubt + "\n\nDo you want to delete it all the same?", "Delete Modem Log",
                                   Icon::Exclamation, Buttons::YesNo, 0, 2}) == Answer::Yes;
 }
@@ -101,7 +100,7 @@ void frmMain::Optimize() {
                          Icon::Question, Buttons::YesNo};
   if (MsgBox(question) != Answer::Yes) return;
   DisableControls();
-  DoOptimize();
+  DoOptimize(session.InHand(), settings, logFile.ArchiveOpen);
   EnableControls(true);
 }
 
@@ -142,7 +141,7 @@ void frmMain::KeepWindowSize() {
 
 // Whether the log is corrupt is the caller's to say.
 void frmMain::ReadLogAgain() {
-  Examine(findings.LogCorrupt ? LogHealth::Corrupt : LogHealth::Sound);
+  session.Examine(findings.LogCorrupt ? LogHealth::Corrupt : LogHealth::Sound);
   Form_Load();
 }
 

@@ -159,7 +159,7 @@ void frmReport::BuildReport(const Kind& kind) {
 }
 
 void frmReport::ShowDocument(const Kind& kind) {
-  ReportDocument document = kind.Build(ReportOf(analysis, settings, period));
+  ReportDocument document = kind.Build(session.Reported());
   (&kind == &Summary ? analysis.SummaryBuilt : analysis.DetailBuilt) = true;
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   Report = std::move(document);
@@ -183,9 +183,8 @@ void frmReport::ShowDocument(const Kind& kind) {
 // As many services as a window has room for; the tool tip tells of all.
 void frmReport::ShowDifferences(const Kind& kind) {
   constexpr std::size_t mostLines = 4;
-  const std::vector<std::string> lines = &kind == &Summary
-                                             ? SummaryDifferences(ReportOf(analysis, settings, period))
-                                             : std::vector<std::string>();
+  const std::vector<std::string> lines =
+      &kind == &Summary ? SummaryDifferences(session.Reported()) : std::vector<std::string>();
   std::string shown, all;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     all += (i > 0 ? "\n" : "") + lines[i];

@@ -17,7 +17,8 @@ void frmFileRepair::Form_Activate() {
   running = true;
   CurrentHost().Yield();
   const std::string reason = ReasonOfFailure([this] {
-    LogRepair repair(*this);
+    const LogInHand log = session.InHand();
+    LogRepair repair(log, *this);
     repair.FixCorruption();
     repair.CheckEntries();
   });

@@ -92,7 +92,7 @@ void frmMain::EnableRepair() {
 
 void frmMain::TellCorrupt() {
   if (!findings.LogCorrupt) return;
-  ShowLogCorrupt();
+  ShowLogCorrupt(findings);
   EnableRepair();
 }
 
@@ -135,15 +135,15 @@ bool frmMain::TellStateOfLog() {
   const bool invalid = findings.LogInvalid && !logFile.ArchiveOpen;
   const bool missing = !findings.LogExists && !logFile.ArchiveOpen;
   const bool tooBig = findings.LogTooBig && !logFile.ArchiveOpen;
-  if (invalid) ShowLogInvalid();
-  if (missing) ShowLogMissing();
+  if (invalid) ShowLogInvalid(findings);
+  if (missing) ShowLogMissing(findings);
   if (invalid || missing) StatusIndex = 7;
   if (findings.LogCorrupt) {
     TellCorrupt();
     StatusIndex = 8;
   }
   if (tooBig) {
-    ShowLogTooBig();
+    ShowLogTooBig(findings);
     session.TipShown = true;  // not in this run any more, even when the log has been made smaller
   }
   return !invalid && !missing && !findings.LogCorrupt && !tooBig;

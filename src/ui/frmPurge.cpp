@@ -96,7 +96,7 @@ void frmPurge::btnOK_Click() {
   SetTrace("frmPurge", "btnOK_Click");
   Hide();
   if (ProceedWithPurge()) {
-    DoPurge(PurgeFrom, PurgeTo);
+    DoPurge(session.InHand(), PurgeFrom, PurgeTo);
     LogChanged = true;
   }
   Unload();

@@ -8,6 +8,7 @@
 #include "settings/UserParameters.h"
 #include "ui/HelpNumbers.h"
 #include "ui/frmHelp.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -13,6 +13,9 @@
 
 namespace qel {
 
+// Ends every line of a log, a report and a message.
+inline constexpr char NewLine[] = "\r\n";
+
 // The five bytes that the code page leaves undefined become the C1 control characters of the same number.
 std::string ToUtf8(std::string_view text);
 

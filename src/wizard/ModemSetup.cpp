@@ -1,7 +1,7 @@
 #include "wizard/ModemSetup.h"
 
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
+#include "core/Places.h"
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/NewLog.h"

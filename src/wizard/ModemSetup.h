@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include "core/ProgramState.h"
+#include "core/Places.h"
 #include "settings/Settings.h"
 #include "settings/StoredValues.h"
 #include "values/BoundedArray.h"

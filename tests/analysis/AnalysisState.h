@@ -5,12 +5,9 @@
 #include <map>
 #include <sstream>
 
-#include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
-#include "modemlog/LogFile.h"
-#include "settings/Settings.h"
+#include "session/Session.h"
 #include "values/FormatMask.h"
 
 namespace qel {
@@ -18,12 +15,13 @@ namespace qel {
 class State {
  public:
   // As it is now. "Shown" are the seconds and notes that the details report makes of a connection.
-  explicit State(Pricing& pricing) {
+  State(const Session& session, Pricing& pricing) : period(session.period) {
+    const AnalysisResult& analysis = session.analysis;
     for (int i = 0; i <= analysis.Connections.Last(); ++i)
       Tell("Connections[" + std::to_string(i) + "]", analysis.Connections[i]);
     for (int i = 0; i <= analysis.ServiceTotals.Last(); ++i)
       Tell("Slots[" + std::to_string(i) + "]", analysis.ServiceTotals[i]);
-    for (int service = 0; service < settings.UsedServices; ++service)
+    for (int service = 0; service < session.settings.UsedServices; ++service)
       for (int number = 0; number <= UsageTable::LastPeriod; ++number)
         TellUse(pricing.Penalties, service, number);
     const CallCosts& costs = analysis.LastCosts;
@@ -31,13 +29,13 @@ class State {
         "ConnectionCount", analysis.ConnectionCount)("TotalsCount", analysis.TotalsCount)(
         "ServicesExceeded", analysis.ServicesExceeded)("ConnectionsExceeded", analysis.ConnectionsExceeded)(
         "LogErrorsFound", analysis.LogErrorsFound)("TariffIncomplete", analysis.TariffIncomplete)(
-        "ShowBlocks", analysis.ShowBlocks)("LogCorrupt", findings.LogCorrupt)(
+        "ShowBlocks", analysis.ShowBlocks)("LogCorrupt", session.findings.LogCorrupt)(
         "SummaryBuilt", analysis.SummaryBuilt)("DetailBuilt", analysis.DetailBuilt)(
         "DialCostNow", costs.DialCostNow)("ServiceCostNow", costs.ServiceCostNow)("DataCostNow",
                                                                                   costs.DataCostNow);
   }
 
-  bool operator==(const State&) const = default;
+  bool operator==(const State& other) const { return records == other.records; }
 
   // "Slots[1] Connections 1, Number 555"
   std::vector<std::string> Lines() const {
@@ -89,7 +87,7 @@ class State {
     return date == 0 && time == 0 ? "" : FormatDate(date, "d ") + FormatDate(time, "hh:nn:ss");
   }
 
-  static std::string Shown(ConnectionRecord c) {
+  std::string Shown(ConnectionRecord c) const {
     if (c.StartDate == 0) return "";
     const int seconds = static_cast<int>(GetConnectionSeconds(period, c));
     return std::to_string(seconds) + "s " + TidyNotes(c.Notes) + "|";
@@ -116,6 +114,7 @@ class State {
         "Bytes", used.Bytes);
   }
 
+  Period period;
   std::map<std::string, Fields> records;
 };
 

@@ -25,7 +25,7 @@ class ConnectionsTest : public AnalysisTest {
     host.errors.clear();
     analysis.SummaryBuilt = analysis.DetailBuilt = true;  // of the log before
     Run(LogOf(act));
-    act.Now = State(*pricing).Lines();
+    act.Now = State(*session, *pricing).Lines();
     for (const std::string& error : host.errors) act.Now.push_back("error " + error);
     for (const Message& message : host.messages) act.Now.push_back(Quotable(message.Text));
     const std::string finished = "status:  F I N I S H E D !  -  (" +

@@ -26,12 +26,12 @@ class FailureTest : public AnalysisTest {
   std::function<void()> Limit(const std::string& name) {
     static constexpr int most16 = 32767, most32 = 2147483647;
     const std::map<std::string, std::function<void()>> limits = {
-        {"Connections", [] { analysis.ServiceTotals[1].Connections = most16; }},
-        {"Seconds", [] { analysis.ServiceTotals[1].Seconds = most32; }},
-        {"Blocks", [] { analysis.ServiceTotals[1].Blocks = most16; }},
-        {"FreeSeconds", [] { analysis.ServiceTotals[1].FreeSeconds = most32; }},
-        {"BytesRead", [] { analysis.ServiceTotals[1].BytesRead = most32; }},
-        {"EntriesProcessed", [] { analysis.EntriesProcessed = most32; }},
+        {"Connections", [this] { analysis.ServiceTotals[1].Connections = most16; }},
+        {"Seconds", [this] { analysis.ServiceTotals[1].Seconds = most32; }},
+        {"Blocks", [this] { analysis.ServiceTotals[1].Blocks = most16; }},
+        {"FreeSeconds", [this] { analysis.ServiceTotals[1].FreeSeconds = most32; }},
+        {"BytesRead", [this] { analysis.ServiceTotals[1].BytesRead = most32; }},
+        {"EntriesProcessed", [this] { analysis.EntriesProcessed = most32; }},
         {"UsedSeconds", [this] { pricing->Penalties.At(0, 0).Seconds = most32; }},
         {"UsedBytes", [this] { pricing->Penalties.At(0, 0).Bytes = most32; }},
         {"Period",
@@ -41,10 +41,10 @@ class FailureTest : public AnalysisTest {
         {"UnitMins", [this] { service.Tariffs[0].UnitMins = 1000; }},
         {"UsedTariffs", [this] { service.Tariffs[0].AppliesDays = "", service.UsedTariffs = 11; }},
         {"Block", [this] { service.Block = 600; }},
-        {"NoDisconData", [] { settings.NoDisconData = 1e9; }},
-        {"NoDisconDuration", [] { settings.NoDisconDuration = 1e10; }}};
+        {"NoDisconData", [this] { settings.NoDisconData = 1e9; }},
+        {"NoDisconDuration", [this] { settings.NoDisconDuration = 1e10; }}};
     return [this, limit = limits.at(name)] {
-      host.yielded = [limit] {
+      host.yielded = [this, limit] {
         if (analysis.EntriesProcessed > 1) limit();
       };
     };
@@ -54,7 +54,7 @@ class FailureTest : public AnalysisTest {
     const std::string& way = act.Words[0];
     if (way == "memory") return road.AroundMemory();
     if (way == "disk") return road.AroundDisk();
-    if (way == "missing") return road.Around([] { logFile.CurrentLogPath += "x"; }, road.Undisturbed());
+    if (way == "missing") return road.Around([this] { logFile.CurrentLogPath += "x"; }, road.Undisturbed());
     if (way == "limit") return road.Around(Limit(act.Word(1)), road.Undisturbed());
     log.clear();
     const State nothing = road.Undisturbed();
@@ -63,7 +63,7 @@ class FailureTest : public AnalysisTest {
   }
 
   std::string log;  // of the latest act that told one
-  ErrorRoad<State> road{host, [this] { Begin(); }, [this] { Process(); }, [this] { return State(*pricing); }};
+  ErrorRoad<State> road{host, [this] { Begin(); }, [this] { Process(); }, [this] { return State(*session, *pricing); }};
 };
 
 TEST_F(FailureTest, LeavesOutOneEffectAndNothingElse) {

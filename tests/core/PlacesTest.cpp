@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "core/Installation.h"
-#include "core/ProgramState.h"
+#include "core/Places.h"
 #include "modemlog/LogFile.h"
 #include "platform/Files.h"
 #include "support/Cases.h"
@@ -27,16 +27,6 @@ TEST(Places, ComeFromTheEnvironment) {
               places);
   }
   unsetenv("QEL_HOME");
-}
-
-TEST(Places, ANewLogIsUnknown) {
-  findings.LogExists = findings.LogCorrupt = findings.LogTooBig = findings.LogEmpty = findings.LogInvalid =
-      true;
-  SetCurrentLog("/a/b.log");
-  EXPECT_EQ(logFile.CurrentLogDir + " " + logFile.CurrentLogFile + " " + logFile.CurrentLogPath,
-            "/a/ b.log /a/b.log");
-  EXPECT_FALSE(findings.LogExists || findings.LogCorrupt || findings.LogTooBig || findings.LogEmpty ||
-               findings.LogInvalid);
 }
 
 // What came of the files at home, and what was said about it, when a disk copies what is missing there.

@@ -26,9 +26,9 @@ class EveryWindow : public ProgramTest {
   EveryWindow() {
     DefaultLog(LogOf("01-05-1999", "01-06-1999"));
     const std::string modem = "HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Services\\Class\\Modem\\0000";
-    Registry.CreateKey(modem);
-    Registry.Set(modem, "DriverDesc", {REG_SZ, "Internal 33600" + std::string(1, '\0')});
-    Registry.Set(modem, "Logging", {REG_BINARY, std::string(1, '\0')});
+    store.CreateKey(modem);
+    store.Set(modem, "DriverDesc", {REG_SZ, "Internal 33600" + std::string(1, '\0')});
+    store.Set(modem, "Logging", {REG_BINARY, std::string(1, '\0')});
     session->modems.PreConfigure(true);
     settings.Holidays[0] = Today() - 1;
     settings.UsedHolidays = 1;

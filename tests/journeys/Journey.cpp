@@ -208,7 +208,8 @@ void Journey::TellChanged(const Shown& control) {
 }
 
 void Journey::TellStore() {
-  const RegistryTree& tree = Registry.Tree();
+  if (!Windows) return;
+  const RegistryTree& tree = Windows->session.store.Tree();
   if (tree == store) return;
   for (const auto& [key, values] : tree) {
     const auto before = store.find(key);

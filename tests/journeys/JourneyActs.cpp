@@ -14,7 +14,7 @@
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
 #include "core/ErrorHandler.h"
-#include "core/ProgramState.h"
+#include "core/Places.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
 #include "journeys/Journey.h"

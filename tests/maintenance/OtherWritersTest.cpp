@@ -82,8 +82,8 @@ TEST_P(OtherWritersTest, WhatHappensInTheMidstHasOneOutcome) {
       {"nothing", [] {}},
       {"append", [this] { memory.AppendToHeld(line); }},
       {"begin", [this] { memory.Append(logFile.CurrentLogPath, line); }},
-      {"another-starts", [] { MendInterruptedSwap(logFile.CurrentLogPath); }},
-      {"another-rewrites", [&another] { another.emplace(logFile.CurrentLogPath); }},
+      {"another-starts", [this] { MendInterruptedSwap(logFile.CurrentLogPath); }},
+      {"another-rewrites", [this, &another] { another.emplace(logFile.CurrentLogPath); }},
       {"hold-back", [&meddler] { meddler.NoLeases = false; }},
       {"link", [this] { memory.PutLink(logFile.CurrentLogPath, logFile.CurrentLogPath + ".qel-old"); }}};
   ExpectScript("maintenance/other-writers.tools", [&](Act& act) {

@@ -20,7 +20,7 @@ TEST_F(RealDisk, NoLineIsMissingWithoutAWordAfterManyRewrites) {
   logFile.ArchiveOpen = false;
   constexpr int rewrites = 40;
   const auto begun = std::chrono::steady_clock::now();
-  DoOptimize();
+  DoOptimize(session->InHand(), settings, logFile.ArchiveOpen);
   ASSERT_TRUE(host.messages.empty());
   const auto oneRewrite = std::chrono::steady_clock::now() - begun;
   std::atomic<bool> stop = false;
@@ -37,7 +37,7 @@ TEST_F(RealDisk, NoLineIsMissingWithoutAWordAfterManyRewrites) {
       std::this_thread::sleep_for(oneRewrite * pause(random));
     }
   });
-  for (int i = 0; i < rewrites; ++i) DoOptimize();
+  for (int i = 0; i < rewrites; ++i) DoOptimize(session->InHand(), settings, logFile.ArchiveOpen);
   stop = true;
   driver.join();
   std::string all = ReadWholeFile(logFile.CurrentLogPath);

@@ -31,8 +31,8 @@ class RewriteTest : public FreshProgram {
   }
   // Between the passes of which the log may become another one.
   void Repair(const std::optional<std::string>& another = {}) {
-    LogRepair repair(listener);
-    findings.LogLength = 7;  // which each pass finds out for itself
+    const LogInHand log = session->InHand();
+    LogRepair repair(log, listener);
     repair.FixCorruption();
     EXPECT_EQ(CurrentSurroundings().ProcedureTrace, "FixCorruption");
     EXPECT_EQ(host.pointer, MousePointer::Default);
@@ -51,8 +51,8 @@ class RewriteTest : public FreshProgram {
 
   void Run(const Act& act) {
     const std::string& tool = act.Words[0];
-    if (tool == "purge") return DoPurge(Jan(act.Word(1)), Jan(act.Word(2)));
-    if (tool == "optimize") return DoOptimize();
+    if (tool == "purge") return DoPurge(session->InHand(), Jan(act.Word(1)), Jan(act.Word(2)));
+    if (tool == "optimize") return DoOptimize(session->InHand(), settings, logFile.ArchiveOpen);
     std::optional<std::string> another;
     if (act.Words.size() > 1) another = Unfolded(act.Word(1));
     try {
@@ -136,7 +136,7 @@ TEST_F(RewriteTest, TheLogStaysItsOwners) {
   Open("01-05-1999 a|");
   const uid_t owner = geteuid() == 0 ? 1234 : geteuid();  // root alone may give files away
   ASSERT_EQ(::chown(logFile.CurrentLogPath.c_str(), owner, static_cast<gid_t>(-1)), 0);
-  DoPurge(Jan("5"), Jan("5"));
+  DoPurge(session->InHand(), Jan("5"), Jan("5"));
   struct stat now {};
   EXPECT_EQ(::stat(logFile.CurrentLogPath.c_str(), &now), 0);
   EXPECT_EQ(now.st_uid, owner);

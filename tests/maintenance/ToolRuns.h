@@ -16,7 +16,7 @@ class ToolRuns : public FreshProgram, public Display, public ::testing::WithPara
  protected:
   ToolRuns() {
     places.AppPath = "/app";
-    SetCurrentLog(GetParam() + std::string("/"), "log.txt");
+    session->SetCurrentLog(GetParam() + std::string("/"), "log.txt");
   }
 
   void WorkFailed(const std::string& why) override { reason = why; }
@@ -25,17 +25,18 @@ class ToolRuns : public FreshProgram, public Display, public ::testing::WithPara
   // Each is false where the run failed and said so.
   bool Purge() {
     reason.clear();
-    DoPurge(DateSerial(1999, 1, 5), DateSerial(1999, 1, 5));
+    DoPurge(session->InHand(), DateSerial(1999, 1, 5), DateSerial(1999, 1, 5));
     return reason.empty();
   }
   bool Optimize() {
     reason.clear();
-    DoOptimize();
+    DoOptimize(session->InHand(), settings, logFile.ArchiveOpen);
     return reason.empty();
   }
   bool Repair() {
     return ReasonOfFailure([this] {
-             LogRepair repair(*this);
+             const LogInHand inHand = session->InHand();
+             LogRepair repair(inHand, *this);
              repair.FixCorruption();
              repair.CheckEntries();
            })

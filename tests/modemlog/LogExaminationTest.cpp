@@ -15,7 +15,7 @@ namespace qel {
 class LogExaminationTest : public FreshProgram {
  protected:
   // All that is known of the log.
-  static std::string Known() {
+  std::string Known() const {
     const auto day = [](Date date) { return date == 0 ? "none" : FormatDate(date, "yyyy-mm-dd"); };
     std::string text = LengthText(findings.LogLength) + ", " + NumberText(findings.LogEntries) +
                        " entries, " + day(findings.FirstEntryDate) + " to " + day(findings.LastEntryDate) +
@@ -29,22 +29,16 @@ class LogExaminationTest : public FreshProgram {
   }
 
   // Finds it anew where the opposite was known before.
-  static void Find(const Act& act) {
+  void Find(const Act& act) {
     findings.LogLength = 7;
     findings.LogEntries = 7;
     findings.FirstEntryDate = findings.LastEntryDate = 7;
     findings.LogCorrupt = findings.LogEmpty = findings.LogInvalid = findings.LogTooBig = true;
     const std::string known = act.WordOr(1, "");
-    if (act.Words[0] == "load") {
-      findings.LogCorrupt = CheckCorruption(true);
-    } else if (act.Words[0] == "read") {
-      GetLogStats(false);
-    } else {
-      Examine(known == "sound"     ? LogHealth::Sound
-              : known == "corrupt" ? LogHealth::Corrupt
-                                   : LogHealth::Unknown,
-              act.WordOr(2, "") == "busy");
-    }
+    session->Examine(act.Words[0] == "load" ? LogHealth::UnknownTold
+                     : known == "sound"     ? LogHealth::Sound
+                     : known == "corrupt"   ? LogHealth::Corrupt
+                                            : LogHealth::Unknown);
   }
 
   std::vector<std::string> Told(const Act& act, std::vector<Answer> answers) {
@@ -68,7 +62,7 @@ class LogExaminationTest : public FreshProgram {
     if (what == "log") {
       folder.Put("test.log",
                  Unfolded(act.Word(1), std::stoi(act.WordOr(2, "1"))) + Unfolded(act.WordOr(3, "")));
-      return SetCurrentLog(folder.Path("test.log"));
+      return session->SetCurrentLog(folder.Path("test.log"));
     }
     act.Now = Told(act, {Answer::Ignore});
     const std::vector<std::string> errors = host.errors;
@@ -92,7 +86,8 @@ TEST_F(LogExaminationTest, AByteThatNoTextHoldsIsCorruptionUnlessItIsTheLast) {
   for (int byte = 0; byte < 256; ++byte) {
     const bool isText = (byte >= 32 && byte < 127) || byte == '\t' || byte == '\n' || byte == '\r';
     OpenLog({static_cast<char>(byte), 'a'});
-    EXPECT_EQ(CheckCorruption(false), !isText) << byte;
+    session->Examine(LogHealth::Unknown);
+    EXPECT_EQ(findings.LogCorrupt, !isText) << byte;
   }
   LineReader left(logFile.CurrentLogPath);
   const std::size_t length = 2 * BlockSize + 3;
@@ -100,10 +95,21 @@ TEST_F(LogExaminationTest, AByteThatNoTextHoldsIsCorruptionUnlessItIsTheLast) {
     std::string log(length, 'x');
     log[place] = '\0';
     folder.Put("test.log", log);
-    EXPECT_EQ(CheckCorruption(false), place < length - 1) << place;
+    session->Examine(LogHealth::Unknown);
+    EXPECT_EQ(findings.LogCorrupt, place < length - 1) << place;
   }
   std::string_view line;
   EXPECT_THROW(left.Next(line), RunTimeError) << "open files are closed";
+}
+
+TEST_F(LogExaminationTest, OfANewLogNothingIsKnown) {
+  findings.LogExists = findings.LogCorrupt = findings.LogTooBig = findings.LogEmpty = findings.LogInvalid =
+      true;
+  session->SetCurrentLog("/a/b.log");
+  EXPECT_EQ(logFile.CurrentLogDir + " " + logFile.CurrentLogFile + " " + logFile.CurrentLogPath,
+            "/a/ b.log /a/b.log");
+  EXPECT_FALSE(findings.LogExists || findings.LogCorrupt || findings.LogTooBig || findings.LogEmpty ||
+               findings.LogInvalid);
 }
 
 TEST_F(LogExaminationTest, LengthsReadInKilobytesUntilSixteenBitsAreFull) {

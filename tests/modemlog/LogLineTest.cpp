@@ -27,9 +27,9 @@ TEST_F(LogLine, DateCarriesOverAndTimeLiesBetweenTheFirstBlankAndThePointBehindI
 }
 
 TEST_F(LogLine, ByteCountIsTheFirstNumberThatDoesNotEndTheLine) {
-  for (const auto& c : Cases("modemlog/ByteCounts")) EXPECT_EQ(GetReadBytes(c[0]), std::stoi(c[1])) << c[0];
-  EXPECT_THROW(GetReadBytes("READS 2147483648;"), RunTimeError);
-  EXPECT_EQ(GetWriteBytes("READS 6,789 WRITES 22."), 22);
+  for (const auto& c : Cases("modemlog/ByteCounts")) EXPECT_EQ(GetReadBytes(settings, c[0]), std::stoi(c[1])) << c[0];
+  EXPECT_THROW(GetReadBytes(settings, "READS 2147483648;"), RunTimeError);
+  EXPECT_EQ(GetWriteBytes(settings, "READS 6,789 WRITES 22."), 22);
 }
 
 TEST_F(LogLine, ClassesAreThoseThatAPlainSearchOfTheCapitalLineFinds) {

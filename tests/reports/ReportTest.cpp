@@ -46,20 +46,20 @@ std::string GridText(const ReportDocument& document) {
 }
 
 // "summary.grid" is that form of the summary.
-std::string Output(const std::string& document) {
+std::string Output(Session& session, const std::string& document) {
   const std::string report = document.substr(0, document.find('.')),
                     form = document.substr(report.size() + 1);
   if (form == "csv" || form == "json") {
     const ExportFormat format = form == "csv" ? ExportFormat::Csv : ExportFormat::Json;
-    if (report == "statistics") return ExportStatistics(logFile, findings, format);
-    return report == "summary" ? ExportSummary(NowReported(), format) : ExportDetails(NowReported(), format);
+    if (report == "statistics") return ExportStatistics(session.logFile, session.findings, format);
+    return report == "summary" ? ExportSummary(session.Reported(), format) : ExportDetails(session.Reported(), format);
   }
   if (form == "html")
-    return report == "statistics" ? StatisticsPage(logFile, findings)
-           : report == "summary"  ? SummaryPage(NowReported(), logFile)
-                                  : DetailsPage(NowReported(), logFile);
+    return report == "statistics" ? StatisticsPage(session.logFile, session.findings)
+           : report == "summary"  ? SummaryPage(session.Reported(), session.logFile)
+                                  : DetailsPage(session.Reported(), session.logFile);
   const ReportDocument text =
-      report == "summary" ? DisplaySummaryReport(NowReported()) : DisplayDetailReport(NowReported());
+      report == "summary" ? DisplaySummaryReport(session.Reported()) : DisplayDetailReport(session.Reported());
   return form == "grid" ? GridText(text) : text.ReportText;
 }
 
@@ -104,10 +104,10 @@ TEST_P(WholeReports, AreAsExpected) {
   std::string first, last;
   dates >> first >> last;
   SetPeriod(TextToDate(first), TextToDate(last));
-  ProcessNow();
+  session->ProcessLog();
   for (std::string document; names >> document;) {
     SCOPED_TRACE(name + "-" + document);
-    std::string seen = Output(document);
+    std::string seen = Output(*session, document);
     folder.Put(document, seen);
     const auto style = seen.find(PageStyle);  // told once
     if (style != std::string::npos && name != "empty")
@@ -120,12 +120,12 @@ TEST_P(WholeReports, AreAsExpected) {
 INSTANTIATE_TEST_SUITE_P(Of, WholeReports, ::testing::ValuesIn(Cases<5>("reports/Documents")), NameOf);
 
 TEST_F(ReportTest, AnErrorLeavesOutWhatFailedAndNothingElse) {
-  ProcessNow();
+  session->ProcessLog();
   const Int16 connections = analysis.ServiceTotals[1].Connections;
   ExpectScript("reports/errors.reports", [&](Act& act) {
     ErrorRoad<Told> road(
         host, [&] { analysis.ServiceTotals[1].Connections = connections; },
-        [&] { Told::Latest = Output(act.Words[0]); });
+        [&] { Told::Latest = Output(*session, act.Words[0]); });
     const auto change = [&] { analysis.ServiceTotals[1].Connections = std::stoi(act.Word(1)); };
     act.Now = act.Words.size() == 1 ? road.AroundMemory() : road.Around(change, road.Undisturbed());
   });
@@ -138,21 +138,21 @@ TEST_F(ReportTest, ProgressIsToldOnceForEveryPercent) {
     void Progress(Int16 percent) override { seen += " " + std::to_string(percent); }
     std::string seen;
   };
-  ProcessNow();
+  session->ProcessLog();
   Watch watch;
   const Meanwhile here(CurrentSurroundings().Display, &watch);
   host.yielded = [&] { watch.seen += host.pointer == MousePointer::Hourglass ? "%" : "?"; };
-  DisplayDetailReport(NowReported());
+  DisplayDetailReport(session->Reported());
   EXPECT_EQ(watch.seen, "shown 12% 25% 37% 50% 62% 75% 87% 100% gone");
   watch.seen = "";
-  SummaryPage(NowReported(), logFile);
+  SummaryPage(session->Reported(), logFile);
   EXPECT_EQ(watch.seen, "shown 12? 25? 37? 50? 62? 75? 87? 100? gone");
   EXPECT_EQ(host.pointer, MousePointer::Default);
   Open("week", "General MaxConnections=dword:000000c8");
-  ProcessNow();
+  session->ProcessLog();
   analysis.ConnectionCount = 200;
   watch.seen = "";
-  SummaryPage(NowReported(), logFile);
+  SummaryPage(session->Reported(), logFile);
   EXPECT_EQ(std::ranges::count(watch.seen, '?'), 100);
 }
 

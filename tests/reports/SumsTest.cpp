@@ -7,7 +7,6 @@
 #include "reports/UseByService.h"
 #include "settings/UserParameters.h"
 #include "support/Expected.h"
-#include "support/ProcessNow.h"
 
 namespace qel {
 
@@ -45,31 +44,31 @@ class Sums : public FreshProgram {
   }
 
   // Puts the documents of the latest analysis beside those before.
-  void Keep(const std::string& name) const {
+  void Keep(const std::string& name) {
     for (const auto& [form, format] : {std::pair{".csv", ExportFormat::Csv}, {".json", ExportFormat::Json}}) {
-      folder.Put(name + "-summary" + form, ExportSummary(NowReported(), format));
-      folder.Put(name + "-details" + form, ExportDetails(NowReported(), format));
+      folder.Put(name + "-summary" + form, ExportSummary(session->Reported(), format));
+      folder.Put(name + "-details" + form, ExportDetails(session->Reported(), format));
     }
-    folder.Put(name + "-summary.html", SummaryPage(NowReported(), logFile));
-    folder.Put(name + "-details.html", DetailsPage(NowReported(), logFile));
+    folder.Put(name + "-summary.html", SummaryPage(session->Reported(), logFile));
+    folder.Put(name + "-details.html", DetailsPage(session->Reported(), logFile));
   }
 };
 
 }  // namespace
 
 TEST_F(Sums, HoldInEveryWeekOfTheSample) {
-  Registry.Open(QEL_SOURCE_DIR "/share/samples/QEL.reg", RegistryStore::Access::ReadOnly);
-  ReadUserParameters(Registry, settings, windowSettings);
+  store.Open(QEL_SOURCE_DIR "/share/samples/QEL.reg", RegistryStore::Access::ReadOnly);
+  ReadUserParameters(store, settings, windowSettings);
   FillMissingSettings(settings, windowSettings);
-  SetCurrentLog(QEL_SOURCE_DIR "/share/samples/ModemLog.txt");
+  session->SetCurrentLog(QEL_SOURCE_DIR "/share/samples/ModemLog.txt");
   findings.LogExists = logFile.ArchiveOpen = true;
-  GetLogStats(false);
+  session->Examine(LogHealth::Sound);
   std::string told;
   for (Date day = findings.FirstEntryDate - 6; day <= findings.LastEntryDate; ++day) {
     SetPeriod(day, day + 6);
-    ProcessNow();
+    session->ProcessLog();
     Keep(IsoDate(day));
-    for (const auto& line : SummaryDifferences(NowReported())) told += IsoDate(day) + " " + line + "\n";
+    for (const auto& line : SummaryDifferences(session->Reported())) told += IsoDate(day) + " " + line + "\n";
   }
   ExpectFile("reports/expected/sample-differences.txt", told);
   EXPECT_EQ(FaultsOfDocuments(folder), "");
@@ -82,15 +81,15 @@ TEST_F(Sums, HoldInAwkwardLogsAndTheSummarysDifferencesAreTold) {
     for (const Int16 block : {15, 0}) {
       Prepare(setUp, block);
       OpenLog(LogText(log));
-      ProcessNow();
+      session->ProcessLog();
       if (Has(setUp, "changed")) settings.Services[0].ServiceRate = settings.Services[1].ServiceRate = 2;
       Keep(std::to_string(row) + " blocks of " + std::to_string(block));
     }
     UseByService services(settings);
-    ForEachConnection(NowReported(), [&services](const DetailLine& line) { services.Add(line); });
+    ForEachConnection(session->Reported(), [&services](const DetailLine& line) { services.Add(line); });
     const ServiceUse use = services.Totals();
     std::string told;
-    for (const auto& line : SummaryDifferences(NowReported())) told += (told.empty() ? "" : "|") + line;
+    for (const auto& line : SummaryDifferences(session->Reported())) told += (told.empty() ? "" : "|") + line;
     EXPECT_EQ(told, said) << setUp << " " << log;
     EXPECT_EQ(std::to_string(use.Sessions) + " " + std::to_string(use.Seconds) + " " +
                   std::to_string(use.BytesRead),

@@ -7,7 +7,6 @@
 #include "modemlog/LogFile.h"
 #include "settings/UserParameters.h"
 #include "support/FreshProgram.h"
-#include "support/ProcessNow.h"
 
 namespace qel {
 
@@ -30,13 +29,13 @@ class WeekLog : public FreshProgram {
       file += key + "]\n\"" + value.insert(value.find('='), "\"") + "\n";
     }
     folder.Put("settings.reg", file);
-    Registry.Open(folder.Path("settings.reg"), RegistryStore::Access::ReadOnly);
-    Region = GetCurrencySymbolInfo(Registry);
-    ReadUserParameters(Registry, settings, windowSettings);
+    store.Open(folder.Path("settings.reg"), RegistryStore::Access::ReadOnly);
+    Region = GetCurrencySymbolInfo(store);
+    ReadUserParameters(store, settings, windowSettings);
     FillMissingSettings(settings, windowSettings);
-    SetCurrentLog("inputs/", name + ".log");
+    session->SetCurrentLog("inputs/", name + ".log");
     findings.LogExists = logFile.ArchiveOpen = true;
-    GetLogStats(false);
+    session->Examine(LogHealth::Sound);
   }
 };
 

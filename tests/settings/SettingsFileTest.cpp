@@ -29,24 +29,24 @@ struct SettingsFileTest : FreshProgram {
 
 TEST_F(SettingsFileTest, WhatOneStoreExportsMakesAnotherTheSame) {
   const std::string every = ReadWholeFile(QEL_SOURCE_DIR "/tests/settings/EveryField.reg");
-  Registry.Open(QEL_SOURCE_DIR "/tests/settings/EveryField.reg", RegistryStore::Access::ReadOnly);
-  const std::string exported = ExportedOptions(Registry);
+  store.Open(QEL_SOURCE_DIR "/tests/settings/EveryField.reg", RegistryStore::Access::ReadOnly);
+  const std::string exported = ExportedOptions(store);
   EXPECT_EQ(ParseRegistryFile(exported), ParseRegistryFile(every));
 
-  Registry.Reset();
+  store = {};
   const std::string own = KeyPath(SettingsRoot, SettingsKey), other = own + " Two";
   for (const auto& key : {own + "\\General", other}) {
-    Registry.CreateKey(key);
-    Registry.Set(key, "MaxServices", {REG_DWORD, DwordBytes(99)});
-    Registry.Set(key, "Mine", {REG_SZ, std::string("kept\0", 5)});
+    store.CreateKey(key);
+    store.Set(key, "MaxServices", {REG_DWORD, DwordBytes(99)});
+    store.Set(key, "Mine", {REG_SZ, std::string("kept\0", 5)});
   }
   const SettingsFile file = ReadSettingsFile(exported + "[HKEY_CURRENT_USER]\n\"a\"=\"1\"\n");
   EXPECT_EQ(std::tuple(file.Keys, file.Values, file.PassedOver), std::tuple(10, 176, 1));
-  ImportOptions(Registry, file);
+  ImportOptions(store, file);
   RegistryTree wanted = ParseRegistryFile(every);
   for (const auto& key : {own + "\\General", other}) wanted[key]["Mine"] = {REG_SZ, std::string("kept\0", 5)};
   wanted[other]["MaxServices"] = {REG_DWORD, DwordBytes(99)};
-  EXPECT_EQ(Registry.Tree(), wanted);
+  EXPECT_EQ(store.Tree(), wanted);
 }
 
 TEST_F(SettingsFileTest, WhatHoldsNoSettingsIsNotTaken) {

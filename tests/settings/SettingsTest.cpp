@@ -3,6 +3,7 @@
 #include "registry/RegistryText.h"
 #include "settings/SettingsExchange.h"
 #include "settings/StoredValues.h"
+#include "settings/UserParameters.h"
 #include "support/FreshProgram.h"
 #include "values/DateText.h"
 #include "values/NumberConversion.h"
@@ -74,21 +75,13 @@ std::string Fields(const Settings& s, const WindowSettings& w) {
 
 struct SettingsTest : FreshProgram {
   void StoreAndRestart() {
-    WriteUserParameters(Registry, settings, windowSettings);
-    Restart();
+    session->StoreSettings();
+    session->LoadSettings();
   }
-  static void Restart() {
-    settings = {};
-    windowSettings = {};
-    settings.SettingsDirty = false;
-    ReadUserParameters(Registry, settings, windowSettings);
-    FillMissingSettings(settings, windowSettings);
+  std::string Stored(const std::string& key, const std::string& name) const {
+    return TextOf(QueryValue(store, SettingsRoot, key, name));
   }
 };
-
-std::string Stored(const std::string& key, const std::string& name) {
-  return TextOf(QueryValue(Registry, SettingsRoot, key, name));
-}
 
 TEST_F(SettingsTest, AFirstRunHasTheDefaults) {
   EXPECT_EQ(Fields(settings, windowSettings),
@@ -113,7 +106,7 @@ TEST_F(SettingsTest, WindowSettingsAreStoredOnlyWhileTheyAreToBeSaved) {
     settings.ForceAMPM = true;
     windowSettings.ViewLogSettings.SaveSettings = viewer;
     windowSettings.SaveReportSettings = report;
-    WriteUserParameters(Registry, settings, windowSettings);
+    session->StoreSettings();
     EXPECT_EQ(Stored(SettingsKey + std::string(key), "ForceAMPM"), "-1") << key;
   }
   windowSettings.ViewLogSettings.SaveSettings = windowSettings.SaveReportSettings = Option(false);
@@ -124,15 +117,15 @@ TEST_F(SettingsTest, WindowSettingsAreStoredOnlyWhileTheyAreToBeSaved) {
 TEST_F(SettingsTest, EveryFieldHasItsOwnPlaceInMemoryAndInTheStore) {
   const std::string file = ReadWholeFile(QEL_SOURCE_DIR "/tests/settings/EveryField.reg");
   folder.Put("registry.reg", file);
-  Registry.Open(folder.Path("registry.reg"), RegistryStore::Access::Shared);
-  Restart();
+  store.Open(folder.Path("registry.reg"), RegistryStore::Access::Shared);
+  session->LoadSettings();
   EXPECT_EQ(Fields(settings, windowSettings),
             ReadWholeFile(QEL_SOURCE_DIR "/tests/settings/EveryField.memory"));
   EXPECT_TRUE(host.messages.empty());
 
   settings.GraphicsAvailable = true;
-  Registry.Open(folder.Path("second.reg"), RegistryStore::Access::Shared);
-  WriteUserParameters(Registry, settings, windowSettings);
+  store.Open(folder.Path("second.reg"), RegistryStore::Access::Shared);
+  session->StoreSettings();
   std::string stored = folder.Content("second.reg");
   std::erase(stored, '\r');
   EXPECT_EQ(stored, file.substr(0, file.find("; what is read with the rest")));
@@ -141,7 +134,7 @@ TEST_F(SettingsTest, EveryFieldHasItsOwnPlaceInMemoryAndInTheStore) {
 TEST_F(SettingsTest, WhatOtherProgramsStoreMeanwhileStays) {
   AddService("Ours", "1", "");
   const std::string path = folder.Path("registry.reg"), root = KeyPath(SettingsRoot, SettingsKey);
-  Registry.Open(path, RegistryStore::Access::Shared);
+  store.Open(path, RegistryStore::Access::Shared);
   StoreAndRestart();
   const auto storeElsewhere = [&](int services, const std::string& name, int connections, int holiday) {
     const auto number = [](int value) { return RegistryValue{REG_DWORD, DwordBytes(std::uint32_t(value))}; };
@@ -158,21 +151,21 @@ TEST_F(SettingsTest, WhatOtherProgramsStoreMeanwhileStays) {
   for (const int days : {3, 4}) {
     settings.MaxConnectDays = days;
     settings.Services[0].PerMeg = days;
-    WriteUserParameters(Registry, settings, windowSettings);
+    session->StoreSettings();
   }
   const std::string before = folder.Content("registry.reg");
   EXPECT_EQ(settings.UsedServices, 1) << "not before the user edits services";
-  TakeUpOthersRecords(Registry, settings);
+  TakeUpOthersRecords(store, settings);
   EXPECT_EQ(std::tuple(settings.MaxConnections, settings.UsedServices, settings.Services[1].ServiceName,
                        settings.Holidays[0]),
             std::tuple(200, 2, "Theirs", 36519));
   AddService("Ours too", "3", "");
-  Restart();
+  session->LoadSettings();
   EXPECT_EQ(folder.Content("registry.reg"), before);
   EXPECT_EQ(std::tuple(settings.MaxConnections, settings.MaxConnectDays, settings.UsedServices,
                        settings.Services[0].PerMeg, settings.Services[1].ServiceName),
             std::tuple(300, 4, 2, 4.0, "Theirs"));
-  TakeUpOthersRecords(Registry, settings);
+  TakeUpOthersRecords(store, settings);
   AddService("Ours too", "3", "");
   StoreAndRestart();
   EXPECT_EQ(settings.Services[1].ServiceName + ", " + settings.Services[2].ServiceName, "Theirs, Ours too");
@@ -182,15 +175,15 @@ TEST_F(SettingsTest, WhatOtherProgramsStoreMeanwhileStays) {
 TEST_F(SettingsTest, ThreeProgramsThatAddInTurnKeepAllThatWasAdded) {
   using Program = std::pair<RegistryStore, Settings>;
   const std::string path = folder.Path("registry.reg");
-  Registry.Open(path, RegistryStore::Access::Shared);
+  store.Open(path, RegistryStore::Access::Shared);
   AddService("first", "1", "").PerMeg = 1;
   settings.UsedHolidays = 2;
   settings.Holidays[0] = 36500;
   settings.Holidays[1] = 36510;
   StoreAndRestart();
-  std::vector<Program> programs(3, {Registry, settings});
-  const auto change = [](Program& program) {
-    std::swap(Registry, program.first);
+  std::vector<Program> programs(3, {store, settings});
+  const auto change = [this](Program& program) {
+    std::swap(store, program.first);
     std::swap(settings, program.second);
   };
   for (int step = 0; step < 6; ++step) {
@@ -200,8 +193,8 @@ TEST_F(SettingsTest, ThreeProgramsThatAddInTurnKeepAllThatWasAdded) {
     settings.Holidays[settings.UsedHolidays] = 36501 + 2 * step;
     ++settings.UsedHolidays;
     if (step == 4) settings.Holidays[0] = settings.Holidays[1];  // the first one goes
-    WriteUserParameters(Registry, settings, windowSettings);
-    WriteUserParameters(Registry, settings, windowSettings);
+    session->StoreSettings();
+    session->StoreSettings();
     change(program);
   }
   // One deletes a service while others have added some, and chooses a sound.
@@ -209,13 +202,13 @@ TEST_F(SettingsTest, ThreeProgramsThatAddInTurnKeepAllThatWasAdded) {
   for (int i = 1; i < settings.UsedServices; ++i) settings.Services[i - 1] = settings.Services[i];
   --settings.UsedServices;
   settings.WarningSoundFile = "a.wav";
-  WriteUserParameters(Registry, settings, windowSettings);
+  session->StoreSettings();
   // Another that knows nothing of it stores something else.
   change(programs[2]);
   settings.MaxConnectDays = 7;
-  WriteUserParameters(Registry, settings, windowSettings);
-  Registry.Open(path, RegistryStore::Access::Shared);
-  Restart();
+  session->StoreSettings();
+  store.Open(path, RegistryStore::Access::Shared);
+  session->LoadSettings();
   std::string all;
   for (int i = 0; i < settings.UsedServices; ++i)
     all += All(settings.Services[i].ServiceName, settings.Services[i].PerMeg);
@@ -228,7 +221,7 @@ TEST_F(SettingsTest, ThreeProgramsThatAddInTurnKeepAllThatWasAdded) {
 
 TEST_F(SettingsTest, AValueNameThatTwoServicesShareLosesNeither) {
   const std::string services = std::string(SettingsKey) + "\\Services";
-  const auto rates = [] {
+  const auto rates = [this] {
     std::string all;
     for (int i = 0; i < settings.UsedServices; ++i)
       all += All(settings.Services[i].FlexRate, settings.Services[i].FlexRate2);
@@ -254,31 +247,30 @@ TEST_F(SettingsTest, AValueNameThatTwoServicesShareLosesNeither) {
   settings.UsedServices = 21;
   StoreAndRestart();
   const std::string root = KeyPath(SettingsRoot, SettingsKey);
-  ImportOptions(Registry, {.Own = {{root + "\\Services", {{"FlexRate21", {REG_DWORD, DwordBytes(70000)}}}}}});
-  Restart();
+  ImportOptions(store, {.Own = {{root + "\\Services", {{"FlexRate21", {REG_DWORD, DwordBytes(70000)}}}}}});
+  session->LoadSettings();
   EXPECT_EQ(std::tuple(settings.Services[0].FlexRate2, settings.Services[20].FlexRate), std::tuple(7, 7));
 }
 
 TEST_F(SettingsTest, AServiceAddedElsewhereSparesTheRateThatSharesItsName) {
   const std::string path = folder.Path("registry.reg");
-  Registry.Open(path, RegistryStore::Access::Shared);
+  store.Open(path, RegistryStore::Access::Shared);
   settings.MaxServices = 30;
   settings.Services.Make(settings.MaxServices);
   for (int i = 1; i <= 20; ++i) AddService("S", "1", "").FlexRate2 = i;
   StoreAndRestart();
-  const RegistryStore store = Registry;
+  const RegistryStore others = store;
   for (const int services : {21, 20}) {
     if (services > settings.UsedServices)
       AddService("S", "1", "").FlexRate = 70;
     else
       settings.UsedServices = services;
-    WriteUserParameters(Registry, settings, windowSettings);
-    std::tie(Registry, settings.UsedServices) =
-        std::tuple(store, 20);  // another program, which has not heard of it
+    session->StoreSettings();
+    std::tie(store, settings.UsedServices) = std::tuple(others, 20);  // a program that has not heard of it
     settings.MaxConnectDays = services;
-    WriteUserParameters(Registry, settings, windowSettings);
-    Registry.Open(path, RegistryStore::Access::Shared);
-    Restart();
+    session->StoreSettings();
+    store.Open(path, RegistryStore::Access::Shared);
+    session->LoadSettings();
     EXPECT_EQ(
         std::tuple(settings.UsedServices, settings.Services[0].FlexRate2, settings.Services[20].FlexRate),
         std::tuple(services, 1, services == 21 ? 70 : 0));
@@ -292,29 +284,29 @@ TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
   settings.Services[12].UsedTariffs = 10;
   settings.WarningSoundFile = "a.wav";
   settings.UsedHolidays = 100;
-  WriteUserParameters(Registry, settings, windowSettings);
+  session->StoreSettings();
   const std::string root = SettingsKey, general = root + "\\General", services = root + "\\Services",
                     days = root + "\\Holidays";
-  const auto store = [](const std::string& key, const std::string& name, int value) {
-    SetKeyValue(Registry, SettingsRoot, key, name, Int32(value), REG_DWORD);
+  const auto put = [this](const std::string& key, const std::string& name, int value) {
+    SetKeyValue(store, SettingsRoot, key, name, Int32(value), REG_DWORD);
   };
-  const auto limit = [&](int most) { store(general, "MaxServices", most); };
-  store(services, "UsedTariffs13", 12);
-  for (const int k : {11, 12}) store(services, "Tariff13-" + std::to_string(k) + "After", k);
-  store(days, "UsedHolidays", 101);
-  store(days, " 101", 36519);
+  const auto limit = [&](int most) { put(general, "MaxServices", most); };
+  put(services, "UsedTariffs13", 12);
+  for (const int k : {11, 12}) put(services, "Tariff13-" + std::to_string(k) + "After", k);
+  put(days, "UsedHolidays", 101);
+  put(days, " 101", 36519);
   limit(10);
-  Restart();
+  session->LoadSettings();
   EXPECT_EQ(std::tuple(settings.UsedServices, settings.UsedHolidays, settings.WarningSoundFile),
             std::tuple(11, 100, "a.wav"));
-  WriteUserParameters(Registry, settings, windowSettings);
+  session->StoreSettings();
   EXPECT_EQ(
       Stored(general, "UsedServices") + Stored(services, "UsedTariffs13") + Stored(days, "UsedHolidays"),
       "1412101");
   --settings.UsedServices;  // the last one in sight is deleted
-  WriteUserParameters(Registry, settings, windowSettings);
+  session->StoreSettings();
   limit(20);
-  Restart();
+  session->LoadSettings();
   EXPECT_EQ(
       std::tuple(settings.UsedServices, settings.Services[9].ServiceName, settings.Services[10].ServiceName),
       std::tuple(13, "S10", "S12"));
@@ -326,15 +318,15 @@ TEST_F(SettingsTest, WhatFindsNoRoomIsStoredAgain) {
 
 TEST(SaveRegistry, ThatItCannotWriteIsToldOnce) {
   const TemporaryFolder folder;
-  Registry.Open(folder.Path("none/registry.reg"), RegistryStore::Access::Shared);
-  Registry.CreateKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL");
+  RegistryStore store;
+  store.Open(folder.Path("none/registry.reg"), RegistryStore::Access::Shared);
+  store.CreateKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\QEL");
   folder.Put("none", "");
   testing::internal::CaptureStderr();
-  SaveRegistry(Registry);
-  SaveRegistry(Registry);
+  SaveRegistry(store);
+  SaveRegistry(store);
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "qel: the settings could not be written: Path not found\n");
-  Registry.Reset();
 }
 
 }  // namespace qel

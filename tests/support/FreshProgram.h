@@ -3,18 +3,12 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 
-#include "analysis/Analyse.h"
-#include "analysis/ReportPeriod.h"
-#include "analysis/ResetProgram.h"
-#include "core/ProgramState.h"
-#include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
-#include "platform/Files.h"
-#include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"
-#include "settings/UserParameters.h"
+#include "session/Session.h"
 #include "support/ScriptedHost.h"
 #include "support/TemporaryFolder.h"
 
@@ -23,27 +17,20 @@ namespace qel {
 class FreshProgram : public ::testing::Test {
  protected:
   FreshProgram() {
-    Registry.Reset();
-    ResetProgram();
     // No store and no locale speak here, so the regional values are those of the United States.
     for (const char* name : {"LC_ALL", "LANG", "LC_TIME", "LC_NUMERIC", "LC_MONETARY"}) unsetenv(name);
-    Region = GetCurrencySymbolInfo(Registry);
-    ReadUserParameters(Registry, settings, windowSettings);
-    FillMissingSettings(settings, windowSettings);
+    Region = GetCurrencySymbolInfo(store);
+    session->LoadSettings();
     StopClockAt(DateSerial(1999, 1, 15) + TimeSerial(12, 0, 0));
   }
   ~FreshProgram() override { ResetClock(); }
 
   // Makes `text` the current log, an archive as the user would open it, and gathers its statistics.
   void OpenLog(const std::string& text) {
-    logFile.CurrentLogDir = folder.Path() + "/";
-    logFile.CurrentLogFile = "test.log";
-    logFile.CurrentLogPath = logFile.CurrentLogDir + logFile.CurrentLogFile;
-    FileWriter file(logFile.CurrentLogPath);
-    file.Write(text);
-    file.Close();
-    findings.LogExists = logFile.ArchiveOpen = true;
-    GetLogStats(false);
+    folder.Put("test.log", text);
+    session->SetCurrentLog(folder.Path("test.log"));
+    logFile.ArchiveOpen = true;
+    session->Examine(LogHealth::Sound);
   }
 
   void SetPeriod(Date start, Date end) {
@@ -62,6 +49,16 @@ class FreshProgram : public ::testing::Test {
     service.ServiceAltNumber = altNumber;
     return service;
   }
+
+  std::optional<Session> session{std::in_place};
+  Places& places = session->places;
+  RegistryStore& store = session->store;
+  Settings& settings = session->settings;
+  WindowSettings& windowSettings = session->windowSettings;
+  LogFile& logFile = session->logFile;
+  LogFindings& findings = session->findings;
+  Period& period = session->period;
+  AnalysisResult& analysis = session->analysis;
 
   TemporaryFolder folder;
   ScriptedHost host;

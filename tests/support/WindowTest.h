@@ -4,7 +4,6 @@
 
 #include <optional>
 
-#include "modemlog/LogFile.h"
 #include "support/FreshProgram.h"
 #include "ui/frmAbout.h"
 #include "ui/frmFileRepair.h"
@@ -41,8 +40,6 @@ class WindowTest : public FreshProgram {
   Windows& NewProcess() {
     windows.reset();
     session.emplace();
-    Registry.Reset();
-    ResetProgram();
     return windows.emplace(*session);
   }
 
@@ -54,10 +51,8 @@ class WindowTest : public FreshProgram {
   // Makes `text` the default log and looks into it as the start does.
   void DefaultLog(const std::string& text) {
     folder.Put("ModemLog.txt", text);
-    SetCurrentLog(folder.Path() + "/", "ModemLog.txt");
-    findings.LogExists = true;
-    findings.LogCorrupt = CheckCorruption(false);
-    if (!findings.LogCorrupt) GetLogStats(false);
+    session->SetCurrentLog(folder.Path() + "/", "ModemLog.txt");
+    session->Examine(LogHealth::Unknown);
   }
 
   void Show(const std::string& log) {
@@ -67,7 +62,6 @@ class WindowTest : public FreshProgram {
 
   std::string Log() const { return folder.Content("ModemLog.txt"); }
 
-  std::optional<Session> session{std::in_place};
   std::optional<Windows> windows{std::in_place, *session};
 
   const std::string usable = LogOf("01-05-1999", "01-20-1999");

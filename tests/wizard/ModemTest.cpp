@@ -15,25 +15,25 @@ namespace {
 
 const std::string ModemClass = "System\\CurrentControlSet\\Services\\Class";
 
-void SetModemText(const std::string& key, const std::string& name, const std::string& text) {
-  SetKeyValue(Registry, RegistryRoot::LocalMachine, ModemClass + key, name, text, REG_SZ);
-}
-
-// "name=text;" for each value of a modem's key, in alphabetical order.
-std::string ModemValues(const std::string& key) {
-  std::string all;
-  for (const auto& name : Registry.ValueNames(KeyPath(RegistryRoot::LocalMachine, ModemClass + key)))
-    all +=
-        name + "=" + TextOf(QueryValue(Registry, RegistryRoot::LocalMachine, ModemClass + key, name)) + ";";
-  return all;
-}
-
 // ~ is the folder.
 class ModemTest : public FreshProgram {
  protected:
+  void SetModemText(const std::string& key, const std::string& name, const std::string& text) {
+    SetKeyValue(store, RegistryRoot::LocalMachine, ModemClass + key, name, text, REG_SZ);
+  }
+
+  // "name=text;" for each value of a modem's key, in alphabetical order.
+  std::string ModemValues(const std::string& key) const {
+    std::string all;
+    for (const auto& name : store.ValueNames(KeyPath(RegistryRoot::LocalMachine, ModemClass + key)))
+      all +=
+          name + "=" + TextOf(QueryValue(store, RegistryRoot::LocalMachine, ModemClass + key, name)) + ";";
+    return all;
+  }
+
   void Begin(const Act& act) {
     folder.Empty();
-    Registry.Reset();
+    store = {};
     places.DefaultLogDir = folder.Path() + "/";
     places.DefaultLogFile = "ModemLog.txt";
     places.ActiveLogFile = places.ActiveLogDir = "";
@@ -42,12 +42,12 @@ class ModemTest : public FreshProgram {
   // modem KEY NAME LOG LOGGING INIT [PORT or DIALOG], "" for what is missing
   void Modem(const Act& act) {
     const std::string &key = act.Word(1), &log = act.Word(3);
-    CreatNewKey(Registry, ModemClass + key, RegistryRoot::LocalMachine);
+    CreatNewKey(store, ModemClass + key, RegistryRoot::LocalMachine);
     SetModemText(key, "DriverDesc", act.Word(2));
     if (!log.empty())
       SetModemText(key, "LoggingPath", log.starts_with('~') ? folder.Path() + log.substr(1) : log);
     if (!act.Word(5).empty()) SetModemText(key, "UserInit", act.Word(5));
-    SetKeyValue(Registry, RegistryRoot::LocalMachine, ModemClass + key, "Logging", Int32(act.Word(4) == "on"),
+    SetKeyValue(store, RegistryRoot::LocalMachine, ModemClass + key, "Logging", Int32(act.Word(4) == "on"),
                 REG_BINARY);
     SetModemText(key, key.starts_with("\\Ports") ? "ConfigDialog" : "AttachedTo", act.WordOr(6, ""));
   }
@@ -66,7 +66,7 @@ class ModemTest : public FreshProgram {
     Tell(act, "default log " + places.DefaultLogDir + "|" + places.DefaultLogFile + " of " +
                   std::to_string(folder.Content(places.DefaultLogFile).size()) + " bytes");
     const std::string general = std::string(SettingsKey) + "\\General";
-    Tell(act, "preferred " + TextOf(QueryValue(Registry, SettingsRoot, general, "PreferredModem")));
+    Tell(act, "preferred " + TextOf(QueryValue(store, SettingsRoot, general, "PreferredModem")));
     for (const auto& error : host.errors) Tell(act, error);
     for (const auto& told : host.transcript) Tell(act, told);
   }
@@ -92,7 +92,7 @@ class ModemTest : public FreshProgram {
     TellAll(act);
   }
 
-  ModemSetup modems{Registry, settings, places};
+  ModemSetup modems{store, settings, places};
   FailingDisk disk;
   TellingHost host;
 };

@@ -1,4 +1,4 @@
-#include "core/ProgramState.h"
+#include "core/Places.h"
 
 #include <cstdlib>
 
@@ -6,8 +6,6 @@
 #include "platform/Files.h"
 
 namespace qel {
-
-Places places;
 
 namespace {
 

@@ -5,8 +5,6 @@
 
 namespace qel {
 
-inline constexpr char NewLine[] = "\r\n";
-
 struct Places {
   std::string AppPath;  // the program's own folder: working copies, tips, help, sound
   std::string HelpFile;
@@ -17,8 +15,6 @@ struct Places {
   std::string ActiveLogFile;  // the log that the system's modem is set to write; empty if unknown
   std::string ActiveLogDir;
 };
-
-extern Places places;  // of the running program
 
 // All but the active log.
 Places ReadEnvironment();
