@@ -4,7 +4,6 @@
 #include "analysis/ReportPeriod.h"
 #include "core/ProgramState.h"
 #include "modemlog/LogExamination.h"
-#include "modemlog/LogMessages.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -15,7 +14,6 @@ void ResetProgram() {
   windowSettings = {};
   logFile = {};
   findings = {};
-  ResetLogMessages();
   period = {};
   analysis = {};
 }

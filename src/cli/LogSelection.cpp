@@ -44,7 +44,7 @@ bool SelectLog(const std::optional<std::string>& named) {
   if (findings.LogCorrupt) return Refuse("the log is corrupt: it holds a byte that no text log can hold");
   if (findings.LogEmpty) return Refuse("the log is empty");
   if (findings.LogInvalid) return Refuse("this is no modem log: its first or last entry has no date");
-  if (!logFile.ArchiveOpen) ShowLogTooBig();
+  if (findings.LogTooBig && !logFile.ArchiveOpen) ShowLogTooBig();
   return true;
 }
 

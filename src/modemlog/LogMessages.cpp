@@ -5,15 +5,12 @@
 
 #include "core/ProgramState.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogFile.h"
 
 namespace qel {
 
 namespace {
 
 constexpr int MissingLogHelp = 6;
-
-bool missingShown = false;
 
 std::string Lines(std::initializer_list<std::string> lines) {
   std::string text;
@@ -23,11 +20,7 @@ std::string Lines(std::initializer_list<std::string> lines) {
 
 }  // namespace
 
-void ResetLogMessages() { missingShown = false; }
-
 void ShowLogMissing() {
-  if (findings.LogExists || missingShown) return;
-  missingShown = true;
   const std::string text = Lines({
       "Qelmark Cannot Locate Your Modem Log File!",
       "",
@@ -49,7 +42,6 @@ void ShowLogMissing() {
 }
 
 void ShowLogCorrupt() {
-  if (!findings.LogCorrupt) return;
   const std::string text = Lines({
       "Corruption Detected in Modem Log File!",
       "",
@@ -63,7 +55,6 @@ void ShowLogCorrupt() {
 }
 
 void ShowLogInvalid() {
-  if (!findings.LogInvalid) return;
   const std::string text = Lines({
       "INVALID MODEM LOG FILE!",
       "",
@@ -75,7 +66,6 @@ void ShowLogInvalid() {
 }
 
 void ShowLogTooBig() {
-  if (!findings.LogTooBig) return;
   const std::string text = Lines({
       "Your Modem Log is Too Big!",
       "",

@@ -1,6 +1,7 @@
 #include "ui/frmMain.h"
 
 #include <cmath>
+#include <utility>
 
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
@@ -136,7 +137,7 @@ bool frmMain::TellStateOfLog() {
   const bool missing = !findings.LogExists && !logFile.ArchiveOpen;
   const bool tooBig = findings.LogTooBig && !logFile.ArchiveOpen;
   if (invalid) ShowLogInvalid();
-  if (missing) ShowLogMissing();
+  if (missing && !std::exchange(session.LogMissingShown, true)) ShowLogMissing();
   if (invalid || missing) StatusIndex = 7;
   if (findings.LogCorrupt) {
     TellCorrupt();
