@@ -46,7 +46,7 @@ bool SelectLog(Session& session, const std::optional<std::string>& named) {
   if (findings.LogEmpty) return Refuse(logFile, "the log is empty");
   if (findings.LogInvalid)
     return Refuse(logFile, "this is no modem log: its first or last entry has no date");
-  if (!logFile.ArchiveOpen) ShowLogTooBig(findings);
+  if (findings.LogTooBig && !logFile.ArchiveOpen) ShowLogTooBig();
   return true;
 }
 

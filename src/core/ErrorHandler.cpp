@@ -1,6 +1,5 @@
 #include "core/ErrorHandler.h"
 
-#include "core/OSVersion.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "values/CodePage.h"
@@ -72,7 +71,7 @@ std::string TraceLines() {
 }
 
 std::string EndOfFileTrace() {
-  return TraceLines() + "Verion: " + VersionText() + NewLine + "OS: " + OSVersion() + NewLine;
+  return TraceLines() + "Verion: " + VersionText() + NewLine + "OS: " + CurrentHost().SystemName() + NewLine;
 }
 
 std::string ReportOf(const RunTimeError& error) {
@@ -82,7 +81,7 @@ std::string ReportOf(const RunTimeError& error) {
          MailAddress + "." + NewLine + NewLine + "Error code: " + std::to_string(error.Number()) + NewLine +
          "Description: " + error.Description() + NewLine +
          "Last DLL Error: " + std::to_string(error.SystemError()) + NewLine + TraceLines() +
-         "Version: " + VersionText() + NewLine + "OS: " + OSVersion() + NewLine;
+         "Version: " + VersionText() + NewLine + "OS: " + CurrentHost().SystemName() + NewLine;
 }
 
 std::string ClosingParagraph() {

@@ -13,7 +13,6 @@
 
 #include "core/Version.h"
 #include "desktop/Dialogues.h"
-#include "desktop/EventLoop.h"
 #include "desktop/Printing.h"
 #include "desktop/QtValues.h"
 #include "desktop/Sound.h"
@@ -31,13 +30,13 @@ bool IsAddress(const QString& text) {
 
 }  // namespace
 
-Answer DesktopHost::MessageBox(const Message& message) { return ShowMessageBox(message); }
+Answer DesktopHost::MessageBox(const Message& message) { return ShowMessageBox(message, Loop); }
 
-void DesktopHost::RunModal(const std::function<bool()>& done) { RunUntil(done); }
+void DesktopHost::RunModal(const std::function<bool()>& done) { Loop.RunUntil(done); }
 
-void DesktopHost::Yield() { YieldToEvents(); }
+void DesktopHost::Yield() { Loop.Yield(); }
 
-void DesktopHost::Paint() { PaintWindows(); }
+void DesktopHost::Paint() { Loop.Paint(); }
 
 void DesktopHost::SetMousePointer(MousePointer shape) {
   while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
@@ -87,7 +86,7 @@ void DesktopHost::OpenDocument(const std::string& document) {
   if (!isAddress && !QFileInfo::exists(name)) Raise(FileNotFound);
   if (QDesktopServices::openUrl(isAddress ? QUrl(name) : QUrl::fromLocalFile(name))) return;
   // What is missing is no part of the program; the user can still go there.
-  ShowMessageBox(
+  MessageBox(
       {"No program on this system opens this:\r\n\r\n" + FromQt(name), ProgramTitle, Icon::Information});
 }
 

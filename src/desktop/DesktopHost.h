@@ -3,12 +3,17 @@
 
 #include <string>
 
+#include "desktop/EventLoop.h"
 #include "ui/WindowHost.h"
 
 namespace qel {
 
 class DesktopHost : public WindowHost {
  public:
+  explicit DesktopHost(qel::Windows& windows) : Loop(windows) { Windows = &windows; }
+
+  EventLoop Loop;
+
   Answer MessageBox(const Message& message) override;
   void RunModal(const std::function<bool()>& done) override;
   void Yield() override;

@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "core/Surroundings.h"
-#include "desktop/EventLoop.h"
 #include "desktop/ModalWindows.h"
 #include "desktop/QtValues.h"
 #include "desktop/ScreenRoom.h"
@@ -87,13 +86,13 @@ class UsualPointer {
 };
 
 // The box stays while the help is read.
-void AddHelpButton(QMessageBox& box, int context) {
+void AddHelpButton(QMessageBox& box, int context, EventLoop& loop) {
   if (context == 0) return;
   QPushButton* const help = box.addButton("Help", QMessageBox::HelpRole);
   help->setShortcut(Qt::Key_F1);
   help->disconnect();  // from what would close the box
   QObject::connect(help, &QPushButton::clicked, &box,
-                   [context] { Dispatch([context] { CurrentHost().ShowHelp(context); }); });
+                   [context, &loop] { loop.Dispatch([context] { CurrentHost().ShowHelp(context); }); });
 }
 
 // The name with the extension that its kind of file is listed by.
@@ -137,11 +136,11 @@ int RunDialogue(QDialog& dialogue) {
   MakeModal(dialogue);  // no child of its owner: it lives on the caller's stack
   FitInto(dialogue, dialogue.screen()->availableGeometry());
   dialogue.show();
-  RunUntil([&dialogue] { return !dialogue.isVisible(); });
+  CurrentHost().RunModal([&dialogue] { return !dialogue.isVisible(); });
   return dialogue.result();
 }
 
-Answer ShowMessageBox(const Message& message) {
+Answer ShowMessageBox(const Message& message, EventLoop& loop) {
   QMessageBox box(IconOf(message.icon), ToQt(message.Title), LinesToQt(message.Text));
   box.setTextFormat(Qt::PlainText);
   KeepLines(box);
@@ -154,7 +153,7 @@ Answer ShowMessageBox(const Message& message) {
     if (message.buttons == Buttons::OK || static_cast<int>(answers.size()) == message.EscapeButton)
       box.setEscapeButton(button);
   }
-  AddHelpButton(box, message.HelpContext);
+  AddHelpButton(box, message.HelpContext, loop);
   RunDialogue(box);
   for (const auto& [button, answer] : answers)
     if (button == box.clickedButton()) return answer;

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "desktop/EventLoop.h"
 #include "platform/Host.h"
 
 namespace qel {
@@ -13,7 +14,7 @@ namespace qel {
 // when the program ends meanwhile.
 int RunDialogue(QDialog& dialogue);
 
-Answer ShowMessageBox(const Message& message);
+Answer ShowMessageBox(const Message& message, EventLoop& loop);
 
 // Paths are the system's bytes; nothing where the user cancels.
 std::optional<std::string> AskFileToOpen(const FileDialog& wanted);

@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "controls/Form.h"
 #include "core/ErrorHandler.h"
 #include "platform/Host.h"
 #include "settings/StoredValues.h"
@@ -19,14 +18,11 @@ namespace qel {
 
 namespace {
 
-int depth = 0;  // of dispatches
-bool ended = false;
-bool inputIsThrownAway = false;
-
-// Keeps the user's input from the program. The release of a button that was pressed before comes when the
-// filter goes; without it the pressed widget, and the toolkit's hold on the mouse, would stay down.
+// Keeps the user's input from the program while `isOn`. The release of a button that was pressed before comes
+// when the filter goes; without it the pressed widget, and the toolkit's hold on the mouse, would stay down.
 class InputFilter : public QObject {
  public:
+  explicit InputFilter(const bool& isOn) : isOn(isOn) {}
   ~InputFilter() override {
     for (auto& [receiver, release] : releases)
       if (receiver) QCoreApplication::postEvent(receiver, release.release());
@@ -35,8 +31,8 @@ class InputFilter : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     switch (event->type()) {
       case QEvent::MouseButtonRelease:
-        if (inputIsThrownAway) releases.emplace_back(watched, event->clone());
-        return inputIsThrownAway;
+        if (isOn) releases.emplace_back(watched, event->clone());
+        return isOn;
       case QEvent::MouseButtonPress:
       case QEvent::MouseButtonDblClick:
       case QEvent::MouseMove:
@@ -48,13 +44,14 @@ class InputFilter : public QObject {
       case QEvent::ContextMenu:
       case QEvent::TabletPress:
       case QEvent::TouchBegin:
-        return inputIsThrownAway;
+        return isOn;
       default:
         return false;
     }
   }
 
  private:
+  const bool& isOn;
   std::vector<std::pair<QPointer<QObject>, std::unique_ptr<QEvent>>> releases;
 };
 
@@ -68,14 +65,6 @@ void RunToItsEnd(const std::function<void()>& event) {
   }
 }
 
-// Lets events happen in the middle of other work, which goes on only if the program does.
-void GoOnAfter(const std::function<void()>& events) {
-  const bool hadForms = !LoadedForms.empty();
-  events();
-  SaveRegistry(Registry);
-  if (ended || (hadForms && LoadedForms.empty())) throw ProgramEnd();
-}
-
 // Dialogues that the toolkit runs in loops of its own would outlive the program.
 void CloseDialogues() {
   for (QWidget* window : QApplication::topLevelWidgets())
@@ -85,25 +74,23 @@ void CloseDialogues() {
 
 }  // namespace
 
-void Dispatch(const std::function<void()>& event) noexcept {
+void EventLoop::Dispatch(const std::function<void()>& event) noexcept {
   if (ended) return;
   ++depth;
   try {
     RunToItsEnd(event);
     if (depth == 1) {
-      SaveRegistry(Registry);
-      TellSetAside(Registry);
+      SaveRegistry(windows->session.store);
+      TellSetAside(windows->session.store);
     }
   } catch (const ProgramEnd&) {
     ended = true;
     CloseDialogues();
   }
-  if (--depth == 0 && ended) SaveRegistry(Registry);
+  if (--depth == 0 && ended) SaveRegistry(windows->session.store);
 }
 
-bool ProgramEnded() { return ended; }
-
-void RunUntil(const std::function<bool()>& done) {
+void EventLoop::RunUntil(const std::function<bool()>& done) {
   const Meanwhile open(inputIsThrownAway, false);
   const bool hadForms = !LoadedForms.empty();
   while (!ended && !done()) {
@@ -113,7 +100,7 @@ void RunUntil(const std::function<bool()>& done) {
   if (ended) throw ProgramEnd();
 }
 
-void RunProgram() {
+void EventLoop::Run() {
   while (!LoadedForms.empty() && !ended) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     // Closed windows: the toolkit leaves them to a loop of its own, which never runs here.
@@ -121,22 +108,25 @@ void RunProgram() {
   }
 }
 
-void YieldToEvents() {
-  GoOnAfter([] {
+// Lets events happen in the middle of other work, which goes on only if the program does.
+void EventLoop::GoOnAfter(const std::function<void()>& events) {
+  const bool hadForms = !LoadedForms.empty();
+  events();
+  SaveRegistry(windows->session.store);
+  if (ended || (hadForms && LoadedForms.empty())) throw ProgramEnd();
+}
+
+void EventLoop::Yield() {
+  GoOnAfter([this] {
     const Meanwhile closed(inputIsThrownAway, true);
-    InputFilter filter;
+    InputFilter filter(inputIsThrownAway);
     qApp->installEventFilter(&filter);
     QCoreApplication::processEvents();
   });
 }
 
-void PaintWindows() {
+void EventLoop::Paint() {
   GoOnAfter([] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });
-}
-
-void ResetEventLoop() {
-  depth = 0;
-  ended = inputIsThrownAway = false;
 }
 
 }  // namespace qel

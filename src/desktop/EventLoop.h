@@ -5,32 +5,45 @@
 
 #include <functional>
 
+#include "ui/Windows.h"
+
 namespace qel {
 
-// Runs what an event asks for. ProgramEnd is remembered: from then on nothing is dispatched any more, and
-// all loops end. A run-time error that no procedure has dealt with goes to the error handler. After the
-// outermost dispatch the settings' changes go to the disk.
-void Dispatch(const std::function<void()>& event) noexcept;
+class EventLoop {
+ public:
+  // Of the program that has these windows; they must outlive it.
+  explicit EventLoop(const Windows& windows) : windows(&windows) {}
 
-// Whether ProgramEnd has come up in a dispatch.
-bool ProgramEnded();
+  // Runs what an event asks for. ProgramEnd is remembered: from then on nothing is dispatched any more, and
+  // all loops end. A run-time error that no procedure has dealt with goes to the error handler. After the
+  // outermost dispatch the settings' changes go to the disk.
+  void Dispatch(const std::function<void()>& event) noexcept;
 
-// The main loop: handles events until the program has ended or nothing of it is loaded.
-void RunProgram();
+  // Whether ProgramEnd has come up in a dispatch.
+  bool HasEnded() const { return ended; }
 
-// Handles events until `done`. Throws ProgramEnd when the program has ended or nothing of it is loaded.
-// `done` counts for more: what ends with the last window ends normally.
-void RunUntil(const std::function<bool()>& done);
+  // The main loop: handles events until the program has ended or nothing of it is loaded.
+  void Run();
 
-// Handles the events that wait, but throws away what the user does with mouse and keyboard meanwhile, except
-// before a modal window or box that such an event has opened. Throws ProgramEnd when the program has ended,
-// or when the last of its forms has gone.
-void YieldToEvents();
+  // Handles events until `done`. Throws ProgramEnd when the program has ended or nothing of it is loaded.
+  // `done` counts for more: what ends with the last window ends normally.
+  void RunUntil(const std::function<bool()>& done);
 
-// Handles the events that wait but leaves the user's input for later. Throws as YieldToEvents does.
-void PaintWindows();
+  // Handles the events that wait, but throws away what the user does with mouse and keyboard meanwhile,
+  // except before a modal window or box that such an event has opened. Throws ProgramEnd when the program has
+  // ended, or when the last of its forms has gone.
+  void Yield();
 
-// Puts all this as a fresh process has it.
-void ResetEventLoop();
+  // Handles the events that wait but leaves the user's input for later. Throws as Yield does.
+  void Paint();
+
+ private:
+  void GoOnAfter(const std::function<void()>& events);
+
+  const Windows* windows;
+  int depth = 0;  // of dispatches
+  bool ended = false;
+  bool inputIsThrownAway = false;
+};
 
 }  // namespace qel

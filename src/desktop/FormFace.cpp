@@ -49,7 +49,8 @@ void LayOut(QWidget& widget) {
 
 }  // namespace
 
-FormFace::FormFace(Form& form, std::unique_ptr<QWidget> window) : form(&form), window(std::move(window)) {
+FormFace::FormFace(Form& form, std::unique_ptr<QWidget> window, EventLoop& loop)
+    : form(&form), loop(loop), window(std::move(window)) {
   Attach();
 }
 
@@ -106,7 +107,7 @@ bool FormFace::IsLaidOut(const QWidget& widget) const {
 void FormFace::Tell(const std::function<void()>& act) {
   if (!form) return;
   ++telling;
-  Dispatch(act);
+  loop.Dispatch(act);
   if (--telling > 0) return;
   if (!form) deleteLater();
   focus.TakeEndOfHandler();
@@ -302,11 +303,11 @@ void FormFace::TakeMouseMove(QWidget& widget, const QPoint& at) {
   });
 }
 
-void AttachFaces(std::vector<WindowDesign> designs) {
-  AttachFace = [designs = std::move(designs)](Form& form) {
+void AttachFaces(std::vector<WindowDesign> designs, EventLoop& loop) {
+  AttachFace = [designs = std::move(designs), &loop](Form& form) {
     for (const WindowDesign& design : designs)
       if (form.Name() == design.formName)
-        form.Face = std::shared_ptr<FormFace>(new FormFace(form, design.make()),
+        form.Face = std::shared_ptr<FormFace>(new FormFace(form, design.make(), loop),
                                               [](FormFace* face) { face->Release(); });
   };
 }

@@ -18,6 +18,7 @@
 namespace qel {
 
 class ControlFace;
+class EventLoop;
 
 // How the window of a form is made.
 struct WindowDesign {
@@ -35,7 +36,7 @@ std::unique_ptr<QWidget> MakeWindow() {
 
 class FormFace : public QObject {
  public:
-  FormFace(Form& form, std::unique_ptr<QWidget> window);
+  FormFace(Form& form, std::unique_ptr<QWidget> window, EventLoop& loop);
   ~FormFace() override;
 
   QWidget& Window() const { return *window; }
@@ -88,6 +89,7 @@ class FormFace : public QObject {
   void TakeMouseMove(QWidget& widget, const QPoint& at);
 
   Form* form;  // null once released
+  EventLoop& loop;
   std::unique_ptr<QWidget> window;
   std::vector<std::unique_ptr<ControlFace>> faces;
   int telling = 0;  // depth of Tell
@@ -100,9 +102,9 @@ class FormFace : public QObject {
   bool pullingGeometry = false;
 };
 
-// From now on each form that is loaded gets its window from `designs`; a form that is not in it stays a
-// model.
-void AttachFaces(std::vector<WindowDesign> designs);
+// From now on each form that is loaded gets its window from `designs` and tells `loop` of its events; a form
+// that is not in it stays a model.
+void AttachFaces(std::vector<WindowDesign> designs, EventLoop& loop);
 
 // The face of a loaded form; null where it has none.
 FormFace* FaceOf(const Form& form);

@@ -5,7 +5,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 
-#include "desktop/EventLoop.h"
+#include "core/Surroundings.h"
 
 namespace qel {
 
@@ -45,7 +45,7 @@ bool PlayWith(const QString& program, const QStringList& arguments) {
   clock.start();
   while (clock.elapsed() < LongestSound && !player.waitForFinished(BetweenYields) &&
          player.state() != QProcess::NotRunning)
-    YieldToEvents();
+    CurrentHost().Yield();
   return player.state() != QProcess::NotRunning ||
          (player.error() != QProcess::FailedToStart && player.exitStatus() == QProcess::NormalExit &&
           player.exitCode() == 0);

@@ -10,7 +10,6 @@
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "desktop/DesktopHost.h"
-#include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
 #include "desktop/Look.h"
 #include "desktop/Windows.h"
@@ -60,14 +59,14 @@ int main(int count, char** words) {
   qel::ApplyLook();
   qel::Session session;
   qel::Windows windows(session);
-  qel::DesktopHost host;
-  host.Windows = &windows;
+  qel::DesktopHost host(windows);
   const qel::Surroundings around(host, host);
-  qel::AttachFaces(qel::ProgramWindows());
+  qel::AttachFaces(qel::ProgramWindows(), host.Loop);
 
-  qel::Dispatch([&windows] { qel::StartProgram(windows); });
-  qel::RunProgram();
+  host.Loop.Dispatch([&windows] { qel::StartProgram(windows); });
+  host.Loop.Run();
   qel::ReleaseFaces();
-  qel::Dispatch([&session] { qel::SaveRegistry(session.store); });  // what an earlier attempt could not write
+  // What an earlier attempt could not write.
+  host.Loop.Dispatch([&session] { qel::SaveRegistry(session.store); });
   return 0;
 }

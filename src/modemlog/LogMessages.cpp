@@ -3,16 +3,14 @@
 #include <initializer_list>
 #include <string>
 
-#include "core/Surroundings.h"
 #include "values/CodePage.h"
+#include "core/Surroundings.h"
 
 namespace qel {
 
 namespace {
 
 constexpr int MissingLogHelp = 6;
-
-bool missingShown = false;
 
 std::string Lines(std::initializer_list<std::string> lines) {
   std::string text;
@@ -22,11 +20,7 @@ std::string Lines(std::initializer_list<std::string> lines) {
 
 }  // namespace
 
-void ResetLogMessages() { missingShown = false; }
-
-void ShowLogMissing(const LogFindings& findings) {
-  if (findings.LogExists || missingShown) return;
-  missingShown = true;
+void ShowLogMissing() {
   const std::string text = Lines({
       "Qelmark Cannot Locate Your Modem Log File!",
       "",
@@ -47,8 +41,7 @@ void ShowLogMissing(const LogFindings& findings) {
   MsgBox({text, "No Modem Log Detected!", Icon::Exclamation, Buttons::OK, MissingLogHelp});
 }
 
-void ShowLogCorrupt(const LogFindings& findings) {
-  if (!findings.LogCorrupt) return;
+void ShowLogCorrupt() {
   const std::string text = Lines({
       "Corruption Detected in Modem Log File!",
       "",
@@ -61,8 +54,7 @@ void ShowLogCorrupt(const LogFindings& findings) {
   MsgBox({text, "WARNING", Icon::Critical});
 }
 
-void ShowLogInvalid(const LogFindings& findings) {
-  if (!findings.LogInvalid) return;
+void ShowLogInvalid() {
   const std::string text = Lines({
       "INVALID MODEM LOG FILE!",
       "",
@@ -73,8 +65,7 @@ void ShowLogInvalid(const LogFindings& findings) {
   MsgBox({text, "WARNING", Icon::Critical});
 }
 
-void ShowLogTooBig(const LogFindings& findings) {
-  if (!findings.LogTooBig) return;
+void ShowLogTooBig() {
   const std::string text = Lines({
       "Your Modem Log is Too Big!",
       "",

@@ -1,16 +1,11 @@
-// What the user is told about the state of the log. Each one tests its own flag first, so that a caller can
-// call them all in a row.
+// What the user is told about the state of the log.
 #pragma once
-
-#include "modemlog/LogFile.h"
 
 namespace qel {
 
-void ShowLogMissing(const LogFindings& findings);  // once a run
-void ShowLogCorrupt(const LogFindings& findings);
-void ShowLogInvalid(const LogFindings& findings);
-void ShowLogTooBig(const LogFindings& findings);
-
-void ResetLogMessages();
+void ShowLogMissing();
+void ShowLogCorrupt();
+void ShowLogInvalid();
+void ShowLogTooBig();
 
 }  // namespace qel

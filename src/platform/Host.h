@@ -57,6 +57,9 @@ class Host {
   // The one way out of the program: closes all files, lets the user's windows go and throws ProgramEnd.
   [[noreturn]] void EndProgram();
 
+  // What error messages call the system.
+  virtual std::string SystemName() const { return ""; }
+
   virtual Answer MessageBox(const Message& message) = 0;
 
   // The message box of the error handler. A host without a user in front of it ends the run here.

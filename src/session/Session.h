@@ -28,7 +28,8 @@ struct Session {
   AnalysisResult analysis;
   ModemSetup modems{store, settings, places};
 
-  bool TipShown = false;  // the tip of the day has been offered
+  bool TipShown = false;         // the tip of the day has been offered
+  bool LogMissingShown = false;  // the user knows that there is no log
 
   // From the store, with the default of what is missing there; and to it, as UserParameters.h tells.
   void LoadSettings();

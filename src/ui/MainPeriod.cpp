@@ -8,7 +8,6 @@
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
 #include "modemlog/LogExamination.h"
-#include "modemlog/LogMessages.h"
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
 #include "settings/UserParameters.h"

@@ -13,6 +13,7 @@ class WindowHost : public Host, public Display {
   qel::Windows* Windows = nullptr;  // of the program that runs, if one does
 
  private:
+  std::string SystemName() const override { return Windows ? Windows->session.places.OSName : ""; }
   Display& Front() override;
   void ShowHelp(int topic) override;
   void UnloadWindows() override;

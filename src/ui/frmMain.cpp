@@ -1,6 +1,7 @@
 #include "ui/frmMain.h"
 
 #include <cmath>
+#include <utility>
 
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
@@ -92,7 +93,7 @@ void frmMain::EnableRepair() {
 
 void frmMain::TellCorrupt() {
   if (!findings.LogCorrupt) return;
-  ShowLogCorrupt(findings);
+  ShowLogCorrupt();
   EnableRepair();
 }
 
@@ -135,15 +136,15 @@ bool frmMain::TellStateOfLog() {
   const bool invalid = findings.LogInvalid && !logFile.ArchiveOpen;
   const bool missing = !findings.LogExists && !logFile.ArchiveOpen;
   const bool tooBig = findings.LogTooBig && !logFile.ArchiveOpen;
-  if (invalid) ShowLogInvalid(findings);
-  if (missing) ShowLogMissing(findings);
+  if (invalid) ShowLogInvalid();
+  if (missing && !std::exchange(session.LogMissingShown, true)) ShowLogMissing();
   if (invalid || missing) StatusIndex = 7;
   if (findings.LogCorrupt) {
     TellCorrupt();
     StatusIndex = 8;
   }
   if (tooBig) {
-    ShowLogTooBig(findings);
+    ShowLogTooBig();
     session.TipShown = true;  // not in this run any more, even when the log has been made smaller
   }
   return !invalid && !missing && !findings.LogCorrupt && !tooBig;

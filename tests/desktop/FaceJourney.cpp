@@ -18,7 +18,6 @@
 #include <QToolBar>
 #include <QTreeView>
 
-#include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
 #include "desktop/QtValues.h"
 #include "desktop/UpDownButton.h"
@@ -62,11 +61,11 @@ void ClickItem(QAbstractItemView& view, int row) {
 
 void FaceJourney::Start() {
   toldEnd = false;
-  Dispatch([this] { qel::StartProgram(*Windows); });
+  loop.Dispatch([this] { qel::StartProgram(*Windows); });
   Settle();
 }
 
-bool FaceJourney::HasEnded() { return ProgramEnded() && !std::exchange(toldEnd, true); }
+bool FaceJourney::HasEnded() { return loop.HasEnded() && !std::exchange(toldEnd, true); }
 
 void FaceJourney::Stop(const std::string& why) {
   failure = why;
@@ -75,8 +74,8 @@ void FaceJourney::Stop(const std::string& why) {
 
 void FaceJourney::RunModal(const std::function<bool()>& done) {
   Settle();
-  PlayWhile([&] { return !done() && !ProgramEnded(); });
-  if (ProgramEnded()) throw ProgramEnd();
+  PlayWhile([&] { return !done() && !loop.HasEnded(); });
+  if (loop.HasEnded()) throw ProgramEnd();
 }
 
 void FaceJourney::Click(Control& control) {

@@ -3,13 +3,16 @@
 
 #include <QWidget>
 
+#include "desktop/EventLoop.h"
 #include "journeys/Journey.h"
 
 namespace qel {
 
 class FaceJourney : public Journey {
  public:
-  using Journey::Journey;
+  FaceJourney(Script& script, const TemporaryFolder& folder, EventLoop& loop,
+              std::function<qel::Windows&()> newProcess)
+      : Journey(script, folder, std::move(newProcess)), loop(loop) {}
 
   // Why the script could not go on; empty where it did.
   std::string Failure() const { return failure; }
@@ -36,6 +39,7 @@ class FaceJourney : public Journey {
   void Close(Form& form) override;
   void Activate(Form& form) override;
 
+  EventLoop& loop;  // of each process in turn
   std::string failure;
   bool toldEnd = false;
 };

@@ -11,7 +11,7 @@ class FaceJourneys : public ProgramTest, public testing::WithParamInterface<cons
 
 TEST_P(FaceJourneys, AreSeenAsTheModelsTellThem) {
   Script script(std::string(QEL_SOURCE_DIR) + "/tests/journeys/" + GetParam() + ".journey");
-  FaceJourney journey(script, folder, [this]() -> Windows& { return BeAsNew(); });
+  FaceJourney journey(script, folder, desktop.Loop, [this]() -> Windows& { return BeAsNew(); });
   try {
     journey.Play();
   } catch (const ProgramEnd&) {  // which the script did not expect

@@ -49,7 +49,7 @@ TEST_F(HelpBeside, TheOptionsItTakesClicksAndOutlivesThem) {
     EXPECT_TRUE(windows->SetupForm->txtMaxServices.HasFocus()) << "and so does the modal window";
     WindowOf("frmSetup").close();
   });
-  Dispatch([this] { windows->SetupForm->ShowModal(); });
+  desktop.Loop.Dispatch([this] { windows->SetupForm->ShowModal(); });
   EXPECT_TRUE(WindowOf("frmHelp").isVisible());
   WindowOf("frmMain").close();
   EXPECT_TRUE(LoadedForms.empty());

@@ -64,9 +64,9 @@ TEST_F(HostOfDesktop, TheEndOfTheProgramUnwindsAModalWindow) {
   Then([&] { FaceOf(dialog)->Window().findChild<QPushButton*>("btnOK")->click(); });
   Get<QPushButton>("btnOK").click();
   EXPECT_TRUE(unwound);
-  EXPECT_TRUE(ProgramEnded());
+  EXPECT_TRUE(host.Loop.HasEnded());
   bool ran = false;
-  Dispatch([&ran] { ran = true; });
+  host.Loop.Dispatch([&ran] { ran = true; });
   EXPECT_FALSE(ran) << "nothing happens any more";
 }
 
@@ -79,7 +79,7 @@ TEST_F(HostOfDesktop, AnErrorThatNobodyDealtWithIsTold) {
   form.btnOK.Click = [&runs] { ++runs, Raise(DeviceUnavailable); };
   Get<QPushButton>("btnOK").click();
   EXPECT_EQ(runs, 1) << "a click happens once";
-  EXPECT_FALSE(ProgramEnded());
+  EXPECT_FALSE(host.Loop.HasEnded());
 }
 
 TEST_F(HostOfDesktop, AYieldRunsTimersButTakesNoInput) {

@@ -34,6 +34,7 @@ long playedTime = 0;  // milliseconds; 0 where no round is played
 
 class Monkey : public ProgramTest, private DesktopHost {
  protected:
+  Monkey() : DesktopHost(*windows) {}
   [[noreturn]] void PlayRound(unsigned seed, bool tells) {
     tellsActs = tells;
     const Surroundings here(*this, *this);
@@ -48,10 +49,10 @@ class Monkey : public ProgramTest, private DesktopHost {
                                        {"QEL.HLP", "QEL.HLP"}})
       if (Roll(4) > 0) folder.Put(name, ReadWholeFile(share + sample));
     session->TipShown = false;
-    Windows = &*windows;
+    ShowForms(Loop);
     Arm();
-    Dispatch([this] { qel::StartProgram(*windows); });
-    RunProgram();
+    Loop.Dispatch([this] { qel::StartProgram(*windows); });
+    Loop.Run();
     ReleaseFaces();
     windows.reset();
     std::exit(HasFailure());
@@ -96,7 +97,7 @@ class Monkey : public ProgramTest, private DesktopHost {
 
   void Act() {
     playedTime += ActTime;
-    if (++acts > ActsOfARound || HasFailure()) return Dispatch([] { throw ProgramEnd(); });
+    if (++acts > ActsOfARound || HasFailure()) return Loop.Dispatch([] { throw ProgramEnd(); });
     QWidgetList windows, widgets;
     for (QWidget* shown : QApplication::topLevelWidgets()) {
       if (!shown->isVisible() || shown->windowType() == Qt::ToolTip) continue;

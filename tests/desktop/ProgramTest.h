@@ -8,7 +8,6 @@
 
 #include "core/Surroundings.h"
 #include "desktop/DesktopHost.h"
-#include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
 #include "desktop/Windows.h"
 #include "startup/QELMain.h"
@@ -18,24 +17,21 @@ namespace qel {
 
 class ProgramTest : public WindowTest {
  protected:
-  ProgramTest() {
-    desktop.Windows = &*windows;
-    ShowForms();
-  }
+  ProgramTest() { ShowForms(desktop.Loop); }
   ~ProgramTest() override {
     ReleaseFaces();
     windows.reset();
     AttachFace = nullptr;
-    ResetEventLoop();
   }
 
   // As a new process has it.
   Windows& BeAsNew() {
     ReleaseFaces();
     windows.reset();
-    ResetEventLoop();
-    ShowForms();
-    return NewProcess();
+    NewProcess();
+    desktop.Loop = EventLoop(*windows);
+    ShowForms(desktop.Loop);
+    return *windows;
   }
 
   static QWidget& WindowOf(const char* form) { return FaceOf(*LoadedForm(form))->Window(); }
@@ -46,12 +42,11 @@ class ProgramTest : public WindowTest {
     return *found;
   }
 
-  DesktopHost desktop;
+  DesktopHost desktop{*windows};
   const Surroundings around{desktop, desktop};
 
- private:
-  static void ShowForms() {
-    AttachFaces(ProgramWindows());
+  static void ShowForms(EventLoop& loop) {
+    AttachFaces(ProgramWindows(), loop);
     AttachFace = [attach = AttachFace](Form& form) {
       constexpr int AnHour = 3'600'000;
       for (Control* control : form.Controls())

@@ -18,7 +18,6 @@
 #include "controls/TextControls.h"
 #include "core/Surroundings.h"
 #include "desktop/DesktopHost.h"
-#include "desktop/EventLoop.h"
 #include "desktop/FormFace.h"
 #include "desktop/PictureWidget.h"
 #include "desktop/UpDownButton.h"
@@ -73,9 +72,9 @@ class frmDialog : public Form {
 class DesktopTest : public ::testing::Test {
  protected:
   DesktopTest() {
-    ResetEventLoop();
     AttachFaces({{"frmSample", MakeWindow<QMainWindow, Ui::frmSample>},
-                 {"frmDialog", MakeWindow<QDialog, Ui::frmDialog, Qt::Dialog>}});
+                 {"frmDialog", MakeWindow<QDialog, Ui::frmDialog, Qt::Dialog>}},
+                host.Loop);
     form.Timer1.Enabled = false;
     form.Show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&FaceOf(form)->Window()));
@@ -100,7 +99,9 @@ class DesktopTest : public ::testing::Test {
     for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
   }
 
-  DesktopHost host;
+  Session session;
+  Windows windows{session};
+  DesktopHost host{windows};
   const Surroundings around{host, host};
   frmSample form;
 };
