@@ -26,8 +26,8 @@ void frmSetup::WireHolidays() {
 void frmSetup::LoadHolidays() {
   SetTrace("frmSetup", "LoadHolidays");
   int past = 0;
-  for (int i = 0; i < settings.UsedHolidays; ++i) {
-    const Date day = settings.Holidays[i];
+  for (int i = 0; i < edited.UsedHolidays; ++i) {
+    const Date day = edited.Holidays[i];
     if (day < Today())
       ++past;
     else if (Attempt([day] { FormatDate(day, "Short Date"); }))  // else no list can show it
@@ -102,10 +102,9 @@ void frmSetup::lstHolidays_Click() {
   CalHolidays.Refusal = "";
 }
 
-void frmSetup::StoreHolidays() const {
-  settings.UsedHolidays = Int16(holidays.size());
-  for (int i = 0; i < settings.UsedHolidays; ++i)
-    settings.Holidays[i] = holidays[static_cast<std::size_t>(i)];
+void frmSetup::StoreHolidays() {
+  edited.UsedHolidays = Int16(holidays.size());
+  for (int i = 0; i < edited.UsedHolidays; ++i) edited.Holidays[i] = holidays[static_cast<std::size_t>(i)];
 }
 
 }  // namespace qel

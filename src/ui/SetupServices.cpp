@@ -66,12 +66,12 @@ void frmSetup::WireServices() {
 
 void frmSetup::ShowServices() {
   SetTrace("frmSetup", "ShowServices");
-  for (int i = 0; i < settings.UsedServices; ++i) lstServices.AddRow(RowOf(settings.Services[i]));
+  for (int i = 0; i < edited.UsedServices; ++i) lstServices.AddRow(RowOf(edited.Services[i]));
   if (lstServices.RowCount() > 0) SelectRow(1);
 }
 
 void frmSetup::AddServiceRow(int service) {
-  lstServices.AddRow(RowOf(settings.Services[service]));
+  lstServices.AddRow(RowOf(edited.Services[service]));
   SelectRow(lstServices.RowCount());
 }
 
@@ -81,9 +81,9 @@ void frmSetup::SelectRow(int row) {
 }
 
 void frmSetup::ShowServiceCount() {
-  const bool room = settings.UsedServices < settings.MaxServices;
+  const bool room = edited.UsedServices < edited.MaxServices;
   lblServices.Caption =
-      NumberText(settings.UsedServices) + " Services (Max " + NumberText(settings.MaxServices) + ")";
+      NumberText(edited.UsedServices) + " Services (Max " + NumberText(edited.MaxServices) + ")";
   lblServices.ForeColor = room ? SystemColour::WindowText : SystemColour::Warning;
   for (Button* button : {&btnNew, &btnCopy, &btnScan}) button->Enabled = room;
   ShowServiceNotice();
@@ -91,18 +91,20 @@ void frmSetup::ShowServiceCount() {
 
 void frmSetup::ShowServiceNotice() {
   std::string free;
-  IgnoreErrors([&] { free = FreeServices(settings); });
+  IgnoreErrors([&] { free = FreeServices(edited); });
   std::string notice = deletionNotice;
   if (!free.empty()) notice += (notice.empty() ? "" : "\n") + ("Without any costs so far: " + free);
   lblServiceNotice.Caption = notice;
   lblServiceNotice.Visible = !notice.empty();
 }
 
-void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = settings.UsedServices != 0; }
+void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = edited.UsedServices != 0; }
 
 // True when the editor was confirmed.
-bool frmSetup::EditService(bool isNew) {
+bool frmSetup::EditService(int service, bool isNew) {
   frmService& editor = *windows.ServiceForm;
+  editor.Edited = &edited;
+  editor.ServiceIndex = Int16(service);
   editor.NewService = isNew;
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   editor.ShowModal();
@@ -111,11 +113,11 @@ bool frmSetup::EditService(bool isNew) {
 
 void frmSetup::btnNew_Click() {
   SetTrace("frmSetup", "btnNew_Click");
-  if (settings.UsedServices >= settings.MaxServices) {
+  if (edited.UsedServices >= edited.MaxServices) {
     Refuse(lstServices, NoRoom);
-  } else if (HasRecord(settings, settings.UsedServices) && EditService(true)) {
-    ++settings.UsedServices;
-    AddServiceRow(settings.UsedServices - 1);
+  } else if (HasRecord(edited, edited.UsedServices) && EditService(edited.UsedServices, true)) {
+    ++edited.UsedServices;
+    AddServiceRow(edited.UsedServices - 1);
   }
   ShowServiceCount();
   EnableEditing();
@@ -124,7 +126,7 @@ void frmSetup::btnNew_Click() {
 void frmSetup::lstServices_DblClick() {
   const int service = SelectedService();
   if (service < 0) return Refuse(lstServices, NoService);
-  if (EditService(false)) lstServices.SetRow(service + 1, RowOf(settings.Services[service]));
+  if (EditService(service, false)) lstServices.SetRow(service + 1, RowOf(edited.Services[service]));
   ShowServiceNotice();
 }
 
@@ -136,7 +138,7 @@ void frmSetup::lstServices_ItemClick() {
 void frmSetup::btnDelete_Click() {
   const int service = SelectedService();
   const auto agreed = [&] {
-    return MsgBox({"Are you sure you want to delete " + settings.Services[service].ServiceName + "?",
+    return MsgBox({"Are you sure you want to delete " + edited.Services[service].ServiceName + "?",
                    "Delete Service", Icon::None, Buttons::YesNo}) == Answer::Yes;
   };
   if (service < 0 || agreed()) DeleteService();
@@ -148,16 +150,16 @@ void frmSetup::btnDelete_Click() {
 void frmSetup::DeleteService() {
   const int deleted = SelectedService();
   if (deleted < 0) return Refuse(lstServices, NoService);
-  if (deleted + 1 < settings.UsedServices)
+  if (deleted + 1 < edited.UsedServices)
     deletionNotice =
-        "Each service that stood below " + settings.Services[deleted].ServiceName +
+        "Each service that stood below " + edited.Services[deleted].ServiceName +
         " now has the costs and the warning of the entry before it. Please check them with Edit.";
-  for (int i = deleted; i + 1 < settings.UsedServices; ++i) {
-    settings.Services[i].ServiceName = settings.Services[i + 1].ServiceName;
-    settings.Services[i].ServiceNumber = settings.Services[i + 1].ServiceNumber;
-    settings.Services[i].ServiceAltNumber = settings.Services[i + 1].ServiceAltNumber;
+  for (int i = deleted; i + 1 < edited.UsedServices; ++i) {
+    edited.Services[i].ServiceName = edited.Services[i + 1].ServiceName;
+    edited.Services[i].ServiceNumber = edited.Services[i + 1].ServiceNumber;
+    edited.Services[i].ServiceAltNumber = edited.Services[i + 1].ServiceAltNumber;
   }
-  --settings.UsedServices;
+  --edited.UsedServices;
   lstServices.RemoveRow(deleted + 1);
   SelectRow(std::min(deleted + 1, lstServices.RowCount()));
   ShowServiceCount();
@@ -176,27 +178,27 @@ void frmSetup::btnCopy_Click() {
 void frmSetup::CopyService(int index) {
   SetTrace("frmSetup", "CopyService");
   Attempt([this, index] {
-    ServiceRecord& place = settings.Services[settings.UsedServices];
-    ServiceRecord copy = settings.Services[index];
+    ServiceRecord& place = edited.Services[edited.UsedServices];
+    ServiceRecord copy = edited.Services[index];
     copy.ServiceName = "Copy Of " + copy.ServiceName;
     copy.ServiceNumber = "";
     copy.ServiceAltNumber = place.ServiceAltNumber;
     copy.MaxCharge = place.MaxCharge;
     place = copy;
-    ++settings.UsedServices;
-    AddServiceRow(settings.UsedServices - 1);
+    ++edited.UsedServices;
+    AddServiceRow(edited.UsedServices - 1);
   });
 }
 
 void frmSetup::CheckCopybtn() {
   const int service = SelectedService();
-  btnCopy.Enabled = btnCopy.Enabled && service >= 0 && !settings.Services[service].ServiceNumber.empty();
+  btnCopy.Enabled = btnCopy.Enabled && service >= 0 && !edited.Services[service].ServiceNumber.empty();
 }
 
 void frmSetup::btnScan_Click() {
   if (ProgressBar1.Visible) return;  // a scan is under way
   SetTrace("frmSetup", "btnScan_Click");
-  const std::string path = settings.ModemLogDir + settings.ModemLogFile;
+  const std::string path = edited.ModemLogDir + edited.ModemLogFile;
   TraceStep(PathText(path));
   ProgressBar1.SetValue(0);
   ProgressBar1.Visible = true;
@@ -205,7 +207,7 @@ void frmSetup::btnScan_Click() {
   int found = 0;
   const auto show = [&] {
     ++found;
-    AddServiceRow(settings.UsedServices - 1);
+    AddServiceRow(edited.UsedServices - 1);
     ShowServiceCount();
     EnableEditing();
   };
@@ -214,7 +216,7 @@ void frmSetup::btnScan_Click() {
     CurrentHost().Yield();
     return IsLoaded();  // nobody has closed the window meanwhile
   };
-  const bool done = Attempt([&] { ScanForServices(settings, path, show, proceed); });
+  const bool done = Attempt([&] { ScanForServices(edited, path, show, proceed); });
   CurrentHost().SetMousePointer(MousePointer::Default);
   if (!IsLoaded()) return;
   ProgressBar1.SetValue(100);

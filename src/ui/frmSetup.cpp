@@ -54,10 +54,10 @@ void frmSetup::Form_Load() {
   mskNoDisconDuration.Mask = "##" + Region.TimeSeparator + "##" + Region.TimeSeparator + "##";
   Label8.Caption = "hh" + Region.TimeSeparator + "mm" + Region.TimeSeparator + "ss";
   SetTrace("frmSetup", "Form_Load");
-  snapshot.Take(settings);
+  edited = settings;
   ShowGeneral();
   ShowMarkers();
-  optShowErrors.Value = settings.ShowErrors;
+  optShowErrors.Value = edited.ShowErrors;
   optShowErrors_Click();
   ShowCosts();
   ShowServices();
@@ -81,7 +81,7 @@ void frmSetup::TabStrip1_Click() {
   HelpContextID = Pages[tab - 1].HelpContext;
   if (tab != ServicesTab)
     TabStrip1.SetFocus();
-  else if (settings.UsedServices > 0)
+  else if (edited.UsedServices > 0)
     lstServices.SetFocus();
 }
 
@@ -93,23 +93,31 @@ void frmSetup::Form_KeyDown(KeyPress& press) {
 }
 
 void frmSetup::btnSave_Click() {
-  saved = true;
   StoreHolidays();
+  const auto differs = [this](auto... options) { return ((settings.*options != edited.*options) || ...); };
+  LogPathChanged = differs(&qel::Settings::ModemLogFile, &qel::Settings::ModemLogDir);
+  if (LogPathChanged) findings.LogCorrupt = findings.LogTooBig = false;
+  OptionsChanged =
+      differs(&qel::Settings::FlatToolbars, &qel::Settings::UserStartPref, &qel::Settings::UserStartDate,
+              &qel::Settings::UserStartOfWeek, &qel::Settings::UserStartOfMonth);
+  settings = edited;
+  saved = true;
   session.StoreSettings();
   Unload();
 }
 
+// The settings are as they were, but for two whose edits stay, and for what was made of services that were
+// not there.
 void frmSetup::restoreOldValues() {
   SetTrace("frmSetup", "restoreOldValues");
-  snapshot.Restore(settings);
+  settings.NoDisconData = edited.NoDisconData;
+  settings.CostPerMeg = edited.CostPerMeg;
+  for (int i = settings.UsedServices; i <= settings.Services.Last(); ++i)
+    settings.Services[i] = edited.Services[i];
 }
 
 bool frmSetup::Form_Unload() {
   if (!saved) restoreOldValues();
-  const qel::Settings& before = snapshot.Before();
-  LogPathChanged =
-      saved && (before.ModemLogFile != settings.ModemLogFile || before.ModemLogDir != settings.ModemLogDir);
-  if (LogPathChanged) findings.LogCorrupt = findings.LogTooBig = false;
   if (regionalSettingsOpened)
     MsgBox(
         {"QEL has detected that you opened the \n"
@@ -119,10 +127,6 @@ bool frmSetup::Form_Unload() {
          "Systems Regional Settings then you\n"
          "MUST exit and re-start QEL.",
          "Windows Regional Settings"});
-  OptionsChanged =
-      before.FlatToolbars != settings.FlatToolbars || before.UserStartPref != settings.UserStartPref ||
-      before.UserStartDate != settings.UserStartDate || before.UserStartOfWeek != settings.UserStartOfWeek ||
-      before.UserStartOfMonth != settings.UserStartOfMonth;
   return true;
 }
 

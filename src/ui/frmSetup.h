@@ -1,5 +1,5 @@
-// The options window: every setting of the program, the services and the holidays. Its fields change the
-// settings as they are left; closing it without saving puts the settings back that it found.
+// The options window: every setting of the program, the services and the holidays. Its fields change a copy
+// of the settings as they are left, which saving puts in their place.
 //
 // Its handlers are told apart by tab: frmSetup.cpp (life of the window, tabs, saving), SetupFields.cpp
 // (General, Modem, Costs, Errors), SetupServices.cpp, SetupFormat.cpp, SetupHolidays.cpp, SetupReport.cpp.
@@ -17,7 +17,6 @@
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
 #include "ui/FieldRule.h"
-#include "ui/SetupSnapshot.h"
 #include "ui/Windows.h"
 
 namespace qel {
@@ -130,6 +129,8 @@ class frmSetup : public Window {
   struct LimitField {
     TextBox& Field;
     std::variant<Int16*, Int32*> Limit;
+    RuledField Rule{Field, {.TestsTyping = false, .WhenLeft = Leaving::PutsBack, .Mask = ""}};
+    std::string Shown() const;
   };
   struct OptionBox {
     CheckBox& Box;
@@ -144,7 +145,7 @@ class frmSetup : public Window {
     TextBox& Field;
     Label& Caption;
     double& Cost;
-    RuledField Rule;
+    RuledField Rule{Field, {.TestsTyping = false, .WhenLeft = Leaving::Insists, .Filler = ""}};
   };
   // What a starting date preference needs besides.
   struct StartField {
@@ -160,7 +161,6 @@ class frmSetup : public Window {
   void TabStrip1_Click();
   void btnSave_Click();
   void restoreOldValues();
-  static void EnableField(Control& field, bool enabled);
 
   void WireGeneral();
   void ShowGeneral();
@@ -169,9 +169,7 @@ class frmSetup : public Window {
   void txtLogName_LostFocus();
   void cmdBrowse_Click();
   void WarnOfOtherFolder() const;
-  static void ShowLimit(const LimitField& limit);
-  static void LimitField_LostFocus(const LimitField& limit);
-  void txtMaxServices_LostFocus();
+  void TakeLimit(const LimitField& limit, const std::string& typed);
 
   void WireModem();
   void ShowMarkers();
@@ -179,13 +177,11 @@ class frmSetup : public Window {
 
   void WireCosts();
   void ShowCosts();
-  void CostField_LostFocus(CostField& cost);
   void optCalcCosts_Click();
 
   void WireErrors();
   void optShowErrors_Click();
   void mskNoDisconDuration_LostFocus();
-  void mskNoDisconData_LostFocus();
 
   void ShowFormats();
   void Icon_Click(int index);
@@ -198,7 +194,7 @@ class frmSetup : public Window {
   void SelectRow(int row);
   void ShowServiceCount();
   void EnableEditing();
-  bool EditService(bool isNew);
+  bool EditService(int service, bool isNew);
   void btnNew_Click();
   void lstServices_DblClick();
   void lstServices_ItemClick();
@@ -218,14 +214,14 @@ class frmSetup : public Window {
   void btnAdd_Click();
   void btnRemove_Click();
   void lstHolidays_Click();
-  void StoreHolidays() const;
+  void StoreHolidays();
 
   void WireReport();
   void ShowReportSettings();
   void EnableStartFields();
   void mskUserDate_LostFocus();
 
-  SetupSnapshot snapshot;
+  qel::Settings edited = settings;  // the copy; taken anew as the window is loaded
   bool saved = false;
   bool regionalSettingsOpened = false;
   bool durationValid = false;
@@ -234,28 +230,29 @@ class frmSetup : public Window {
   std::string shownLogPath;    // whose text the window put into txtLogName
   std::vector<Date> holidays;  // the window's own; Holidays is touched by saving alone
 
-  const std::array<LimitField, 3> limits{{{txtMaxConnections, &settings.MaxConnections},
-                                          {txtMaxConnectDays, &settings.MaxConnectDays},
-                                          {txtMaxLogSize, &settings.MaxLogSize}}};
-  const std::array<OptionBox, 7> options{{{optEditLog, settings.EditLog},
-                                          {optShowToolbars, settings.ShowToolbars},
-                                          {optFlatToolBars, settings.FlatToolbars},
-                                          {optModemCheck, settings.ModemCheck},
-                                          {optTips, settings.Tips},
-                                          {optAutoOpt, settings.AutoOptimize},
-                                          {optShowGraphic, settings.ShowGraphic}}};
-  const std::array<MarkerField, 7> markers{{{TextOptDial, settings.ModemDial},
-                                            {TextOptAnswer, settings.ModemAnswer},
-                                            {TextOptConnect, settings.ModemConnect},
-                                            {TextOptUsrDisconnect, settings.ModemUserDisconnect},
-                                            {TextOptRemDisconnect, settings.ModemHostDisconnect},
-                                            {TextOptReads, settings.ModemReads},
-                                            {TextOptWrites, settings.ModemWrites}}};
-  static constexpr FieldRule Amount{.TestsTyping = false, .WhenLeft = Leaving::Insists, .Filler = ""};
-  std::array<CostField, 3> costs{
-      {{txtDialCost, lblDialCost, settings.DialCost, RuledField(txtDialCost, Amount)},
-       {txtCostPerHour, lblCostPerHour, settings.CostPerHour, RuledField(txtCostPerHour, Amount)},
-       {txtCostPerMeg, lblCostPerMeg, settings.CostPerMeg, RuledField(txtCostPerMeg, Amount)}}};
+  std::array<LimitField, 4> limits{{{txtMaxServices, &edited.MaxServices},
+                                    {txtMaxConnections, &edited.MaxConnections},
+                                    {txtMaxConnectDays, &edited.MaxConnectDays},
+                                    {txtMaxLogSize, &edited.MaxLogSize}}};
+  const std::array<OptionBox, 7> options{{{optEditLog, edited.EditLog},
+                                          {optShowToolbars, edited.ShowToolbars},
+                                          {optFlatToolBars, edited.FlatToolbars},
+                                          {optModemCheck, edited.ModemCheck},
+                                          {optTips, edited.Tips},
+                                          {optAutoOpt, edited.AutoOptimize},
+                                          {optShowGraphic, edited.ShowGraphic}}};
+  const std::array<MarkerField, 7> markers{{{TextOptDial, edited.ModemDial},
+                                            {TextOptAnswer, edited.ModemAnswer},
+                                            {TextOptConnect, edited.ModemConnect},
+                                            {TextOptUsrDisconnect, edited.ModemUserDisconnect},
+                                            {TextOptRemDisconnect, edited.ModemHostDisconnect},
+                                            {TextOptReads, edited.ModemReads},
+                                            {TextOptWrites, edited.ModemWrites}}};
+  std::array<CostField, 3> costs{{{txtDialCost, lblDialCost, edited.DialCost},
+                                  {txtCostPerHour, lblCostPerHour, edited.CostPerHour},
+                                  {txtCostPerMeg, lblCostPerMeg, edited.CostPerMeg}}};
+  RuledField noDisconData{mskNoDisconData,
+                          {.TestsTyping = false, .WhenLeft = Leaving::PutsBack, .Mask = "#,##0"}};
   const std::array<StartField, 3> startFields{{{"Start of Week", lstWeekStart, lblWeekStart},
                                                {"Start of Month", lstMonthStart, lblMonthStart},
                                                {"User Defined", mskUserDate, lblUserDate}}};
