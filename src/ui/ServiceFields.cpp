@@ -76,13 +76,11 @@ void frmService::WireFields() {
       field->Refusal = "";
       RefreshOKButton();
     };
-    field->LostFocus = [this, field] { Number_LostFocus(*field); };
+    field->LostFocus = [field] {
+      if (!IsValidNumber(field->Text)) RefuseAndStay(*field, NumberReason);
+    };
   }
   for (ComboBox* list : {&lstServiceFlexPeriod, &lstMegPeriod}) list->Click = list->LostFocus = refresh;
-}
-
-void frmService::Number_LostFocus(TextBox& field) {
-  if (!IsValidNumber(field.Text)) RefuseAndStay(field, NumberReason);
 }
 
 // Of a field that takes numbers: whether it took its last text.

@@ -1,11 +1,11 @@
-// The options window's tabs of plain fields: General, Modem, Costs, Errors.
+// The tabs of plain fields: General, Modem, Costs, Errors.
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "platform/Files.h"
 #include "settings/UserParameters.h"
-#include "ui/frmSetup.h"
+#include "ui/SetupTabs.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
@@ -37,9 +37,7 @@ void LeaveTraced(RuledField& ruled) {
 
 }  // namespace
 
-// General
-
-void frmSetup::WireGeneral() {
+SetupGeneral::SetupGeneral(const SetupTab& tab) : SetupTab(tab) {
   txtLogName.Change = [this] { txtLogName.Refusal = ""; };
   txtLogName.LostFocus = [this] { txtLogName_LostFocus(); };
   cmdBrowse.Click = [this] { cmdBrowse_Click(); };
@@ -52,25 +50,25 @@ void frmSetup::WireGeneral() {
     option.Box.Click = [&option] { option.Setting = option.Box.Value(); };
 }
 
-void frmSetup::ShowGeneral() {
+void SetupGeneral::Show() {
   logPathAtLoad = edited.ModemLogDir + edited.ModemLogFile;
   ShowLogPath(logPathAtLoad);
   for (const LimitField& limit : limits) limit.Field.Text = limit.Shown();
   for (const OptionBox& option : options) option.Box.Value = option.Setting;
 }
 
-void frmSetup::ShowLogPath(const std::string& path) {
+void SetupGeneral::ShowLogPath(const std::string& path) {
   shownLogPath = path;
   txtLogName.Text = PathText(path);
   txtLogName.ToolTipText = " " + PathText(path) + " ";
 }
 
 // A name that no text can show stays what it is as long as nobody types over it.
-std::string frmSetup::TypedLogPath() const {
+std::string SetupGeneral::TypedLogPath() const {
   return txtLogName.Text() == PathText(shownLogPath) ? shownLogPath : ToUtf8(txtLogName.Text());
 }
 
-void frmSetup::txtLogName_LostFocus() {
+void SetupGeneral::txtLogName_LostFocus() {
   const std::string path = TypedLogPath();
   const std::string refusal = WhyNoLog(path);
   ShowLogPath(refusal.empty() ? path : logPathAtLoad);
@@ -80,19 +78,21 @@ void frmSetup::txtLogName_LostFocus() {
   edited.ModemLogDir = FolderPart(path);
 }
 
-void frmSetup::cmdBrowse_Click() {
-  const auto path = CurrentHost().AskOpenFile({LogFilter, logFile.CurrentLogDir, TypedLogPath()});
+void SetupGeneral::cmdBrowse_Click() {
+  const auto path =
+      CurrentHost().AskOpenFile({LogFilter, windows.session.logFile.CurrentLogDir, TypedLogPath()});
   if (!path) return;
-  if (FolderPart(*path) != places.DefaultLogDir && !logFile.ArchiveOpen) WarnOfOtherFolder();
+  if (FolderPart(*path) != windows.session.places.DefaultLogDir && !windows.session.logFile.ArchiveOpen)
+    WarnOfOtherFolder();
   ShowLogPath(*path);
   txtLogName.SetFocus();  // leaving it takes the choice
 }
 
-void frmSetup::WarnOfOtherFolder() const {
+void SetupGeneral::WarnOfOtherFolder() const {
   MsgBox(
       {"Your system's active modem log file is normally located\n"
        "in the '" +
-           PathText(places.DefaultLogDir) +
+           PathText(windows.session.places.DefaultLogDir) +
            "' directory.\n"
            "\n"
            "The file you have selected is located in a different directory\n"
@@ -103,11 +103,11 @@ void frmSetup::WarnOfOtherFolder() const {
        "WARNING", Icon::Exclamation});
 }
 
-std::string frmSetup::LimitField::Shown() const {
+std::string SetupGeneral::LimitField::Shown() const {
   return std::visit([](const auto* limit) { return NumberText(*limit); }, Limit);
 }
 
-void frmSetup::TakeLimit(const LimitField& limit, const std::string& typed) {
+void SetupGeneral::TakeLimit(const LimitField& limit, const std::string& typed) {
   const bool ofServices = &limit.Field == &txtMaxServices;
   if (ofServices && Val(typed) < edited.UsedServices) {
     MsgBox(
@@ -120,39 +120,34 @@ void frmSetup::TakeLimit(const LimitField& limit, const std::string& typed) {
   const bool fits =
       Attempt([&] { std::visit([&typed](auto* setting) { *setting = Val(typed); }, limit.Limit); });
   if (!fits) limit.Field.Refusal = OutOfRange;
-  if (ofServices) ShowServiceCount();
+  if (ofServices) MaxServicesTaken();
 }
 
-// Modem
-
-void frmSetup::WireModem() {
+SetupModem::SetupModem(const SetupTab& tab) : SetupTab(tab) {
   for (const MarkerField& marker : markers)
     marker.Field.LostFocus = [&marker] {
       marker.Marker = UpperCase(marker.Field.Text());
       marker.Field.Text = marker.Marker;
     };
-  btnDefaults.Click = [this] { btnDefaults_Click(); };
 }
 
-void frmSetup::ShowMarkers() {
+void SetupModem::Show() {
   for (const MarkerField& marker : markers) marker.Field.Text = marker.Marker;
 }
 
-void frmSetup::btnDefaults_Click() {
+void SetupModem::btnDefaults_Click() {
   RestoreModemDefaults(edited);
-  ShowMarkers();
+  Show();
 }
 
-// Costs
-
-void frmSetup::WireCosts() {
+SetupCosts::SetupCosts(const SetupTab& tab) : SetupTab(tab) {
   optCalcCosts.Click = [this] { optCalcCosts_Click(); };
   // The amount is taken as it was typed; the field shows it rounded.
   for (CostField& cost : costs)
     cost.Rule.Taken = [&cost](const std::string& typed) { cost.Cost = TextToNumber(typed); };
 }
 
-void frmSetup::ShowCosts() {
+void SetupCosts::Show() {
   optCalcCosts.Value = edited.CalcCosts;
   optCalcCosts_Click();
   for (CostField& cost : costs) {
@@ -161,7 +156,7 @@ void frmSetup::ShowCosts() {
   }
 }
 
-void frmSetup::optCalcCosts_Click() {
+void SetupCosts::optCalcCosts_Click() {
   edited.CalcCosts = optCalcCosts.Value();
   for (const CostField& cost : costs) {
     EnableField(cost.Field, edited.CalcCosts);
@@ -169,9 +164,7 @@ void frmSetup::optCalcCosts_Click() {
   }
 }
 
-// Errors
-
-void frmSetup::WireErrors() {
+SetupErrors::SetupErrors(const SetupTab& tab) : SetupTab(tab) {
   optShowErrors.Click = [this] { optShowErrors_Click(); };
   mskNoDisconDuration.Change = [this] {
     durationValid = mskNoDisconDuration.Fits(mskNoDisconDuration.Text);
@@ -182,7 +175,14 @@ void frmSetup::WireErrors() {
   LeaveTraced(noDisconData);
 }
 
-void frmSetup::optShowErrors_Click() {
+void SetupErrors::Show() {
+  mskNoDisconDuration.Mask = "##" + Region.TimeSeparator + "##" + Region.TimeSeparator + "##";
+  Label8.Caption = "hh" + Region.TimeSeparator + "mm" + Region.TimeSeparator + "ss";
+  optShowErrors.Value = edited.ShowErrors;
+  optShowErrors_Click();
+}
+
+void SetupErrors::optShowErrors_Click() {
   SetTrace("frmSetup", "optShowErrors_Click");
   edited.ShowErrors = optShowErrors.Value();
   Attempt([this] {
@@ -195,7 +195,7 @@ void frmSetup::optShowErrors_Click() {
 }
 
 // The hours count as minutes too: 01:30:00 are 31 minutes.
-void frmSetup::mskNoDisconDuration_LostFocus() {
+void SetupErrors::mskNoDisconDuration_LostFocus() {
   if (!durationValid)
     return RefuseAndStay(mskNoDisconDuration, "Enter hours, minutes and seconds of two digits each.");
   const std::string& text = mskNoDisconDuration.Text;

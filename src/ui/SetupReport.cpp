@@ -1,4 +1,3 @@
-// The options window's preferences for reports: their format, and the day on which they begin.
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
@@ -6,12 +5,12 @@
 #include "platform/Clock.h"
 #include "platform/DateConversion.h"
 #include "ui/DateField.h"
-#include "ui/frmSetup.h"
+#include "ui/SetupTabs.h"
 #include "values/Region.h"
 
 namespace qel {
 
-void frmSetup::WireReport() {
+SetupReport::SetupReport(const SetupTab& tab) : SetupTab(tab) {
   lstStartDate.AddItems(
       {"First Log Entry", "Last Log Entry", "Start of Week", "Start of Month", "User Defined"});
   lstMonthStart.AddItem("First Day");
@@ -30,13 +29,14 @@ void frmSetup::WireReport() {
   mskUserDate.LostFocus = [this] { mskUserDate_LostFocus(); };
 }
 
-void frmSetup::ShowReportSettings() {
+void SetupReport::Show() {
   SetTrace("frmSetup", "ShowReportSettings");
   chkAMPM.Value = edited.ForceAMPM;
   if (edited.UserStartPref.empty()) edited.UserStartPref = "Last Log Entry";
   Attempt([this] { lstStartDate.SetText(edited.UserStartPref); });
   Attempt([this] { lstWeekStart.SetListIndex(edited.UserStartOfWeek); });
   Attempt([this] { lstMonthStart.SetListIndex(edited.UserStartOfMonth); });
+  const LogFindings& findings = windows.session.findings;
   if (edited.UserStartDate == 0)
     edited.UserStartDate = findings.FirstEntryDate != 0 ? findings.FirstEntryDate : Today();
   MakeDateField(mskUserDate);
@@ -46,7 +46,7 @@ void frmSetup::ShowReportSettings() {
 }
 
 // Only what the chosen preference needs can be set.
-void frmSetup::EnableStartFields() {
+void SetupReport::EnableStartFields() {
   for (const StartField& start : startFields) {
     const bool needed = lstStartDate.Text() == start.Preference;
     EnableField(start.Field, needed);
@@ -55,7 +55,7 @@ void frmSetup::EnableStartFields() {
   }
 }
 
-void frmSetup::mskUserDate_LostFocus() {
+void SetupReport::mskUserDate_LostFocus() {
   if (!IsDate(mskUserDate.Text())) return RefuseAndStay(mskUserDate, "Enter a date.");
   edited.UserStartDate = WholeDay(TextToDate(mskUserDate.Text()));
 }

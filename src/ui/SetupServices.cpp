@@ -1,11 +1,10 @@
-// The options window's list of services.
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "ui/ServiceScan.h"
+#include "ui/SetupTabs.h"
 #include "ui/frmService.h"
-#include "ui/frmSetup.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
 
@@ -51,7 +50,7 @@ void TellScanned(int found) {
 
 }  // namespace
 
-void frmSetup::WireServices() {
+SetupServices::SetupServices(const SetupTab& tab) : SetupTab(tab) {
   lstServices.SetColumns({{"Service Description", 4000}, {"Number", 1900}});
   lstServices.FullRowSelect = true;
   lstServices.HideSelection = false;  // the buttons beside it, which take the focus, work on that row
@@ -64,23 +63,24 @@ void frmSetup::WireServices() {
   ProgressBar1.Visible = false;
 }
 
-void frmSetup::ShowServices() {
+void SetupServices::Show() {
   SetTrace("frmSetup", "ShowServices");
   for (int i = 0; i < edited.UsedServices; ++i) lstServices.AddRow(RowOf(edited.Services[i]));
   if (lstServices.RowCount() > 0) SelectRow(1);
+  EnableEditing();
 }
 
-void frmSetup::AddServiceRow(int service) {
+void SetupServices::AddServiceRow(int service) {
   lstServices.AddRow(RowOf(edited.Services[service]));
   SelectRow(lstServices.RowCount());
 }
 
-void frmSetup::SelectRow(int row) {
+void SetupServices::SelectRow(int row) {
   lstServices.SelectRow(row);
   lstServices.Refusal = "";
 }
 
-void frmSetup::ShowServiceCount() {
+void SetupServices::ShowServiceCount() {
   const bool room = edited.UsedServices < edited.MaxServices;
   lblServices.Caption =
       NumberText(edited.UsedServices) + " Services (Max " + NumberText(edited.MaxServices) + ")";
@@ -89,7 +89,7 @@ void frmSetup::ShowServiceCount() {
   ShowServiceNotice();
 }
 
-void frmSetup::ShowServiceNotice() {
+void SetupServices::ShowServiceNotice() {
   std::string free;
   IgnoreErrors([&] { free = FreeServices(edited); });
   std::string notice = deletionNotice;
@@ -98,10 +98,10 @@ void frmSetup::ShowServiceNotice() {
   lblServiceNotice.Visible = !notice.empty();
 }
 
-void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = edited.UsedServices != 0; }
+void SetupServices::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = edited.UsedServices != 0; }
 
 // True when the editor was confirmed.
-bool frmSetup::EditService(int service, bool isNew) {
+bool SetupServices::EditService(int service, bool isNew) {
   frmService& editor = *windows.ServiceForm;
   editor.Edited = &edited;
   editor.ServiceIndex = Int16(service);
@@ -111,7 +111,7 @@ bool frmSetup::EditService(int service, bool isNew) {
   return !editor.ServiceEditCancelled;
 }
 
-void frmSetup::btnNew_Click() {
+void SetupServices::btnNew_Click() {
   SetTrace("frmSetup", "btnNew_Click");
   if (edited.UsedServices >= edited.MaxServices) {
     Refuse(lstServices, NoRoom);
@@ -123,19 +123,19 @@ void frmSetup::btnNew_Click() {
   EnableEditing();
 }
 
-void frmSetup::lstServices_DblClick() {
+void SetupServices::lstServices_DblClick() {
   const int service = SelectedService();
   if (service < 0) return Refuse(lstServices, NoService);
   if (EditService(service, false)) lstServices.SetRow(service + 1, RowOf(edited.Services[service]));
   ShowServiceNotice();
 }
 
-void frmSetup::lstServices_ItemClick() {
+void SetupServices::lstServices_ItemClick() {
   ShowServiceCount();
   CheckCopybtn();
 }
 
-void frmSetup::btnDelete_Click() {
+void SetupServices::btnDelete_Click() {
   const int service = SelectedService();
   const auto agreed = [&] {
     return MsgBox({"Are you sure you want to delete " + edited.Services[service].ServiceName + "?",
@@ -147,7 +147,7 @@ void frmSetup::btnDelete_Click() {
 
 // Names and numbers move up alone: the services behind the deleted one take over the costs and the warning of
 // the entry before them.
-void frmSetup::DeleteService() {
+void SetupServices::DeleteService() {
   const int deleted = SelectedService();
   if (deleted < 0) return Refuse(lstServices, NoService);
   if (deleted + 1 < edited.UsedServices)
@@ -166,7 +166,7 @@ void frmSetup::DeleteService() {
   EnableEditing();
 }
 
-void frmSetup::btnCopy_Click() {
+void SetupServices::btnCopy_Click() {
   const int source = SelectedService();
   if (source < 0) return Refuse(lstServices, NoService);
   CopyService(source);
@@ -175,7 +175,7 @@ void frmSetup::btnCopy_Click() {
 }
 
 // The copy has no number yet, and keeps the alternate number and the maximum charge that its place held.
-void frmSetup::CopyService(int index) {
+void SetupServices::CopyService(int index) {
   SetTrace("frmSetup", "CopyService");
   Attempt([this, index] {
     ServiceRecord& place = edited.Services[edited.UsedServices];
@@ -190,12 +190,12 @@ void frmSetup::CopyService(int index) {
   });
 }
 
-void frmSetup::CheckCopybtn() {
+void SetupServices::CheckCopybtn() {
   const int service = SelectedService();
   btnCopy.Enabled = btnCopy.Enabled && service >= 0 && !edited.Services[service].ServiceNumber.empty();
 }
 
-void frmSetup::btnScan_Click() {
+void SetupServices::btnScan_Click() {
   if (ProgressBar1.Visible) return;  // a scan is under way
   SetTrace("frmSetup", "btnScan_Click");
   const std::string path = edited.ModemLogDir + edited.ModemLogFile;
@@ -214,14 +214,14 @@ void frmSetup::btnScan_Click() {
   const auto proceed = [this](int percent) {
     ProgressBar1.SetValue(percent);
     CurrentHost().Yield();
-    return IsLoaded();  // nobody has closed the window meanwhile
+    return Page.Parent().IsLoaded();  // nobody has closed the window meanwhile
   };
   const bool done = Attempt([&] { ScanForServices(edited, path, show, proceed); });
   CurrentHost().SetMousePointer(MousePointer::Default);
-  if (!IsLoaded()) return;
+  if (!Page.Parent().IsLoaded()) return;
   ProgressBar1.SetValue(100);
   ProgressBar1.Visible = false;
-  fralblServices.Visible = Settings[2].Visible();  // the user may have gone to another tab
+  fralblServices.Visible = Page.Visible();  // the user may have gone to another tab
   if (done || found > 0) TellScanned(found);
   lstServices.SetFocus();
 }

@@ -144,7 +144,6 @@ class frmService : public Window {
 
   // The fields, and whether all that is needed is there
   void WireFields();
-  void Number_LostFocus(TextBox& field);
   bool Passed(const TextBox& field) const;
   void RefreshOKButton();
   bool FieldsValid() const { return Missing().empty(); }
