@@ -58,9 +58,9 @@ class RuledField {
 
   // What else a change and leaving the field lead to; behind the rule.
   std::function<void()> Changed, Left;
-  // Leaving the field with a valid text, which was typed so.
+  // What a valid text leads to when the field is left; as it was typed, while the field shows its form.
   std::function<void(const std::string& typed)> Taken;
-  std::function<std::string()> Former;
+  std::function<std::string()> Former;  // what PutsBack puts back
 
   TextBox& Field() const { return field; }
   // The last text that was tested passed. False before the first.

@@ -16,8 +16,6 @@ namespace {
 constexpr int MostHours = 999;   // of a flexible rate's threshold
 constexpr int MostMinutes = 99;  // of a block
 
-constexpr char NumberReason[] = "Digits, P, L, T, W and , ! ^ ( ) # * - only.";
-
 std::string HoursAsTyped(const std::string& text) {
   if (!IsNumber(text)) return "";
   return Val(text) > MostHours ? NumberText(MostHours) : text;
@@ -77,7 +75,7 @@ void frmService::WireFields() {
       RefreshOKButton();
     };
     field->LostFocus = [field] {
-      if (!IsValidNumber(field->Text)) RefuseAndStay(*field, NumberReason);
+      if (!IsValidNumber(field->Text)) RefuseAndStay(*field, "Digits, P, L, T, W and , ! ^ ( ) # * - only.");
     };
   }
   for (ComboBox* list : {&lstServiceFlexPeriod, &lstMegPeriod}) list->Click = list->LostFocus = refresh;

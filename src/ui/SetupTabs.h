@@ -44,7 +44,7 @@ class SetupGeneral : SetupTab {
   CheckBox optAutoOpt{Page, "optAutoOpt"};
   CheckBox optShowGraphic{Page, "optShowGraphic"};
 
-  std::function<void()> MaxServicesTaken;
+  std::function<void()> MaxServicesTaken;  // there is more or less room for services
 
  private:
   // A limit that is a whole number of its setting's width.
