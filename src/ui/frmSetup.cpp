@@ -87,7 +87,6 @@ void frmSetup::btnSave_Click() {
   Holidays.Store();
   const auto differs = [this](auto... options) { return ((settings.*options != edited.*options) || ...); };
   LogPathChanged = differs(&qel::Settings::ModemLogFile, &qel::Settings::ModemLogDir);
-  if (LogPathChanged) findings.LogCorrupt = findings.LogTooBig = false;
   OptionsChanged =
       differs(&qel::Settings::FlatToolbars, &qel::Settings::UserStartPref, &qel::Settings::UserStartDate,
               &qel::Settings::UserStartOfWeek, &qel::Settings::UserStartOfMonth);
