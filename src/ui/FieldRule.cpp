@@ -21,6 +21,15 @@ void RefuseAndStay(Control& control, const std::string& reason) {
   if (control.Parent().Visible()) control.SetFocus();
 }
 
+void EnableField(Control& field, bool enabled) {
+  field.Enabled = enabled;
+  field.BackColor = enabled ? SystemColour::WindowBackground : SystemColour::MenuBackground;
+}
+
+void GreyText(Control& control, bool grey) {
+  control.ForeColor = grey ? SystemColour::GreyText : SystemColour::WindowText;
+}
+
 std::string MoneyField(const std::string& text) { return Format_Dplaces(text, MoneyPlaces); }
 std::string MoneyField(double amount) { return MoneyField(NumberText(amount)); }
 
@@ -57,15 +66,20 @@ void RuledField::Test() {
 }
 
 void RuledField::Leave() {
-  const bool fills = rule.WhenLeft == Leaving::Resets ? !IsNumber(field.Text()) : field.Text().empty();
+  const std::string typed = field.Text;
+  const bool putsBack = rule.WhenLeft == Leaving::PutsBack;
+  const bool fills = rule.WhenLeft == Leaving::Resets ? !IsNumber(typed) : typed.empty() && !putsBack;
   if (fills && *rule.Filler) field.Text = rule.Filler;
-  if (rule.WhenLeft == Leaving::Insists) {
-    valid = Passes();
-    if (!valid) RefuseAndStay(field, Reason());
-  }
+  if (putsBack || rule.WhenLeft == Leaving::Insists) valid = Passes();
   if (valid) {
     field.Refusal = "";
     field.Text = Shown();
+    if (Taken) Taken(typed);
+  } else if (putsBack) {
+    field.Text = Former ? Former() : rule.Filler;
+    Refuse(field, Reason());
+  } else if (rule.WhenLeft == Leaving::Insists) {
+    RefuseAndStay(field, Reason());
   }
   if (Left) Left();
 }
@@ -80,6 +94,7 @@ bool RuledField::Passes() const {
 std::string RuledField::Shown() const {
   if (!IsNumber(field.Text())) return field.Text;
   if (!rule.Mask) return MoneyField(field.Text());
+  if (!*rule.Mask) return field.Text;
   const double value = TextToNumber(field.Text());
   return FormatNumber(rule.WholePart ? std::trunc(value) : value, rule.Mask);
 }

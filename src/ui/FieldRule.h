@@ -18,6 +18,11 @@ void Refuse(Control& control, const std::string& reason);
 // The field keeps the focus too.
 void RefuseAndStay(Control& control, const std::string& reason);
 
+// Lets a field be used or not, and shows it by its background.
+void EnableField(Control& field, bool enabled);
+// The text of what belongs to a field that cannot be used.
+void GreyText(Control& control, bool grey = true);
+
 // What a text in the making that is empty does to the validity of its field.
 enum class Emptied { KeepsValidity, Invalidates, IsRefused };
 
@@ -26,6 +31,7 @@ enum class Leaving {
   Forgives,  // it stands; an empty one is filled in
   Resets,    // it becomes the Filler
   Insists,   // the focus stays; an empty one is filled in first, where there is a Filler
+  PutsBack,  // it is refused, and the Former text or the Filler takes its place
 };
 
 struct FieldRule {
@@ -39,9 +45,10 @@ struct FieldRule {
   std::string (*Shortened)(const std::string& text) = nullptr;
 
   Leaving WhenLeft = Leaving::Forgives;
-  const char* Filler = "0";    // empty: nothing is filled in
-  const char* Mask = nullptr;  // of the number; without one it is an amount of up to four decimals
-  bool WholePart = false;      // the fraction is cut off, not rounded
+  const char* Filler = "0";  // empty: nothing is filled in
+  // Of the number; without one it is an amount of up to four decimals, with an empty one the text stands.
+  const char* Mask = nullptr;
+  bool WholePart = false;  // the fraction is cut off, not rounded
 };
 
 // A field under its rule. It answers the field's Change and LostFocus.
@@ -51,8 +58,11 @@ class RuledField {
 
   // What else a change and leaving the field lead to; behind the rule.
   std::function<void()> Changed, Left;
+  // What a valid text leads to when the field is left; as it was typed, while the field shows its form.
+  std::function<void(const std::string& typed)> Taken;
+  std::function<std::string()> Former;  // what PutsBack puts back
 
-  const TextBox& Field() const { return field; }
+  TextBox& Field() const { return field; }
   // The last text that was tested passed. False before the first.
   bool Valid() const { return valid; }
 

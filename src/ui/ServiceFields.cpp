@@ -16,8 +16,6 @@ namespace {
 constexpr int MostHours = 999;   // of a flexible rate's threshold
 constexpr int MostMinutes = 99;  // of a block
 
-constexpr char NumberReason[] = "Digits, P, L, T, W and , ! ^ ( ) # * - only.";
-
 std::string HoursAsTyped(const std::string& text) {
   if (!IsNumber(text)) return "";
   return Val(text) > MostHours ? NumberText(MostHours) : text;
@@ -76,13 +74,11 @@ void frmService::WireFields() {
       field->Refusal = "";
       RefreshOKButton();
     };
-    field->LostFocus = [this, field] { Number_LostFocus(*field); };
+    field->LostFocus = [field] {
+      if (!IsValidNumber(field->Text)) RefuseAndStay(*field, "Digits, P, L, T, W and , ! ^ ( ) # * - only.");
+    };
   }
   for (ComboBox* list : {&lstServiceFlexPeriod, &lstMegPeriod}) list->Click = list->LostFocus = refresh;
-}
-
-void frmService::Number_LostFocus(TextBox& field) {
-  if (!IsValidNumber(field.Text)) RefuseAndStay(field, NumberReason);
 }
 
 // Of a field that takes numbers: whether it took its last text.

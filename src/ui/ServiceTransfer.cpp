@@ -5,7 +5,6 @@
 #include "ui/QuarterHours.h"
 #include "ui/TariffList.h"
 #include "ui/frmService.h"
-#include "ui/frmSetup.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
 
@@ -29,14 +28,14 @@ void ShowIn(ComboBox& list, const std::string& text) {
 }  // namespace
 
 void frmService::LoadNewService() {
-  ServiceIndex = settings.UsedServices;
+  ServiceIndex = Edited->UsedServices;
   TariffCopyCount = 1;
-  TariffCopy[0] = DefaultTariff(settings.DialCost);
+  TariffCopy[0] = DefaultTariff(Edited->DialCost);
   txtDescription.Text = "New Service";
   Choose(optDialCost, 0);
-  txtDialFixedTariff.Text = MoneyField(settings.DialCost);
+  txtDialFixedTariff.Text = MoneyField(Edited->DialCost);
   Choose(optServiceCost, 0);
-  txtServiceFixedRate.Text = MoneyField(settings.CostPerHour);
+  txtServiceFixedRate.Text = MoneyField(Edited->CostPerHour);
   for (TextBox* field :
        {&txtServiceFlexRate, &txtServiceFlexRate2, &txtPerMeg, &txtWarndialupCost, &txtWarnServiceCost})
     field->Text = MoneyField(0.0);
@@ -47,11 +46,6 @@ void frmService::LoadNewService() {
   lstMegPeriod.SetText("Month");
   Choose(optWarning, 0);
   txtDescription.Select(0, static_cast<int>(txtDescription.Text().size()));
-}
-
-void frmService::LoadService() {
-  ServiceIndex = Int16(windows.SetupForm->lstServices.SelectedRow() - 1);
-  ShowService(settings.Services[ServiceIndex]);
 }
 
 void frmService::CopyTariffs(const ServiceRecord& service) {

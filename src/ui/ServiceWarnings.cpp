@@ -65,7 +65,7 @@ void frmService::chkWarnSound_Click() {
 // The path that is shown. What was not typed keeps its bytes, which the text may not hold.
 std::string frmService::SoundPath() const {
   const std::string& text = txtWarningSound.Text;
-  return text == PathText(settings.WarningSoundFile) ? settings.WarningSoundFile : ToUtf8(text);
+  return text == PathText(Edited->WarningSoundFile) ? Edited->WarningSoundFile : ToUtf8(text);
 }
 
 // What cannot be looked up is not there: no half-typed path is worth a word, let alone the program's end.
@@ -76,10 +76,10 @@ bool frmService::SoundExists() const {
 }
 
 void frmService::btnWarnBrowse_Click() {
-  const std::string name = FileNamePart(settings.WarningSoundFile);
+  const std::string name = FileNamePart(Edited->WarningSoundFile);
   if (const auto path =
-          CurrentHost().AskOpenFile({SoundFilter, FolderPart(settings.WarningSoundFile), name})) {
-    settings.WarningSoundFile = *path;
+          CurrentHost().AskOpenFile({SoundFilter, FolderPart(Edited->WarningSoundFile), name})) {
+    Edited->WarningSoundFile = *path;
     txtWarningSound.Text = PathText(*path);
     RefreshOKButton();
   }
@@ -90,13 +90,13 @@ void frmService::btnWarnBrowse_Click() {
 void frmService::btnWarnPlay_Click() {
   if (!btnWarnPlay.Enabled) return;
   btnWarnPlay.Enabled = false;
-  CurrentHost().PlaySoundFile(settings.WarningSoundFile);
+  CurrentHost().PlaySoundFile(Edited->WarningSoundFile);
   btnWarnPlay.Enabled = true;
 }
 
 void frmService::txtWarningSound_LostFocus() {
   if (SoundExists()) {
-    settings.WarningSoundFile = SoundPath();
+    Edited->WarningSoundFile = SoundPath();
     txtWarningSound.Refusal = "";
   } else {
     txtWarningSound.Text = soundTextAtFocus;

@@ -1,11 +1,11 @@
-// The options window's tabs of plain fields: General, Modem, Costs, Errors.
+// The tabs of plain fields: General, Modem, Costs, Errors.
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "platform/Files.h"
 #include "settings/UserParameters.h"
-#include "ui/frmSetup.h"
+#include "ui/SetupTabs.h"
 #include "values/CodePage.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
@@ -16,13 +16,7 @@ namespace qel {
 namespace {
 
 constexpr char LogFilter[] = "Modem Log Files (*.txt;*.log)|*.txt;*.log";
-constexpr char AskForNumber[] = "Enter a number.";
 constexpr char OutOfRange[] = "This number is out of range.";
-
-// A text in the making is not held against its field any longer.
-void ForgetRefusalOnChange(TextBox& field) {
-  field.Change = [&field] { field.Refusal = ""; };
-}
 
 // Empty where the file is there. A folder that may not be entered is a reason like any other.
 std::string WhyNoLog(const std::string& path) {
@@ -33,73 +27,72 @@ std::string WhyNoLog(const std::string& path) {
   }
 }
 
-void TraceLeaving(const Control& field) { SetTrace("frmSetup", (field.Name() + "_LostFocus").c_str()); }
+// Leaves the field by its rule, where an error is to name it.
+void LeaveTraced(RuledField& ruled) {
+  ruled.Field().LostFocus = [&ruled] {
+    SetTrace("frmSetup", ruled.Field().Name() + "_LostFocus");
+    ruled.Leave();
+  };
+}
 
 }  // namespace
 
-void frmSetup::EnableField(Control& field, bool enabled) {
-  field.Enabled = enabled;
-  field.BackColor = enabled ? SystemColour::WindowBackground : SystemColour::MenuBackground;
-}
-
-// General
-
-void frmSetup::WireGeneral() {
-  ForgetRefusalOnChange(txtLogName);
+SetupGeneral::SetupGeneral(const SetupTab& tab) : SetupTab(tab) {
+  txtLogName.Change = [this] { txtLogName.Refusal = ""; };
   txtLogName.LostFocus = [this] { txtLogName_LostFocus(); };
   cmdBrowse.Click = [this] { cmdBrowse_Click(); };
-  ForgetRefusalOnChange(txtMaxServices);
-  txtMaxServices.LostFocus = [this] { txtMaxServices_LostFocus(); };
-  for (const LimitField& limit : limits) {
-    ForgetRefusalOnChange(limit.Field);
-    limit.Field.LostFocus = [&limit] { LimitField_LostFocus(limit); };
+  for (LimitField& limit : limits) {
+    limit.Rule.Former = [&limit] { return limit.Shown(); };
+    limit.Rule.Taken = [this, &limit](const std::string& typed) { TakeLimit(limit, typed); };
+    LeaveTraced(limit.Rule);
   }
   for (const OptionBox& option : options)
     option.Box.Click = [&option] { option.Setting = option.Box.Value(); };
 }
 
-void frmSetup::ShowGeneral() {
-  logPathAtLoad = settings.ModemLogDir + settings.ModemLogFile;
+void SetupGeneral::Show() {
+  logPathAtLoad = edited.ModemLogDir + edited.ModemLogFile;
   ShowLogPath(logPathAtLoad);
-  txtMaxServices.Text = NumberText(settings.MaxServices);
-  for (const LimitField& limit : limits) ShowLimit(limit);
+  for (const LimitField& limit : limits) limit.Field.Text = limit.Shown();
   for (const OptionBox& option : options) option.Box.Value = option.Setting;
 }
 
-void frmSetup::ShowLogPath(const std::string& path) {
+void SetupGeneral::ShowLogPath(const std::string& path) {
   shownLogPath = path;
   txtLogName.Text = PathText(path);
   txtLogName.ToolTipText = " " + PathText(path) + " ";
 }
 
 // A name that no text can show stays what it is as long as nobody types over it.
-std::string frmSetup::TypedLogPath() const {
+std::string SetupGeneral::TypedLogPath() const {
   return txtLogName.Text() == PathText(shownLogPath) ? shownLogPath : ToUtf8(txtLogName.Text());
 }
 
-void frmSetup::txtLogName_LostFocus() {
+void SetupGeneral::txtLogName_LostFocus() {
   const std::string path = TypedLogPath();
   const std::string refusal = WhyNoLog(path);
   ShowLogPath(refusal.empty() ? path : logPathAtLoad);
   txtLogName.Refusal = refusal;
   if (!refusal.empty()) return;
-  settings.ModemLogFile = FileNamePart(path);
-  settings.ModemLogDir = FolderPart(path);
+  edited.ModemLogFile = FileNamePart(path);
+  edited.ModemLogDir = FolderPart(path);
 }
 
-void frmSetup::cmdBrowse_Click() {
-  const auto path = CurrentHost().AskOpenFile({LogFilter, logFile.CurrentLogDir, TypedLogPath()});
+void SetupGeneral::cmdBrowse_Click() {
+  const auto path =
+      CurrentHost().AskOpenFile({LogFilter, windows.session.logFile.CurrentLogDir, TypedLogPath()});
   if (!path) return;
-  if (FolderPart(*path) != places.DefaultLogDir && !logFile.ArchiveOpen) WarnOfOtherFolder();
+  if (FolderPart(*path) != windows.session.places.DefaultLogDir && !windows.session.logFile.ArchiveOpen)
+    WarnOfOtherFolder();
   ShowLogPath(*path);
   txtLogName.SetFocus();  // leaving it takes the choice
 }
 
-void frmSetup::WarnOfOtherFolder() const {
+void SetupGeneral::WarnOfOtherFolder() const {
   MsgBox(
       {"Your system's active modem log file is normally located\n"
        "in the '" +
-           PathText(places.DefaultLogDir) +
+           PathText(windows.session.places.DefaultLogDir) +
            "' directory.\n"
            "\n"
            "The file you have selected is located in a different directory\n"
@@ -110,136 +103,106 @@ void frmSetup::WarnOfOtherFolder() const {
        "WARNING", Icon::Exclamation});
 }
 
-void frmSetup::ShowLimit(const LimitField& limit) {
-  limit.Field.Text = std::visit([](const auto* setting) { return NumberText(*setting); }, limit.Limit);
+std::string SetupGeneral::LimitField::Shown() const {
+  return std::visit([](const auto* limit) { return NumberText(*limit); }, Limit);
 }
 
-void frmSetup::LimitField_LostFocus(const LimitField& limit) {
-  TraceLeaving(limit.Field);
-  const std::string text = limit.Field.Text;
-  if (!IsNumber(text)) {
-    ShowLimit(limit);
-    return Refuse(limit.Field, AskForNumber);
-  }
-  const bool fits =
-      Attempt([&] { std::visit([&text](auto* setting) { *setting = Val(text); }, limit.Limit); });
-  limit.Field.Refusal = fits ? "" : OutOfRange;
-}
-
-void frmSetup::txtMaxServices_LostFocus() {
-  TraceLeaving(txtMaxServices);
-  const std::string text = txtMaxServices.Text;
-  if (!IsNumber(text)) {
-    txtMaxServices.Text = NumberText(settings.MaxServices);
-    return Refuse(txtMaxServices, AskForNumber);
-  }
-  if (Val(text) < settings.UsedServices) {
+void SetupGeneral::TakeLimit(const LimitField& limit, const std::string& typed) {
+  const bool ofServices = &limit.Field == &txtMaxServices;
+  if (ofServices && Val(typed) < edited.UsedServices) {
     MsgBox(
         {"You are currently using more services than this.\n"
          "Please reduce the number of defined services and try again!",
          ProgramTitle});
-    txtMaxServices.Text = NumberText(settings.MaxServices);
+    limit.Field.Text = limit.Shown();
     return;
   }
-  const bool fits = Attempt([&] { settings.MaxServices = Val(text); });
-  txtMaxServices.Refusal = fits ? "" : OutOfRange;
-  ShowServiceCount();
+  const bool fits =
+      Attempt([&] { std::visit([&typed](auto* setting) { *setting = Val(typed); }, limit.Limit); });
+  if (!fits) limit.Field.Refusal = OutOfRange;
+  if (ofServices) MaxServicesTaken();
 }
 
-// Modem
-
-void frmSetup::WireModem() {
+SetupModem::SetupModem(const SetupTab& tab) : SetupTab(tab) {
   for (const MarkerField& marker : markers)
     marker.Field.LostFocus = [&marker] {
       marker.Marker = UpperCase(marker.Field.Text());
       marker.Field.Text = marker.Marker;
     };
-  btnDefaults.Click = [this] { btnDefaults_Click(); };
 }
 
-void frmSetup::ShowMarkers() {
+void SetupModem::Show() {
   for (const MarkerField& marker : markers) marker.Field.Text = marker.Marker;
 }
 
-void frmSetup::btnDefaults_Click() {
-  RestoreModemDefaults(settings);
-  ShowMarkers();
+void SetupModem::btnDefaults_Click() {
+  RestoreModemDefaults(edited);
+  Show();
 }
 
-// Costs
-
-void frmSetup::WireCosts() {
+SetupCosts::SetupCosts(const SetupTab& tab) : SetupTab(tab) {
   optCalcCosts.Click = [this] { optCalcCosts_Click(); };
-  for (CostField& cost : costs) cost.Field.LostFocus = [this, &cost] { CostField_LostFocus(cost); };
+  // The amount is taken as it was typed; the field shows it rounded.
+  for (CostField& cost : costs)
+    cost.Rule.Taken = [&cost](const std::string& typed) { cost.Cost = TextToNumber(typed); };
 }
 
-void frmSetup::ShowCosts() {
-  optCalcCosts.Value = settings.CalcCosts;
+void SetupCosts::Show() {
+  optCalcCosts.Value = edited.CalcCosts;
   optCalcCosts_Click();
   for (CostField& cost : costs) {
     cost.Field.Text = NumberText(cost.Cost);
-    CostField_LostFocus(cost);
+    cost.Rule.Leave();
   }
 }
 
-// The amount is taken as it was typed; the field shows it rounded.
-void frmSetup::CostField_LostFocus(CostField& cost) {
-  const std::string text = cost.Field.Text;
-  cost.Rule.Leave();
-  if (cost.Rule.Valid()) cost.Cost = TextToNumber(text);
-}
-
-void frmSetup::optCalcCosts_Click() {
-  settings.CalcCosts = optCalcCosts.Value();
+void SetupCosts::optCalcCosts_Click() {
+  edited.CalcCosts = optCalcCosts.Value();
   for (const CostField& cost : costs) {
-    EnableField(cost.Field, settings.CalcCosts);
-    cost.Caption.Enabled = settings.CalcCosts;
+    EnableField(cost.Field, edited.CalcCosts);
+    cost.Caption.Enabled = edited.CalcCosts;
   }
 }
 
-// Errors
-
-void frmSetup::WireErrors() {
+SetupErrors::SetupErrors(const SetupTab& tab) : SetupTab(tab) {
   optShowErrors.Click = [this] { optShowErrors_Click(); };
   mskNoDisconDuration.Change = [this] {
     durationValid = mskNoDisconDuration.Fits(mskNoDisconDuration.Text);
     mskNoDisconDuration.Refusal = "";
   };
   mskNoDisconDuration.LostFocus = [this] { mskNoDisconDuration_LostFocus(); };
-  ForgetRefusalOnChange(mskNoDisconData);
-  mskNoDisconData.LostFocus = [this] { mskNoDisconData_LostFocus(); };
+  noDisconData.Left = [this] { edited.NoDisconData = TextToNumber(mskNoDisconData.Text()); };
+  LeaveTraced(noDisconData);
 }
 
-void frmSetup::optShowErrors_Click() {
+void SetupErrors::Show() {
+  mskNoDisconDuration.Mask = "##" + Region.TimeSeparator + "##" + Region.TimeSeparator + "##";
+  Label8.Caption = "hh" + Region.TimeSeparator + "mm" + Region.TimeSeparator + "ss";
+  optShowErrors.Value = edited.ShowErrors;
+  optShowErrors_Click();
+}
+
+void SetupErrors::optShowErrors_Click() {
   SetTrace("frmSetup", "optShowErrors_Click");
-  settings.ShowErrors = optShowErrors.Value();
+  edited.ShowErrors = optShowErrors.Value();
   Attempt([this] {
     mskNoDisconDuration.Text =
-        FormatTime(settings.ShowErrors ? static_cast<float>(settings.NoDisconDuration) : 0, false);
-    mskNoDisconData.Text = FormatNumber(settings.ShowErrors ? settings.NoDisconData : 0, "#,##0");
+        FormatTime(edited.ShowErrors ? static_cast<float>(edited.NoDisconDuration) : 0, false);
+    mskNoDisconData.Text = FormatNumber(edited.ShowErrors ? edited.NoDisconData : 0, "#,##0");
   });
-  EnableField(mskNoDisconDuration, settings.ShowErrors);
-  EnableField(mskNoDisconData, settings.ShowErrors);
+  EnableField(mskNoDisconDuration, edited.ShowErrors);
+  EnableField(mskNoDisconData, edited.ShowErrors);
 }
 
 // The hours count as minutes too: 01:30:00 are 31 minutes.
-void frmSetup::mskNoDisconDuration_LostFocus() {
+void SetupErrors::mskNoDisconDuration_LostFocus() {
   if (!durationValid)
     return RefuseAndStay(mskNoDisconDuration, "Enter hours, minutes and seconds of two digits each.");
   const std::string& text = mskNoDisconDuration.Text;
   const auto digits = [&text](std::size_t from) { return Int16(Val(text.substr(from, 2))); };
   const Int16 hours = digits(0), minutes = digits(2 + Region.TimeSeparator.size()),
               seconds = digits(text.size() - 2);
-  settings.NoDisconDuration = hours * 60 + minutes * 60 + seconds;
-}
-
-void frmSetup::mskNoDisconData_LostFocus() {
-  TraceLeaving(mskNoDisconData);
-  const std::string text = mskNoDisconData.Text;
-  const bool isNumber = IsNumber(text);
-  mskNoDisconData.Text = isNumber ? FormatNumber(TextToNumber(text), "#,##0") : "0";
-  if (!isNumber) Refuse(mskNoDisconData, AskForNumber);
-  settings.NoDisconData = TextToNumber(mskNoDisconData.Text());
+  edited.NoDisconDuration = hours * 60 + minutes * 60 + seconds;
 }
 
 }  // namespace qel

@@ -1,11 +1,10 @@
-// The options window's examples of the regional formats, and the way to the system's own settings.
 #include <span>
 
 #include "core/ErrorHandler.h"
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"
 #include "platform/Clock.h"
-#include "ui/frmSetup.h"
+#include "ui/SetupTabs.h"
 #include "values/FormatMask.h"
 #include "values/Region.h"
 
@@ -38,7 +37,12 @@ bool StartFirstOf(std::span<const char* const> programs) {
 
 }  // namespace
 
-void frmSetup::ShowFormats() {
+SetupFormat::SetupFormat(const SetupTab& tab, Frame& modemPage)
+    : SetupTab(tab), Icon{{{Page, "Icon", 1}, {modemPage, "Icon", 2}}} {
+  for (Picture& icon : Icon) icon.Click = [this, &icon] { Icon_Click(icon.Index()); };
+}
+
+void SetupFormat::Show() {
   lblCountry.Caption = Region.Country;
   lblRegionalSettings.Caption = "The Country setting for this computer is " + Region.Country +
                                 ". Below are examples of your Currency format and 'Short' and 'Long' Date "
@@ -51,11 +55,11 @@ void frmSetup::ShowFormats() {
   lblLongDate.Caption = FormatDate(Today(), "long date");
 }
 
-void frmSetup::Icon_Click(int index) {
+void SetupFormat::Icon_Click(int index) {
   if (index == 2)
     StartFirstOf(ModemSettingsPrograms);
   else if (StartFirstOf(RegionalSettingsPrograms))
-    regionalSettingsOpened = true;
+    RegionalSettingsOpened = true;
 }
 
 }  // namespace qel

@@ -1,16 +1,15 @@
-// The options window's list of holidays, in the order of their dates. Days gone by are not kept.
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "platform/Clock.h"
-#include "ui/frmSetup.h"
+#include "ui/SetupTabs.h"
 #include "values/FormatMask.h"
 #include "values/NumberConversion.h"
 
 namespace qel {
 
-void frmSetup::WireHolidays() {
+SetupHolidays::SetupHolidays(const SetupTab& tab) : SetupTab(tab) {
   CalHolidays.AfterUpdate = [this] { CalHolidays.Refusal = ""; };
   CalHolidays.DblClick = [this] { AddHoliday(); };
   CalHolidays.KeyDown = [this](KeyPress& press) {
@@ -23,11 +22,11 @@ void frmSetup::WireHolidays() {
   lstHolidays.Click = [this] { lstHolidays_Click(); };
 }
 
-void frmSetup::LoadHolidays() {
+void SetupHolidays::Show() {
   SetTrace("frmSetup", "LoadHolidays");
   int past = 0;
-  for (int i = 0; i < settings.UsedHolidays; ++i) {
-    const Date day = settings.Holidays[i];
+  for (int i = 0; i < edited.UsedHolidays; ++i) {
+    const Date day = edited.Holidays[i];
     if (day < Today())
       ++past;
     else if (Attempt([day] { FormatDate(day, "Short Date"); }))  // else no list can show it
@@ -39,7 +38,7 @@ void frmSetup::LoadHolidays() {
 }
 
 // Tariffs for holidays hold on them, so reports on their days change with the saving.
-void frmSetup::ShowPastHolidays(int past) {
+void SetupHolidays::ShowPastHolidays(int past) {
   lblPastHolidays.Visible = past > 0;
   lblPastHolidays.Caption =
       past == 1
@@ -51,19 +50,15 @@ void frmSetup::ShowPastHolidays(int past) {
 }
 
 // Chooses the entry at a place, or else the last one.
-void frmSetup::ShowHolidays(int chosen) {
+void SetupHolidays::ShowHolidays(int chosen) {
   lstHolidays.Clear();
   for (const Date day : holidays) lstHolidays.AddItem(FormatDate(day, "Short Date"));
   lstHolidays.SetListIndex(std::min(chosen, lstHolidays.ListCount() - 1));
-  ShowHolidayCount();
-}
-
-void frmSetup::ShowHolidayCount() {
   lblUsedHolidays.Caption =
       NumberText(lstHolidays.ListCount()) + " Holidays (Max " + NumberText(MaxHolidays) + ")";
 }
 
-void frmSetup::AddHoliday() {
+void SetupHolidays::AddHoliday() {
   SetTrace("frmSetup", "AddHoliday");
   const Date day = CalHolidays.Value;
   if (day < Today()) return Refuse(CalHolidays, FormatDate(day, "Short Date") + " has gone by.");
@@ -83,12 +78,12 @@ void frmSetup::AddHoliday() {
   ShowHolidays(static_cast<int>(added - holidays.begin()));
 }
 
-void frmSetup::btnAdd_Click() {
+void SetupHolidays::btnAdd_Click() {
   AddHoliday();
   CalHolidays.NextDay();
 }
 
-void frmSetup::btnRemove_Click() {
+void SetupHolidays::btnRemove_Click() {
   SetTrace("frmSetup", "btnRemove_Click");
   const int chosen = lstHolidays.ListIndex();
   if (chosen < 0) return;
@@ -97,15 +92,14 @@ void frmSetup::btnRemove_Click() {
   ShowHolidays(chosen);
 }
 
-void frmSetup::lstHolidays_Click() {
+void SetupHolidays::lstHolidays_Click() {
   CalHolidays.Value = holidays[static_cast<std::size_t>(lstHolidays.ListIndex())];
   CalHolidays.Refusal = "";
 }
 
-void frmSetup::StoreHolidays() const {
-  settings.UsedHolidays = Int16(holidays.size());
-  for (int i = 0; i < settings.UsedHolidays; ++i)
-    settings.Holidays[i] = holidays[static_cast<std::size_t>(i)];
+void SetupHolidays::Store() const {
+  edited.UsedHolidays = Int16(holidays.size());
+  for (int i = 0; i < edited.UsedHolidays; ++i) edited.Holidays[i] = holidays[static_cast<std::size_t>(i)];
 }
 
 }  // namespace qel

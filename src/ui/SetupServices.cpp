@@ -1,11 +1,10 @@
-// The options window's list of services.
 #include <algorithm>
 
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "ui/ServiceScan.h"
+#include "ui/SetupTabs.h"
 #include "ui/frmService.h"
-#include "ui/frmSetup.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
 
@@ -51,7 +50,7 @@ void TellScanned(int found) {
 
 }  // namespace
 
-void frmSetup::WireServices() {
+SetupServices::SetupServices(const SetupTab& tab) : SetupTab(tab) {
   lstServices.SetColumns({{"Service Description", 4000}, {"Number", 1900}});
   lstServices.FullRowSelect = true;
   lstServices.HideSelection = false;  // the buttons beside it, which take the focus, work on that row
@@ -64,79 +63,82 @@ void frmSetup::WireServices() {
   ProgressBar1.Visible = false;
 }
 
-void frmSetup::ShowServices() {
+void SetupServices::Show() {
   SetTrace("frmSetup", "ShowServices");
-  for (int i = 0; i < settings.UsedServices; ++i) lstServices.AddRow(RowOf(settings.Services[i]));
+  for (int i = 0; i < edited.UsedServices; ++i) lstServices.AddRow(RowOf(edited.Services[i]));
   if (lstServices.RowCount() > 0) SelectRow(1);
+  EnableEditing();
 }
 
-void frmSetup::AddServiceRow(int service) {
-  lstServices.AddRow(RowOf(settings.Services[service]));
+void SetupServices::AddServiceRow(int service) {
+  lstServices.AddRow(RowOf(edited.Services[service]));
   SelectRow(lstServices.RowCount());
 }
 
-void frmSetup::SelectRow(int row) {
+void SetupServices::SelectRow(int row) {
   lstServices.SelectRow(row);
   lstServices.Refusal = "";
 }
 
-void frmSetup::ShowServiceCount() {
-  const bool room = settings.UsedServices < settings.MaxServices;
+void SetupServices::ShowServiceCount() {
+  const bool room = edited.UsedServices < edited.MaxServices;
   lblServices.Caption =
-      NumberText(settings.UsedServices) + " Services (Max " + NumberText(settings.MaxServices) + ")";
+      NumberText(edited.UsedServices) + " Services (Max " + NumberText(edited.MaxServices) + ")";
   lblServices.ForeColor = room ? SystemColour::WindowText : SystemColour::Warning;
   for (Button* button : {&btnNew, &btnCopy, &btnScan}) button->Enabled = room;
   ShowServiceNotice();
 }
 
-void frmSetup::ShowServiceNotice() {
+void SetupServices::ShowServiceNotice() {
   std::string free;
-  IgnoreErrors([&] { free = FreeServices(settings); });
+  IgnoreErrors([&] { free = FreeServices(edited); });
   std::string notice = deletionNotice;
   if (!free.empty()) notice += (notice.empty() ? "" : "\n") + ("Without any costs so far: " + free);
   lblServiceNotice.Caption = notice;
   lblServiceNotice.Visible = !notice.empty();
 }
 
-void frmSetup::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = settings.UsedServices != 0; }
+void SetupServices::EnableEditing() { btnEdit.Enabled = btnDelete.Enabled = edited.UsedServices != 0; }
 
 // True when the editor was confirmed.
-bool frmSetup::EditService(bool isNew) {
+bool SetupServices::EditService(int service, bool isNew) {
   frmService& editor = *windows.ServiceForm;
+  editor.Edited = &edited;
+  editor.ServiceIndex = Int16(service);
   editor.NewService = isNew;
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   editor.ShowModal();
   return !editor.ServiceEditCancelled;
 }
 
-void frmSetup::btnNew_Click() {
+void SetupServices::btnNew_Click() {
   SetTrace("frmSetup", "btnNew_Click");
-  if (settings.UsedServices >= settings.MaxServices) {
+  if (edited.UsedServices >= edited.MaxServices) {
     Refuse(lstServices, NoRoom);
-  } else if (HasRecord(settings, settings.UsedServices) && EditService(true)) {
-    ++settings.UsedServices;
-    AddServiceRow(settings.UsedServices - 1);
+  } else if (HasRecord(edited, edited.UsedServices) && EditService(edited.UsedServices, true)) {
+    ++edited.UsedServices;
+    AddServiceRow(edited.UsedServices - 1);
   }
   ShowServiceCount();
   EnableEditing();
 }
 
-void frmSetup::lstServices_DblClick() {
+void SetupServices::lstServices_DblClick() {
   const int service = SelectedService();
   if (service < 0) return Refuse(lstServices, NoService);
-  if (EditService(false)) lstServices.SetRow(service + 1, RowOf(settings.Services[service]));
+  if (EditService(service, false)) lstServices.SetRow(service + 1, RowOf(edited.Services[service]));
   ShowServiceNotice();
 }
 
-void frmSetup::lstServices_ItemClick() {
+void SetupServices::lstServices_ItemClick() {
   ShowServiceCount();
   CheckCopybtn();
 }
 
-void frmSetup::btnDelete_Click() {
+void SetupServices::btnDelete_Click() {
   const int service = SelectedService();
   const auto agreed = [&] {
-    return MsgBox({"Are you sure you want to delete " + settings.Services[service].ServiceName + "?",
+    return MsgBox({"Are you sure you want to delete " + edited.Services[service].ServiceName + "?",
                    "Delete Service", Icon::None, Buttons::YesNo}) == Answer::Yes;
   };
   if (service < 0 || agreed()) DeleteService();
@@ -145,26 +147,26 @@ void frmSetup::btnDelete_Click() {
 
 // Names and numbers move up alone: the services behind the deleted one take over the costs and the warning of
 // the entry before them.
-void frmSetup::DeleteService() {
+void SetupServices::DeleteService() {
   const int deleted = SelectedService();
   if (deleted < 0) return Refuse(lstServices, NoService);
-  if (deleted + 1 < settings.UsedServices)
+  if (deleted + 1 < edited.UsedServices)
     deletionNotice =
-        "Each service that stood below " + settings.Services[deleted].ServiceName +
+        "Each service that stood below " + edited.Services[deleted].ServiceName +
         " now has the costs and the warning of the entry before it. Please check them with Edit.";
-  for (int i = deleted; i + 1 < settings.UsedServices; ++i) {
-    settings.Services[i].ServiceName = settings.Services[i + 1].ServiceName;
-    settings.Services[i].ServiceNumber = settings.Services[i + 1].ServiceNumber;
-    settings.Services[i].ServiceAltNumber = settings.Services[i + 1].ServiceAltNumber;
+  for (int i = deleted; i + 1 < edited.UsedServices; ++i) {
+    edited.Services[i].ServiceName = edited.Services[i + 1].ServiceName;
+    edited.Services[i].ServiceNumber = edited.Services[i + 1].ServiceNumber;
+    edited.Services[i].ServiceAltNumber = edited.Services[i + 1].ServiceAltNumber;
   }
-  --settings.UsedServices;
+  --edited.UsedServices;
   lstServices.RemoveRow(deleted + 1);
   SelectRow(std::min(deleted + 1, lstServices.RowCount()));
   ShowServiceCount();
   EnableEditing();
 }
 
-void frmSetup::btnCopy_Click() {
+void SetupServices::btnCopy_Click() {
   const int source = SelectedService();
   if (source < 0) return Refuse(lstServices, NoService);
   CopyService(source);
@@ -173,30 +175,30 @@ void frmSetup::btnCopy_Click() {
 }
 
 // The copy has no number yet, and keeps the alternate number and the maximum charge that its place held.
-void frmSetup::CopyService(int index) {
+void SetupServices::CopyService(int index) {
   SetTrace("frmSetup", "CopyService");
   Attempt([this, index] {
-    ServiceRecord& place = settings.Services[settings.UsedServices];
-    ServiceRecord copy = settings.Services[index];
+    ServiceRecord& place = edited.Services[edited.UsedServices];
+    ServiceRecord copy = edited.Services[index];
     copy.ServiceName = "Copy Of " + copy.ServiceName;
     copy.ServiceNumber = "";
     copy.ServiceAltNumber = place.ServiceAltNumber;
     copy.MaxCharge = place.MaxCharge;
     place = copy;
-    ++settings.UsedServices;
-    AddServiceRow(settings.UsedServices - 1);
+    ++edited.UsedServices;
+    AddServiceRow(edited.UsedServices - 1);
   });
 }
 
-void frmSetup::CheckCopybtn() {
+void SetupServices::CheckCopybtn() {
   const int service = SelectedService();
-  btnCopy.Enabled = btnCopy.Enabled && service >= 0 && !settings.Services[service].ServiceNumber.empty();
+  btnCopy.Enabled = btnCopy.Enabled && service >= 0 && !edited.Services[service].ServiceNumber.empty();
 }
 
-void frmSetup::btnScan_Click() {
+void SetupServices::btnScan_Click() {
   if (ProgressBar1.Visible) return;  // a scan is under way
   SetTrace("frmSetup", "btnScan_Click");
-  const std::string path = settings.ModemLogDir + settings.ModemLogFile;
+  const std::string path = edited.ModemLogDir + edited.ModemLogFile;
   TraceStep(PathText(path));
   ProgressBar1.SetValue(0);
   ProgressBar1.Visible = true;
@@ -205,21 +207,21 @@ void frmSetup::btnScan_Click() {
   int found = 0;
   const auto show = [&] {
     ++found;
-    AddServiceRow(settings.UsedServices - 1);
+    AddServiceRow(edited.UsedServices - 1);
     ShowServiceCount();
     EnableEditing();
   };
   const auto proceed = [this](int percent) {
     ProgressBar1.SetValue(percent);
     CurrentHost().Yield();
-    return IsLoaded();  // nobody has closed the window meanwhile
+    return Page.Parent().IsLoaded();  // nobody has closed the window meanwhile
   };
-  const bool done = Attempt([&] { ScanForServices(settings, path, show, proceed); });
+  const bool done = Attempt([&] { ScanForServices(edited, path, show, proceed); });
   CurrentHost().SetMousePointer(MousePointer::Default);
-  if (!IsLoaded()) return;
+  if (!Page.Parent().IsLoaded()) return;
   ProgressBar1.SetValue(100);
   ProgressBar1.Visible = false;
-  fralblServices.Visible = Settings[2].Visible();  // the user may have gone to another tab
+  fralblServices.Visible = Page.Visible();  // the user may have gone to another tab
   if (done || found > 0) TellScanned(found);
   lstServices.SetFocus();
 }

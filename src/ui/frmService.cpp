@@ -48,17 +48,17 @@ frmService::frmService(Windows& owner) : Window("frmService", owner) {
 void frmService::Form_Load() {
   SetTrace("frmService", "Form_Load");
   ShowSelectedPage(TabStrip1, fraService);
-  imgService.Visible = settings.ShowGraphic;
-  if (settings.WarningSoundFile.empty())
-    settings.WarningSoundFile = places.AppPath + PathSeparator + "exceeded.wav";
+  imgService.Visible = Edited->ShowGraphic;
+  if (Edited->WarningSoundFile.empty())
+    Edited->WarningSoundFile = places.AppPath + PathSeparator + "exceeded.wav";
   FillComboBoxes();
   SetTariffColumns();
   TariffCopy.Make(MaxTariffs - 1);
   if (NewService)
     LoadNewService();
   else
-    LoadService();
-  txtWarningSound.Text = PathText(settings.WarningSoundFile);
+    ShowService(Edited->Services[ServiceIndex]);
+  txtWarningSound.Text = PathText(Edited->WarningSoundFile);
   for (Label& label : lblCurrencySymbol) label.Caption = "(" + Region.CurrencySymbol + ")";
   DisplayTariffs();
   ShowTariffCount();
@@ -147,7 +147,7 @@ void frmService::chkFreePeriod_Click() {
   if (chkFreePeriod.Value) return EnableControlGroup("FreePeriod");
   SetUsable(lstFreePeriodStart, false);
   SetUsable(lstFreePeriodEnd, false);
-  lblFreePeriod2.ForeColor = SystemColour::GreyText;
+  GreyText(lblFreePeriod2);
 }
 
 void frmService::Disable_All_Controls() {
@@ -163,12 +163,12 @@ void frmService::EnableControlGroup(const std::string& word) {
 }
 
 void frmService::SetUsable(Control& control, bool usable) {
-  control.Enabled = usable;
   const bool list = Named(control, "LST");
   if (list || Named(control, "TXT"))
-    control.BackColor = usable ? SystemColour::WindowBackground : SystemColour::MenuBackground;
-  if (list) control.ForeColor = usable ? SystemColour::WindowText : SystemColour::GreyText;
-  if (usable && Named(control, "LBL")) control.ForeColor = SystemColour::WindowText;
+    EnableField(control, usable);
+  else
+    control.Enabled = usable;
+  if (list || (usable && Named(control, "LBL"))) GreyText(control, !usable);
 }
 
 void frmService::btnOK_Click() {
@@ -184,7 +184,7 @@ void frmService::btnOK_Click() {
   SetTrace("frmService", "btnOK_Click");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   ServiceEditCancelled = false;
-  WriteService(settings.Services[ServiceIndex]);
+  WriteService(Edited->Services[ServiceIndex]);
   CurrentHost().SetMousePointer(MousePointer::Default);
   Unload();
 }

@@ -106,7 +106,10 @@ class frmService : public Window {
   Button btnOK{*this, "btnOK"};
   Button btnCancel{*this, "btnCancel"};
 
-  bool NewService = false;           // the window is opened for a service that does not exist yet
+  // What the window is opened for: a service of these settings, or one that does not exist yet.
+  Settings* Edited = &settings;
+  Int16 ServiceIndex;  // of the record in Services
+  bool NewService = false;
   bool ServiceEditCancelled = true;  // how it was closed
 
   // The tariffs of the service being edited.
@@ -130,7 +133,6 @@ class frmService : public Window {
 
   // Between the window and the record
   void LoadNewService();
-  void LoadService();
   void CopyTariffs(const ServiceRecord& service);
   void ShowService(const ServiceRecord& service);
   void ShowCosts(const ServiceRecord& service);
@@ -142,7 +144,6 @@ class frmService : public Window {
 
   // The fields, and whether all that is needed is there
   void WireFields();
-  void Number_LostFocus(TextBox& field);
   bool Passed(const TextBox& field) const;
   void RefreshOKButton();
   bool FieldsValid() const { return Missing().empty(); }
@@ -182,7 +183,6 @@ class frmService : public Window {
   void btnWarnPlay_Click();
   void txtWarningSound_LostFocus();
 
-  Int16 ServiceIndex;  // of the record in Services
   Int16 DialOption = 1, ServiceOption = 1, WarningOption;
   Int16 SelectedTariff;                // row of the list, from 1; 0 for none
   std::string soundTextAtFocus;        // what txtWarningSound goes back to

@@ -1,9 +1,10 @@
 #include "ui/frmSetup.h"
 
+#include <algorithm>
+
 #include "core/Surroundings.h"
 #include "settings/UserParameters.h"
 #include "ui/TabPages.h"
-#include "values/Region.h"
 
 namespace qel {
 
@@ -25,7 +26,7 @@ const Page Pages[] = {
     {"Report", "Default Report Settings", 59},
 };
 
-constexpr int ModemTab = 2, ServicesTab = 3;
+constexpr int ModemPage = 2, ServicesPage = 3;
 
 }  // namespace
 
@@ -38,79 +39,76 @@ frmSetup::frmSetup(Windows& owner) : Window("frmSetup", owner) {
   btnSave.Click = [this] { btnSave_Click(); };
   btnCancel.Click = [this] { Unload(); };
   btnCancel.ClickMovesFocus = false;
-  for (Picture& icon : Icon) icon.Click = [this, &icon] { Icon_Click(icon.Index()); };
-  WireGeneral();
-  WireModem();
-  WireServices();
-  WireCosts();
-  WireErrors();
-  WireHolidays();
-  WireReport();
+  btnDefaults.Click = [this] { Modem.btnDefaults_Click(); };
+  General.MaxServicesTaken = [this] { Services.ShowServiceCount(); };
 }
 
 void frmSetup::Form_Load() {
   TakeUpOthersRecords(store, settings);
-  ShowFormats();
-  mskNoDisconDuration.Mask = "##" + Region.TimeSeparator + "##" + Region.TimeSeparator + "##";
-  Label8.Caption = "hh" + Region.TimeSeparator + "mm" + Region.TimeSeparator + "ss";
+  Format.Show();
   SetTrace("frmSetup", "Form_Load");
-  snapshot.Take(settings);
-  ShowGeneral();
-  ShowMarkers();
-  optShowErrors.Value = settings.ShowErrors;
-  optShowErrors_Click();
-  ShowCosts();
-  ShowServices();
-  ShowReportSettings();
-  LoadHolidays();
-  EnableEditing();
+  edited = settings;
+  General.Show();
+  Modem.Show();
+  Errors.Show();
+  Costs.Show();
+  Services.Show();
+  Report.Show();
+  Holidays.Show();
 }
 
 void frmSetup::Form_Activate() {
   TabStrip1_Click();
-  EnableStartFields();
-  ShowServiceCount();
-  txtLogName.SetFocus();
+  Report.EnableStartFields();
+  Services.ShowServiceCount();
+  General.txtLogName.SetFocus();
 }
 
 void frmSetup::TabStrip1_Click() {
   const int tab = TabStrip1.SelectedTab();
   ShowSelectedPage(TabStrip1, Settings);
-  btnDefaults.Enabled = btnDefaults.Visible = tab == ModemTab;
-  fralblServices.Visible = tab == ServicesTab && !ProgressBar1.Visible;
+  btnDefaults.Enabled = btnDefaults.Visible = tab == ModemPage;
+  Services.fralblServices.Visible = tab == ServicesPage && !Services.ProgressBar1.Visible;
   HelpContextID = Pages[tab - 1].HelpContext;
-  if (tab != ServicesTab)
+  if (tab != ServicesPage)
     TabStrip1.SetFocus();
-  else if (settings.UsedServices > 0)
-    lstServices.SetFocus();
+  else if (edited.UsedServices > 0)
+    Services.lstServices.SetFocus();
 }
 
 void frmSetup::Form_KeyDown(KeyPress& press) {
   if (SelectNextTabByKey(TabStrip1, press)) return;
-  if (press.key != Key::Delete || TabStrip1.SelectedTab() != ServicesTab) return;
+  if (press.key != Key::Delete || TabStrip1.SelectedTab() != ServicesPage) return;
   press.Handled = true;
-  DeleteService();
+  Services.DeleteService();
 }
 
 void frmSetup::btnSave_Click() {
+  Holidays.Store();
+  const auto differs = [this](auto... options) { return ((settings.*options != edited.*options) || ...); };
+  LogPathChanged = differs(&qel::Settings::ModemLogFile, &qel::Settings::ModemLogDir);
+  OptionsChanged =
+      differs(&qel::Settings::FlatToolbars, &qel::Settings::UserStartPref, &qel::Settings::UserStartDate,
+              &qel::Settings::UserStartOfWeek, &qel::Settings::UserStartOfMonth);
+  settings = edited;
   saved = true;
-  StoreHolidays();
   session.StoreSettings();
   Unload();
 }
 
+// The settings are as they were, but for two whose edits stay, and for what was made of services that were
+// not there.
 void frmSetup::restoreOldValues() {
   SetTrace("frmSetup", "restoreOldValues");
-  snapshot.Restore(settings);
+  settings.NoDisconData = edited.NoDisconData;
+  settings.CostPerMeg = edited.CostPerMeg;
+  for (int i = std::max<int>(settings.UsedServices, 0); i <= settings.Services.Last(); ++i)
+    settings.Services[i] = edited.Services[i];
 }
 
 bool frmSetup::Form_Unload() {
   if (!saved) restoreOldValues();
-  const qel::Settings& before = snapshot.Before();
-  LogPathChanged =
-      saved && (before.ModemLogFile != settings.ModemLogFile || before.ModemLogDir != settings.ModemLogDir);
-  if (LogPathChanged) findings.LogCorrupt = findings.LogTooBig = false;
-  if (regionalSettingsOpened)
+  if (Format.RegionalSettingsOpened)
     MsgBox(
         {"QEL has detected that you opened the \n"
          "Windows Regional Settings Dialog.\n"
@@ -119,10 +117,6 @@ bool frmSetup::Form_Unload() {
          "Systems Regional Settings then you\n"
          "MUST exit and re-start QEL.",
          "Windows Regional Settings"});
-  OptionsChanged =
-      before.FlatToolbars != settings.FlatToolbars || before.UserStartPref != settings.UserStartPref ||
-      before.UserStartDate != settings.UserStartDate || before.UserStartOfWeek != settings.UserStartOfWeek ||
-      before.UserStartOfMonth != settings.UserStartOfMonth;
   return true;
 }
 

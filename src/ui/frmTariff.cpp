@@ -27,11 +27,8 @@ void ShowStored(ComboBox& list, const std::string& text) {
 }
 
 void EnableGroup(bool enabled, std::initializer_list<TextBox*> fields, std::initializer_list<Label*> labels) {
-  for (TextBox* field : fields) {
-    field->Enabled = enabled;
-    field->BackColor = enabled ? SystemColour::WindowBackground : SystemColour::MenuBackground;
-  }
-  for (Label* label : labels) label->ForeColor = enabled ? SystemColour::WindowText : SystemColour::GreyText;
+  for (TextBox* field : fields) EnableField(*field, enabled);
+  for (Label* label : labels) GreyText(*label, !enabled);
 }
 
 }  // namespace

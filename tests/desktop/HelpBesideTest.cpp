@@ -46,7 +46,7 @@ TEST_F(HelpBeside, TheOptionsItTakesClicksAndOutlivesThem) {
     EXPECT_EQ(Topic(), "    The Options Window");
     auto& field = Get<QLineEdit>("frmSetup", "txtMaxServices");
     ClickByWindow(field, field.rect().center());
-    EXPECT_TRUE(windows->SetupForm->txtMaxServices.HasFocus()) << "and so does the modal window";
+    EXPECT_TRUE(windows->SetupForm->General.txtMaxServices.HasFocus()) << "and so does the modal window";
     WindowOf("frmSetup").close();
   });
   desktop.Loop.Dispatch([this] { windows->SetupForm->ShowModal(); });
