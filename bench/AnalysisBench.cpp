@@ -9,7 +9,7 @@
 #include <string>
 
 #include "analysis/Analyse.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 #include "makelog/WriteLog.h"
 #include "modemlog/LogExamination.h"
 #include "platform/Files.h"

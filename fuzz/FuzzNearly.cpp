@@ -9,7 +9,7 @@
 #include "modemlog/LogExamination.h"
 #include "reports/ReportExport.h"
 #include "settings/Settings.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 namespace {

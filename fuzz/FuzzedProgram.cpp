@@ -5,7 +5,7 @@
 #include <iostream>
 
 #include "analysis/Analyse.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/PeriodFields.h"
 #include "core/Places.h"
 #include "core/ShownDates.h"
 #include "modemlog/LogExamination.h"

@@ -5,7 +5,7 @@
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/NumberFormat.h"
 
 namespace qel {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "analysis/AnalysisResult.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 
 namespace qel {
 

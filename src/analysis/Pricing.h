@@ -1,13 +1,15 @@
 // What a connection costs under some settings, for a report of some period: the telephone's side by tariffs,
 // the provider's side by the hour, data by the megabyte. Money is in the user's currency.
 //
+// The sides are in DialupCost.cpp, ServiceCost.cpp, FreeTime.cpp and DataCost.cpp.
+//
 // Services charge for what was used in a charging period, so one pricing serves one pass over the
 // connections, in their order.
 #pragma once
 
 #include <string>
 
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 #include "settings/Settings.h"
 
 namespace qel {

@@ -10,8 +10,8 @@
 #include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
 #include "settings/Settings.h"
-#include "values/FormatMask.h"
 #include "values/NumberConversion.h"
+#include "values/NumberFormat.h"
 
 namespace qel {
 

@@ -6,11 +6,11 @@
 #include <optional>
 
 #include "core/Surroundings.h"
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 #include "values/CodePage.h"
+#include "values/DateFormat.h"
 #include "values/DatePattern.h"
 #include "values/DateText.h"
-#include "values/FormatMask.h"
 #include "values/NumberConversion.h"
 #include "values/Region.h"
 

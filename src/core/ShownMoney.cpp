@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "values/FormatMask.h"
 #include "values/NumberConversion.h"
+#include "values/NumberFormat.h"
 #include "values/Region.h"
 
 namespace qel {

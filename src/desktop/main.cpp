@@ -12,7 +12,7 @@
 #include "desktop/DesktopHost.h"
 #include "desktop/FormFace.h"
 #include "desktop/Look.h"
-#include "desktop/Windows.h"
+#include "desktop/WindowDesigns.h"
 #include "settings/StoredValues.h"
 #include "startup/QELMain.h"
 

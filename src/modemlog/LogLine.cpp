@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"

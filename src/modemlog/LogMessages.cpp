@@ -3,8 +3,8 @@
 #include <initializer_list>
 #include <string>
 
-#include "values/CodePage.h"
 #include "core/Surroundings.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

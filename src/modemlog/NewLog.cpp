@@ -4,7 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/RunTimeError.h"
 
 namespace qel {

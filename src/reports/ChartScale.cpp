@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "core/ShownMoney.h"
-#include "values/FormatMask.h"
+#include "values/NumberFormat.h"
 #include "values/Region.h"
 
 namespace qel {

@@ -4,7 +4,7 @@
 
 #include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 #include "core/ShownDates.h"
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"
@@ -12,7 +12,7 @@
 #include "reports/DetailLines.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
 
 namespace qel {

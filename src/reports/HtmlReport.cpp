@@ -2,7 +2,7 @@
 
 #include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 #include "core/ShownDates.h"
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"
@@ -17,8 +17,9 @@
 #include "reports/UseCharts.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
+#include "values/NumberFormat.h"
 
 namespace qel {
 

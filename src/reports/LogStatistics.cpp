@@ -3,7 +3,7 @@
 #include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
 
 namespace qel {

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "analysis/AnalysisResult.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 #include "settings/Settings.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/Region.h"
 
 namespace qel {

@@ -6,7 +6,7 @@
 
 #include "analysis/AnalysisResult.h"
 #include "analysis/ConnectionNotes.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 #include "modemlog/DialledNumber.h"
 #include "modemlog/LogExamination.h"
 #include "platform/Files.h"
@@ -14,7 +14,7 @@
 #include "reports/UseByService.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/Region.h"
 
 namespace qel {

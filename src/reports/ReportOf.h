@@ -2,7 +2,7 @@
 #pragma once
 
 #include "analysis/AnalysisResult.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 #include "settings/Settings.h"
 
 namespace qel {

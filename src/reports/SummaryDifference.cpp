@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "analysis/AnalysisResult.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 #include "core/ShownDates.h"
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"
@@ -14,7 +14,7 @@
 #include "reports/UseByService.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/NumberFormat.h"
 #include "values/Region.h"
 
 namespace qel {

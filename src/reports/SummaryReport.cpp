@@ -1,8 +1,8 @@
 #include "reports/SummaryReport.h"
 
 #include "analysis/AnalysisResult.h"
+#include "analysis/Period.h"
 #include "analysis/Pricing.h"
-#include "analysis/ReportPeriod.h"
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "core/ShownMoney.h"
@@ -10,8 +10,9 @@
 #include "modemlog/DialledNumber.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
+#include "values/NumberFormat.h"
 
 namespace qel {
 

@@ -9,7 +9,7 @@
 #include "reports/HtmlCharts.h"
 #include "reports/HtmlPage.h"
 #include "settings/Settings.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "analysis/AnalysisResult.h"
-#include "analysis/ReportPeriod.h"
+#include "analysis/Period.h"
 #include "core/Places.h"
 #include "maintenance/LogRewrite.h"
 #include "modemlog/LogExamination.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/Surroundings.h"
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
 

@@ -5,8 +5,8 @@
 #include "controls/Form.h"
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"
-#include "values/FormatMask.h"
 #include "values/NumberConversion.h"
+#include "values/NumberFormat.h"
 
 namespace qel {
 

@@ -9,10 +9,10 @@
 #include "core/Surroundings.h"
 #include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 #include "settings/UserParameters.h"
 #include "ui/frmMain.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
 
 namespace qel {
@@ -45,8 +45,8 @@ Date PreferredStart(const Settings& settings, const LogFindings& findings, Date 
 }  // namespace
 
 void frmMain::WirePeriod() {
-  for (const DateField field : {DateField::Starting, DateField::Ending}) {
-    const bool starting = field == DateField::Starting;
+  for (const PeriodField field : {PeriodField::Starting, PeriodField::Ending}) {
+    const bool starting = field == PeriodField::Starting;
     MaskedEdit& input = InputOf(field);
     Label& label = starting ? LabelStarting : LabelEnding;
     UpDown& spinner = starting ? UpDown1 : UpDown2;
@@ -96,15 +96,15 @@ void frmMain::WirePeriod() {
   btnProcess.Click = [this] { btnProcess_Click(); };
 }
 
-void frmMain::ShowText(DateField field, const std::string& text) { InputOf(field).Text = text; }
+void frmMain::ShowText(PeriodField field, const std::string& text) { InputOf(field).Text = text; }
 
 // Each change may lead to another one; the user hears of what they come to.
-void frmMain::DateField_Change(DateField field) {
+void frmMain::DateField_Change(PeriodField field) {
   const bool follows = std::exchange(datesChange, true);
   if (!follows) complained = false;
   const std::string text = InputOf(field).Text;
-  SetTrace("frmMain", field == DateField::Starting ? "inputStarting_Change" : "inputEnding_Change");
-  field == DateField::Starting ? SetStarting(text) : SetEnding(text);
+  SetTrace("frmMain", field == PeriodField::Starting ? "inputStarting_Change" : "inputEnding_Change");
+  field == PeriodField::Starting ? SetStarting(text) : SetEnding(text);
   checkProcess();
   CalTitle();
   if (follows) return;
@@ -121,7 +121,7 @@ void frmMain::Complain() {
 // Of a date that has been put right meanwhile.
 void frmMain::ForgetComplaint() {
   const auto isOfDates = [](const Int16& status) { return status >= 9 && status <= 13; };
-  if (isOfDates(StatusIndex)) StatusIndex = CurrentDateField == DateField::Starting ? 1 : 2;
+  if (isOfDates(StatusIndex)) StatusIndex = CurrentDateField == PeriodField::Starting ? 1 : 2;
   if (FormLoading || !isOfDates(shownStatus)) return;
   StatusHold = false;
   ShowStatus();
@@ -133,8 +133,8 @@ void frmMain::setLogExtents() {
   Calendar1.Value = known ? PreferredStart(settings, findings, Calendar1.Value) : Today();
   period.PeriodStart = Calendar1.Value;
   period.PeriodEnd = findings.LastEntryDate;
-  SetField(DateField::Starting, period.PeriodStart);
-  SetField(DateField::Ending, period.PeriodEnd);
+  SetField(PeriodField::Starting, period.PeriodStart);
+  SetField(PeriodField::Ending, period.PeriodEnd);
 }
 
 void frmMain::checkProcess() {
@@ -152,8 +152,8 @@ void frmMain::CalTitle() {
   Attempt([this] { lblDateTitle.Caption = FormatDate(Calendar1.Value, "Long Date"); });
 }
 
-void frmMain::DateField_GotFocus(DateField field) {
-  const bool starting = field == DateField::Starting;
+void frmMain::DateField_GotFocus(PeriodField field) {
+  const bool starting = field == PeriodField::Starting;
   CurrentDateField = field;
   SetStatus(starting ? 1 : 2);
   imgStartArrow.Visible = starting;
@@ -163,8 +163,8 @@ void frmMain::DateField_GotFocus(DateField field) {
   CalTitle();
 }
 
-void frmMain::DateField_LostFocus(DateField field) {
-  const bool isDate = field == DateField::Starting ? StartingChanged : EndingChanged;
+void frmMain::DateField_LostFocus(PeriodField field) {
+  const bool isDate = field == PeriodField::Starting ? StartingChanged : EndingChanged;
   if (isDate || FormLoading) return;
   CurrentHost().Beep();
   SetStatus(9);
@@ -178,7 +178,7 @@ void frmMain::Calendar1_Click() {
 }
 
 // The field of a spinner is the active one from then on; entering it brings the calendar to its date.
-void frmMain::StepDay(DateField field, int days) {
+void frmMain::StepDay(PeriodField field, int days) {
   SetTrace("frmMain", "StepDay");
   InputOf(field).SetFocus();
   if (CurrentDateField != field) return;  // the other field holds the focus
@@ -186,16 +186,16 @@ void frmMain::StepDay(DateField field, int days) {
   SetField(field, Calendar1.Value);
 }
 
-void frmMain::SetField(DateField field, Date day) {
+void frmMain::SetField(PeriodField field, Date day) {
   Attempt([&] { InputOf(field).Text = format_date(day); });
 }
 
 Date frmMain::ActiveDate() const {
-  return CurrentDateField == DateField::Starting ? period.PeriodStart : period.PeriodEnd;
+  return CurrentDateField == PeriodField::Starting ? period.PeriodStart : period.PeriodEnd;
 }
 
-MaskedEdit& frmMain::InputOf(DateField field) {
-  return field == DateField::Starting ? inputStarting : inputEnding;
+MaskedEdit& frmMain::InputOf(PeriodField field) {
+  return field == PeriodField::Starting ? inputStarting : inputEnding;
 }
 
 void frmMain::mnuDefaultDate_Click() {

@@ -1,15 +1,42 @@
 // What the main window shows of the current file, its status line, and its animation.
+#include <array>
+
 #include "core/Surroundings.h"
 #include "modemlog/LogExamination.h"
 #include "ui/frmMain.h"
 #include "ui/frmReport.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
-
 namespace qel {
 
 namespace {
+
+// A line for the status bar. The complaints are bold and stand for some seconds.
+struct StatusMessage {
+  const char* Text;
+  bool Timed;
+  bool Bold;
+};
+
+constexpr std::array<StatusMessage, 16> StatusMessages = {{
+    {"", false, false},
+    {"Enter the starting date for the report by clicking on the calendar or typing.", false, false},
+    {"Enter the ending date for the report by clicking on the calendar or typing.", false, false},
+    {"Exit Qelmark.", false, false},
+    {"Process your report.", false, false},
+    {"View the Modem Log File.", false, false},
+    {"Click on the calendar to enter a date without typing.", false, false},
+    {"No Modem Log Found!", true, true},
+    {"Corruption Detected in Modem Log File!", true, true},
+    {"Invalid date entry!", true, true},
+    {"The start date cannot be less than the first entry in modem log!", true, true},
+    {"The end date cannot be less than the start date!", true, true},
+    {"The end date cannot be greater than the last entry in modem log!", true, true},
+    {"The start date cannot be greater than the end date!", true, true},
+    {"", false, false},
+    {"", false, false},
+}};
 
 constexpr int AnimFrames = 19;
 

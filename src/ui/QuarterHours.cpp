@@ -1,6 +1,6 @@
 #include "ui/QuarterHours.h"
 
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 

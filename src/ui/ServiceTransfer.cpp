@@ -5,8 +5,8 @@
 #include "ui/QuarterHours.h"
 #include "ui/TariffList.h"
 #include "ui/frmService.h"
-#include "values/FormatMask.h"
 #include "values/NumberConversion.h"
+#include "values/NumberFormat.h"
 
 namespace qel {
 

@@ -7,8 +7,8 @@
 #include "settings/UserParameters.h"
 #include "ui/SetupTabs.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
 #include "values/NumberConversion.h"
+#include "values/NumberFormat.h"
 #include "values/Region.h"
 
 namespace qel {

@@ -5,7 +5,7 @@
 #include "core/Surroundings.h"
 #include "platform/Clock.h"
 #include "ui/SetupTabs.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/Region.h"
 
 namespace qel {

@@ -4,7 +4,7 @@
 #include "core/Surroundings.h"
 #include "platform/Clock.h"
 #include "ui/SetupTabs.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
 
 namespace qel {

@@ -3,7 +3,7 @@
 #include "core/Surroundings.h"
 #include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 #include "ui/DateField.h"
 #include "ui/SetupTabs.h"
 #include "values/Region.h"

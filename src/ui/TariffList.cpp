@@ -5,7 +5,7 @@
 #include "analysis/TariffDays.h"
 #include "core/ShownMoney.h"
 #include "ui/FieldRule.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
 
 namespace qel {

@@ -11,6 +11,7 @@
 #include <string>
 #include <utility>
 
+#include "analysis/PeriodFields.h"
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
 #include "controls/Pickers.h"
@@ -146,23 +147,23 @@ class frmMain : public Window, public Display, public PeriodFields {
   void ShowReport() override;
 
   // PeriodFields
-  void ShowText(DateField field, const std::string& text) override;
+  void ShowText(PeriodField field, const std::string& text) override;
   void Complain() override;
   void ShowOnCalendar(Date day) override { Calendar1.Value = day; }
 
   void setLogExtents();
   void checkProcess();
   void CalTitle();
-  void DateField_Change(DateField field);
+  void DateField_Change(PeriodField field);
   void ForgetComplaint();
-  void DateField_GotFocus(DateField field);
-  void DateField_LostFocus(DateField field);
+  void DateField_GotFocus(PeriodField field);
+  void DateField_LostFocus(PeriodField field);
   void Calendar1_Click();
-  void StepDay(DateField field, int days);
-  void SetField(DateField field, Date day);
+  void StepDay(PeriodField field, int days);
+  void SetField(PeriodField field, Date day);
   void SetActiveField(Date day) { SetField(CurrentDateField, day); }
   Date ActiveDate() const;
-  MaskedEdit& InputOf(DateField field);
+  MaskedEdit& InputOf(PeriodField field);
   void mnuDefaultDate_Click();
   void btnProcess_Click();
 

@@ -4,7 +4,7 @@
 #include "core/Surroundings.h"
 #include "maintenance/Purge.h"
 #include "modemlog/LogExamination.h"
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 #include "ui/DateField.h"
 #include "ui/HelpNumbers.h"
 #include "values/DateText.h"

@@ -9,7 +9,7 @@
 #include "settings/UserParameters.h"
 #include "ui/HelpNumbers.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 

@@ -9,7 +9,7 @@
 #include "ui/HelpNumbers.h"
 #include "ui/QuarterHours.h"
 #include "ui/frmService.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
 #include "values/Region.h"
 

@@ -12,7 +12,7 @@
 #include "ui/frmFind.h"
 #include "ui/frmMain.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
 
 namespace qel {

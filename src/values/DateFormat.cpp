@@ -1,3 +1,5 @@
+#include "values/DateFormat.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -5,7 +7,6 @@
 
 #include "values/CodePage.h"
 #include "values/DateText.h"
-#include "values/FormatMask.h"
 #include "values/Region.h"
 
 namespace qel {

@@ -74,7 +74,7 @@ class DateReader {
 };
 
 // The date, time of day or both that a text makes by the first reading that makes one, by the rules of
-// platform/DateConversion.h.
+// platform/TextToDate.h.
 std::optional<Date> DateIn(std::string_view text, int thisYear);
 
 }  // namespace qel

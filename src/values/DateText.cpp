@@ -3,9 +3,9 @@
 #include <string_view>
 
 #include "values/CodePage.h"
+#include "values/DateFormat.h"
 #include "values/DatePattern.h"
 #include "values/DateReader.h"
-#include "values/FormatMask.h"
 #include "values/Region.h"
 
 namespace qel {

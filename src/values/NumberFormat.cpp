@@ -1,7 +1,8 @@
+#include "values/NumberFormat.h"
+
 #include <algorithm>
 
 #include "values/DecimalForm.h"
-#include "values/FormatMask.h"
 #include "values/Region.h"
 
 namespace qel {

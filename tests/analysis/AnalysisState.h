@@ -8,7 +8,7 @@
 #include "analysis/ConnectionNotes.h"
 #include "core/ErrorHandler.h"
 #include "session/Session.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 

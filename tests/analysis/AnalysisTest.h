@@ -9,12 +9,12 @@
 #include "analysis/Analyse.h"
 #include "analysis/AnalysisState.h"
 #include "journeys/Script.h"
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 #include "settings/Settings.h"
 #include "support/AnsweringHost.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 

@@ -63,7 +63,8 @@ class FailureTest : public AnalysisTest {
   }
 
   std::string log;  // of the latest act that told one
-  ErrorRoad<State> road{host, [this] { Begin(); }, [this] { Process(); }, [this] { return State(*session, *pricing); }};
+  ErrorRoad<State> road{host, [this] { Begin(); }, [this] { Process(); },
+                        [this] { return State(*session, *pricing); }};
 };
 
 TEST_F(FailureTest, LeavesOutOneEffectAndNothingElse) {

@@ -3,12 +3,12 @@
 #include "core/OSVersion.h"
 #include "core/ShownDates.h"
 #include "core/ShownMoney.h"
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 #include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/FreshProgram.h"
 #include "support/Regions.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 

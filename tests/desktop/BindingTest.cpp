@@ -16,7 +16,7 @@
 #include "SampleForm.h"
 #include "desktop/Look.h"
 #include "desktop/QtValues.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 namespace {

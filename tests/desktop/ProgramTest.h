@@ -9,7 +9,7 @@
 #include "core/Surroundings.h"
 #include "desktop/DesktopHost.h"
 #include "desktop/FormFace.h"
-#include "desktop/Windows.h"
+#include "desktop/WindowDesigns.h"
 #include "startup/QELMain.h"
 #include "support/WindowTest.h"
 

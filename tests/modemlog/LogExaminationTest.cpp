@@ -7,7 +7,7 @@
 #include "support/FreshProgram.h"
 #include "support/Listener.h"
 #include "support/Text.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
 
 namespace qel {

@@ -10,7 +10,7 @@
 #include "support/FreshProgram.h"
 #include "support/MemoryDisk.h"
 #include "values/CodePage.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 
@@ -27,7 +27,8 @@ TEST_F(LogLine, DateCarriesOverAndTimeLiesBetweenTheFirstBlankAndThePointBehindI
 }
 
 TEST_F(LogLine, ByteCountIsTheFirstNumberThatDoesNotEndTheLine) {
-  for (const auto& c : Cases("modemlog/ByteCounts")) EXPECT_EQ(GetReadBytes(settings, c[0]), std::stoi(c[1])) << c[0];
+  for (const auto& c : Cases("modemlog/ByteCounts"))
+    EXPECT_EQ(GetReadBytes(settings, c[0]), std::stoi(c[1])) << c[0];
   EXPECT_THROW(GetReadBytes(settings, "READS 2147483648;"), RunTimeError);
   EXPECT_EQ(GetWriteBytes(settings, "READS 6,789 WRITES 22."), 22);
 }

@@ -5,7 +5,7 @@
 
 #include "core/Surroundings.h"
 #include "journeys/Script.h"
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 #include "reports/DetailReport.h"
 #include "reports/Documents.h"
 #include "reports/HtmlReport.h"
@@ -52,14 +52,15 @@ std::string Output(Session& session, const std::string& document) {
   if (form == "csv" || form == "json") {
     const ExportFormat format = form == "csv" ? ExportFormat::Csv : ExportFormat::Json;
     if (report == "statistics") return ExportStatistics(session.logFile, session.findings, format);
-    return report == "summary" ? ExportSummary(session.Reported(), format) : ExportDetails(session.Reported(), format);
+    return report == "summary" ? ExportSummary(session.Reported(), format)
+                               : ExportDetails(session.Reported(), format);
   }
   if (form == "html")
     return report == "statistics" ? StatisticsPage(session.logFile, session.findings)
            : report == "summary"  ? SummaryPage(session.Reported(), session.logFile)
                                   : DetailsPage(session.Reported(), session.logFile);
-  const ReportDocument text =
-      report == "summary" ? DisplaySummaryReport(session.Reported()) : DisplayDetailReport(session.Reported());
+  const ReportDocument text = report == "summary" ? DisplaySummaryReport(session.Reported())
+                                                  : DisplayDetailReport(session.Reported());
   return form == "grid" ? GridText(text) : text.ReportText;
 }
 

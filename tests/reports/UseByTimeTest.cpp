@@ -7,7 +7,7 @@
 #include "reports/UseCharts.h"
 #include "support/Cases.h"
 #include "support/FreshProgram.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <thread>
 
+#include "analysis/PeriodFields.h"
 #include "core/ShownDates.h"
 #include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"

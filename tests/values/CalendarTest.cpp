@@ -3,7 +3,7 @@
 
 #include "platform/Clock.h"
 #include "values/CheckedInteger.h"
-#include "values/FormatMask.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 

@@ -6,17 +6,18 @@
 #include <sstream>
 
 #include "platform/Clock.h"
-#include "platform/DateConversion.h"
 #include "platform/SystemLocale.h"
+#include "platform/TextToDate.h"
 #include "support/Cases.h"
 #include "support/ErrorOf.h"
 #include "support/Regions.h"
 #include "values/CheckedInteger.h"
 #include "values/CodePage.h"
+#include "values/DateFormat.h"
 #include "values/DatePattern.h"
 #include "values/DateText.h"
-#include "values/FormatMask.h"
 #include "values/NumberConversion.h"
+#include "values/NumberFormat.h"
 
 namespace qel {
 namespace {

@@ -26,8 +26,7 @@ class ModemTest : public FreshProgram {
   std::string ModemValues(const std::string& key) const {
     std::string all;
     for (const auto& name : store.ValueNames(KeyPath(RegistryRoot::LocalMachine, ModemClass + key)))
-      all +=
-          name + "=" + TextOf(QueryValue(store, RegistryRoot::LocalMachine, ModemClass + key, name)) + ";";
+      all += name + "=" + TextOf(QueryValue(store, RegistryRoot::LocalMachine, ModemClass + key, name)) + ";";
     return all;
   }
 

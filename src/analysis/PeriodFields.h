@@ -4,29 +4,14 @@
 // The two rules call each other: moving one date may push the other, whose own limits may push back.
 #pragma once
 
-#include <array>
 #include <string>
 
+#include "analysis/Period.h"
 #include "modemlog/LogFile.h"
-#include "values/Calendar.h"
-#include "values/CheckedInteger.h"
 
 namespace qel {
 
-struct Period {
-  Date PeriodStart = 0, PeriodEnd = 0;  // whole days, both inside the period
-  Int16 PeriodDays;                     // both ends counted
-};
-
-// A line for the status bar. The complaints are bold and stand for some seconds.
-struct StatusMessage {
-  const char* Text;
-  bool Timed;
-  bool Bold;
-};
-extern const std::array<StatusMessage, 16> StatusMessages;
-
-enum class DateField { Starting = 1, Ending = 2 };
+enum class PeriodField { Starting = 1, Ending = 2 };
 
 // The two date fields as far as the rules see them. Setting a text runs the rule of its field, as typing
 // does.
@@ -48,13 +33,13 @@ class PeriodFields {
   // The same; counts PeriodDays when it can. Raises 6 for a period of 32768 days or more.
   bool checkProcess();
 
-  DateField CurrentDateField = DateField::Starting;
-  Int16 StatusIndex = 1;     // into StatusMessages
+  PeriodField CurrentDateField = PeriodField::Starting;
+  Int16 StatusIndex = 1;     // of the main window's messages about them
   bool FormLoading = false;  // fields are filled by the program: no complaint is heard
 
  protected:
   // A field has got its text, by the user or by a rule.
-  virtual void ShowText(DateField, const std::string& /*text*/) {}
+  virtual void ShowText(PeriodField, const std::string& /*text*/) {}
   // A date was moved to its limit; StatusIndex says which.
   virtual void Complain() {}
   // The calendar goes to the date that was set.

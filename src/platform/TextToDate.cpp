@@ -1,4 +1,4 @@
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "desktop/Windows.h"
+#include "desktop/WindowDesigns.h"
 
 #include <QDialog>
 #include <QMainWindow>

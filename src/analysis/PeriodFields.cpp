@@ -1,28 +1,9 @@
-#include "analysis/ReportPeriod.h"
+#include "analysis/PeriodFields.h"
 
 #include "core/ShownDates.h"
-#include "platform/DateConversion.h"
+#include "platform/TextToDate.h"
 
 namespace qel {
-
-const std::array<StatusMessage, 16> StatusMessages = {{
-    {"", false, false},
-    {"Enter the starting date for the report by clicking on the calendar or typing.", false, false},
-    {"Enter the ending date for the report by clicking on the calendar or typing.", false, false},
-    {"Exit Qelmark.", false, false},
-    {"Process your report.", false, false},
-    {"View the Modem Log File.", false, false},
-    {"Click on the calendar to enter a date without typing.", false, false},
-    {"No Modem Log Found!", true, true},
-    {"Corruption Detected in Modem Log File!", true, true},
-    {"Invalid date entry!", true, true},
-    {"The start date cannot be less than the first entry in modem log!", true, true},
-    {"The end date cannot be less than the start date!", true, true},
-    {"The end date cannot be greater than the last entry in modem log!", true, true},
-    {"The start date cannot be greater than the end date!", true, true},
-    {"", false, false},
-    {"", false, false},
-}};
 
 // A log whose last entry lies before its first (a clock was set back) has no limits that both dates could
 // keep.
@@ -35,14 +16,14 @@ void PeriodFields::SetStarting(const std::string& text) {
   if (text == starting) return;
   starting = text;
   inputStarting_Change();
-  ShowText(DateField::Starting, starting);  // by now it may be another one
+  ShowText(PeriodField::Starting, starting);  // by now it may be another one
 }
 
 void PeriodFields::SetEnding(const std::string& text) {
   if (text == ending) return;
   ending = text;
   inputEnding_Change();
-  ShowText(DateField::Ending, ending);
+  ShowText(PeriodField::Ending, ending);
 }
 
 void PeriodFields::inputStarting_Change() {
@@ -52,7 +33,7 @@ void PeriodFields::inputStarting_Change() {
   if (typed.PeriodStart < found.FirstEntryDate && LimitsKnown()) {
     typed.PeriodStart = found.FirstEntryDate;
     SetStarting(format_date(found.FirstEntryDate));
-    StatusIndex = CurrentDateField == DateField::Starting ? 10 : 11;
+    StatusIndex = CurrentDateField == PeriodField::Starting ? 10 : 11;
     if (!FormLoading) Complain();
   }
   ShowOnCalendar(typed.PeriodStart);
@@ -66,7 +47,7 @@ void PeriodFields::inputEnding_Change() {
   if (typed.PeriodEnd > found.LastEntryDate && LimitsKnown() && !found.LogEmpty) {
     typed.PeriodEnd = found.LastEntryDate;
     SetEnding(format_date(found.LastEntryDate));
-    StatusIndex = CurrentDateField == DateField::Ending ? 12 : 13;
+    StatusIndex = CurrentDateField == PeriodField::Ending ? 12 : 13;
     if (!FormLoading) Complain();
   }
   ShowOnCalendar(typed.PeriodEnd);
