@@ -7,35 +7,31 @@
 
 namespace qel {
 
-std::vector<Form*> LoadedForms;
-Form* ActiveForm = nullptr;
-std::function<void(Form&)> AttachFace;
+Form* Screen::LoadedForm(std::string_view name) const {
+  for (Form* form : LoadedForms)
+    if (form->Name() == name) return form;
+  return nullptr;
+}
 
-namespace {
-
-Form* lastAtWork = nullptr;  // the last form in front that does not stand aside
-
-}  // namespace
-
-Form::Form(std::string name) : name(std::move(name)) {}
+Form::Form(std::string name, qel::Screen& screen) : Screen(screen), name(std::move(name)) {}
 
 Form::~Form() {
   Face.reset();
-  std::erase(LoadedForms, this);
+  std::erase(Screen.LoadedForms, this);
   LeaveFront();
 }
 
 void Form::LeaveFront() {
-  if (lastAtWork == this) lastAtWork = nullptr;
-  if (ActiveForm == this) ActiveForm = StandsAside ? lastAtWork : nullptr;
+  if (Screen.LastAtWork == this) Screen.LastAtWork = nullptr;
+  if (Screen.ActiveForm == this) Screen.ActiveForm = StandsAside ? Screen.LastAtWork : nullptr;
 }
 
 void Form::Load() {
   if (loaded) return;
   // Before it counts as loaded: the design's sizes are no resizing.
-  if (AttachFace) AttachFace(*this);
+  if (Screen.AttachFace) Screen.AttachFace(*this);
   loaded = true;
-  LoadedForms.push_back(this);
+  Screen.LoadedForms.push_back(this);
   Form_Load();
 }
 
@@ -75,7 +71,7 @@ void Form::UnloadAtTheEnd() {
 }
 
 void Form::Vanish() {
-  std::erase(LoadedForms, this);
+  std::erase(Screen.LoadedForms, this);
   loaded = false;
   unloaded = true;
   active = entered = nullptr;
@@ -84,10 +80,10 @@ void Form::Vanish() {
 }
 
 void Form::Activate() {
-  if (!visible || ActiveForm == this) return;
-  const bool comesBack = ActiveForm && ActiveForm->StandsAside && lastAtWork == this;
-  ActiveForm = this;
-  if (!StandsAside) lastAtWork = this;
+  if (!visible || Screen.ActiveForm == this) return;
+  const bool comesBack = Screen.ActiveForm && Screen.ActiveForm->StandsAside && Screen.LastAtWork == this;
+  Screen.ActiveForm = this;
+  if (!StandsAside) Screen.LastAtWork = this;
   ShowChange();
   if (!comesBack) Form_Activate();
 }
@@ -148,12 +144,6 @@ void Form::Leave(Control& control) {
   std::erase(controls, &control);
   if (active == &control) active = nullptr;
   if (entered == &control) entered = nullptr;
-}
-
-Form* LoadedForm(std::string_view name) {
-  for (Form* form : LoadedForms)
-    if (form->Name() == name) return form;
-  return nullptr;
 }
 
 }  // namespace qel

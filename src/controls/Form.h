@@ -16,14 +16,30 @@ namespace qel {
 
 enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 
+class Form;
+
+// The forms of one running program; must outlive them.
+struct Screen {
+  std::vector<Form*> LoadedForms;  // in the order of their loading
+  Form* ActiveForm = nullptr;      // the one in front; nullptr where none is
+  Form* LastAtWork = nullptr;      // the last one in front that does not stand aside
+  // Called for each form that is about to be loaded, so that a face can show it and tell it the sizes and
+  // texts of its design. Forms without a face live as models.
+  std::function<void(Form&)> AttachFace;
+
+  // The loaded form of a name, or nullptr.
+  Form* LoadedForm(std::string_view name) const;
+};
+
 class Form {
  public:
-  explicit Form(std::string name);
+  Form(std::string name, qel::Screen& screen);
   virtual ~Form();
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
   const std::string& Name() const { return name; }
+  qel::Screen& Screen;
 
   Property<std::string> Caption{Shown()};
   Property<int> Left{Shown()}, Top{Shown()};
@@ -117,17 +133,6 @@ class Form {
   bool modal = false;
   bool endIsCertain = false;
 };
-
-// All loaded forms, in the order of their loading, and the one in front; nullptr where none is.
-extern std::vector<Form*> LoadedForms;
-extern Form* ActiveForm;
-
-// Called for each form that is about to be loaded, so that a face can show it and tell it the sizes and texts
-// of its design. Forms without a face live as models.
-extern std::function<void(Form&)> AttachFace;
-
-// The loaded form of a name, or nullptr.
-Form* LoadedForm(std::string_view name);
 
 // The one window of a class. It is made of its owner when it is first asked for, and anew after it was
 // unloaded. An unloaded window stays in memory until its successor is unloaded too, since one of its own

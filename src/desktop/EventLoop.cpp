@@ -92,16 +92,16 @@ void EventLoop::Dispatch(const std::function<void()>& event) noexcept {
 
 void EventLoop::RunUntil(const std::function<bool()>& done) {
   const Meanwhile open(inputIsThrownAway, false);
-  const bool hadForms = !LoadedForms.empty();
+  const bool hadForms = HasForms();
   while (!ended && !done()) {
-    if (hadForms && LoadedForms.empty()) throw ProgramEnd();
+    if (hadForms && !HasForms()) throw ProgramEnd();
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
   if (ended) throw ProgramEnd();
 }
 
 void EventLoop::Run() {
-  while (!LoadedForms.empty() && !ended) {
+  while (HasForms() && !ended) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     // Closed windows: the toolkit leaves them to a loop of its own, which never runs here.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -110,10 +110,10 @@ void EventLoop::Run() {
 
 // Lets events happen in the middle of other work, which goes on only if the program does.
 void EventLoop::GoOnAfter(const std::function<void()>& events) {
-  const bool hadForms = !LoadedForms.empty();
+  const bool hadForms = HasForms();
   events();
   SaveRegistry(windows->session.store);
-  if (ended || (hadForms && LoadedForms.empty())) throw ProgramEnd();
+  if (ended || (hadForms && !HasForms())) throw ProgramEnd();
 }
 
 void EventLoop::Yield() {

@@ -38,6 +38,7 @@ class EventLoop {
   void Paint();
 
  private:
+  bool HasForms() const { return !windows->Screen.LoadedForms.empty(); }
   void GoOnAfter(const std::function<void()>& events);
 
   const Windows* windows;

@@ -212,8 +212,8 @@ void FormFace::PushVisible() {
 // Once for each time that the program puts the form in front, so that a window never comes before what the
 // user has put there since.
 void FormFace::ComeToTheFront() {
-  if (ActiveForm != form || std::exchange(isInFront, true)) return;
-  for (Form* other : LoadedForms)
+  if (form->Screen.ActiveForm != form || std::exchange(isInFront, true)) return;
+  for (Form* other : form->Screen.LoadedForms)
     if (FormFace* face = FaceOf(*other); face && face != this) face->isInFront = false;
   if (IsKeptFrom(*window)) {
     window->hide();
@@ -303,8 +303,8 @@ void FormFace::TakeMouseMove(QWidget& widget, const QPoint& at) {
   });
 }
 
-void AttachFaces(std::vector<WindowDesign> designs, EventLoop& loop) {
-  AttachFace = [designs = std::move(designs), &loop](Form& form) {
+void AttachFaces(Screen& screen, std::vector<WindowDesign> designs, EventLoop& loop) {
+  screen.AttachFace = [designs = std::move(designs), &loop](Form& form) {
     for (const WindowDesign& design : designs)
       if (form.Name() == design.formName)
         form.Face = std::shared_ptr<FormFace>(new FormFace(form, design.make(), loop),
@@ -314,8 +314,8 @@ void AttachFaces(std::vector<WindowDesign> designs, EventLoop& loop) {
 
 FormFace* FaceOf(const Form& form) { return static_cast<FormFace*>(form.Face.get()); }
 
-void ReleaseFaces() {
-  for (Form* form : LoadedForms) form->Face.reset();
+void ReleaseFaces(const Screen& screen) {
+  for (Form* form : screen.LoadedForms) form->Face.reset();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

@@ -102,14 +102,14 @@ class FormFace : public QObject {
   bool pullingGeometry = false;
 };
 
-// From now on each form that is loaded gets its window from `designs` and tells `loop` of its events; a form
-// that is not in it stays a model.
-void AttachFaces(std::vector<WindowDesign> designs, EventLoop& loop);
+// From now on each form that is loaded there gets its window from `designs` and tells `loop` of its events; a
+// form that is not in it stays a model.
+void AttachFaces(Screen& screen, std::vector<WindowDesign> designs, EventLoop& loop);
 
 // The face of a loaded form; null where it has none.
 FormFace* FaceOf(const Form& form);
 
-// Takes the windows off all forms that are still loaded, as the end of the application asks for.
-void ReleaseFaces();
+// Takes the windows off all forms that are still loaded there, as the end of the application asks for.
+void ReleaseFaces(const Screen& screen);
 
 }  // namespace qel

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QWindow>
 
-#include "desktop/FormFace.h"
 #include "desktop/ScreenRoom.h"
 
 namespace qel {
@@ -12,9 +11,8 @@ void GiveOwner(QWidget& window) {
   QWidget* owner = QApplication::activeModalWidget();
   // The user may be in another program just now.
   if (!owner) owner = QApplication::activeWindow();
-  for (const Form* form : LoadedForms)
-    if (const FormFace* face = FaceOf(*form); !owner && face && face->Window().isVisible())
-      owner = &face->Window();
+  for (const QWindow* shown : QApplication::topLevelWindows())  // in the order of their coming
+    if (!owner && shown->isVisible()) owner = QWidget::find(shown->winId());
   window.winId();  // makes the handle
   if (!owner || owner == &window) return;
   window.windowHandle()->setTransientParent(owner->windowHandle());

@@ -61,11 +61,11 @@ int main(int count, char** words) {
   qel::Windows windows(session);
   qel::DesktopHost host(windows);
   const qel::Surroundings around(host, host);
-  qel::AttachFaces(qel::ProgramWindows(), host.Loop);
+  qel::AttachFaces(windows.Screen, qel::ProgramWindows(), host.Loop);
 
   host.Loop.Dispatch([&windows] { qel::StartProgram(windows); });
   host.Loop.Run();
-  qel::ReleaseFaces();
+  qel::ReleaseFaces(windows.Screen);
   // What an earlier attempt could not write.
   host.Loop.Dispatch([&session] { qel::SaveRegistry(session.store); });
   return 0;

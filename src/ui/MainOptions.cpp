@@ -85,7 +85,7 @@ void frmMain::UseNewDefaultLog() {
 // Brings the window into line with what the options have changed, and to the front.
 void frmMain::ShowAnew() {
   Form_Load();
-  ActiveForm = nullptr;
+  Screen.ActiveForm = nullptr;
   Activate();
   ShowActiveDate();
 }

@@ -22,7 +22,7 @@ void WindowHost::UnloadWindows() {
   if (!Windows) return;
   // First the options: what was not saved there is put back before other windows store the settings.
   for (const char* name : {"frmSetup", "frmAbout", "frmSplash", "frmViewLog", "frmReport", "frmMain"})
-    if (Form* form = LoadedForm(name)) IgnoreErrors([form] { form->UnloadAtTheEnd(); });
+    if (Form* form = Windows->Screen.LoadedForm(name)) IgnoreErrors([form] { form->UnloadAtTheEnd(); });
   SaveRegistry(Windows->session.store);
   TellSetAside(Windows->session.store);
 }

@@ -19,6 +19,7 @@ struct Windows {
   explicit Windows(Session& session) : session(session) {}
 
   Session& session;
+  qel::Screen Screen;
 
   TheForm<class frmMain, Windows> MainForm{*this};
   TheForm<class frmSplash, Windows> SplashForm{*this};
@@ -43,7 +44,7 @@ struct Windows {
 // A window, with what handlers speak of by its bare name.
 class Window : public Form {
  protected:
-  Window(std::string name, Windows& windows) : Form(std::move(name)), windows(windows) {}
+  Window(std::string name, Windows& windows) : Form(std::move(name), windows.Screen), windows(windows) {}
 
   Windows& windows;
   Session& session = windows.session;

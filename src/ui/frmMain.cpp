@@ -159,7 +159,7 @@ void frmMain::OfferTip() {
 
 bool frmMain::Form_Unload() {
   for (const char* name : {"frmSplash", "frmReport", "frmAbout", "frmHelp", "frmViewLog"})
-    if (Form* form = LoadedForm(name); form && EndIsCertain())
+    if (Form* form = Screen.LoadedForm(name); form && EndIsCertain())
       form->UnloadAtTheEnd();
     else if (form && !form->Unload())
       return false;

@@ -111,7 +111,7 @@ bool frmReport::Form_Unload() {
 
 void frmReport::BringToFront() {
   if (WindowState == qel::WindowState::Minimized) WindowState = qel::WindowState::Normal;
-  const bool inFront = ActiveForm == this;  // Show then activates nothing
+  const bool inFront = Screen.ActiveForm == this;  // Show then activates nothing
   Show();
   if (inFront) Form_Activate();
 }

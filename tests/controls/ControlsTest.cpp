@@ -16,7 +16,8 @@ namespace qel {
 
 class ControlsTest : public ::testing::Test {
  protected:
-  Form form{"frmSample"};
+  Screen screen;
+  Form form{"frmSample", screen};
   int clicks = 0;
 };
 

@@ -11,7 +11,7 @@ namespace {
 // A window that notes what happens to it.
 class frmSample : public Form {
  public:
-  frmSample() : Form("frmSample") {
+  explicit frmSample(qel::Screen& screen) : Form("frmSample", screen) {
     inputStarting.GotFocus = [this] { events += "in "; };
   }
 
@@ -30,7 +30,8 @@ class frmSample : public Form {
 class FormTest : public ::testing::Test {
  protected:
   ScriptedHost host;
-  frmSample sample;
+  Screen screen;
+  frmSample sample{screen};
 };
 
 TEST_F(FormTest, LoadsLaysOutAndActivatesInThatOrder) {
@@ -40,11 +41,11 @@ TEST_F(FormTest, LoadsLaysOutAndActivatesInThatOrder) {
   sample.Width = 9000;
   sample.Show();
   EXPECT_EQ(sample.events, "load resize in activate resize ") << "it was in front already";
-  frmSample other;
+  frmSample other(screen);
   other.Show();
   sample.Activate();
   EXPECT_EQ(sample.events, "load resize in activate resize activate ");
-  EXPECT_EQ(LoadedForm("frmSample"), &sample);
+  EXPECT_EQ(screen.LoadedForm("frmSample"), &sample);
 }
 
 TEST_F(FormTest, TheTabKeyPassesOverWhatCannotHaveTheFocus) {

@@ -247,7 +247,7 @@ TEST_F(Binding, AWholeDesignHasNothingMissingAndAFaultOfEachSortIsFound) {
             (std::vector<std::string>{"Toolbar1 has the tools ||Sav|View for ||Save|View",
                                       "control without widget: lblLost", "widget without control: lblStray",
                                       "action without control: mnuStray"}));
-  frmDialog dialog;
+  frmDialog dialog(windows.Screen);
   dialog.Load();
   EXPECT_EQ(MissingBindings::Of(dialog), std::vector<std::string>{"widget without control: btnStray"});
 }

@@ -52,11 +52,11 @@ TEST_F(HelpBeside, TheOptionsItTakesClicksAndOutlivesThem) {
   desktop.Loop.Dispatch([this] { windows->SetupForm->ShowModal(); });
   EXPECT_TRUE(WindowOf("frmHelp").isVisible());
   WindowOf("frmMain").close();
-  EXPECT_TRUE(LoadedForms.empty());
+  EXPECT_TRUE(windows->Screen.LoadedForms.empty());
 }
 
 TEST_F(HelpBeside, ABoxThatStaysWhileItsHelpIsRead) {
-  QTimer::singleShot(50, qApp, [] {
+  QTimer::singleShot(50, qApp, [this] {
     auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
     for (QAbstractButton* button : box->buttons())
@@ -64,7 +64,7 @@ TEST_F(HelpBeside, ABoxThatStaysWhileItsHelpIsRead) {
     EXPECT_TRUE(box->isVisible());
     auto& close = Get<QWidget>("frmHelp", "btnClose");
     ClickByWindow(close, close.rect().center());
-    EXPECT_EQ(LoadedForm("frmHelp"), nullptr);
+    EXPECT_FALSE(windows->HelpForm.IsLoaded());
     box->buttons().front()->click();
   });
   EXPECT_EQ(MsgBox({"No log", "Title", Icon::Exclamation, Buttons::OK, 6}), Answer::OK);

@@ -51,7 +51,7 @@ TEST_F(HostOfDesktop, ABoxAnswersByItsButtonsAndClosesOnlyWhereThatIsAnAnswer) {
 
 TEST_F(HostOfDesktop, TheEndOfTheProgramUnwindsAModalWindow) {
   bool unwound = false;
-  frmDialog dialog;
+  frmDialog dialog(windows.Screen);
   dialog.btnOK.Click = [] { throw ProgramEnd(); };
   form.btnOK.Click = [&] {
     struct Mark {

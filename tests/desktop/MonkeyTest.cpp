@@ -53,7 +53,7 @@ class Monkey : public ProgramTest, private DesktopHost {
     Arm();
     Loop.Dispatch([this] { qel::StartProgram(*windows); });
     Loop.Run();
-    ReleaseFaces();
+    ReleaseFaces(windows->Screen);
     windows.reset();
     std::exit(HasFailure());
   }

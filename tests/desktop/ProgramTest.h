@@ -19,24 +19,22 @@ class ProgramTest : public WindowTest {
  protected:
   ProgramTest() { ShowForms(desktop.Loop); }
   ~ProgramTest() override {
-    ReleaseFaces();
+    ReleaseFaces(windows->Screen);
     windows.reset();
-    AttachFace = nullptr;
   }
 
   // As a new process has it.
   Windows& BeAsNew() {
-    ReleaseFaces();
-    windows.reset();
+    ReleaseFaces(windows->Screen);
     NewProcess();
     desktop.Loop = EventLoop(*windows);
     ShowForms(desktop.Loop);
     return *windows;
   }
 
-  static QWidget& WindowOf(const char* form) { return FaceOf(*LoadedForm(form))->Window(); }
+  QWidget& WindowOf(const char* form) const { return FaceOf(*windows->Screen.LoadedForm(form))->Window(); }
   template <class Shown>
-  static Shown& Get(const char* form, const char* name) {
+  Shown& Get(const char* form, const char* name) const {
     auto* const found = WindowOf(form).findChild<Shown*>(name);
     if (!found) throw std::runtime_error(std::string("no ") + name);
     return *found;
@@ -45,9 +43,10 @@ class ProgramTest : public WindowTest {
   DesktopHost desktop{*windows};
   const Surroundings around{desktop, desktop};
 
-  static void ShowForms(EventLoop& loop) {
-    AttachFaces(ProgramWindows(), loop);
-    AttachFace = [attach = AttachFace](Form& form) {
+  void ShowForms(EventLoop& loop) {
+    auto& attachFace = windows->Screen.AttachFace;
+    AttachFaces(windows->Screen, ProgramWindows(), loop);
+    attachFace = [attach = attachFace](Form& form) {
       constexpr int AnHour = 3'600'000;
       for (Control* control : form.Controls())
         if (auto* timer = dynamic_cast<Timer*>(control)) timer->Interval = AnHour;

@@ -28,7 +28,7 @@ namespace qel {
 
 class frmSample : public Form {
  public:
-  frmSample() : Form("frmSample") { btnRun.ClickMovesFocus = false; }
+  explicit frmSample(qel::Screen& screen) : Form("frmSample", screen) { btnRun.ClickMovesFocus = false; }
 
   MenuItem mnuFile{*this, "mnuFile"}, mnuRecent{*this, "mnuRecent", 0}, mnuExit{*this, "mnuExit"};
   Toolbar Toolbar1{*this, "Toolbar1", {"", "Save", "View"}};
@@ -65,14 +65,15 @@ class frmSample : public Form {
 // A modal window with one button of its own, and one that the design has too many.
 class frmDialog : public Form {
  public:
-  frmDialog() : Form("frmDialog") {}
+  explicit frmDialog(qel::Screen& screen) : Form("frmDialog", screen) {}
   Button btnOK{*this, "btnOK"};
 };
 
 class DesktopTest : public ::testing::Test {
  protected:
   DesktopTest() {
-    AttachFaces({{"frmSample", MakeWindow<QMainWindow, Ui::frmSample>},
+    AttachFaces(windows.Screen,
+                {{"frmSample", MakeWindow<QMainWindow, Ui::frmSample>},
                  {"frmDialog", MakeWindow<QDialog, Ui::frmDialog, Qt::Dialog>}},
                 host.Loop);
     form.Timer1.Enabled = false;
@@ -80,10 +81,7 @@ class DesktopTest : public ::testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&FaceOf(form)->Window()));
     form.events.clear();
   }
-  ~DesktopTest() override {
-    ReleaseFaces();
-    AttachFace = nullptr;
-  }
+  ~DesktopTest() override { ReleaseFaces(windows.Screen); }
 
   // What the design calls by `name`.
   template <class Shown>
@@ -103,7 +101,7 @@ class DesktopTest : public ::testing::Test {
   Windows windows{session};
   DesktopHost host{windows};
   const Surroundings around{host, host};
-  frmSample form;
+  frmSample form{windows.Screen};
 };
 
 }  // namespace qel

@@ -49,11 +49,8 @@ std::string KeyText(const std::string& key) {
 
 Journey::Journey(Script& script, const TemporaryFolder& folder, std::function<qel::Windows&()> newProcess)
     : script(script), folder(folder), newProcess(std::move(newProcess)) {
-  AttachFace = [](Form& form) { Design::Of(form).TellTo(form); };
   diskInPlace.emplace(failing);
 }
-
-Journey::~Journey() { AttachFace = nullptr; }
 
 void Journey::Play() {
   while (next < script.Acts().size()) {
@@ -80,19 +77,19 @@ void Journey::PlayAct() {
   ++depth;
   handler->second(*this, act);
   if (HasEnded()) throw ProgramEnd();
-  if (--depth == 0 && !ActiveForm) BringToTheFront();
+  if (--depth == 0 && !OnScreen().ActiveForm) BringToTheFront();
+  Form* const form = OnScreen().ActiveForm;
   // Where the control that had the focus has gone, another one has it.
-  if (const Control* active = ActiveForm ? ActiveForm->ActiveControl() : nullptr;
-      active && !active->CanHaveFocus())
-    ActiveForm->MoveFocusOn();
+  if (const Control* active = form ? form->ActiveControl() : nullptr; active && !active->CanHaveFocus())
+    form->MoveFocusOn();
   TellConsequences();
 }
 
 // As the window system does where the window in front has gone: the one before it comes.
 void Journey::BringToTheFront() {
   for (auto name = fronts.rbegin(); name != fronts.rend(); ++name)
-    if (Form* form = LoadedForm(*name); form && form->Visible()) return form->Activate();
-  for (Form* form : LoadedForms)
+    if (Form* form = OnScreen().LoadedForm(*name); form && form->Visible()) return form->Activate();
+  for (Form* form : OnScreen().LoadedForms)
     if (form->Visible()) return form->Activate();
 }
 
@@ -144,7 +141,7 @@ void Journey::TellConsequences() {
 // What changed on the windows; all of a window that came up since is one `show` away.
 void Journey::TellWindows() {
   std::map<std::string, std::vector<Shown>> now;
-  for (const Form* form : LoadedForms) {
+  for (const Form* form : OnScreen().LoadedForms) {
     if (!form->Visible()) continue;
     const std::string& name = form->Name();
     auto& controls = now[name] = WindowText(*form, false);
@@ -189,13 +186,14 @@ std::string Journey::WindowPlace(const Form& form, bool withPosition) {
 }
 
 void Journey::TellFocus() {
-  if (!ActiveForm || windows.empty()) return;
-  const std::string inFront = ActiveForm->Name();
+  const Form* const form = OnScreen().ActiveForm;
+  if (!form || windows.empty()) return;
+  const std::string inFront = form->Name();
   if (inFront != front && windows.size() > 1) Tell(inFront + " is in front");
   front = inFront;
   std::erase(fronts, inFront);
   fronts.push_back(inFront);
-  const Control* const active = ActiveForm->ActiveControl();
+  const Control* const active = form->ActiveControl();
   const std::string now = active ? inFront + "." + NameOf(*active) : "";
   if (now != focus && active) Tell("  focus on " + NameOf(*active));
   focus = now;

@@ -33,7 +33,6 @@ class Journey : public WindowHost {
   // Files lie in `folder`, which the transcript calls "~". `newProcess` makes the program as a new process
   // has it.
   Journey(Script& script, const TemporaryFolder& folder, std::function<qel::Windows&()> newProcess);
-  ~Journey() override;
   void Play();
 
  protected:
@@ -77,6 +76,8 @@ class Journey : public WindowHost {
   using Handler = std::function<void(Journey&, const Act&)>;
   static const std::map<std::string, Handler> Acts;
 
+  // Of the process that runs; empty where none does.
+  const Screen& OnScreen() const { return Windows ? Windows->Screen : dark; }
   void PlayAct();
   void BringToTheFront();
   void AtWork();
@@ -142,6 +143,7 @@ class Journey : public WindowHost {
   Script& script;
   const TemporaryFolder& folder;
   const std::function<qel::Windows&()> newProcess;
+  const Screen dark{};
   std::size_t next = 0;     // act
   std::size_t current = 0;  // act
   int depth = 0;            // of acts under way, each in a modal window of the one before

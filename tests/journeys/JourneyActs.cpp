@@ -135,7 +135,7 @@ const std::map<std::string, Journey::Handler> Journey::Acts = {
      }},
     {"type", &Journey::type},
     {"select", &Journey::select},
-    {"key", [](Journey& my, const Act& act) { my.Press(*ActiveForm, act.Word(1)); }},
+    {"key", [](Journey& my, const Act& act) { my.Press(*my.OnScreen().ActiveForm, act.Word(1)); }},
     {"choose", &Journey::choose},
     {"pick", [](Journey& my, const Act& act) { my.Pick(my.NamedAs<Calendar>(act), MomentOf(act.Word(2))); }},
     {"column",
@@ -160,18 +160,19 @@ const std::map<std::string, Journey::Handler> Journey::Acts = {
 };
 
 Form& Journey::FormNamed(const std::string& name) const {
-  if (Form* form = LoadedForm(name); form && form->Visible()) return *form;
+  if (Form* form = OnScreen().LoadedForm(name); form && form->Visible()) return *form;
   throw std::runtime_error("no window " + name);
 }
 
 // "btnOK", "optFormat(1)", "frmReport.mnuSummary".
 Control& Journey::Named(const Act& act, std::size_t place) {
   std::string name = act.Word(place);
-  Form* form = ActiveForm;
+  Form* const inFront = OnScreen().ActiveForm;
+  Form* form = inFront;
   if (const auto dot = name.find('.'); dot != std::string::npos) {
     form = &FormNamed(name.substr(0, dot));
     name.erase(0, dot + 1);
-    if (form != ActiveForm && ActiveForm && ActiveForm->IsModal()) Fail(act, "a modal window is in front");
+    if (form != inFront && inFront && inFront->IsModal()) Fail(act, "a modal window is in front");
     form->Activate();
   }
   if (!form) Fail(act, "no window is in front");
@@ -289,7 +290,10 @@ void Journey::start(const Act&) {
   Start();
 }
 
-void Journey::Start() { qel::StartProgram(*Windows); }
+void Journey::Start() {
+  Windows->Screen.AttachFace = [](Form& form) { Design::Of(form).TellTo(form); };
+  qel::StartProgram(*Windows);
+}
 
 void Journey::click(const Act& act) {
   Control& control = Named(act);
@@ -331,7 +335,7 @@ void Journey::choose(const Act& act) {
 // As people do: everything selected, the new text over it. Nothing typed is the delete key.
 void Journey::Type(Control& control, const std::string& text) {
   control.SetFocus();
-  if (!control.HasFocus()) return Tell(NameOf(*ActiveForm->ActiveControl()) + " keeps the focus");
+  if (!control.HasFocus()) return Tell(NameOf(*OnScreen().ActiveForm->ActiveControl()) + " keeps the focus");
   if (auto* combo = dynamic_cast<ComboBox*>(&control)) return combo->UserText(text);
   auto& box = dynamic_cast<TextBox&>(control);
   const int length = static_cast<int>(box.Text().size());
@@ -367,7 +371,7 @@ void Journey::Choose(ListBox& list, int index) {
 
 // The mouse moves over a control, or over a place of the window where there is none.
 void Journey::point(const Act& act) {
-  if (ActiveForm && act.Word(1) == ActiveForm->Name()) return ActiveForm->MouseMove();
+  if (Form* const form = OnScreen().ActiveForm; form && act.Word(1) == form->Name()) return form->MouseMove();
   Point(Named(act));
 }
 
@@ -385,7 +389,7 @@ void Journey::state(const Act& act) {
 }
 
 void Journey::resize(const Act& act) {
-  if (!LoadedForm(act.Word(1))) {
+  if (!OnScreen().LoadedForm(act.Word(1))) {
     Control& control = Named(act);
     control.Width = std::stoi(act.Word(2));
     control.Height = std::stoi(act.Word(3));
@@ -410,7 +414,7 @@ void Journey::show(const Act& act) {
     return TellLines(IsUtf8(content) ? FromUtf8Lossy(content) : content);
   }
   const auto dot = act.Word(1).find('.');
-  if (const Form* form = LoadedForm(act.Word(1).substr(0, dot)); !form || !form->Visible())
+  if (const Form* form = OnScreen().LoadedForm(act.Word(1).substr(0, dot)); !form || !form->Visible())
     return Tell("not to be seen");
   if (dot != std::string::npos) {
     for (const Shown& control : WindowText(FormNamed(act.Word(1).substr(0, dot)), false))
