@@ -7,6 +7,7 @@
 
 #include "FuzzedProgram.h"
 #include "modemlog/LogExamination.h"
+#include "reports/DetailLines.h"
 #include "reports/ReportExport.h"
 #include "settings/Settings.h"
 #include "values/FormatMask.h"
@@ -134,6 +135,13 @@ void CheckReports(bool runsBackwards) {
   Check(std::abs(parts["dialup_cost"] + parts["service_cost"] + parts["data_cost"] - parts["total_cost"]) <
             1e-5 * (connections + 1),
         "three parts are the total");
+  ForEachConnection(session->Reported(), [](const DetailLine& line) {
+    const auto& [call, time, data] = line.Pieces;
+    const CallCosts& costs = line.Costs;
+    for (const auto& [pieces, cost] :
+         {std::pair(&call, costs.DialCostNow), {&time, costs.ServiceCostNow}, {&data, costs.DataCostNow}})
+      Check(std::abs(SumOf(*pieces) - cost) < 1e-6, "the pieces are the part");
+  });
 }
 
 }  // namespace

@@ -32,12 +32,6 @@ void MergeNotes(ConnectionRecord& connection, const std::string& kept) {
   connection.Notes = TidyNotes(connection.Notes);
 }
 
-// Once for every percent, however many connections there are: windows repaint at each.
-void TellProgress(int percent) {
-  CurrentDisplay().Progress(Int16(percent));
-  CurrentHost().Yield();
-}
-
 // One visit of all connections. The costs stay from one that is priced to the next.
 class DetailWalk : ReportOf {
  public:
@@ -51,8 +45,10 @@ class DetailWalk : ReportOf {
     int shown = 0;
     for (int i = 1; i <= analysis.ConnectionCount; ++i) {
       Attempt([&] { visitOne(Int16(i)); });
-      if (const int percent = 100 * i / int{analysis.ConnectionCount}; percent > shown)
-        TellProgress(shown = percent);
+      const int percent = 100 * i / int{analysis.ConnectionCount};
+      if (percent == shown) continue;  // windows repaint at each
+      CurrentDisplay().Progress(Int16(shown = percent));
+      CurrentHost().Yield();
     }
   }
 
