@@ -8,17 +8,13 @@
 #include <stdexcept>
 #include <string>
 
-#include "analysis/Analyse.h"
-#include "analysis/Period.h"
 #include "makelog/WriteLog.h"
-#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
-#include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"
 #include "reports/DetailReport.h"
 #include "reports/SummaryReport.h"
+#include "session/Session.h"
 #include "settings/UserParameters.h"
-#include "support/ProcessNow.h"
 
 namespace qel {
 namespace {
@@ -63,60 +59,63 @@ class OpenedLog {
     std::ofstream file(path, std::ios::binary);
     WriteLog(options, file);
     file.close();
-    settings = {};
-    windowSettings = {};
-    Region = GetCurrencySymbolInfo(Registry);
+    Region = GetCurrencySymbolInfo(Session.store);
+    Settings& settings = Session.settings;
     settings.MaxServices = 100;
     settings.MaxConnections = 32767;
     settings.Services.Make(settings.MaxServices);
-    FillMissingSettings(settings, windowSettings);
+    FillMissingSettings(settings, Session.windowSettings);
     for (settings.UsedServices = 0; settings.UsedServices < ServiceCount; ++settings.UsedServices)
       settings.Services[settings.UsedServices] = BusyService(settings.UsedServices);
-    logFile.CurrentLogPath = path.string();
-    findings.LogExists = logFile.ArchiveOpen = true;
-    GetLogStats(false);
-    period.PeriodStart = findings.FirstEntryDate;
-    period.PeriodEnd = findings.LastEntryDate;
-    period.PeriodDays = Int16(DaysBetween(period.PeriodStart, period.PeriodEnd)) + 1;
+    Session.SetCurrentLog(path.string());
+    Session.logFile.ArchiveOpen = true;
+    Session.Examine(LogHealth::Sound);
+    const LogFindings& findings = Session.findings;
+    Session.period = {findings.FirstEntryDate, findings.LastEntryDate,
+                      Int16(DaysBetween(findings.FirstEntryDate, findings.LastEntryDate) + 1)};
   }
   ~OpenedLog() { std::filesystem::remove(path); }
   OpenedLog(const OpenedLog&) = delete;
   OpenedLog& operator=(const OpenedLog&) = delete;
 
+  qel::Session Session;
+
  private:
   std::filesystem::path path;
 };
 
-void CountBytes(benchmark::State& state) {
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * FileLength(logFile.CurrentLogPath));
+void CountBytes(benchmark::State& state, const Session& session) {
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
+                          FileLength(session.logFile.CurrentLogPath));
 }
 
-void CountConnections(benchmark::State& state) {
-  if (analysis.ConnectionCount == 0) throw std::runtime_error("nothing was analysed");
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * int{analysis.ConnectionCount});
+void CountConnections(benchmark::State& state, const Session& session) {
+  if (session.analysis.ConnectionCount == 0) throw std::runtime_error("nothing was analysed");
+  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) *
+                          int{session.analysis.ConnectionCount});
 }
 
 void Statistics(benchmark::State& state) {
-  const OpenedLog log(4000, 300);
-  for (auto _ : state) GetLogStats(false);
-  CountBytes(state);
+  OpenedLog log(4000, 300);
+  for (auto _ : state) log.Session.Examine(LogHealth::Sound);
+  CountBytes(state, log.Session);
 }
 BENCHMARK(Statistics)->Unit(benchmark::kMillisecond);
 
 void Analysis(benchmark::State& state) {
-  const OpenedLog log(4000, 300);
-  for (auto _ : state) ProcessNow();
-  CountBytes(state);
-  CountConnections(state);
+  OpenedLog log(4000, 300);
+  for (auto _ : state) log.Session.ProcessLog();
+  CountBytes(state, log.Session);
+  CountConnections(state, log.Session);
 }
 BENCHMARK(Analysis)->Unit(benchmark::kMillisecond);
 
 template <ReportDocument (*Build)(const ReportOf&)>
 void Report(benchmark::State& state) {
-  const OpenedLog log(32000, 3);
-  ProcessNow();
-  for (auto _ : state) benchmark::DoNotOptimize(Build(NowReported()));
-  CountConnections(state);
+  OpenedLog log(32000, 3);
+  log.Session.ProcessLog();
+  for (auto _ : state) benchmark::DoNotOptimize(Build(log.Session.Reported()));
+  CountConnections(state, log.Session);
 }
 BENCHMARK(Report<DisplaySummaryReport>)->Name("Summary of 32000")->Unit(benchmark::kMillisecond);
 BENCHMARK(Report<DisplayDetailReport>)->Name("Details of 32000")->Unit(benchmark::kMillisecond);

@@ -7,7 +7,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static qel::FuzzedProgram program;
   program.OpenLog({reinterpret_cast<const char*>(data), size});
   qel::Run([size] {
-    if (qel::AnalyseAll()) qel::ReportIn(size);  // inputs of other lengths see the other forms
+    if (program.AnalyseAll()) program.ReportIn(size);  // inputs of other lengths see the other forms
   });
   return 0;
 }

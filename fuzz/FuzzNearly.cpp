@@ -7,6 +7,7 @@
 
 #include "FuzzedProgram.h"
 #include "modemlog/LogExamination.h"
+#include "reports/DetailLines.h"
 #include "reports/ReportExport.h"
 #include "settings/Settings.h"
 #include "values/DateFormat.h"
@@ -53,8 +54,9 @@ void MakeService(Choices& choices, ServiceRecord& service) {
   for (int i = 0; i < service.UsedTariffs; ++i) MakeTariff(choices, service.Tariffs[i]);
 }
 
-void MakeSettings(Choices& choices) {
-  SetDefaults();
+void MakeSettings(Choices& choices, FuzzedProgram& program) {
+  program.SetDefaults();
+  Settings& settings = program.Session.settings;
   settings.CalcCosts = choices.Below(4) != 0;
   settings.ShowErrors = choices.Below(4) != 0;
   settings.MaxConnections = choices.OneOf({200, 3, 1});
@@ -98,7 +100,7 @@ MadeLog MakeLog(Choices& choices) {
 
 // The sums of an export's columns. A cost is negative where the free time counted for a connection is longer
 // than the connection: one of no duration counts as one over midnight.
-std::map<std::string, double> Sums(const std::string& csv, bool runsBackwards) {
+std::map<std::string, double> Sums(const Settings& settings, const std::string& csv, bool runsBackwards) {
   bool freeTime = false;
   for (int i = 0; i < settings.UsedServices; ++i) freeTime = freeTime || settings.Services[i].FreePeriod;
   std::vector<std::string> titles;
@@ -122,10 +124,12 @@ std::map<std::string, double> Sums(const std::string& csv, bool runsBackwards) {
   return sums;
 }
 
-void CheckReports(bool runsBackwards) {
-  auto summary = Sums(ExportSummary(session->Reported(), ExportFormat::Csv), runsBackwards);
-  const std::string details = ExportDetails(session->Reported(), ExportFormat::Csv);
-  auto parts = Sums(details, runsBackwards);
+void CheckReports(Session& session, bool runsBackwards) {
+  const ReportOf report = session.Reported();
+  const Settings& settings = session.settings;
+  auto summary = Sums(settings, ExportSummary(report, ExportFormat::Csv), runsBackwards);
+  const std::string details = ExportDetails(report, ExportFormat::Csv);
+  auto parts = Sums(settings, details, runsBackwards);
   const auto connections = static_cast<double>(std::ranges::count(details, '\n')) - 1;
   Check(summary["sessions"] == connections, "each connection is a session");
   for (const char* figure : {"seconds", "bytes_read"}) Check(summary[figure] == parts[figure], figure);
@@ -134,6 +138,13 @@ void CheckReports(bool runsBackwards) {
   Check(std::abs(parts["dialup_cost"] + parts["service_cost"] + parts["data_cost"] - parts["total_cost"]) <
             1e-5 * (connections + 1),
         "three parts are the total");
+  ForEachConnection(report, [](const DetailLine& line) {
+    const auto& [call, time, data] = line.Pieces;
+    const CallCosts& costs = line.Costs;
+    for (const auto& [pieces, cost] :
+         {std::pair(&call, costs.DialCostNow), {&time, costs.ServiceCostNow}, {&data, costs.DataCostNow}})
+      Check(std::abs(SumOf(*pieces) - cost) < 1e-6, "the pieces are the part");
+  });
 }
 
 }  // namespace
@@ -143,17 +154,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace qel;
   static FuzzedProgram program;
   Choices choices(data, size);
-  MakeSettings(choices);
+  MakeSettings(choices, program);
   const int firstDay = static_cast<int>(choices.Below(4)), lastDay = static_cast<int>(choices.Below(4));
   const MadeLog log = MakeLog(choices);
   program.OpenLog(log.text);
   Run([&] {
-    if (!AnalyseAll(firstDay, lastDay)) return;
-    CheckReports(log.runsBackwards);
-    const std::size_t form = size % ReportForms;
-    const std::string once = ReportIn(form);
-    ReportIn(form + 1);
-    Check(ReportIn(form) == once, "a report is the same when it is made again");
+    if (!program.AnalyseAll(firstDay, lastDay)) return;
+    CheckReports(program.Session, log.runsBackwards);
+    const std::size_t form = size % FuzzedProgram::ReportForms;
+    const std::string once = program.ReportIn(form);
+    program.ReportIn(form + 1);
+    Check(program.ReportIn(form) == once, "a report is the same when it is made again");
   });
   return 0;
 }

@@ -27,19 +27,20 @@ struct Plan {
         from(DateSerial(1999, 1, 1) + choices.Below(31)),
         to(from + choices.Below(4)) {}
 
-  void Run() const {
-    if (tool == Purge) return DoPurge(session->InHand(), from, to);
-    if (tool == Optimize) return DoOptimize(session->InHand(), settings, logFile.ArchiveOpen);
-    ReasonOfFailure([this] {
-      if (tool == Clear) return ClearLog(std::nullopt);
-      LogRepair repair(CurrentDisplay());
+  void Run(const Session& session) const {
+    const LogInHand log = session.InHand();
+    if (tool == Purge) return DoPurge(log, from, to);
+    if (tool == Optimize) return DoOptimize(log, session.settings, session.logFile.ArchiveOpen);
+    ReasonOfFailure([&] {
+      if (tool == Clear) return ClearLog(log.Log, std::nullopt);
+      LogRepair repair(log, CurrentDisplay());
       repair.FixCorruption();
       repair.CheckEntries();
     });
   }
 
   // What becomes of a log, said as plainly as can be.
-  std::string ResultOf(std::string log) const {
+  std::string ResultOf(const Settings& settings, std::string log) const {
     if (tool == Clear) return NewLogEntry();
     if (tool == Repair) {
       std::erase_if(log, [](char c) { return (c < ' ' || c > '~') && c != '\r' && c != '\n'; });
@@ -53,13 +54,13 @@ struct Plan {
       if (hasEnd && text.ends_with('\r')) text.pop_back();
       if (tool == Repair && text.ends_with('\r')) text.pop_back();
       if (tool == Optimize) text = UpperCase(text);
-      if (IsKept(text)) result += text + NewLine;
+      if (IsKept(settings, text)) result += text + NewLine;
     }
     return result;
   }
 
  private:
-  bool IsKept(const std::string& text) const {
+  bool IsKept(const Settings& settings, const std::string& text) const {
     const Date date = GetLineDate(text);
     if (tool == Repair) return text.find_first_not_of(' ') != std::string::npos && date != 0;
     if (tool == Purge) return date != 0 && (date < from || date > to);
@@ -82,22 +83,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Choices choices(data, size);
   const Plan plan(choices);
   const unsigned ending = choices.Below(3), operation = choices.Below(200);
-  const std::string log(choices.Rest()), result = plan.ResultOf(log);
+  const std::string log(choices.Rest()), result = plan.ResultOf(program.Session.settings, log);
   program.OpenLog(log);
   ending == 0 ? program.Disk.FailNth(static_cast<int>(operation))
               : program.Disk.FailFrom(static_cast<int>(operation));
-  plan.Run();
+  plan.Run(program.Session);
   const bool failed = program.Disk.Failed();
   program.Disk.Mend();
   if (ending == 2) program.Memory.FailPower();
-  MendInterruptedSwap(logFile.CurrentLogPath);
+  MendInterruptedSwap(program.Session.logFile.CurrentLogPath);
   const std::string now = content("/app/log.txt");
   const bool isSafe =
       plan.tool == Clear || content("/app/ModemLog.old") == log || content("/app/log.txt.kept") == log;
   Check(now == log || (now == result && isSafe), "the log or its safety copy is whole");
   const bool nothingToKeep = plan.tool == Repair && now == log;
   Check(failed || nothingToKeep || now == result, "a run that nothing stops does what it has to");
-  plan.Run();
+  plan.Run(program.Session);
   if (plan.tool == Purge || plan.tool == Optimize)
     Check(content("/app/log.txt") == result, "the next run finishes the work, and one more changes nothing");
   return 0;

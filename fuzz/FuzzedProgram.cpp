@@ -4,14 +4,10 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "analysis/Analyse.h"
 #include "analysis/PeriodFields.h"
-#include "core/Places.h"
 #include "core/ShownDates.h"
-#include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
 #include "platform/Host.h"
-#include "registry/RegistryStore.h"
 #include "registry/StoredRegion.h"
 #include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"
@@ -24,9 +20,9 @@ namespace qel {
 
 FuzzedProgram::FuzzedProgram() {
   std::cerr.rdbuf(nullptr);
-  Region = GetCurrencySymbolInfo(store);
+  Region = GetCurrencySymbolInfo(Session.store);
   StopClockAt(DateSerial(1999, 1, 15));
-  places.AppPath = "/app";
+  Session.places.AppPath = "/app";
   SetDefaults();
 }
 
@@ -35,13 +31,14 @@ void FuzzedProgram::OpenLog(std::string_view log) {
   Memory.Empty();
   Memory.PutFolder("/app");
   Memory.Put("/app/log.txt", log);
-  session->SetCurrentLog("/app/", "log.txt");
+  Session.SetCurrentLog("/app/", "log.txt");
 }
 
-void SetDefaults() {
+void FuzzedProgram::SetDefaults() {
+  Settings& settings = Session.settings;
   settings = {};
-  windowSettings = {};
-  FillMissingSettings(settings, windowSettings);
+  Session.windowSettings = {};
+  FillMissingSettings(settings, Session.windowSettings);
   settings.Services.Make(settings.MaxServices);
   ServiceRecord& service = settings.Services[0];
   service.ServiceName = "Alpha";
@@ -56,42 +53,45 @@ void SetDefaults() {
   settings.UsedServices = 1;
 }
 
-bool AnalyseAll(int firstDay, int lastDay) {
-  session->Examine(LogHealth::Unknown);
+bool FuzzedProgram::AnalyseAll(int firstDay, int lastDay) {
+  Session.Examine(LogHealth::Unknown);
+  const LogFindings& findings = Session.findings;
   if (findings.LogEmpty || findings.LogInvalid || findings.LogCorrupt) return false;
-  PeriodFields fields(period, logFile, findings);
+  PeriodFields fields(Session.period, Session.logFile, findings);
   fields.SetStarting(format_date(findings.FirstEntryDate + firstDay));
   fields.SetEnding(format_date(findings.LastEntryDate - lastDay));
   if (!fields.checkProcess()) return false;
-  Pricing pricing(settings, period);
-  ProcessLog(pricing, logFile, findings, analysis);
+  Session.ProcessLog();
   return !findings.LogCorrupt;
 }
 
-std::string ReportIn(std::size_t form) {
-  static constexpr std::string (*Forms[])() = {
-      [] { return DisplaySummaryReport(session->Reported()).ReportText; },
-      [] { return DisplayDetailReport(session->Reported()).ReportText; },
-      [] { return ExportSummary(session->Reported(), ExportFormat::Csv); },
-      [] { return ExportDetails(session->Reported(), ExportFormat::Csv); },
-      [] { return ExportSummary(session->Reported(), ExportFormat::Json); },
-      [] {
-        return ExportDetails(session->Reported(), ExportFormat::Json) +
-               ExportStatistics(logFile, findings, ExportFormat::Json);
-      },
-      [] {
-        return ExportStatistics(logFile, findings, ExportFormat::Csv) + StatisticsPage(logFile, findings);
-      },
-      [] { return SummaryPage(session->Reported(), logFile); },
-      [] { return DetailsPage(session->Reported(), logFile); },
-      [] {
-        std::string text;
-        for (const auto& line : SummaryDifferences(session->Reported())) text += line;
-        return text;
-      },
-  };
-  static_assert(std::size(Forms) == ReportForms);
-  return Forms[form % ReportForms]();
+std::string FuzzedProgram::ReportIn(std::size_t form) {
+  const ReportOf report = Session.Reported();
+  const LogFile& log = Session.logFile;
+  const LogFindings& findings = Session.findings;
+  switch (form % ReportForms) {
+    case 0:
+      return DisplaySummaryReport(report).ReportText;
+    case 1:
+      return DisplayDetailReport(report).ReportText;
+    case 2:
+      return ExportSummary(report, ExportFormat::Csv);
+    case 3:
+      return ExportDetails(report, ExportFormat::Csv);
+    case 4:
+      return ExportSummary(report, ExportFormat::Json);
+    case 5:
+      return ExportDetails(report, ExportFormat::Json) + ExportStatistics(log, findings, ExportFormat::Json);
+    case 6:
+      return ExportStatistics(log, findings, ExportFormat::Csv) + StatisticsPage(log, findings);
+    case 7:
+      return SummaryPage(report, log);
+    case 8:
+      return DetailsPage(report, log);
+  }
+  std::string text;
+  for (const auto& line : SummaryDifferences(report)) text += line;
+  return text;
 }
 
 void Run(const std::function<void()>& work) {

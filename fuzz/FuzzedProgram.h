@@ -9,6 +9,7 @@
 
 #include "core/Surroundings.h"
 #include "platform/Host.h"
+#include "session/Session.h"
 #include "support/FailingDisk.h"
 #include "support/MemoryDisk.h"
 
@@ -30,6 +31,18 @@ class FuzzedProgram {
   // Makes this the current log, and nothing else on the disk.
   void OpenLog(std::string_view log);
 
+  // The settings that it begins with.
+  void SetDefaults();
+
+  // Looks into the log, sets the period to all of it but some days at either end, and analyses. False where
+  // no report can be made.
+  bool AnalyseAll(int firstDay = 0, int lastDay = 0);
+
+  // The latest analysis in one of the forms that a report has: text, export, page, of either kind.
+  static constexpr std::size_t ReportForms = 10;
+  std::string ReportIn(std::size_t form);
+
+  qel::Session Session;
   MemoryDisk Memory;
   FailingDisk Disk{Memory};
 
@@ -38,17 +51,6 @@ class FuzzedProgram {
   const Surroundings around{host, host};
   DiskInPlace inPlace{Disk};
 };
-
-// The settings that FuzzedProgram begins with.
-void SetDefaults();
-
-// The latest analysis in one of the forms that a report has: text, export, page, of either kind.
-inline constexpr std::size_t ReportForms = 10;
-std::string ReportIn(std::size_t form);
-
-// Looks into the log, sets the period to all of it but some days at either end, and analyses. False where no
-// report can be made.
-bool AnalyseAll(int firstDay = 0, int lastDay = 0);
 
 // Runs what may end in a run-time error or with the end of the program, but in nothing else.
 void Run(const std::function<void()>& work);

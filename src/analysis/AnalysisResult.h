@@ -14,6 +14,9 @@ namespace qel {
 inline constexpr char AnsweredNumber[] = "Answered Call";
 inline constexpr char UndialledNumber[] = "Unknown Service";
 
+// What the notes of a connection begin with, in the order of their texts in ConnectionNotes.cpp.
+enum class ConnectionKind { Plain, NoCost, NoDialLine, NoDisconnect, IncompleteTariff };
+
 // One rebuilt connection.
 struct ConnectionRecord {
   Date StartDate = 0;
@@ -22,12 +25,21 @@ struct ConnectionRecord {
   Date EndTime = 0;
   std::string Number;  // as dialled; AnsweredNumber; UndialledNumber without a dial line
   std::string Notes;
+  ConnectionKind Kind = ConnectionKind::Plain;
+  // Its notes tell of a count that was taken for it; without that, the count may be of an earlier one in its
+  // place.
+  bool ReadNoted = false, WrittenNoted = false;
   bool Answered = false;
   Int32 BytesRead;
   Int32 BytesWritten;
   Int32 FreeSeconds;       // in the service's free period
   Int16 Slot;              // of ServiceTotals, in which it was counted
   std::string SlotNumber;  // which the slot had when it was
+
+  // Its notes tell of an error.
+  bool HasError() const {
+    return Kind == ConnectionKind::NoDisconnect || Kind == ConnectionKind::IncompleteTariff;
+  }
 };
 
 // The totals of one number met in the log, and of its service's other number.

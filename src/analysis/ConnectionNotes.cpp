@@ -13,14 +13,44 @@ namespace {
 
 std::string Kilobytes(Int32 bytes) { return FormatNumber(bytes / 1024.0, "#,##0") + "K"; }
 
+void NoteTariff(const PricePiece& piece, std::string& notes) {
+  const TariffRecord& tariff = *piece.Tariff;
+  if (notes.find(tariff.Description) == std::string::npos) notes += " - " + tariff.Description;
+  if (piece.Units <= 0) return;
+  std::string units = " - " + std::to_string(piece.Units) + "U x " + std::to_string(tariff.UnitMins) + "Min";
+  if (tariff.UnitSecs > 0) units += " " + std::to_string(tariff.UnitSecs) + "Sec";
+  if (piece.Note == UnitNote::AfterDash) notes += " - ";  // TidyNotes takes the double dash out where it can
+  if (piece.Note != UnitNote::Once || notes.find(units) == std::string::npos) notes += units;
+}
+
 }  // namespace
 
-std::string ReadNote(Int32 bytes) { return " R:" + Kilobytes(bytes); }
-std::string WrittenNote(Int32 bytes) { return " - W:" + Kilobytes(bytes); }
-std::string FreeNote(Int32 seconds) { return " - Free:" + FormatTime(static_cast<float>(seconds), false); }
+void BeginNotes(ConnectionRecord& connection, ConnectionKind kind) {
+  static constexpr const char* beginnings[] = {"", " No Cost", " Unable to get dialled number -",
+                                               " ERROR - No Disconnect Entry -",
+                                               " ERROR - Incomplete Tariff -"};
+  connection.Notes = beginnings[static_cast<std::size_t>(kind)];
+  connection.Kind = kind;
+  connection.ReadNoted = connection.WrittenNoted = false;
+}
 
-std::string BlocksNote(Int16 blocks, Int16 minutes) {
-  return " - " + std::to_string(blocks) + "B" + " x " + std::to_string(minutes) + "Min -";
+void NoteBytesRead(ConnectionRecord& connection, Int32 bytes) {
+  connection.Notes += " R:" + Kilobytes(bytes);
+  connection.ReadNoted = true;
+}
+
+void NoteBytesWritten(ConnectionRecord& connection, Int32 bytes) {
+  connection.Notes += " - W:" + Kilobytes(bytes);
+  connection.WrittenNoted = true;
+}
+
+void AddNote(const PricePiece& piece, std::string& notes) {
+  if (piece.Kind == PieceKind::TariffTime)
+    NoteTariff(piece, notes);
+  else if (piece.Kind == PieceKind::FreeTime)
+    notes += " - Free:" + FormatTime(static_cast<float>(piece.Seconds), false);
+  else if (piece.Kind == PieceKind::Blocks)
+    notes += " - " + std::to_string(piece.Units) + "B x " + std::to_string(piece.BlockMinutes) + "Min -";
 }
 
 std::string TidyNotes(const std::string& text) {
@@ -31,25 +61,25 @@ std::string TidyNotes(const std::string& text) {
   return notes + " ";
 }
 
+Int32 SecondsInside(const Period& period, const ConnectionRecord& c) {
+  if (c.StartDate == c.EndDate) return SecondsBetween(c.StartTime, c.EndTime);
+  Int32 seconds = std::max<Int32>(DaysBetween(c.StartDate, c.EndDate) - 1, 0) * SecondsPerDay;
+  if (c.StartDate >= period.PeriodStart) seconds += SecondsPerDay - SecondOfDay(c.StartTime);
+  if (c.EndDate <= period.PeriodEnd) seconds += SecondsBetween(0, c.EndTime);
+  return seconds;
+}
+
 float GetConnectionSeconds(const Period& period, ConnectionRecord& c) {
   float seconds{};
   IgnoreErrors([&] {
-    if (c.StartDate == c.EndDate) {
-      seconds = static_cast<float>(SecondsBetween(c.StartTime, c.EndTime));
-      return;
+    const Int32 inside = SecondsInside(period, c);
+    if (c.StartDate != c.EndDate) {
+      if (c.EndDate <= period.PeriodEnd)
+        c.Notes = inside == SecondsBetween(0, c.EndTime) ? " Time from midnight" : "";
+      else if (c.StartDate >= period.PeriodStart)
+        c.Notes = " Time prior to midnight";
     }
-    Int32 n = std::max<Int32>(Int32(DaysBetween(c.StartDate, c.EndDate)) - 1, 0) * SecondsPerDay;
-    std::string notes = c.Notes;
-    if (c.StartDate >= period.PeriodStart) {
-      notes = " Time prior to midnight";
-      n += SecondsBetween(c.StartTime, TimeSerial(23, 59, 59)) + 1;
-    }
-    if (c.EndDate <= period.PeriodEnd) {
-      notes = n == 0 ? " Time from midnight" : "";
-      n += SecondsBetween(0, c.EndTime);
-    }
-    c.Notes.swap(notes);
-    seconds = static_cast<float>(n);
+    seconds = static_cast<float>(inside);
   });
   return seconds;
 }

@@ -15,18 +15,14 @@ enum DialOption { FixedCharge = 1, TariffCharge = 2 };
 constexpr int LastMinute = 59;  // seconds that a tariff's end includes
 constexpr int LastSecondOfDay = SecondsPerDay - 1;
 
-// How a piece writes its units into the notes.
-enum class UnitNote { Once, AfterDash, Always };
+bool IsByTime(const TariffRecord& tariff) {
+  return tariff.Unit == "Per Minute" || tariff.Unit == "Per Second";
+}
 
-// Cost of `seconds` in one tariff, its charge per call apart. The first piece of a call is spared the
-// tariff's allowance, unless it is charged by units; begun units are paid whole, and `units` tells how many
-// there were.
-double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece, Int16& units) {
-  const bool perMinute = tariff.Unit == "Per Minute";
-  if (perMinute || tariff.Unit == "Per Second") {
-    if (firstPiece) seconds = std::max<Int32>(seconds - tariff.After, 0);
-    return seconds / (perMinute ? 60.0 : 1.0) * tariff.PerMinuteRate;
-  }
+// Cost of `seconds` in one tariff, its charge per call apart. Begun units are paid whole, and `units` tells
+// how many there were.
+double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, Int16& units) {
+  if (IsByTime(tariff)) return seconds / (tariff.Unit == "Per Minute" ? 60.0 : 1.0) * tariff.PerMinuteRate;
   const Int16 unitLength = tariff.UnitMins * 60 + tariff.UnitSecs;
   if (unitLength > 0) {
     units = Int16(std::floor(static_cast<double>(seconds) / unitLength));
@@ -41,7 +37,7 @@ double GetSegmentCost(const TariffRecord& tariff, Int32 seconds, bool firstPiece
 class TariffWalk {
  public:
   TariffWalk(const Settings& settings, const Period& period, const ServiceRecord& service, Date startDate,
-             Date startTime, Date endDate, Date endTime, std::string* notes)
+             Date startTime, Date endDate, Date endTime, PricePieces* pieces)
       : settings(settings),
         period(period),
         service(service),
@@ -49,13 +45,11 @@ class TariffWalk {
         second(SecondOfDay(startTime)),
         endDay(endDate),
         endSecond(SecondOfDay(endTime)),
-        told(notes) {}
+        pieces(pieces) {}
 
   double Cost() {
-    if (service.UsedTariffs < 1) return 0;  // nothing that could end the walk
-    if (told) notes = *told;
     while (!done) TryAllTariffs();
-    if (told) told->swap(notes);
+    if (pieces) TellRest();
     return covered ? cost : 0 - cost;
   }
 
@@ -84,12 +78,13 @@ class TariffWalk {
   Outcome TryWithinOneDay(const TariffRecord& tariff) {
     const int segmentEnd = SecondOfDay(tariff.AppliesTimeEnd) + LastMinute;
     if (endSecond <= segmentEnd) {
-      Price(tariff, endSecond - second, UnitNote::Once);
+      Price(tariff, endSecond, UnitNote::Once);
+      second = endSecond;
       done = covered = true;
       return Outcome::CheckEnd;
     }
     if (second > segmentEnd) return Outcome::Miss;
-    Price(tariff, segmentEnd - second, UnitNote::AfterDash);
+    Price(tariff, segmentEnd, UnitNote::AfterDash);
     AdvanceBehind(segmentEnd);
     return Outcome::CheckEnd;
   }
@@ -108,35 +103,64 @@ class TariffWalk {
       covered = true;
     }
     if (second > segmentEnd) return Outcome::Miss;
-    Price(tariff, segmentEnd - second, UnitNote::Always);
+    Price(tariff, segmentEnd, UnitNote::Always);
     AdvanceBehind(segmentEnd);
     return Outcome::SameTariffAgain;
   }
 
   // What lies before the period is not priced, the charge per call and the first piece's allowance included.
   void EnterPeriod() {
+    TellTime({.Kind = PieceKind::OutsidePeriod, .From = Now(), .To = period.PeriodStart});
     day = period.PeriodStart;
     second = 0;
     firstPiece = false;
     dialAdded = true;
   }
 
-  void Price(const TariffRecord& tariff, int seconds, UnitNote form) {
-    Int16 units = 0;
-    cost += GetSegmentCost(tariff, seconds, firstPiece, units);
+  // The rest of the call up to a second of the day, or of the tariff. The first piece of a call is spared the
+  // tariff's allowance, unless it is charged by units.
+  void Price(const TariffRecord& tariff, int end, UnitNote note) {
+    const Int32 seconds = end - second;
+    const Int32 spared = firstPiece && IsByTime(tariff) ? std::min(tariff.After, seconds) : Int32();
+    Int16 units;
+    const double paid = GetSegmentCost(tariff, seconds - spared, units);
+    cost += paid;
     if (!dialAdded) cost += tariff.DialRate;
+    if (pieces) {
+      const Date from = AddSeconds(Now(), std::max<int>(spared, 0));
+      TellTime(
+          {.Kind = PieceKind::FirstSeconds, .Seconds = spared, .From = Now(), .To = from, .Tariff = &tariff});
+      pieces->push_back({.Kind = PieceKind::TariffTime,
+                         .Cost = paid,
+                         .Rate = tariff.PerMinuteRate,
+                         .Seconds = seconds - spared,
+                         .Units = units,
+                         .From = from,
+                         .To = AddSeconds(day, end),
+                         .Tariff = &tariff,
+                         .Note = note});
+      if (!dialAdded)
+        pieces->push_back({.Kind = PieceKind::CallCharge,
+                           .Cost = tariff.DialRate,
+                           .Rate = tariff.DialRate,
+                           .Tariff = &tariff});
+    }
     dialAdded = true;
-    if (told) WriteNotes(tariff, units, form);
   }
 
-  void WriteNotes(const TariffRecord& tariff, Int16 units, UnitNote form) {
-    if (notes.find(tariff.Description) == std::string::npos) notes += " - " + tariff.Description;
-    if (units <= 0) return;
-    std::string unitText = " - " + std::to_string(units) + "U x " + std::to_string(tariff.UnitMins) + "Min";
-    if (tariff.UnitSecs > 0) unitText += " " + std::to_string(tariff.UnitSecs) + "Sec";
-    if (form == UnitNote::AfterDash) notes += " - ";  // TidyNotes takes the double dash out where it can
-    if (form != UnitNote::Once || notes.find(unitText) == std::string::npos) notes += unitText;
+  void TellTime(const PricePiece& piece) {
+    if (pieces && piece.From < piece.To) pieces->push_back(piece);
   }
+
+  // What is left where the walk ends.
+  void TellRest() {
+    const Date end = AddSeconds(endDay, endSecond), first = period.PeriodStart, behind = period.PeriodEnd + 1;
+    TellTime({.Kind = PieceKind::OutsidePeriod, .From = Now(), .To = std::min(end, first)});
+    TellTime({.Kind = PieceKind::NoTariff, .From = std::max(Now(), first), .To = std::min(end, behind)});
+    TellTime({.Kind = PieceKind::OutsidePeriod, .From = std::max(Now(), behind), .To = end});
+  }
+
+  Date Now() const { return AddSeconds(day, second); }
 
   // The second between a piece and the next is in neither.
   void AdvanceBehind(int segmentEnd) {
@@ -153,13 +177,12 @@ class TariffWalk {
   int second;
   const Date endDay;
   const int endSecond;
-  std::string* const told;  // the connection's notes, or none
+  PricePieces* const pieces;  // or none
 
-  std::string notes;  // what they will be
   double cost = 0;
   bool dialAdded = false;
   bool firstPiece = true;
-  bool done = false;
+  bool done = service.UsedTariffs < 1;  // nothing else could end the walk
   bool covered = false;
   Int16 misses = 0;  // tariffs tried in a row without effect
 };
@@ -167,18 +190,16 @@ class TariffWalk {
 }  // namespace
 
 double Pricing::GetDialupCost(const std::string& number, Date startDate, Date startTime, Date endDate,
-                              Date endTime, std::string* notes) const {
+                              Date endTime, PricePieces* pieces) const {
   TraceProcedure("GetDialupCost");
   const ServiceRecord* service = ServiceOf(number);
-  if (!service) return settings.DialCost;
-  switch (service->DialOption) {
-    case FixedCharge:
-      return service->DialFixedTariff;
-    case TariffCharge:
-      return TariffWalk(settings, period, *service, startDate, startTime, endDate, endTime, notes).Cost();
-    default:
-      return 0;
-  }
+  if (service && service->DialOption == TariffCharge)
+    return TariffWalk(settings, period, *service, startDate, startTime, endDate, endTime, pieces).Cost();
+  if (service && service->DialOption != FixedCharge) return 0;
+  const double cost = service ? service->DialFixedTariff : settings.DialCost;
+  const auto kind = service ? PieceKind::FixedCharge : PieceKind::DefaultRate;
+  if (pieces) pieces->push_back({.Kind = kind, .Cost = cost, .Rate = cost});
+  return cost;
 }
 
 }  // namespace qel

@@ -81,7 +81,6 @@ void LogPass::ReadLog() {
 void LogPass::ClearAnalysisVars() {
   Connected = false;
   CurrentService = 0;
-  ConnectDate = ConnectTime = 0;
 }
 
 void LogPass::ClearAnalysisArrays() {
@@ -97,7 +96,7 @@ void LogPass::ClearAnalysisArrays() {
     ConnectionRecord& connection = result.Connections[i];
     connection.StartDate = connection.StartTime = connection.EndDate = connection.EndTime = 0;
     connection.Number.clear();
-    connection.Notes.clear();
+    BeginNotes(connection, ConnectionKind::Plain);
     connection.Answered = false;
   }
 }
@@ -148,22 +147,16 @@ bool LogPass::TakeText(std::string_view line) {
   });
 }
 
-void LogPass::StampConnect() {
-  TakeLineTime();
-  ConnectDate = LineDate;
-  ConnectTime = LineTime;
-}
-
 // A connection that finds no room is passed over, with all its lines: Connected tells.
 void LogPass::ConnectWithoutDial() {
-  StampConnect();
+  TakeLineTime();
   Connected = Attempt([this] {
     const Int16 number = result.ConnectionCount + 1;
     ConnectionRecord connection = result.Connections[number];
-    connection.StartDate = ConnectDate;
-    connection.StartTime = ConnectTime;
+    connection.StartDate = LineDate;
+    connection.StartTime = LineTime;
     connection.Number = UndialledNumber;
-    connection.Notes = NoDialLineNote;
+    BeginNotes(connection, ConnectionKind::NoDialLine);
     result.Connections[number] = std::move(connection);
     result.ConnectionCount = number;
   });
@@ -187,7 +180,7 @@ void LogPass::TakeReads() {
   if (!taken) return;
   Connection().BytesRead = bytes;
   Attempt([&] { result.ServiceTotals[LastService].BytesRead += bytes; });
-  Attempt([&] { Connection().Notes += ReadNote(bytes); });
+  Attempt([&] { NoteBytesRead(Connection(), bytes); });
   Attempt([&] {
     ServiceTotal& slot = result.ServiceTotals[LastService];
     result.LastCosts.DataCostNow = pricing.GetDataCost(slot.Number, bytes, Connection().StartDate);
@@ -200,7 +193,7 @@ void LogPass::TakeWrites() {
   Attempt([this] {
     if (!BelongsToLastConnection()) return;
     const Int32 bytes = GetWriteBytes(settings, CurrentLine);
-    Connection().Notes += WrittenNote(bytes);
+    NoteBytesWritten(Connection(), bytes);
     Connection().BytesWritten = bytes;
   });
 }
@@ -220,12 +213,13 @@ void LogPass::Idle(unsigned classes) {
 void LogPass::Dialling(unsigned classes) {
   Connected = classes & ConnectLine;
   if (!Connected) return;
-  StampConnect();
+  TakeLineTime();
   Attempt([this] {
     ConnectionRecord& connection = Connection();
-    connection.Notes = AnsweredPending && settings.CalcCosts ? AnsweredNote : "";
-    connection.StartDate = ConnectDate;
-    connection.StartTime = ConnectTime;
+    BeginNotes(connection,
+               AnsweredPending && settings.CalcCosts ? ConnectionKind::NoCost : ConnectionKind::Plain);
+    connection.StartDate = LineDate;
+    connection.StartTime = LineTime;
     AnsweredPending = false;
   });
 }

@@ -3,6 +3,7 @@
 // The three states are idle, dialling (CurrentService is a slot) and connected.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -39,7 +40,6 @@ class LogPass {
   void BetweenConnections(unsigned classes);
   void Idle(unsigned classes);
   void Dialling(unsigned classes);
-  void StampConnect();
   void ConnectWithoutDial();
   bool BelongsToLastConnection();
   void TakeReads();
@@ -53,6 +53,8 @@ class LogPass {
   void OpenSlot(const std::string& number);
   Int16 FindSlot(const std::string& number) const;
 
+  // One with a record and a slot to close; no connection is open behind it.
+  void CloseBy(const std::function<void(Close&)>& steps);
   // The three ways in which a connection ends: by its disconnect line (one that ended before the period is
   // forgotten with all before it), by a line that opens another one, and by the end of the log. The last two
   // estimate the end by NoDisconDuration and NoDisconData.
@@ -79,7 +81,6 @@ class LogPass {
   std::string CurrentLine;  // the line in hand, in capitals, where it is of some class
   Date LineDate = 0, LineTime = 0;
   std::string LineDateText;  // the characters that LineDate was read from; most lines repeat them
-  Date ConnectDate = 0, ConnectTime = 0;  // of the open connection
   bool Connected = false;
   Int16 CurrentService;          // slot of the dial under way; 0 none
   Int16 LastService;             // slot of the latest dial; survives the connection, for the byte counts

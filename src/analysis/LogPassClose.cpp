@@ -1,21 +1,203 @@
 // How a pass closes a connection: it is priced and added to the totals.
 //
 // What fails is left out and nothing else: each attempt below has one effect, which it works out before.
-#include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "analysis/ConnectionNotes.h"
 #include "analysis/LogPass.h"
 #include "core/ErrorHandler.h"
-#include "modemlog/LogLine.h"
 
 namespace qel {
 
-namespace {
+// Of one connection, which its disconnect line ends, or a line that opens another one, or the end of the log.
+class LogPass::Close {
+ public:
+  // Raises 9 where there is no record or no slot to close.
+  Close(Pricing& pricing, AnalysisResult& result, Int16 number)
+      : pricing(pricing),
+        settings(pricing.settings),
+        result(result),
+        connection(result.Connections[result.ConnectionCount]),
+        number(number),
+        slot(result.ServiceTotals[number]) {}
 
-Int32 SecondsToMidnight(Date time) { return SecondsBetween(time, TimeSerial(23, 59, 59)) + 1; }
+  void Ordinary(Date date, Date time) {
+    StampEnd(date, time);
+    Attempt([this] { ConnectSeconds = SecondsInside(pricing.period, connection); });
+    AddFreeTime();
+    if (PriceTheCall(1)) Attempt([this] { BeginNotes(connection, ConnectionKind::IncompleteTariff); });
+    AddTimeAndPriceService();
+    AddCostsToSlot();
+  }
 
-}  // namespace
+  // False where no end could be estimated.
+  bool NoDisconnect() {
+    NoteLostDisconnect();
+    const bool estimated = EstimateEnd();
+    AddFreeTime();
+    AddEstimatedBytes();
+    PriceTheCall(share);
+    AddTimeAndPriceService();
+    // With ShowErrors off the estimated data is charged all the same; not so at the end of the log.
+    PriceEstimatedData();
+    AddCostsToSlot();
+    return estimated;
+  }
+
+  void AtEndOfLog() {
+    EstimateEnd();
+    NoteLostDisconnect();
+    AddFreeTime();
+    AddEstimatedBytes();
+    PriceTheCall(share);
+    PriceEstimatedData();
+    costs.DataCostNow *= share;
+    AddTimeAndPriceService();
+    costs.ServiceCostNow *= share;
+    AddCostsToSlot();
+  }
+
+ private:
+  void StampEnd(Date date, Date time) {
+    connection.EndDate = date;
+    connection.EndTime = time;
+  }
+
+  // Where it fails the connection ends where it began.
+  bool EstimateEnd() {
+    StampEnd(connection.StartDate, connection.StartTime);
+    return Attempt([this] {
+      const double duration = settings.NoDisconDuration * share;
+      ConnectSeconds = Int32(duration);
+      const int rest = SecondsPerDay - SecondOfDay(connection.StartTime);
+      if (rest > duration)
+        StampEnd(connection.StartDate, AddSeconds(connection.StartTime, duration));
+      else
+        StampEnd(connection.StartDate + 1, AddSeconds(0, settings.NoDisconDuration - rest));
+    });
+  }
+
+  void NoteLostDisconnect() {
+    Attempt([this] { BeginNotes(connection, ConnectionKind::NoDisconnect); });
+    const bool estimated = Attempt([this] { connection.BytesRead = Int32(EstimatedBytes() * share); });
+    if (estimated && connection.BytesRead > 0)
+      Attempt([this] { NoteBytesRead(connection, connection.BytesRead); });
+  }
+
+  void AddFreeTime() {
+    const Int32 seconds = pricing.GetFreeSeconds(slot.Number, connection.StartTime, connection.EndTime);
+    connection.FreeSeconds = seconds;
+    if (seconds > 0)
+      Attempt([&] { AddNote({.Kind = PieceKind::FreeTime, .Seconds = seconds}, connection.Notes); });
+    Attempt([&] { slot.FreeSeconds += seconds; });
+  }
+
+  void AddEstimatedBytes() {
+    Attempt([this] { slot.BytesRead = Int32(slot.BytesRead + EstimatedBytes() * share); });
+  }
+
+  // Leaves the magnitude of the cost; true where the tariffs left a gap.
+  bool PriceTheCall(double part) {
+    double cost = 0;
+    Attempt([&] {
+      cost = part * pricing.GetDialupCost(slot.Number, connection.StartDate, connection.StartTime,
+                                          connection.EndDate, connection.EndTime);
+    });
+    costs.DialCostNow = std::fabs(cost);
+    if (cost < 0) result.TariffIncomplete = true;
+    return cost < 0;
+  }
+
+  void AddTimeAndPriceService() {
+    CountBlocks();
+    AddTimeToSlot();
+    if (BlockMinutes > 0) Attempt([this] { ConnectSeconds = BlockMinutes * 60 * BlockCount; });
+    Attempt([this] {
+      const double cost =
+          pricing.GetServiceCost(slot.Number, ConnectSeconds - connection.FreeSeconds, connection.StartDate);
+      costs.ServiceCostNow = pricing.ApplyMaxCharge(cost, slot.Number);
+    });
+  }
+
+  void CountBlocks() {
+    Attempt([this] {
+      const Int16 minutes = pricing.ServiceBlockMinutes(slot.Number);
+      BlockCount = GetBlockCount(minutes, ConnectSeconds);
+      BlockMinutes = minutes;
+    });
+    if (BlockCount <= 0) return;
+    result.ShowBlocks = true;
+    Attempt([this] {
+      AddNote({.Kind = PieceKind::Blocks, .Units = BlockCount, .BlockMinutes = BlockMinutes},
+              connection.Notes);
+    });
+  }
+
+  void AddTimeToSlot() {
+    Attempt([this] {
+      connection.Slot = number;
+      connection.SlotNumber = slot.Number;
+    });
+    Attempt([this] { ++slot.Connections; });
+    Attempt([this] { slot.Seconds += ConnectSeconds; });
+    Attempt([this] { slot.Blocks += BlockCount; });
+  }
+
+  void PriceEstimatedData() {
+    Attempt([this] {
+      costs.DataCostNow = pricing.GetDataCost(slot.Number, EstimatedBytes(), connection.StartDate);
+    });
+  }
+
+  // Data that was read is charged when its line comes.
+  void AddCostsToSlot() {
+    slot.TotalCost = slot.TotalCost + costs.DialCostNow + costs.ServiceCostNow + costs.DataCostNow;
+    slot.DialCost += costs.DialCostNow;
+    slot.ServiceCost += costs.ServiceCostNow;
+  }
+
+  double EstimatedBytes() const { return settings.NoDisconData * 1024; }
+
+  Pricing& pricing;
+  const Settings& settings;
+  AnalysisResult& result;
+  ConnectionRecord& connection;
+  const Int16 number;
+  ServiceTotal& slot;
+  CallCosts& costs = result.LastCosts;
+  const double share = settings.ShowErrors ? 1 : 0;  // of an estimate that counts
+  Int32 ConnectSeconds;
+  Int16 BlockMinutes, BlockCount;
+};
+
+// No cost of another connection is about.
+void LogPass::CloseBy(const std::function<void(Close&)>& steps) {
+  result.LastCosts = {};
+  std::optional<Close> close;
+  if (Attempt([&] { close.emplace(pricing, result, CurrentService); })) steps(*close);
+  ClearAnalysisVars();
+}
+
+void LogPass::OrdinaryClose() {
+  TakeLineTime();
+  if (LineDate >= period.PeriodStart)
+    return CloseBy([this](Close& close) { close.Ordinary(LineDate, LineTime); });
+  ClearAnalysisVars();
+  ForgetTimeBeforePeriod();
+}
+
+void LogPass::CloseNoDisconnect() {
+  result.LogErrorsFound = true;
+  bool estimated = false;
+  CloseBy([&](Close& close) { estimated = close.NoDisconnect(); });
+  if (estimated && Connection().EndDate < period.PeriodStart) ForgetTimeBeforePeriod();
+}
+
+void LogPass::CloseAtEndOfLog() {
+  result.LogErrorsFound = true;
+  CloseBy([](Close& close) { close.AtEndOfLog(); });
+}
 
 // What is known of the time before the period goes. A little of it stays behind in the slots and in
 // Penalties.
@@ -24,207 +206,6 @@ void LogPass::ForgetTimeBeforePeriod() {
   ClearAnalysisArrays();
   result.TotalsCount = 0;
   result.LogErrorsFound = false;
-}
-
-class LogPass::Close {
- public:
-  explicit Close(LogPass& pass) : pass(pass) {}
-
-  // No cost of another connection is about, and there is a record and a slot to close.
-  bool Begin() {
-    costs = {};
-    return Attempt([this] {
-      static_cast<void>(Connection());
-      static_cast<void>(Slot());
-    });
-  }
-
-  // A connection over midnight loses the part on a day outside the period; whole days in between always
-  // count.
-  Int32 SecondsInsidePeriod() {
-    if (DisconnectDate == pass.ConnectDate) return SecondsBetween(pass.ConnectTime, DisconnectTime);
-    const Int16 days = DaysBetween(pass.ConnectDate, DisconnectDate);
-    Int32 seconds = std::max<Int32>(days - 1, 0) * SecondsPerDay;
-    if (pass.ConnectDate >= pass.period.PeriodStart) seconds += SecondsToMidnight(pass.ConnectTime);
-    if (DisconnectDate <= pass.period.PeriodEnd) seconds += SecondsBetween(0, DisconnectTime);
-    return seconds;
-  }
-
-  void AddFreeTime() {
-    const Int32 seconds = pass.pricing.GetFreeSeconds(Slot().Number, pass.ConnectTime, DisconnectTime);
-    Connection().FreeSeconds = seconds;
-    if (seconds > 0) Attempt([&] { Connection().Notes += FreeNote(seconds); });
-    Attempt([&] { Slot().FreeSeconds += seconds; });
-  }
-
-  // Leaves the magnitude of the cost; true where the tariffs left a gap.
-  bool PriceTheCall(double share) {
-    double cost = 0;
-    Attempt([&] {
-      cost = share * pass.pricing.GetDialupCost(Slot().Number, pass.ConnectDate, pass.ConnectTime,
-                                                DisconnectDate, DisconnectTime, nullptr);
-    });
-    costs.DialCostNow = std::fabs(cost);
-    const bool gap = cost < 0;
-    if (gap) pass.result.TariffIncomplete = true;
-    return gap;
-  }
-
-  void CountBlocks() {
-    Attempt([this] {
-      const Int16 minutes = pass.pricing.ServiceBlockMinutes(Slot().Number);
-      BlockCount = GetBlockCount(minutes, ConnectSeconds);
-      BlockMinutes = minutes;
-    });
-    if (BlockCount <= 0) return;
-    pass.result.ShowBlocks = true;
-    Attempt([this] { Connection().Notes += BlocksNote(BlockCount, BlockMinutes); });
-  }
-
-  void AddTimeToSlot() {
-    Attempt([this] {
-      Connection().Slot = pass.CurrentService;
-      Connection().SlotNumber = Slot().Number;
-    });
-    Attempt([this] { ++Slot().Connections; });
-    Attempt([this] { Slot().Seconds += ConnectSeconds; });
-    Attempt([this] { Slot().Blocks += BlockCount; });
-  }
-
-  void RoundToBlocks() {
-    if (BlockMinutes > 0) Attempt([this] { ConnectSeconds = BlockMinutes * 60 * BlockCount; });
-  }
-
-  void PriceTheService() {
-    Attempt([this] {
-      const double cost = pass.pricing.GetServiceCost(
-          Slot().Number, ConnectSeconds - Connection().FreeSeconds, pass.ConnectDate);
-      costs.ServiceCostNow = pass.pricing.ApplyMaxCharge(cost, Slot().Number);
-    });
-  }
-
-  void AddTimeAndPriceService() {
-    CountBlocks();
-    AddTimeToSlot();
-    RoundToBlocks();
-    PriceTheService();
-  }
-
-  // Data that was read is charged when its line comes.
-  void AddCostsToSlot() {
-    Slot().TotalCost = Slot().TotalCost + costs.DialCostNow + costs.ServiceCostNow;
-    Slot().DialCost += costs.DialCostNow;
-    Slot().ServiceCost += costs.ServiceCostNow;
-  }
-
-  double EstimatedBytes() { return pass.settings.NoDisconData * 1024; }
-  double ErrorShare() { return pass.settings.ShowErrors ? 1 : 0; }
-
-  void StampEnd(Date date, Date time) {
-    Connection().EndDate = DisconnectDate = date;
-    Connection().EndTime = DisconnectTime = time;
-  }
-
-  // False where no end could be estimated: the connection then ends where it began.
-  bool EstimateEnd() {
-    const Date startDate = Connection().StartDate, startTime = Connection().StartTime;
-    StampEnd(startDate, startTime);
-    return Attempt([&] {
-      const double duration = pass.settings.NoDisconDuration * ErrorShare();
-      ConnectSeconds = Int32(duration);
-      const Int32 rest = SecondsToMidnight(startTime);
-      if (rest > duration)
-        StampEnd(startDate, AddSeconds(startTime, duration));
-      else
-        StampEnd(startDate + 1, AddSeconds(0, pass.settings.NoDisconDuration - rest));
-    });
-  }
-
-  void NoteLostDisconnect() {
-    Attempt([this] { Connection().Notes = NoDisconnectNote; });
-    const bool estimated =
-        Attempt([this] { Connection().BytesRead = Int32(EstimatedBytes() * ErrorShare()); });
-    if (estimated && Connection().BytesRead > 0)
-      Attempt([this] { Connection().Notes += ReadNote(Connection().BytesRead); });
-  }
-
-  void AddEstimatedBytes() {
-    Attempt([this] { Slot().BytesRead = Int32(Slot().BytesRead + EstimatedBytes() * ErrorShare()); });
-  }
-
-  void PriceEstimatedData() {
-    Attempt([this] {
-      costs.DataCostNow = pass.pricing.GetDataCost(Slot().Number, EstimatedBytes(), Connection().StartDate);
-    });
-  }
-
-  void AddCostsAndDataToSlot() {
-    AddCostsToSlot();
-    Slot().TotalCost += costs.DataCostNow;
-  }
-
-  Int32 ConnectSeconds;
-  Date DisconnectDate = 0, DisconnectTime = 0;
-
- private:
-  ConnectionRecord& Connection() { return pass.Connection(); }
-  ServiceTotal& Slot() { return pass.result.ServiceTotals[pass.CurrentService]; }
-
-  LogPass& pass;
-  CallCosts& costs = pass.result.LastCosts;
-  Int16 BlockMinutes, BlockCount;
-};
-
-void LogPass::OrdinaryClose() {
-  Attempt([this] { LineTime = TimeOfLine(CurrentLine); });
-  if (LineDate < period.PeriodStart) {
-    ClearAnalysisVars();
-    return ForgetTimeBeforePeriod();
-  }
-  Close close(*this);
-  if (!close.Begin()) return ClearAnalysisVars();
-  close.StampEnd(LineDate, LineTime);
-  Attempt([&] { close.ConnectSeconds = close.SecondsInsidePeriod(); });
-  close.AddFreeTime();
-  if (close.PriceTheCall(1)) Attempt([this] { Connection().Notes = IncompleteTariffNote; });
-  close.AddTimeAndPriceService();
-  close.AddCostsToSlot();
-  ClearAnalysisVars();
-}
-
-void LogPass::CloseNoDisconnect() {
-  result.LogErrorsFound = true;
-  Close close(*this);
-  if (!close.Begin()) return ClearAnalysisVars();
-  close.NoteLostDisconnect();
-  const bool estimated = close.EstimateEnd();
-  close.AddFreeTime();
-  close.AddEstimatedBytes();
-  close.PriceTheCall(close.ErrorShare());
-  close.AddTimeAndPriceService();
-  // With ShowErrors off the estimated data is charged all the same; not so at the end of the log.
-  close.PriceEstimatedData();
-  close.AddCostsAndDataToSlot();
-  const Date endDate = close.DisconnectDate;
-  ClearAnalysisVars();
-  if (estimated && endDate < period.PeriodStart) ForgetTimeBeforePeriod();
-}
-
-void LogPass::CloseAtEndOfLog() {
-  result.LogErrorsFound = true;
-  Close close(*this);
-  if (!close.Begin()) return ClearAnalysisVars();
-  close.EstimateEnd();
-  close.NoteLostDisconnect();
-  close.AddFreeTime();
-  close.AddEstimatedBytes();
-  close.PriceTheCall(close.ErrorShare());
-  close.PriceEstimatedData();
-  result.LastCosts.DataCostNow *= close.ErrorShare();
-  close.AddTimeAndPriceService();
-  result.LastCosts.ServiceCostNow *= close.ErrorShare();
-  close.AddCostsAndDataToSlot();
-  ClearAnalysisVars();
 }
 
 }  // namespace qel

@@ -4,12 +4,14 @@
 // The sides are in DialupCost.cpp, ServiceCost.cpp, FreeTime.cpp and DataCost.cpp.
 //
 // Services charge for what was used in a charging period, so one pricing serves one pass over the
-// connections, in their order.
+// connections, in their order. `pieces`, where they are asked for, get what a price is made of behind those
+// they have; what raises leaves some of them.
 #pragma once
 
 #include <string>
 
 #include "analysis/Period.h"
+#include "analysis/PricePieces.h"
 #include "settings/Settings.h"
 
 namespace qel {
@@ -47,25 +49,25 @@ class Pricing {
   // tariff that holds wins.
   //
   // A negative result says that the tariffs left a gap behind a priced piece; its magnitude is what was
-  // priced. `notes`, if any, get the tariffs' names and units. Raises 6 for more units than 16 bits hold, 9
-  // for a tariff count beyond the array.
+  // priced. The pieces sum to it, or to its negative. Raises 6 for more units than 16 bits hold, 9 for a
+  // tariff count beyond the array.
   double GetDialupCost(const std::string& number, Date startDate, Date startTime, Date endDate, Date endTime,
-                       std::string* notes) const;
+                       PricePieces* pieces = nullptr) const;
 
   // Cost of `seconds` of connected time with the service that owns `number`, on the day that the connection
   // began. A flexible rate adds the seconds to the service's running use of the charging period that holds
   // `date`. Unknown numbers pay the default cost per hour. Negative seconds give a negative cost. Raises 6
   // where a period's seconds exceed 32 bits, 9 beyond period 100.
-  double GetServiceCost(const std::string& number, Int32 seconds, Date date);
+  double GetServiceCost(const std::string& number, Int32 seconds, Date date, PricePieces* pieces = nullptr);
 
   // `cost`, or the service's maximum charge per connection where that is less.
-  double ApplyMaxCharge(double cost, const std::string& number) const;
+  double ApplyMaxCharge(double cost, const std::string& number, PricePieces* pieces = nullptr) const;
 
   // Cost of `bytes` read in a connection that began on `date`, beyond the service's allowance of megabytes
   // for the charging period; bytes sent are never charged. Adds the bytes to the service's running use.
   // Unknown numbers pay the default cost per megabyte. Raises 6 where a period's bytes exceed 32 bits, 9
   // beyond period 100.
-  double GetDataCost(const std::string& number, double bytes, Date date);
+  double GetDataCost(const std::string& number, double bytes, Date date, PricePieces* pieces = nullptr);
 
   // Seconds of overlap between the free period of the service that owns `number` and the connection from time
   // of day `start` to `stop`. Only times of day are compared: a connection of more than a day yields one
@@ -86,7 +88,7 @@ class Pricing {
 
  private:
   const ServiceRecord* ServiceOf(const std::string& number) const;
-  double FlexibleCost(Int16 index, Int32 seconds, Date date);
+  double FlexibleCost(Int16 index, Int32 seconds, Date date, PricePieces* pieces);
 };
 
 // Blocks begun in `seconds`. Raises 6 beyond 16 bits.

@@ -13,6 +13,13 @@ enum ServiceOption { FlatRate = 1, FlexibleRate = 2 };
 
 double SecondsToHours(float seconds) { return seconds / 3600.0; }
 
+double Charge(PricePiece piece, PricePieces* pieces) {
+  if (piece.Seconds == 0) return 0;
+  piece.Cost = piece.Rate * SecondsToHours(static_cast<float>(piece.Seconds));
+  if (pieces) pieces->push_back(piece);
+  return piece.Cost;
+}
+
 }  // namespace
 
 void UsageTable::Make(Int16 lastService) {
@@ -25,28 +32,36 @@ const ServiceRecord* Pricing::ServiceOf(const std::string& number) const {
   return index < 0 ? nullptr : &settings.Services[index];
 }
 
-double Pricing::FlexibleCost(Int16 index, Int32 seconds, Date date) {
+double Pricing::FlexibleCost(Int16 index, Int32 seconds, Date date, PricePieces* pieces) {
   const ServiceRecord& service = settings.Services[index];
   const Int32 limit = Int32(service.UpToHours) * 3600;
   const Int16 number = GetPeriodNumber(std::max(date, period.PeriodStart), service.PenaltyPeriod);
   Int32& sum = Penalties.At(index, number).Seconds;
   const Int32 used = sum + seconds;
   const Int32 within = used > limit ? std::max<Int32>(seconds - (used - limit), 0) : seconds;
+  PricePiece piece{.Kind = PieceKind::WithinHours, .Rate = service.FlexRate, .Seconds = within};
+  piece.UsedBefore = sum;
+  piece.UsedAfter = used;
+  const double normal = Charge(piece, pieces);
+  piece.Kind = PieceKind::BeyondHours;
+  piece.Rate = service.FlexRate2;
+  piece.Seconds = seconds - within;
+  const double cost = normal + Charge(piece, pieces);
   sum = used;
-  const double normal = service.FlexRate * SecondsToHours(static_cast<float>(within));
-  return service.FlexRate2 * SecondsToHours(static_cast<float>(seconds - within)) + normal;
+  return cost;
 }
 
-double Pricing::GetServiceCost(const std::string& number, Int32 seconds, Date date) {
+double Pricing::GetServiceCost(const std::string& number, Int32 seconds, Date date, PricePieces* pieces) {
   TraceProcedure("GetServiceCost");
   const Int16 index = GetServiceIndex(settings, number);
-  const double hours = SecondsToHours(static_cast<float>(seconds));
-  if (index < 0) return settings.CostPerHour * hours;
+  if (index < 0)
+    return Charge({.Kind = PieceKind::DefaultRate, .Rate = settings.CostPerHour, .Seconds = seconds}, pieces);
+  const double rate = settings.Services[index].ServiceRate;
   switch (settings.Services[index].ServiceOption) {
     case FlatRate:
-      return settings.Services[index].ServiceRate * hours;
+      return Charge({.Kind = PieceKind::FlatRate, .Rate = rate, .Seconds = seconds}, pieces);
     case FlexibleRate:
-      return FlexibleCost(index, seconds, date);
+      return FlexibleCost(index, seconds, date, pieces);
     default:
       return 0;
   }
@@ -66,9 +81,13 @@ Int16 Pricing::GetPeriodNumber(Date date, const std::string& periodName) const {
   return number < 1 ? Int16(0) : Int16(number);
 }
 
-double Pricing::ApplyMaxCharge(double cost, const std::string& number) const {
+double Pricing::ApplyMaxCharge(double cost, const std::string& number, PricePieces* pieces) const {
   const ServiceRecord* service = ServiceOf(number);
-  return service && service->MaxCharge > 0 ? std::min(cost, service->MaxCharge) : cost;
+  if (!service || service->MaxCharge <= 0 || cost <= service->MaxCharge) return cost;
+  if (pieces)
+    pieces->push_back(
+        {.Kind = PieceKind::MaxCharge, .Cost = service->MaxCharge - cost, .Rate = service->MaxCharge});
+  return service->MaxCharge;
 }
 
 Int16 Pricing::ServiceBlockMinutes(const std::string& number) const {

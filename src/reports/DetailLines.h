@@ -6,17 +6,19 @@
 #include <functional>
 #include <string>
 
+#include "analysis/PricePieces.h"
 #include "reports/ReportOf.h"
 
 namespace qel {
 
 struct DetailLine {
   const ConnectionRecord& Connection;  // its Notes are those to show, untidied
-  Int16 Index;
-  bool HasError;
-  Int32 Seconds;  // inside the period
+  const CallPieces& Pieces;            // of its cost; none of what was not priced for it
+  Int16 Index = 0;
+  Int32 Seconds = 0;  // inside the period
   // In the user's currency; all 0 where costs are not calculated.
-  double DialCost, ServiceCost, DataCost, ConnectionCost;
+  CallCosts Costs = {};
+  double ConnectionCost = 0;
   Int16 BlockMinutes = 0, Blocks = 0;  // of the service, and those that the connection began
 };
 

@@ -24,13 +24,9 @@ constexpr int ErrorMarkLength = 8;  // of " ERROR -", which the grid shows in it
 
 enum SubItem { ServiceItem = 1, StatusItem, DateItem, TimeItem, DurationItem, CostItem };
 
-struct Costs {
-  double Dial = 0, Service = 0, Data = 0, Total = 0;
-};
-
-std::string SplitText(const Costs& costs) {
-  return " Dialup: " + MoneyText(costs.Dial) + " - Service: " + MoneyText(costs.Service) +
-         " - Data: " + MoneyText(costs.Data);
+std::string SplitText(const CallCosts& costs) {
+  return " Dialup: " + MoneyText(costs.DialCostNow) + " - Service: " + MoneyText(costs.ServiceCostNow) +
+         " - Data: " + MoneyText(costs.DataCostNow);
 }
 
 std::string CostCell(const std::string& money) {
@@ -79,7 +75,8 @@ class DetailBuilder : ReportOf {
   std::string body;
   const int costExtra = settings.CalcCosts ? CostWidth() : 0;
   float totalSeconds = 0;
-  Costs totals;
+  CallCosts totals;
+  double totalCost = 0;
 };
 
 void DetailBuilder::FillColumns() {
@@ -113,7 +110,7 @@ std::string DetailBuilder::Header() const {
 std::string DetailBuilder::TextOf(const DetailLine& line, const LineTexts& texts) const {
   const std::string& notes = line.Connection.Notes;
   std::string text = " " + texts.Service + NewLine;
-  if (line.HasError) {
+  if (line.Connection.HasError()) {
     text += Blanks(16) + texts.Start.Day + " " + texts.Start.Clock + NewLine;
     text += Blanks(3) + TidyNotes(notes) + NewLine;
   } else {
@@ -128,14 +125,14 @@ std::string DetailBuilder::TextOf(const DetailLine& line, const LineTexts& texts
 }
 
 ReportRow DetailBuilder::FirstRow(const DetailLine& line, const LineTexts& texts) const {
-  ReportRow row{" " + std::to_string(line.Index), {}};
+  ReportRow row{.Text = " " + std::to_string(line.Index), .SubItems = {}};
   row.SubItems.reserve(static_cast<std::size_t>(NotesItem()));
   row.SetSubItem(ServiceItem, texts.Service);
-  row.SetSubItem(StatusItem, line.HasError ? "E R R O R" : "Connect");
+  row.SetSubItem(StatusItem, line.Connection.HasError() ? "E R R O R" : "Connect");
   row.SetSubItem(DateItem, texts.Start.Day);
   row.SetSubItem(TimeItem, texts.Start.Clock);
   const std::string& notes = line.Connection.Notes;
-  const bool marked = line.HasError && notes.size() >= ErrorMarkLength;
+  const bool marked = line.Connection.HasError() && notes.size() >= ErrorMarkLength;
   row.SetSubItem(NotesItem(), TidyNotes(marked ? notes.substr(ErrorMarkLength) : notes));
   return row;
 }
@@ -143,13 +140,13 @@ ReportRow DetailBuilder::FirstRow(const DetailLine& line, const LineTexts& texts
 ReportRow DetailBuilder::SecondRow(const DetailLine& line, const LineTexts& texts) const {
   ReportRow row;
   row.SubItems.reserve(static_cast<std::size_t>(NotesItem()));
-  row.SetSubItem(StatusItem, line.HasError ? "" : "Disconnect");
+  row.SetSubItem(StatusItem, line.Connection.HasError() ? "" : "Disconnect");
   row.SetSubItem(DateItem, texts.End.Day);
   row.SetSubItem(TimeItem, texts.End.Clock);
   row.SetSubItem(DurationItem, texts.Duration);
   if (!settings.CalcCosts) return row;
   row.SetSubItem(CostItem, texts.Cost);
-  row.SetSubItem(NotesItem(), SplitText({line.DialCost, line.ServiceCost, line.DataCost}));
+  row.SetSubItem(NotesItem(), SplitText(line.Costs));
   return row;
 }
 
@@ -163,10 +160,9 @@ void DetailBuilder::AddLine(const DetailLine& line) {
   document.AddRow();
   document.Rows.push_back(std::move(first));
   document.Rows.push_back(std::move(second));
-  totals.Dial += line.DialCost;
-  totals.Service += line.ServiceCost;
-  totals.Data += line.DataCost;
-  totals.Total += line.ConnectionCost;
+  for (const auto part : {&CallCosts::DialCostNow, &CallCosts::ServiceCostNow, &CallCosts::DataCostNow})
+    totals.*part += line.Costs.*part;
+  totalCost += line.ConnectionCost;
   totalSeconds += static_cast<float>(line.Seconds);
 }
 
@@ -174,14 +170,14 @@ void DetailBuilder::AddTotalsRow() {
   ReportRow row;
   row.SetSubItem(ServiceItem, "TOTALS:");
   row.SetSubItem(DurationItem, TotalTime());
-  if (settings.CalcCosts) row.SetSubItem(CostItem, MoneyText(totals.Total));
+  if (settings.CalcCosts) row.SetSubItem(CostItem, MoneyText(totalCost));
   row.SetSubItem(NotesItem(), SplitText(totals));
   document.Rows.push_back(std::move(row));
 }
 
 std::string DetailBuilder::TotalsLine() const {
   std::string text = "TOTALS: " + TotalTime();
-  if (settings.CalcCosts) text += CostCell(MoneyText(totals.Total));
+  if (settings.CalcCosts) text += CostCell(MoneyText(totalCost));
   return Blanks(53 + costExtra - static_cast<int>(text.size())) + text;
 }
 

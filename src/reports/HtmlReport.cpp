@@ -128,7 +128,8 @@ class ConnectionTable {
 
   void Add(const DetailLine& line) {
     const ConnectionRecord& c = line.Connection;
-    const double costs[] = {line.DialCost, line.ServiceCost, line.DataCost, line.ConnectionCost};
+    const double costs[] = {line.Costs.DialCostNow, line.Costs.ServiceCostNow, line.Costs.DataCostNow,
+                            line.ConnectionCost};
     Cells cells = {std::to_string(line.Index), GetServiceName(settings, c.Number),
                    Moment(c.StartDate, c.StartTime), Moment(c.EndDate, c.EndTime), TimeText(line.Seconds)};
     AddCosts(cells, costs);

@@ -27,11 +27,15 @@ void ReportDocument::FillLabels(const ReportOf& of, const std::string& title) {
 }
 
 ReportRow& ReportDocument::AddRow(std::string text) {
-  Rows.push_back({std::move(text), {}});
+  Rows.push_back({.Text = std::move(text), .SubItems = {}});
   return Rows.back();
 }
 
-void ReportDocument::AddDottedRow() { AddRow().SubItems.assign(Columns.size() - 1, std::string(100, '.')); }
+void ReportDocument::AddDottedRow() {
+  ReportRow& row = AddRow();
+  row.SubItems.assign(Columns.size() - 1, std::string(100, '.'));
+  row.IsRule = true;
+}
 
 bool ErrorsAreShown(const ReportOf& of) { return of.analysis.LogErrorsFound && of.settings.ShowErrors; }
 

@@ -12,16 +12,21 @@ namespace qel {
 
 enum class ColumnAlignment { Left = 0, Right = 1, Centre = 2 };
 
+// A click changes a column of blocks into one of data read, and back.
+enum class ColumnKind { Plain, Blocks, DataRead };
+
 struct ReportColumn {
   std::string Title;
   ColumnAlignment Alignment = ColumnAlignment::Left;
   int Width = 0;  // twips; 0 leaves the width to the window
+  ColumnKind Kind = ColumnKind::Plain;
 };
 
 // One row of the grid. SubItems[0] is subitem 1, the column right of the leading one; a row may end early.
 struct ReportRow {
   std::string Text;  // of the leading column
   std::vector<std::string> SubItems;
+  bool IsRule = false;  // of dots, above the totals
 
   void SetSubItem(int number, std::string text);
 };

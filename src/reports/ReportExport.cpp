@@ -166,19 +166,12 @@ Record SummaryRecord(const ServiceUse& use) {
 }
 
 Words FlagsOf(const ConnectionRecord& connection) {
-  const struct {
-    bool holds;
-    const char* flag;
-  } flags[] = {
-      {connection.Answered, "answered"},
-      {connection.Notes.find("Unable to get dialled number") != std::string::npos, "no-dial"},
-      {connection.Notes.find("No Disconnect Entry") != std::string::npos, "no-disconnect"},
-      {connection.Notes.find("Incomplete Tariff") != std::string::npos, "incomplete-tariff"},
-  };
-  Words found;
-  for (const auto& row : flags)
-    if (row.holds) found.emplace_back(row.flag);
-  return found;
+  static constexpr const char* ofKinds[] = {"", "", "no-dial", "no-disconnect", "incomplete-tariff"};
+  Words flags;
+  for (const char* flag :
+       {connection.Answered ? "answered" : "", ofKinds[static_cast<std::size_t>(connection.Kind)]})
+    if (*flag) flags.emplace_back(flag);
+  return flags;
 }
 
 Record DetailRecord(const Settings& settings, const DetailLine& line) {
@@ -190,9 +183,9 @@ Record DetailRecord(const Settings& settings, const DetailLine& line) {
           {"seconds", long{line.Seconds}},
           {"bytes_read", long{c.BytesRead}},
           {"bytes_written", long{c.BytesWritten}},
-          {"dialup_cost", line.DialCost},
-          {"service_cost", line.ServiceCost},
-          {"data_cost", line.DataCost},
+          {"dialup_cost", line.Costs.DialCostNow},
+          {"service_cost", line.Costs.ServiceCostNow},
+          {"data_cost", line.Costs.DataCostNow},
           {"total_cost", line.ConnectionCost},
           {"notes", ToCleanUtf8(Trim(TidyNotes(c.Notes)))},
           {"flags", FlagsOf(c)}};
@@ -223,7 +216,7 @@ std::string ExportStatistics(const LogFile& logFile, const LogFindings& findings
 
 std::string ExportDetails(const ReportOf& of, ExportFormat format) {
   ReportWriter writer(of, format, "details", "connections",
-                      DetailRecord(of.settings, {ConnectionRecord(), 0, false, 0, 0, 0, 0, 0}));
+                      DetailRecord(of.settings, {ConnectionRecord(), CallPieces()}));
   ForEachConnection(of, [&](const DetailLine& line) { writer.Add(DetailRecord(of.settings, line)); });
   return writer.Finish();
 }

@@ -108,7 +108,7 @@ void Comparisons::AddCountedElsewhere(const ConnectionRecord& connection) {
 }
 
 void Comparisons::AddEstimate(const ConnectionRecord& connection) {
-  const bool estimated = connection.Notes.find("No Disconnect Entry") != std::string::npos;
+  const bool estimated = connection.Kind == ConnectionKind::NoDisconnect;
   if (estimated && (connection.StartDate < period.PeriodStart || connection.EndDate > period.PeriodEnd))
     AddReason(Of(connection.Number),
               "the time supposed for a lost disconnect entry counts outside the period too");

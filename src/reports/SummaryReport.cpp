@@ -101,6 +101,7 @@ void SummaryBuilder::FillColumns() {
     totalWidth += column.Width;
     document.Columns.push_back({column.Title, column.Alignment});
   }
+  document.Columns[UseColumn].Kind = analysis.ShowBlocks ? ColumnKind::Blocks : ColumnKind::DataRead;
 }
 
 std::string SummaryBuilder::Header() const {

@@ -24,9 +24,9 @@ ServiceUse UseOf(const Settings& settings, const DetailLine& line) {
   use.Blocks = line.Blocks;
   use.BlockMinutes = long{line.Blocks} * line.BlockMinutes;
   use.FreeSeconds = c.FreeSeconds;
-  use.DialCost = line.DialCost;
-  use.ServiceCost = line.ServiceCost;
-  use.DataCost = line.DataCost;
+  use.DialCost = line.Costs.DialCostNow;
+  use.ServiceCost = line.Costs.ServiceCostNow;
+  use.DataCost = line.Costs.DataCostNow;
   use.TotalCost = line.ConnectionCost;
   return use;
 }

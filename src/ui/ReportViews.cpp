@@ -19,7 +19,6 @@ namespace {
 constexpr int ColumnWidth = 1440;  // of a column that nothing else gives a width
 constexpr int MostRoom = 3600;     // that a text makes for itself
 constexpr int NumberColumnWidth = 100;
-constexpr int NotesWidth = 6000;
 constexpr int WidthLeftOut = 2200;  // of the list, when its columns share it
 constexpr int LeastSharedWidth = 100;
 
@@ -49,9 +48,8 @@ bool UserHasChosen(int width, std::size_t column) {
 int RoomFor(std::size_t column, const ReportDocument& document, float fontSize) {
   std::size_t longest = 0;
   for (const auto& row : document.Rows) {
-    if (column > row.SubItems.size()) continue;
-    const std::string& text = row.SubItems[column - 1];
-    if (text.find_first_not_of('.') != std::string::npos) longest = std::max(longest, text.size());
+    if (!row.IsRule && column <= row.SubItems.size())
+      longest = std::max(longest, row.SubItems[column - 1].size());
   }
   const double digit = 0.6 * TwipsPerPoint * fontSize;
   return std::min(static_cast<int>(static_cast<double>(longest + 2) * digit), MostRoom);
@@ -248,8 +246,8 @@ void frmReport::Form_Resize() {
   if (WindowState == qel::WindowState::Minimized || !AutoArrangeOn || count == 0) return;
   const double shared = 1.0 * (ListView1.Width - WidthLeftOut) / (count - 1);
   for (int i = 2; i <= count; ++i) {
-    if (ListView1.Columns()[static_cast<std::size_t>(i - 1)].Text == " Notes")
-      ListView1.SetColumnWidth(i, NotesWidth);
+    if (const int own = Report.Columns[static_cast<std::size_t>(i - 1)].Width; own > 0)
+      ListView1.SetColumnWidth(i, own);
     else if (shared > LeastSharedWidth)
       ListView1.SetColumnWidth(i, Int32(shared));
   }
@@ -291,12 +289,11 @@ void frmReport::ChangeFontSize(float by) {
   StatusUpdate();
 }
 
-// An asterisk marks a column that can be switched.
 void frmReport::ListView1_ColumnClick(int column) {
   if (!mnuSummary.Checked) return;
-  const std::string& title = ListView1.Columns()[static_cast<std::size_t>(column - 1)].Text;
-  if (title != "* Blocks" && title != "* Data Read") return;
-  analysis.ShowBlocks = title == "* Data Read";
+  const ColumnKind shown = Report.Columns[static_cast<std::size_t>(column - 1)].Kind;
+  if (shown == ColumnKind::Plain) return;
+  analysis.ShowBlocks = shown == ColumnKind::DataRead;
   mnuSummary_Click();
 }
 

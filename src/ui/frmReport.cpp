@@ -137,6 +137,7 @@ void frmReport::OpenReport(const std::string& path) {
   ReportTextBox.Text = Report.ReportText;
   ReportTextBox.Select(0, 0);
   ListView1.Clear();
+  ListView1.SetColumns({});
   RepDifference.Visible = false;
   ShowFormat(false);
   EnableAnalysis(false);

@@ -14,16 +14,17 @@ TEST_F(AnalysisTest, CallIsPricedPieceByPieceByTheFirstTariffThatHolds) {
     std::string start, end;
     words >> from >> start >> to >> end;
     std::string told = "R:2K";
-    EXPECT_NEAR(pricing.GetDialupCost("777", Jan(from), Clock(start), Jan(to), Clock(end), &told),
+    PricePieces pieces;
+    EXPECT_NEAR(pricing.GetDialupCost("777", Jan(from), Clock(start), Jan(to), Clock(end), &pieces),
                 std::stod(cost), 1e-9)
         << tariffs << " => " << call;
+    for (const auto& piece : pieces) AddNote(piece, told);
     EXPECT_EQ(told, "R:2K" + notes) << tariffs << " => " << call;
   }
   service.DialOption = 3;  // which is none
-  EXPECT_EQ(pricing.GetDialupCost("777", Jan(5), 0, Jan(5), 0, nullptr), 0);
+  EXPECT_EQ(pricing.GetDialupCost("777", Jan(5), 0, Jan(5), 0), 0);
   SetTariffs("Flat 00:00 23:59 0 1 Unit 0 1");  // more units than 16 bits hold
-  EXPECT_THROW(pricing.GetDialupCost("777", Jan(5), Clock("01:00"), Jan(5), Clock("23:00"), nullptr),
-               RunTimeError);
+  EXPECT_THROW(pricing.GetDialupCost("777", Jan(5), Clock("01:00"), Jan(5), Clock("23:00")), RunTimeError);
 }
 
 TEST_F(AnalysisTest, TariffDaysHoldInWhateverLanguageTheyWereWritten) {

@@ -1,4 +1,7 @@
 // Parts sum to totals and all forms tell the same, over many logs; what the Summary tells otherwise is said.
+#include <random>
+#include <set>
+
 #include "analysis/AnalysisTest.h"
 #include "reports/Documents.h"
 #include "reports/HtmlReport.h"
@@ -96,6 +99,62 @@ TEST_F(Sums, HoldInAwkwardLogsAndTheSummarysDifferencesAreTold) {
               sums);
   }
   EXPECT_EQ(FaultsOfDocuments(folder), "");
+}
+
+TEST_F(AnalysisTest, PiecesSumToEachPartOfTheCostAndTellOfTheWholeCall) {
+  std::mt19937 lot;  // the same in every run
+  const auto number = [&lot](unsigned limit) { return static_cast<int>(lot() % limit); };
+  const auto one = [&lot](std::initializer_list<const char*> texts) {
+    return std::string(texts.begin()[lot() % texts.size()]);
+  };
+  settings.DialCost = -0.1;
+  settings.CostPerHour = settings.CostPerMeg = 0.7;
+  service.PenaltyPeriod = "Day";
+  AnalysisResult result;
+  result.Connections.Make(result.ConnectionCount = 50);
+  std::set<PieceKind> kinds;
+  for (int round = 0; round < 200; ++round) {
+    Set("Call .1 Rate 3 Flex .2 Flex2 .7 PerMeg .3 Option " + one({"0", "1", "2"}) + " UpTo " +
+        one({"0", "1", "3"}) + " Block " + one({"0", "1", "15"}) + " Most " + one({"0", ".3"}) +
+        one({" PerMonth 1", " PerSession 1", ""}));
+    std::string tariffs;
+    for (int i = number(5); i > 0; --i)
+      tariffs += one({"Day 08:00 17:59 .1 .6 Minute 900;", "Eve 18:00 23:59 .05 .3 Second;",
+                      "Holidays 00:00 11:59 .2 .1 Unit 3;", "Night 00:00 07:59 .3 .01 Minute;"});
+    if (number(4) > 0) SetTariffs(tariffs);
+    for (int i = 1; i <= 50; ++i) {
+      ConnectionRecord& c = result.Connections[i];
+      c.Number = one({"555", "777", "666"});
+      c.StartDate = Jan(3 + number(6));
+      c.EndDate = c.StartDate + number(3);
+      c.StartTime = AddSeconds(0, number(SecondsPerDay));
+      c.EndTime = number(2) == 0 ? AddSeconds(0, number(SecondsPerDay)) : c.StartTime;
+      c.FreeSeconds = 600 * number(2);
+      c.BytesRead = 300000 * number(9);
+      c.ReadNoted = true;
+    }
+    ForEachConnection({result, settings, period}, [&](const DetailLine& line) {
+      const ConnectionRecord& c = line.Connection;
+      SCOPED_TRACE(tariffs + " round " + std::to_string(round) + ", " + std::to_string(line.Index));
+      const auto& [call, time, data] = line.Pieces;
+      for (const auto& [pieces, cost] : {std::pair(&call, line.Costs.DialCostNow),
+                                         {&time, line.Costs.ServiceCostNow},
+                                         {&data, line.Costs.DataCostNow}}) {
+        EXPECT_NEAR(SumOf(*pieces), cost, 1e-9);
+        for (const auto& piece : *pieces) kinds.insert(piece.Kind);
+      }
+      Date at = AtTime(c.StartDate, c.StartTime);
+      Int32 left;
+      for (const auto& piece : call) {
+        if (piece.From == 0) continue;  // no time is told of it
+        EXPECT_EQ(SecondsBetween(at, piece.From) / 2, 0) << "a second is left out where the tariff changes";
+        at = piece.To;
+        left = SecondsBetween(at, AtTime(c.EndDate, c.EndTime));
+      }
+      EXPECT_LE(left, 1);
+    });
+  }
+  EXPECT_EQ(kinds.size(), 16u) << "of all kinds";
 }
 
 }  // namespace qel

@@ -25,7 +25,7 @@ void Add(UseByTime& use, const Line& given, double cost) {
   ConnectionRecord connection;
   connection.StartDate = Day + given.day;
   connection.StartTime = TimeSerial(given.hour, given.minute, 0);
-  use.Add({connection, 1, false, given.seconds, 0, 0, 0, cost});
+  use.Add({.Connection = connection, .Pieces = {}, .Seconds = given.seconds, .ConnectionCost = cost});
 }
 
 std::string TicksOf(const std::string& chart) {
