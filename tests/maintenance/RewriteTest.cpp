@@ -51,8 +51,9 @@ class RewriteTest : public FreshProgram {
 
   void Run(const Act& act) {
     const std::string& tool = act.Words[0];
-    if (tool == "purge") return DoPurge(session->InHand(), Jan(act.Word(1)), Jan(act.Word(2)));
-    if (tool == "optimize") return DoOptimize(session->InHand(), settings, logFile.ArchiveOpen);
+    const LogInHand log = session->InHand();
+    if (tool == "purge") return DoPurge(log, Jan(act.Word(1)), Jan(act.Word(2)));
+    if (tool == "optimize") return DoOptimize(log, settings, logFile.ArchiveOpen);
     std::optional<std::string> another;
     if (act.Words.size() > 1) another = Unfolded(act.Word(1));
     try {
@@ -96,7 +97,7 @@ class RewriteTest : public FreshProgram {
     LineReader left(logFile.CurrentLogPath);
     std::string_view line;
     int yields = 0;
-    host.yielded = [&yields] { ++yields; };
+    const Meanwhile<std::function<void()>> counted(host.yielded, [&yields] { ++yields; });
     host.pointer = MousePointer::Hourglass;
     host.messages.clear();
     listener.said.clear();

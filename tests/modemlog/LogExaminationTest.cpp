@@ -43,7 +43,7 @@ class LogExaminationTest : public FreshProgram {
 
   std::vector<std::string> Told(const Act& act, std::vector<Answer> answers) {
     int yields = 0;
-    host.yielded = [&yields] { ++yields; };
+    const Meanwhile<std::function<void()>> counted(host.yielded, [&yields] { ++yields; });
     host.pointer = MousePointer::Default;
     host.AnswerErrors(std::move(answers));
     listener.said.clear();
