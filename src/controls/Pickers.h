@@ -17,7 +17,6 @@ class Calendar : public Control {
   void NextWeek() { Value = Value + 7; }
   void PreviousWeek() { Value = Value - 7; }
   void NextDay() { Value = Value + 1; }
-  void PreviousDay() { Value = Value - 1; }
 
   Event<> AfterUpdate;  // the user has picked a day; Click follows
 

@@ -137,21 +137,6 @@ void RegistryStore::DeleteKey(std::string_view key) {
   Record({Change::Kind::DeleteKey, std::string(KeyPath(key)), {}, {}});
 }
 
-std::vector<std::string> RegistryStore::SubKeys(std::string_view key) const {
-  const std::size_t nameBegin = KeyPath(key).size() + 1;
-  std::vector<std::string> names;
-  for (const auto& [path, values] : KeysBelow(tree, KeyPath(key)))
-    if (path.find(KeySeparator, nameBegin) == std::string::npos) names.push_back(path.substr(nameBegin));
-  return names;
-}
-
-std::vector<std::string> RegistryStore::ValueNames(std::string_view key) const {
-  std::vector<std::string> names;
-  if (const auto values = tree.find(KeyPath(key)); values != tree.end())
-    for (const auto& [name, value] : values->second) names.push_back(name);
-  return names;
-}
-
 void RegistryStore::Flush() {
   if (access == Access::ReadOnly || changes.empty()) return;
   flushFailed = true;  // until all is done

@@ -49,10 +49,6 @@ class RegistryStore {
   void DeleteValue(std::string_view key, std::string_view name);
   void DeleteKey(std::string_view key);  // with the keys below it
 
-  // The names of the keys directly below, and of a key's values, in alphabetical order.
-  std::vector<std::string> SubKeys(std::string_view key) const;
-  std::vector<std::string> ValueNames(std::string_view key) const;
-
   // Brings the gathered changes to the file: lock, read again, apply the changes, write beside it, flush,
   // rename, flush the folder. Running programs lose none of each other's changes. Nothing to do where nothing
   // changed or the access is ReadOnly. Afterwards the store also has what others changed meanwhile. Where it

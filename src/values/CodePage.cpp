@@ -16,14 +16,6 @@ constexpr char16_t Unicode80To9F[] = {
 };
 static_assert(std::size(Unicode80To9F) == 0x20);
 
-constexpr auto LowerCaseTable = [] {
-  std::array<unsigned char, 256> table{};
-  for (unsigned c = 0; c < 256; ++c) table[c] = static_cast<unsigned char>(c);
-  for (unsigned c = 0; c < 256; ++c)
-    if (UpperCaseTable[c] != c) table[UpperCaseTable[c]] = static_cast<unsigned char>(c);
-  return table;
-}();
-
 unsigned char Byte(char character) { return static_cast<unsigned char>(character); }
 
 // A character of 80 to FFFF.
@@ -138,12 +130,6 @@ std::string UpperCase(std::string_view text) {
   std::string upper(text);
   for (char& character : upper) character = static_cast<char>(UpperCaseTable[Byte(character)]);
   return upper;
-}
-
-std::string LowerCase(std::string_view text) {
-  std::string lower(text);
-  for (char& character : lower) character = static_cast<char>(LowerCaseTable[Byte(character)]);
-  return lower;
 }
 
 bool EqualNoCase(std::string_view a, std::string_view b) {

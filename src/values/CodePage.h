@@ -58,7 +58,6 @@ inline constexpr std::array<unsigned char, 256> UpperCaseTable = [] {
 // Capital and small letters by the code page, accented letters included. Never change the length.
 constexpr unsigned char UpperCase(unsigned char character) { return UpperCaseTable[character]; }
 std::string UpperCase(std::string_view text);
-std::string LowerCase(std::string_view text);
 
 constexpr bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 

@@ -51,8 +51,8 @@ class SharedStores : public RegistryStoreTest {
       const RegistryValue* value = store.Query(Key + "\\", name);
       Tell(who + " " + name + (value ? "=" + value->Data.substr(0, value->Data.size() - 1) : " is missing"));
     }
-    if (what == "names") Tell(who + Joined(store.ValueNames(Key)));
-    if (what == "keys") Tell(who + Joined(store.SubKeys(Key)));
+    if (what == "names") Tell(who + Joined(ValueNames(store)));
+    if (what == "keys") Tell(who + Joined(KeyNames(store)));
     if (what == "key") store.CreateKey(Key + "\\" + name);
     if (what == "drop") store.DeleteKey(name == "QEL" ? Key : Key + "\\" + name);
     if (what == "delete") store.DeleteValue(Key, name);
@@ -79,6 +79,19 @@ class SharedStores : public RegistryStoreTest {
 
  private:
   void Tell(const std::string& what) { told += (told.empty() ? "" : "; ") + what; }
+  static Names ValueNames(const RegistryStore& store) {
+    Names names;
+    if (const auto key = store.Tree().find(Key); key != store.Tree().end())
+      for (const auto& [name, value] : key->second) names.push_back(name);
+    return names;
+  }
+  static Names KeyNames(const RegistryStore& store) {
+    Names names;
+    for (const auto& [path, values] : KeysBelow(store.Tree(), Key))
+      if (path.find(KeySeparator, Key.size() + 1) == std::string::npos)
+        names.push_back(path.substr(Key.size() + 1));
+    return names;
+  }
   static std::string Joined(const Names& names) {
     std::string joined;
     for (const std::string& name : names) joined += " " + name;

@@ -25,7 +25,9 @@ class ModemTest : public FreshProgram {
   // "name=text;" for each value of a modem's key, in alphabetical order.
   std::string ModemValues(const std::string& key) const {
     std::string all;
-    for (const auto& name : store.ValueNames(KeyPath(RegistryRoot::LocalMachine, ModemClass + key)))
+    const auto found = store.Tree().find(KeyPath(RegistryRoot::LocalMachine, ModemClass + key));
+    if (found == store.Tree().end()) return all;
+    for (const auto& [name, value] : found->second)
       all += name + "=" + TextOf(QueryValue(store, RegistryRoot::LocalMachine, ModemClass + key, name)) + ";";
     return all;
   }
