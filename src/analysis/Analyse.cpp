@@ -1,6 +1,5 @@
 #include "analysis/Analyse.h"
 
-#include <string>
 #include <utility>
 
 #include "analysis/LogPass.h"

@@ -4,7 +4,6 @@
 #include "analysis/Pricing.h"
 #include "analysis/TariffDays.h"
 #include "core/Surroundings.h"
-#include "modemlog/DialledNumber.h"
 
 namespace qel {
 

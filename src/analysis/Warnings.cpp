@@ -9,7 +9,6 @@
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
-#include "settings/Settings.h"
 #include "values/NumberConversion.h"
 #include "values/NumberFormat.h"
 

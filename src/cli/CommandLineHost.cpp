@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "core/Surroundings.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

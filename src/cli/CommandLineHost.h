@@ -6,7 +6,6 @@
 
 #include "core/Display.h"
 #include "platform/Host.h"
-#include "values/CodePage.h"
 
 namespace qel {
 

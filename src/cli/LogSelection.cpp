@@ -5,6 +5,7 @@
 #include "cli/CommandLineHost.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Files.h"
+#include "values/CodePage.h"
 
 namespace qel {
 

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <utility>
 
 #include "cli/CommandLineHost.h"
 #include "core/Places.h"

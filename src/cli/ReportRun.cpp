@@ -1,6 +1,5 @@
 #include "cli/ReportRun.h"
 
-#include <cerrno>
 #include <optional>
 
 #include "analysis/TariffDays.h"

@@ -1,7 +1,5 @@
 #include "cli/SettingsImport.h"
 
-#include <string>
-
 #include "cli/CommandLineHost.h"
 #include "core/ErrorHandler.h"
 #include "core/Places.h"

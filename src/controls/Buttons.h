@@ -84,8 +84,10 @@ class Picture : public Control {
 // Ticks every Interval milliseconds while it is enabled. The face keeps the time; a test calls Tick.
 class Timer : public Control {
  public:
-  Timer(Surface surface, std::string name, int interval) : Control(surface, std::move(name)) {
+  Timer(Surface surface, std::string name, int interval, Event<>::Handler elapsed = {})
+      : Control(surface, std::move(name)) {
     Interval = interval;
+    Elapsed = std::move(elapsed);
   }
   Property<int> Interval{Shown()};
   Event<> Elapsed;

@@ -13,6 +13,11 @@ Control::Control(Surface surface, std::string name, int index)
   form.Join(*this);
 }
 
+Control::Control(Surface surface, std::string name, Event<>::Handler click)
+    : Control(surface, std::move(name)) {
+  Click = std::move(click);
+}
+
 Control::~Control() { form.Leave(*this); }
 
 void Control::SetFocus() { form.MoveFocusTo(*this); }

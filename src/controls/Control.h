@@ -43,6 +43,7 @@ class Control {
   // Joins the form under `name`. Form and frame must outlive the control; `index` is its place in a control
   // array.
   Control(Surface surface, std::string name, int index = NoIndex);
+  Control(Surface surface, std::string name, Event<>::Handler click);
   virtual ~Control();
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;

@@ -8,7 +8,6 @@
 #pragma once
 
 #include <new>
-#include <utility>
 
 #include "values/CheckedInteger.h"
 #include "values/RunTimeError.h"

@@ -10,7 +10,6 @@
 #include <QTimer>
 #include <QToolTip>
 #include <algorithm>
-#include <utility>
 
 #include "controls/Form.h"
 #include "desktop/Look.h"

@@ -7,7 +7,6 @@
 #include <QObject>
 #include <QWidget>
 #include <memory>
-#include <utility>
 
 #include "controls/Control.h"
 #include "desktop/FormFace.h"

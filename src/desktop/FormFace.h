@@ -9,7 +9,6 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "controls/Form.h"

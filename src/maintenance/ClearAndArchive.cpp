@@ -2,7 +2,6 @@
 
 #include "core/ErrorHandler.h"
 #include "maintenance/LogRewrite.h"
-#include "modemlog/LogLine.h"
 #include "modemlog/NewLog.h"
 #include "values/CodePage.h"
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/TextToDate.h"
-#include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/NumberConversion.h"
 

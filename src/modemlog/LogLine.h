@@ -2,7 +2,6 @@
 // the date, the first blank and the first "." behind it matter.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "settings/Settings.h"

@@ -1,8 +1,5 @@
 #include "registry/RegistryStore.h"
 
-#include <exception>
-#include <utility>
-
 #include "platform/FileLock.h"
 #include "platform/Files.h"
 #include "registry/RegistryText.h"

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <functional>
-#include <string>
 
 #include "analysis/PricePieces.h"
 #include "reports/ReportOf.h"

@@ -13,7 +13,6 @@
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/DateFormat.h"
-#include "values/NumberConversion.h"
 
 namespace qel {
 

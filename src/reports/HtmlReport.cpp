@@ -7,7 +7,6 @@
 #include "core/ShownMoney.h"
 #include "core/Surroundings.h"
 #include "modemlog/DialledNumber.h"
-#include "modemlog/LogFile.h"
 #include "reports/DetailLines.h"
 #include "reports/HtmlPage.h"
 #include "reports/LogStatistics.h"

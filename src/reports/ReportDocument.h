@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "reports/ReportOf.h"
-#include "values/CheckedInteger.h"
 
 namespace qel {
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "analysis/AnalysisResult.h"
 #include "analysis/Period.h"

@@ -1,6 +1,5 @@
 #include "reports/SummaryReport.h"
 
-#include "analysis/AnalysisResult.h"
 #include "analysis/Period.h"
 #include "analysis/Pricing.h"
 #include "core/ErrorHandler.h"

@@ -8,7 +8,6 @@
 #include <variant>
 
 #include "settings/StoredValues.h"
-#include "values/Calendar.h"
 #include "values/CheckedInteger.h"
 
 namespace qel {

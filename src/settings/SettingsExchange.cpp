@@ -1,7 +1,6 @@
 #include "settings/SettingsExchange.h"
 
 #include "platform/Files.h"
-#include "registry/RegistryStore.h"
 #include "registry/RegistryText.h"
 #include "settings/ServiceStore.h"
 #include "settings/SettingsTables.h"

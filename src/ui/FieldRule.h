@@ -9,7 +9,6 @@
 #include <string>
 
 #include "controls/TextControls.h"
-#include "values/CheckedInteger.h"
 
 namespace qel {
 

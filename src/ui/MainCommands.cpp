@@ -44,28 +44,19 @@ bool CanBeOpened(const std::string& path) {
 }  // namespace
 
 void frmMain::WireCommands() {
-  mnuOpenLog.Click = [this] { mnuOpenLog_Click(); };
-  mnuOpenArchive.Click = [this] { mnuOpenArchive_Click(); };
-  mnuOpenReport.Click = [this] { mnuOpenReport_Click(); };
-  mnuSetup.Click = [this] { mnuSetup_Click(); };
-  mnuExport.Click = [this] { mnuExport_Click(); };
-  mnuImport.Click = [this] { mnuImport_Click(); };
-  mnuRefresh.Click = [this] { mnuRefresh_Click(); };
   for (std::size_t i = 0; i < mnuRecent.size(); ++i) mnuRecent[i].Click = [this, i] { mnuRecent_Click(i); };
-  mnuClrLst.Click = [this] { mnuClrLst_Click(); };
   mnuExit.Click = [this] { LeaveProgram(windows); };
   mnuTopics.Click = [this] { windows.HelpForm->ShowHelpContents(); };
-  mnuReadme.Click = [this] { mnuReadme_Click(); };
   mnsSearchHelp.Click = [this] { windows.HelpForm->ShowHelpSearch(); };
   mnuHowToHelp.Click = [this] { windows.HelpForm->ShowHelp(HelpUsingHelp); };
   mnuTip.Click = [this] {
     SetTrace("frmMain", "mnuTip_Click");
     windows.TipForm->ShowModal();
   };
-  mnuAbout.Click = [this] { mnuAbout_Click(); };
   btnExit.Click = [this] { LeaveProgram(windows); };
   btnExit.GotFocus = [this] { SetStatus(3); };
   btnProcess.GotFocus = [this] { SetStatus(4); };
+  btnViewLog.GotFocus = [this] { SetStatus(5); };
   ToolbarMain.ButtonClick = [this](const std::string& key) { ToolbarMain_ButtonClick(key); };
 }
 

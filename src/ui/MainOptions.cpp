@@ -1,5 +1,4 @@
 // The main window's side of the options: their window, and the files that save them and bring them back.
-#include <optional>
 #include <string>
 
 #include "core/ErrorHandler.h"

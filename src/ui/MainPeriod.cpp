@@ -7,10 +7,8 @@
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
 #include "platform/TextToDate.h"
-#include "settings/UserParameters.h"
 #include "ui/frmMain.h"
 #include "values/DateFormat.h"
 #include "values/NumberConversion.h"
@@ -80,8 +78,6 @@ void frmMain::WirePeriod() {
   UpDown4.UpClick = step(&Calendar::NextMonth);
   UpDown4.DownClick = step(&Calendar::PreviousMonth);
   mnuToday.Click = [this] { SetActiveField(Today()); };
-  mnuPlusWeek.Click = [this] { SetActiveField(ActiveDate() + 7); };
-  mnuMinusWeek.Click = [this] { SetActiveField(ActiveDate() - 7); };
   const auto stepMonth = [this](void (Calendar::*move)()) {
     return [this, move] {
       Attempt([&] { (Calendar1.*move)(); });
@@ -92,8 +88,6 @@ void frmMain::WirePeriod() {
   mnuMinusMonth.Click = stepMonth(&Calendar::PreviousMonth);
   mnuLogStart.Click = [this] { SetActiveField(OrToday(findings.FirstEntryDate)); };
   mnuLogEnd.Click = [this] { SetActiveField(OrToday(findings.LastEntryDate)); };
-  mnuDefaultDate.Click = [this] { mnuDefaultDate_Click(); };
-  btnProcess.Click = [this] { btnProcess_Click(); };
 }
 
 void frmMain::ShowText(PeriodField field, const std::string& text) { InputOf(field).Text = text; }

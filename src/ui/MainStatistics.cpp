@@ -42,13 +42,6 @@ constexpr int AnimFrames = 19;
 
 }  // namespace
 
-void frmMain::WireStatistics() {
-  Timer1.Elapsed = [this] { Timer1_Timer(); };
-  TimerAnim.Elapsed = [this] { TimerAnim_Timer(); };
-  PicAnimQel.Click = [this] { TimerAnim.Enabled = !TimerAnim.Enabled; };
-  PicAnimQel.DblClick = [this] { PicAnimQel_DblClick(); };
-}
-
 void frmMain::ShowStatLabels(bool visible) {
   for (Label* label :
        {&LabelHeading, &LabelHeading2, &LabelLogName, &LabelLogName2, &LabelLogPath, &LabelLogPath2,

@@ -11,17 +11,6 @@
 
 namespace qel {
 
-void frmMain::WireTools() {
-  for (Control* command : std::initializer_list<Control*>{&btnViewLog, &mnuViewLog})
-    command->Click = [this] { btnViewLog_Click(); };
-  btnViewLog.GotFocus = [this] { SetStatus(5); };
-  mnuClearLog.Click = [this] { mnuClearLog_Click(); };
-  mnuPurgeLog.Click = [this] { mnuPurgeLog_Click(); };
-  mnuOptimize.Click = [this] { mnuOptimize_Click(); };
-  mnuRepairLog.Click = [this] { mnuRepairLog_Click(); };
-  mnuModemWizard.Click = [this] { mnuModemWizard_Click(); };
-}
-
 void frmMain::btnViewLog_Click() {
   SetTrace("frmMain", "btnViewLog_Click");
   if (windows.ViewerOpen)

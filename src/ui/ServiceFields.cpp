@@ -1,7 +1,6 @@
 // The service editor's fields: what each of them takes, and what must be there before the service can be
 // confirmed.
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "modemlog/DialledNumber.h"

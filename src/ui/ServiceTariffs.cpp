@@ -16,9 +16,6 @@ void frmService::WireTariffs() {
     ShowTariffSummary();
   };
   lstDialTimeTariff.DblClick = [this] { btnDialTimeTariffEdit_Click(); };
-  btnDialTimeTariffNew.Click = [this] { btnDialTimeTariffNew_Click(); };
-  btnDialTimeTariffEdit.Click = [this] { btnDialTimeTariffEdit_Click(); };
-  btnDialTimeTariffDelete.Click = [this] { btnDialTimeTariffDelete_Click(); };
 }
 
 void frmService::SetTariffColumns() {

@@ -15,16 +15,11 @@ constexpr char SoundFilter[] = "SoundWave Files (*.wav)|*.wav";
 }  // namespace
 
 void frmService::WireWarnings() {
-  chkWarnings.Click = [this] { chkWarnings_Click(); };
   for (OptionButton& option : optWarning)
     option.Click = [this, &option] {
       WarningOption = Int16(option.Index());
       chkWarnings_Click();
     };
-  chkWarnDisplay.Click = [this] { chkWarnDisplay_Click(); };
-  chkWarnSound.Click = [this] { chkWarnSound_Click(); };
-  btnWarnBrowse.Click = [this] { btnWarnBrowse_Click(); };
-  btnWarnPlay.Click = [this] { btnWarnPlay_Click(); };
   txtWarningSound.Change = [this] { txtWarningSound.Refusal = ""; };
   txtWarningSound.GotFocus = [this] { soundTextAtFocus = txtWarningSound.Text; };
   txtWarningSound.LostFocus = [this] { txtWarningSound_LostFocus(); };

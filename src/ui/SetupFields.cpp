@@ -40,7 +40,6 @@ void LeaveTraced(RuledField& ruled) {
 SetupGeneral::SetupGeneral(const SetupTab& tab) : SetupTab(tab) {
   txtLogName.Change = [this] { txtLogName.Refusal = ""; };
   txtLogName.LostFocus = [this] { txtLogName_LostFocus(); };
-  cmdBrowse.Click = [this] { cmdBrowse_Click(); };
   for (LimitField& limit : limits) {
     limit.Rule.Former = [&limit] { return limit.Shown(); };
     limit.Rule.Taken = [this, &limit](const std::string& typed) { TakeLimit(limit, typed); };
@@ -141,7 +140,6 @@ void SetupModem::btnDefaults_Click() {
 }
 
 SetupCosts::SetupCosts(const SetupTab& tab) : SetupTab(tab) {
-  optCalcCosts.Click = [this] { optCalcCosts_Click(); };
   // The amount is taken as it was typed; the field shows it rounded.
   for (CostField& cost : costs)
     cost.Rule.Taken = [&cost](const std::string& typed) { cost.Cost = TextToNumber(typed); };
@@ -165,7 +163,6 @@ void SetupCosts::optCalcCosts_Click() {
 }
 
 SetupErrors::SetupErrors(const SetupTab& tab) : SetupTab(tab) {
-  optShowErrors.Click = [this] { optShowErrors_Click(); };
   mskNoDisconDuration.Change = [this] {
     durationValid = mskNoDisconDuration.Fits(mskNoDisconDuration.Text);
     mskNoDisconDuration.Refusal = "";

@@ -17,7 +17,6 @@ SetupHolidays::SetupHolidays(const SetupTab& tab) : SetupTab(tab) {
     press.Handled = true;
     AddHoliday();
   };
-  btnAdd.Click = [this] { btnAdd_Click(); };
   btnRemove.Click = lstHolidays.DblClick = [this] { btnRemove_Click(); };
   lstHolidays.Click = [this] { lstHolidays_Click(); };
 }

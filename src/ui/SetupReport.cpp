@@ -1,7 +1,6 @@
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
-#include "modemlog/LogExamination.h"
 #include "platform/Clock.h"
 #include "platform/TextToDate.h"
 #include "ui/DateField.h"

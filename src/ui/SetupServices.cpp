@@ -56,10 +56,6 @@ SetupServices::SetupServices(const SetupTab& tab) : SetupTab(tab) {
   lstServices.HideSelection = false;  // the buttons beside it, which take the focus, work on that row
   lstServices.ItemClick = [this] { lstServices_ItemClick(); };
   lstServices.DblClick = btnEdit.Click = [this] { lstServices_DblClick(); };
-  btnNew.Click = [this] { btnNew_Click(); };
-  btnDelete.Click = [this] { btnDelete_Click(); };
-  btnCopy.Click = [this] { btnCopy_Click(); };
-  btnScan.Click = [this] { btnScan_Click(); };
   ProgressBar1.Visible = false;
 }
 

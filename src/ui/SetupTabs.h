@@ -31,7 +31,7 @@ class SetupGeneral : SetupTab {
   void Show();
 
   TextBox txtLogName{Page, "txtLogName"};
-  Button cmdBrowse{Page, "cmdBrowse"};
+  Button cmdBrowse{Page, "cmdBrowse", [this] { cmdBrowse_Click(); }};
   TextBox txtMaxServices{Page, "txtMaxServices"};
   TextBox txtMaxConnections{Page, "txtMaxConnections"};
   TextBox txtMaxConnectDays{Page, "txtMaxConnectDays"};
@@ -121,11 +121,11 @@ class SetupServices : SetupTab {
   Frame fralblServices{Page.Parent(), "fralblServices"};  // over the tab
   Label lblServices{fralblServices, "lblServices"};
   ListView lstServices{Page, "lstServices"};
-  Button btnNew{Page, "btnNew"};
+  Button btnNew{Page, "btnNew", [this] { btnNew_Click(); }};
   Button btnEdit{Page, "btnEdit"};
-  Button btnDelete{Page, "btnDelete"};
-  Button btnCopy{Page, "btnCopy"};
-  Button btnScan{Page, "btnScan"};
+  Button btnDelete{Page, "btnDelete", [this] { btnDelete_Click(); }};
+  Button btnCopy{Page, "btnCopy", [this] { btnCopy_Click(); }};
+  Button btnScan{Page, "btnScan", [this] { btnScan_Click(); }};
   ProgressBar ProgressBar1{Page, "ProgressBar1"};
   Label lblServiceNotice{Page, "lblServiceNotice"};  // what the costs of the services may surprise with
 
@@ -153,7 +153,7 @@ class SetupCosts : SetupTab {
   explicit SetupCosts(const SetupTab& tab);
   void Show();
 
-  CheckBox optCalcCosts{Page, "optCalcCosts"};
+  CheckBox optCalcCosts{Page, "optCalcCosts", [this] { optCalcCosts_Click(); }};
   Label lblDialCost{Page, "lblDialCost"};
   TextBox txtDialCost{Page, "txtDialCost"};
   Label lblCostPerHour{Page, "lblCostPerHour"};
@@ -202,7 +202,7 @@ class SetupErrors : SetupTab {
   explicit SetupErrors(const SetupTab& tab);
   void Show();
 
-  CheckBox optShowErrors{Page, "optShowErrors"};
+  CheckBox optShowErrors{Page, "optShowErrors", [this] { optShowErrors_Click(); }};
   MaskedEdit mskNoDisconDuration{Page, "mskNoDisconDuration"};
   Label Label8{Page, "Label8"};
   MaskedEdit mskNoDisconData{Page, "mskNoDisconData"};
@@ -224,7 +224,7 @@ class SetupHolidays : SetupTab {
   void Store() const;
 
   Calendar CalHolidays{Page, "CalHolidays"};
-  Button btnAdd{Page, "btnAdd"};
+  Button btnAdd{Page, "btnAdd", [this] { btnAdd_Click(); }};
   Button btnRemove{Page, "btnRemove"};
   ListBox lstHolidays{Page, "lstHolidays"};
   Label lblUsedHolidays{Page, "lblUsedHolidays"};

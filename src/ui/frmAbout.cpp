@@ -46,8 +46,6 @@ bool StartsOneOfTheSystem() {
 
 frmAbout::frmAbout(Windows& owner) : Window("frmAbout", owner) {
   HelpContextID = HelpAbout;
-  cmdOK.Click = [this] { Unload(); };
-  cmdSysInfo.Click = [this] { StartSysInfo(); };
   lblWWW.Click = [] {
     SetTrace("frmAbout", "lblWWW_Click");
     Attempt([] { CurrentHost().OpenDocument(WebAddress); });

@@ -21,8 +21,8 @@ class frmAbout : public Window {
   Label lblRights{*this, "lblRights"};
   Label lblWWW{*this, "lblWWW"};
   Label lblEmail{*this, "lblEmail"};
-  Button cmdOK{*this, "cmdOK"};
-  Button cmdSysInfo{*this, "cmdSysInfo"};
+  Button cmdOK{*this, "cmdOK", [this] { Unload(); }};
+  Button cmdSysInfo{*this, "cmdSysInfo", [this] { StartSysInfo(); }};
 
  private:
   void Form_Load() override;

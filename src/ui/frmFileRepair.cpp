@@ -6,10 +6,7 @@
 
 namespace qel {
 
-frmFileRepair::frmFileRepair(Windows& owner) : Window("frmFileRepair", owner) {
-  HelpContextID = HelpRepair;
-  btnOK.Click = [this] { Unload(); };
-}
+frmFileRepair::frmFileRepair(Windows& owner) : Window("frmFileRepair", owner) { HelpContextID = HelpRepair; }
 
 void frmFileRepair::Form_Activate() {
   if (running || btnOK.Enabled) return;  // once

@@ -17,7 +17,7 @@ class frmFileRepair : public Window, private Display {
 
   Label lblFileRepair{*this, "lblFileRepair"};
   qel::ProgressBar ProgressBar{*this, "ProgressBar"};
-  Button btnOK{*this, "btnOK"};
+  Button btnOK{*this, "btnOK", [this] { Unload(); }};
 
  private:
   void Form_Load() override { btnOK.Enabled = false; }

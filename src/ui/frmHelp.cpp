@@ -34,12 +34,8 @@ frmHelp::frmHelp(Windows& owner) : Window("frmHelp", owner) {
     press.Handled = true;
     btnSearch_Click();
   };
-  btnSearch.Click = [this] { btnSearch_Click(); };
-  btnContents.Click = [this] { ShowContents(); };
-  btnBack.Click = [this] { btnBack_Click(); };
   btnBack.Enabled = false;
   docTopic.LinkClick = [this](const std::string& target) { docTopic_LinkClick(target); };
-  btnClose.Click = [this] { Unload(); };
 }
 
 void frmHelp::Form_Load() {

@@ -20,11 +20,11 @@ class frmHelp : public Window {
   Label lblTopics{*this, "lblTopics"};  // what the list holds
   ListBox lstTopics{*this, "lstTopics"};
   TextBox txtSearch{*this, "txtSearch"};
-  Button btnSearch{*this, "btnSearch"};
-  Button btnContents{*this, "btnContents"};
-  Button btnBack{*this, "btnBack"};
+  Button btnSearch{*this, "btnSearch", [this] { btnSearch_Click(); }};
+  Button btnContents{*this, "btnContents", [this] { ShowContents(); }};
+  Button btnBack{*this, "btnBack", [this] { btnBack_Click(); }};
   Document docTopic{*this, "docTopic"};
-  Button btnClose{*this, "btnClose"};
+  Button btnClose{*this, "btnClose", [this] { Unload(); }};
 
   // The ways into the help: a topic by its number, the contents, and the search. A number that the file lacks
   // leads to the first topic.

@@ -1,8 +1,5 @@
 #include "ui/frmMain.h"
 
-#include <cmath>
-#include <utility>
-
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "modemlog/LogMessages.h"
@@ -25,8 +22,7 @@ frmMain::frmMain(Windows& owner)
   ProgressBar1.Visible = false;
   WireCommands();
   WirePeriod();
-  WireStatistics();
-  WireTools();
+  PicAnimQel.DblClick = [this] { PicAnimQel_DblClick(); };
 }
 
 void frmMain::Form_Load() {

@@ -27,43 +27,43 @@ class frmMain : public Window, public Display, public PeriodFields {
   explicit frmMain(Windows& owner);
 
   MenuItem mnuFile{*this, "mnuFile"};
-  MenuItem mnuOpenLog{*this, "mnuOpenLog"};
-  MenuItem mnuOpenArchive{*this, "mnuOpenArchive"};
-  MenuItem mnuOpenReport{*this, "mnuOpenReport"};
-  MenuItem mnuRefresh{*this, "mnuRefresh"};
-  MenuItem mnuSetup{*this, "mnuSetup"};
-  MenuItem mnuExport{*this, "mnuExport"};
-  MenuItem mnuImport{*this, "mnuImport"};
+  MenuItem mnuOpenLog{*this, "mnuOpenLog", [this] { mnuOpenLog_Click(); }};
+  MenuItem mnuOpenArchive{*this, "mnuOpenArchive", [this] { mnuOpenArchive_Click(); }};
+  MenuItem mnuOpenReport{*this, "mnuOpenReport", [this] { mnuOpenReport_Click(); }};
+  MenuItem mnuRefresh{*this, "mnuRefresh", [this] { mnuRefresh_Click(); }};
+  MenuItem mnuSetup{*this, "mnuSetup", [this] { mnuSetup_Click(); }};
+  MenuItem mnuExport{*this, "mnuExport", [this] { mnuExport_Click(); }};
+  MenuItem mnuImport{*this, "mnuImport", [this] { mnuImport_Click(); }};
   std::array<MenuItem, 5> mnuRecent{{{*this, "mnuRecent", 0},
                                      {*this, "mnuRecent", 1},
                                      {*this, "mnuRecent", 2},
                                      {*this, "mnuRecent", 3},
                                      {*this, "mnuRecent", 4}}};
-  MenuItem mnuClrLst{*this, "mnuClrLst"};
+  MenuItem mnuClrLst{*this, "mnuClrLst", [this] { mnuClrLst_Click(); }};
   MenuItem mnuExit{*this, "mnuExit"};
   MenuItem mnuTools{*this, "mnuTools"};
-  MenuItem mnuViewLog{*this, "mnuViewLog"};
-  MenuItem mnuClearLog{*this, "mnuClearLog"};
-  MenuItem mnuPurgeLog{*this, "mnuPurgeLog"};
-  MenuItem mnuOptimize{*this, "mnuOptimize"};
-  MenuItem mnuRepairLog{*this, "mnuRepairLog"};
-  MenuItem mnuModemWizard{*this, "mnuModemWizard"};
+  MenuItem mnuViewLog{*this, "mnuViewLog", [this] { btnViewLog_Click(); }};
+  MenuItem mnuClearLog{*this, "mnuClearLog", [this] { mnuClearLog_Click(); }};
+  MenuItem mnuPurgeLog{*this, "mnuPurgeLog", [this] { mnuPurgeLog_Click(); }};
+  MenuItem mnuOptimize{*this, "mnuOptimize", [this] { mnuOptimize_Click(); }};
+  MenuItem mnuRepairLog{*this, "mnuRepairLog", [this] { mnuRepairLog_Click(); }};
+  MenuItem mnuModemWizard{*this, "mnuModemWizard", [this] { mnuModemWizard_Click(); }};
   MenuItem mnuQuickDate{*this, "mnuQuickDate"};
   MenuItem mnuToday{*this, "mnuToday"};
-  MenuItem mnuPlusWeek{*this, "mnuPlusWeek"};
-  MenuItem mnuMinusWeek{*this, "mnuMinusWeek"};
+  MenuItem mnuPlusWeek{*this, "mnuPlusWeek", [this] { SetActiveField(ActiveDate() + 7); }};
+  MenuItem mnuMinusWeek{*this, "mnuMinusWeek", [this] { SetActiveField(ActiveDate() - 7); }};
   MenuItem mnuPlusMonth{*this, "mnuPlusMonth"};
   MenuItem mnuMinusMonth{*this, "mnuMinusMonth"};
   MenuItem mnuLogStart{*this, "mnuLogStart"};
   MenuItem mnuLogEnd{*this, "mnuLogEnd"};
-  MenuItem mnuDefaultDate{*this, "mnuDefaultDate"};
+  MenuItem mnuDefaultDate{*this, "mnuDefaultDate", [this] { mnuDefaultDate_Click(); }};
   MenuItem mnuHelp{*this, "mnuHelp"};
   MenuItem mnuTopics{*this, "mnuTopics"};
-  MenuItem mnuReadme{*this, "mnuReadme"};
+  MenuItem mnuReadme{*this, "mnuReadme", [this] { mnuReadme_Click(); }};
   MenuItem mnsSearchHelp{*this, "mnsSearchHelp"};
   MenuItem mnuHowToHelp{*this, "mnuHowToHelp"};
   MenuItem mnuTip{*this, "mnuTip"};
-  MenuItem mnuAbout{*this, "mnuAbout"};
+  MenuItem mnuAbout{*this, "mnuAbout", [this] { mnuAbout_Click(); }};
 
   Toolbar ToolbarMain{
       *this,
@@ -83,8 +83,8 @@ class frmMain : public Window, public Display, public PeriodFields {
   Calendar Calendar1{*this, "Calendar1"};
   UpDown UpDown3{*this, "UpDown3"};
   UpDown UpDown4{*this, "UpDown4"};
-  Button btnProcess{*this, "btnProcess"};
-  Button btnViewLog{*this, "btnViewLog"};
+  Button btnProcess{*this, "btnProcess", [this] { btnProcess_Click(); }};
+  Button btnViewLog{*this, "btnViewLog", [this] { btnViewLog_Click(); }};
   Button btnExit{*this, "btnExit"};
 
   Label LabelHeading{*this, "LabelHeading"}, LabelHeading2{*this, "LabelHeading2"};
@@ -97,11 +97,11 @@ class frmMain : public Window, public Display, public PeriodFields {
   Label LabelLogSpan{*this, "LabelLogSpan"}, LabelLogSpan2{*this, "LabelLogSpan2"};
 
   Picture imgGraphic{*this, "imgGraphic"};  // the drawing that ShowGraphic is about
-  Picture PicAnimQel{*this, "PicAnimQel"};
+  Picture PicAnimQel{*this, "PicAnimQel", [this] { TimerAnim.Enabled = !TimerAnim.Enabled; }};
   StatusBar StatusBarMain{*this, "StatusBarMain"};
   ProgressBar ProgressBar1{*this, "ProgressBar1"};
-  Timer TimerAnim{*this, "TimerAnim", 100};
-  Timer Timer1{*this, "Timer1", 5000};
+  Timer TimerAnim{*this, "TimerAnim", 100, [this] { TimerAnim_Timer(); }};
+  Timer Timer1{*this, "Timer1", 5000, [this] { Timer1_Timer(); }};
 
   // Whether a timed message stands in the status bar.
   bool StatusHold = false;
@@ -123,8 +123,6 @@ class frmMain : public Window, public Display, public PeriodFields {
  private:
   void WireCommands();
   void WirePeriod();
-  void WireStatistics();
-  void WireTools();
 
   void Form_Load() override;
   void Form_Resize() override;

@@ -17,9 +17,6 @@ void ShowState(bool on, Label& word, Picture& picture) {
 frmPreConfigure::frmPreConfigure(Windows& owner) : Window("frmPreConfigure", owner) {
   HelpContextID = HelpModemWizard;
   Timer1.Enabled = false;
-  Timer1.Elapsed = [this] { Timer1_Timer(); };
-  btnNext.Click = [this] { btnNext_Click(); };
-  btnCancel.Click = [this] { btnCancel_Click(); };
   Image1.Frame = 1;
   Image2.Frame = 2;
   Image3.Frame = 3;

@@ -51,9 +51,9 @@ class frmPreConfigure : public Window {
   Label RichTextBox3{fraCheck[3], "RichTextBox3"};
   CheckBox Check1{fraCheck[3], "Check1"};
 
-  Button btnNext{*this, "btnNext"};
-  Button btnCancel{*this, "btnCancel"};
-  Timer Timer1{*this, "Timer1", 500};
+  Button btnNext{*this, "btnNext", [this] { btnNext_Click(); }};
+  Button btnCancel{*this, "btnCancel", [this] { btnCancel_Click(); }};
+  Timer Timer1{*this, "Timer1", 500, [this] { Timer1_Timer(); }};
 
  private:
   void Form_Load() override;

@@ -3,7 +3,6 @@
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
 #include "maintenance/Purge.h"
-#include "modemlog/LogExamination.h"
 #include "platform/TextToDate.h"
 #include "ui/DateField.h"
 #include "ui/HelpNumbers.h"
@@ -16,8 +15,6 @@ frmPurge::frmPurge(Windows& owner) : Window("frmPurge", owner) {
   for (std::size_t i = 0; i < optPurge.size(); ++i)
     optPurge[i].Click = [this, i] { optPurge_Click(static_cast<int>(i) + 1); };
   for (Field& field : fields) field.Input.Change = [this, &field] { Field_Change(field); };
-  btnOK.Click = [this] { btnOK_Click(); };
-  btnCancel.Click = [this] { Unload(); };
 }
 
 void frmPurge::Form_Load() {

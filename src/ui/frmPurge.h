@@ -19,8 +19,8 @@ class frmPurge : public Window {
   MaskedEdit MaskEdBox1{*this, "MaskEdBox1"};
   std::array<MaskedEdit, 2> MaskEdBox2{{{*this, "MaskEdBox2", 0}, {*this, "MaskEdBox2", 1}}};
   MaskedEdit MaskEdBox3{*this, "MaskEdBox3"};
-  Button btnOK{*this, "btnOK"};
-  Button btnCancel{*this, "btnCancel"};
+  Button btnOK{*this, "btnOK", [this] { btnOK_Click(); }};
+  Button btnCancel{*this, "btnCancel", [this] { Unload(); }};
 
   // The log was rewritten, or should have been: its statistics are to be read again.
   bool LogChanged = false;

@@ -1,5 +1,6 @@
 #include "ui/frmReport.h"
 
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -29,45 +30,24 @@ frmReport::frmReport(Windows& owner) : Window("frmReport", owner) {
   ReportTextBox.Locked = true;
   ProgressBar1.Visible = RepDifference.Visible = false;
   StatusBar1.SetPanelCount(3);
-  ConnectMenus();
   Toolbar1.ButtonClick = [this](const std::string& key) { Toolbar1_ButtonClick(key); };
   ListView1.ColumnClick = [this](int column) { ListView1_ColumnClick(column); };
 }
 
-void frmReport::ConnectMenus() {
-  mnuSaveAS.Click = [this] { mnuSaveAS_Click(); };
-  mnuPrint.Click = [this] { mnuPrint_Click(); };
-  mnuExit.Click = [this] { mnuExit_Click(); };
-  mnuSummary.Click = [this] { mnuSummary_Click(); };
-  mnuDetails.Click = [this] { mnuDetails_Click(); };
-  mnuRefresh.Click = [this] { mnuSummary.Checked ? mnuSummary_Click() : mnuDetails_Click(); };
-  mnuFormatStd.Click = [this] { mnuFormatStd_Click(); };
-  mnuListView.Click = [this] { mnuListView_Click(); };
-  mnuNumConnections.Click = [this] { mnuNumConnections_Click(); };
-  mnuAutoArrange.Click = [this] { mnuAutoArrange_Click(); };
-  mnuFontIncrease.Click = [this] { mnuFontIncrease_Click(); };
-  mnuFontDecrease.Click = [this] { mnuFontDecrease_Click(); };
-  mnuSaveSettings.Click = [this] { mnuSaveSettings_Click(); };
-}
-
 void frmReport::Toolbar1_ButtonClick(const std::string& key) {
-  static constexpr struct {
-    const char* Key;
-    void (frmReport::*Handler)();
-  } commands[] = {
-      {"Save", &frmReport::mnuSaveAS_Click},
-      {"Print", &frmReport::mnuPrint_Click},
-      {"Exit", &frmReport::mnuExit_Click},
-      {"Summary", &frmReport::mnuSummary_Click},
-      {"Detail", &frmReport::mnuDetails_Click},
-      {"Standard", &frmReport::mnuFormatStd_Click},
-      {"List View", &frmReport::mnuListView_Click},
-      {"Bigger", &frmReport::mnuFontIncrease_Click},
-      {"Smaller", &frmReport::mnuFontDecrease_Click},
-      {"ShowNums", &frmReport::mnuNumConnections_Click},
+  const std::map<std::string, const MenuItem*> items = {
+      {"Save", &mnuSaveAS},
+      {"Print", &mnuPrint},
+      {"Exit", &mnuExit},
+      {"Summary", &mnuSummary},
+      {"Detail", &mnuDetails},
+      {"Standard", &mnuFormatStd},
+      {"List View", &mnuListView},
+      {"Bigger", &mnuFontIncrease},
+      {"Smaller", &mnuFontDecrease},
+      {"ShowNums", &mnuNumConnections},
   };
-  for (const auto& command : commands)
-    if (key == command.Key) return (this->*command.Handler)();
+  items.at(key)->Click();
 }
 
 void frmReport::Form_Load() {

@@ -42,22 +42,23 @@ class frmReport : public Window, private Display {
   ReportDocument Report;  // what is shown, saved and printed; its rows stand in ListView1
 
   MenuItem mnuFile{*this, "mnuFile"};
-  MenuItem mnuSaveAS{*this, "mnuSaveAS"};
-  MenuItem mnuPrint{*this, "mnuPrint"};
-  MenuItem mnuExit{*this, "mnuExit"};
+  MenuItem mnuSaveAS{*this, "mnuSaveAS", [this] { mnuSaveAS_Click(); }};
+  MenuItem mnuPrint{*this, "mnuPrint", [this] { mnuPrint_Click(); }};
+  MenuItem mnuExit{*this, "mnuExit", [this] { mnuExit_Click(); }};
   MenuItem mnuView{*this, "mnuView"};
-  MenuItem mnuSummary{*this, "mnuSummary"};
-  MenuItem mnuDetails{*this, "mnuDetails"};
-  MenuItem mnuRefresh{*this, "mnuRefresh"};
+  MenuItem mnuSummary{*this, "mnuSummary", [this] { mnuSummary_Click(); }};
+  MenuItem mnuDetails{*this, "mnuDetails", [this] { mnuDetails_Click(); }};
+  MenuItem mnuRefresh{*this, "mnuRefresh",
+                      [this] { mnuSummary.Checked ? mnuSummary_Click() : mnuDetails_Click(); }};
   MenuItem mnuOptions{*this, "mnuOptions"};
-  MenuItem mnuFormatStd{*this, "mnuFormatStd"};
-  MenuItem mnuListView{*this, "mnuListView"};
-  MenuItem mnuNumConnections{*this, "mnuNumConnections"};
-  MenuItem mnuAutoArrange{*this, "mnuAutoArrange"};
+  MenuItem mnuFormatStd{*this, "mnuFormatStd", [this] { mnuFormatStd_Click(); }};
+  MenuItem mnuListView{*this, "mnuListView", [this] { mnuListView_Click(); }};
+  MenuItem mnuNumConnections{*this, "mnuNumConnections", [this] { mnuNumConnections_Click(); }};
+  MenuItem mnuAutoArrange{*this, "mnuAutoArrange", [this] { mnuAutoArrange_Click(); }};
   MenuItem mnuFont{*this, "mnuFont"};
-  MenuItem mnuFontIncrease{*this, "mnuFontIncrease"};
-  MenuItem mnuFontDecrease{*this, "mnuFontDecrease"};
-  MenuItem mnuSaveSettings{*this, "mnuSaveSettings"};
+  MenuItem mnuFontIncrease{*this, "mnuFontIncrease", [this] { mnuFontIncrease_Click(); }};
+  MenuItem mnuFontDecrease{*this, "mnuFontDecrease", [this] { mnuFontDecrease_Click(); }};
+  MenuItem mnuSaveSettings{*this, "mnuSaveSettings", [this] { mnuSaveSettings_Click(); }};
 
   Toolbar Toolbar1{*this,
                    "Toolbar1",
@@ -118,7 +119,6 @@ class frmReport : public Window, private Display {
   void ShowProgress(bool visible) override;
   void Progress(Int16 percent) override;
 
-  void ConnectMenus();
   void EnableAnalysis(bool enabled);
   void BringToFront();
   void TellFailure(const std::string& what, const RunTimeError& error);

@@ -36,9 +36,6 @@ frmService::frmService(Windows& owner) : Window("frmService", owner) {
     option.Click = [this, &option] { optDialCost_Click(option.Index()); };
   for (OptionButton& option : optServiceCost)
     option.Click = [this, &option] { optServiceCost_Click(option.Index()); };
-  chkFreePeriod.Click = [this] { chkFreePeriod_Click(); };
-  btnOK.Click = [this] { btnOK_Click(); };
-  btnCancel.Click = [this] { Unload(); };
   btnCancel.ClickMovesFocus = false;
   WireFields();
   WireTariffs();

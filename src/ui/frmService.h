@@ -43,9 +43,12 @@ class frmService : public Window {
   Label lblDialFixedTariff2{fraFixedTariff, "lblDialFixedTariff2"};
   Frame fraTimeTariff{fraService[1], "fraTimeTariff"};
   ListView lstDialTimeTariff{fraTimeTariff, "lstDialTimeTariff"};
-  Button btnDialTimeTariffNew{fraTimeTariff, "btnDialTimeTariffNew"};
-  Button btnDialTimeTariffEdit{fraTimeTariff, "btnDialTimeTariffEdit"};
-  Button btnDialTimeTariffDelete{fraTimeTariff, "btnDialTimeTariffDelete"};
+  Button btnDialTimeTariffNew{fraTimeTariff, "btnDialTimeTariffNew",
+                              [this] { btnDialTimeTariffNew_Click(); }};
+  Button btnDialTimeTariffEdit{fraTimeTariff, "btnDialTimeTariffEdit",
+                               [this] { btnDialTimeTariffEdit_Click(); }};
+  Button btnDialTimeTariffDelete{fraTimeTariff, "btnDialTimeTariffDelete",
+                                 [this] { btnDialTimeTariffDelete_Click(); }};
   Label lblDialTimeTariff9{fraTimeTariff, "lblDialTimeTariff9"};
 
   // Service Cost
@@ -70,7 +73,7 @@ class frmService : public Window {
   TextBox txtAfterMeg{fraPerMeg, "txtAfterMeg"};
   ComboBox lstMegPeriod{fraPerMeg, "lstMegPeriod", ComboBox::Kind::PickOnly};
   Frame fraFreePeriod{fraService[2], "fraFreePeriod"};
-  CheckBox chkFreePeriod{fraFreePeriod, "chkFreePeriod"};
+  CheckBox chkFreePeriod{fraFreePeriod, "chkFreePeriod", [this] { chkFreePeriod_Click(); }};
   ComboBox lstFreePeriodStart{fraFreePeriod, "lstFreePeriodStart", ComboBox::Kind::PickOnly};
   Label lblFreePeriod2{fraFreePeriod, "lblFreePeriod2"};
   ComboBox lstFreePeriodEnd{fraFreePeriod, "lstFreePeriodEnd", ComboBox::Kind::PickOnly};
@@ -80,7 +83,7 @@ class frmService : public Window {
   TextBox txtMaxCharge{fraMaxCharge, "txtMaxCharge"};
 
   // Warnings
-  CheckBox chkWarnings{fraService[3], "chkWarnings"};
+  CheckBox chkWarnings{fraService[3], "chkWarnings", [this] { chkWarnings_Click(); }};
   std::array<OptionButton, 4> optWarning{{{fraService[3], "optWarning", 0},
                                           {fraService[3], "optWarning", 1},
                                           {fraService[3], "optWarning", 2},
@@ -95,16 +98,16 @@ class frmService : public Window {
   TextBox txtWarnServiceCost{fraService[3], "txtWarnServiceCost"};
   TextBox txtWarnData{fraService[3], "txtWarnData"};
   Label lblKB{fraService[3], "lblKB"};
-  CheckBox chkWarnDisplay{fraService[3], "chkWarnDisplay"};
-  CheckBox chkWarnSound{fraService[3], "chkWarnSound"};
+  CheckBox chkWarnDisplay{fraService[3], "chkWarnDisplay", [this] { chkWarnDisplay_Click(); }};
+  CheckBox chkWarnSound{fraService[3], "chkWarnSound", [this] { chkWarnSound_Click(); }};
   TextBox txtWarningSound{fraService[3], "txtWarningSound"};
-  Button btnWarnBrowse{fraService[3], "btnWarnBrowse"};
-  Button btnWarnPlay{fraService[3], "btnWarnPlay"};
+  Button btnWarnBrowse{fraService[3], "btnWarnBrowse", [this] { btnWarnBrowse_Click(); }};
+  Button btnWarnPlay{fraService[3], "btnWarnPlay", [this] { btnWarnPlay_Click(); }};
   Label lblWarnNotes{fraService[3], "lblWarnNotes"};
 
   Label lblOKNotice{*this, "lblOKNotice"};  // why the service cannot be confirmed yet
-  Button btnOK{*this, "btnOK"};
-  Button btnCancel{*this, "btnCancel"};
+  Button btnOK{*this, "btnOK", [this] { btnOK_Click(); }};
+  Button btnCancel{*this, "btnCancel", [this] { Unload(); }};
 
   // What the window is opened for: a service of these settings, or one that does not exist yet.
   Settings* Edited = &settings;

@@ -36,8 +36,6 @@ frmSetup::frmSetup(Windows& owner) : Window("frmSetup", owner) {
   TabStrip1.SetTabs(std::move(tabs));
   TabStrip1.Click = [this] { TabStrip1_Click(); };
   KeyDown = [this](KeyPress& press) { Form_KeyDown(press); };
-  btnSave.Click = [this] { btnSave_Click(); };
-  btnCancel.Click = [this] { Unload(); };
   btnCancel.ClickMovesFocus = false;
   btnDefaults.Click = [this] { Modem.btnDefaults_Click(); };
   General.MaxServicesTaken = [this] { Services.ShowServiceCount(); };

@@ -34,8 +34,8 @@ class frmSetup : public Window {
   SetupHolidays Holidays{{Settings[6], windows, edited}};
   SetupReport Report{{Settings[7], windows, edited}};
   Button btnDefaults{*this, "btnDefaults"};  // of the Modem tab
-  Button btnSave{*this, "btnSave"};
-  Button btnCancel{*this, "btnCancel"};
+  Button btnSave{*this, "btnSave", [this] { btnSave_Click(); }};
+  Button btnCancel{*this, "btnCancel", [this] { Unload(); }};
 
   // Notices to the main window: options were changed that it shows or starts with; the default log is
   // another.

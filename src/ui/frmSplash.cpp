@@ -12,10 +12,7 @@ namespace qel {
 frmSplash::frmSplash(Windows& owner) : Window("frmSplash", owner) {
   HelpContextID = HelpAbout;
   SplashTimer1.Enabled = false;
-  SplashTimer1.Elapsed = [this] { SplashLabel1.Visible = !SplashLabel1.Visible; };
   KeyDown = [this](KeyPress&) { EndPause(); };
-  Picture1.Click = [this] { EndPause(); };
-  SplashLabel1.Click = [this] { EndPause(); };
 }
 
 void frmSplash::Form_Load() {

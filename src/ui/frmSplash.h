@@ -21,10 +21,10 @@ class frmSplash : public Window, public Display {
   // Opens the main window in place of this one.
   void HandOver();
 
-  Picture Picture1{*this, "Picture1"};
+  Picture Picture1{*this, "Picture1", [this] { EndPause(); }};
   Label LabelVersion{*this, "LabelVersion"};
-  Label SplashLabel1{*this, "SplashLabel1"};
-  Timer SplashTimer1{*this, "SplashTimer1", 1000};
+  Label SplashLabel1{*this, "SplashLabel1", [this] { EndPause(); }};
+  Timer SplashTimer1{*this, "SplashTimer1", 1000, [this] { SplashLabel1.Visible = !SplashLabel1.Visible; }};
   Timer SplashTimer2{*this, "SplashTimer2", 500};
 
  private:

@@ -11,7 +11,6 @@
 #include "ui/frmService.h"
 #include "values/DateFormat.h"
 #include "values/NumberConversion.h"
-#include "values/Region.h"
 
 namespace qel {
 
@@ -37,8 +36,6 @@ frmTariff::frmTariff(Windows& owner) : Window("frmTariff", owner) {
   HelpContextID = HelpTariff;
   ConnectFields();
   ConnectLists();
-  btnOK.Click = [this] { btnOK_Click(); };
-  btnCancel.Click = [this] { Unload(); };
 }
 
 void frmTariff::ConnectFields() {

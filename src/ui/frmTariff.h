@@ -37,8 +37,8 @@ class frmTariff : public Window {
   TextBox txtDialTimeTariffUnitSecs{*this, "txtDialTimeTariffUnitSecs"};
   Label lblDialTimeTariff12{*this, "lblDialTimeTariff12"};
   Label lblOKNotice{*this, "lblOKNotice"};  // why the tariff cannot be confirmed yet
-  Button btnOK{*this, "btnOK"};
-  Button btnCancel{*this, "btnCancel"};
+  Button btnOK{*this, "btnOK", [this] { btnOK_Click(); }};
+  Button btnCancel{*this, "btnCancel", [this] { Unload(); }};
 
   bool NewTariff = false;  // opened for a new tariff; still set when it was confirmed
 

@@ -26,11 +26,7 @@ std::string NoTips() {
 
 frmTip::frmTip(Windows& owner) : Window("frmTip", owner) {
   HelpContextID = HelpTips;
-  cmdOK.Click = [this] { Unload(); };
-  cmdNextTip.Click = [this] { ShowNextTip(); };
-  btnPrevious.Click = [this] { ShowPreviousTip(); };
   Command1.Click = [this] { windows.HelpForm->ShowHelpContents(); };
-  btnReadme.Click = [this] { btnReadme_Click(); };
 }
 
 void frmTip::Form_Load() {

@@ -17,10 +17,10 @@ class frmTip : public Window {
   Picture Picture1{*this, "Picture1"};
   Label Label1{*this, "Label1"};
   Label lblTipText{*this, "lblTipText"};
-  Button cmdOK{*this, "cmdOK"};
-  Button cmdNextTip{*this, "cmdNextTip"};
-  Button btnPrevious{*this, "btnPrevious"};
-  Button btnReadme{*this, "btnReadme"};
+  Button cmdOK{*this, "cmdOK", [this] { Unload(); }};
+  Button cmdNextTip{*this, "cmdNextTip", [this] { ShowNextTip(); }};
+  Button btnPrevious{*this, "btnPrevious", [this] { ShowPreviousTip(); }};
+  Button btnReadme{*this, "btnReadme", [this] { btnReadme_Click(); }};
   Button Command1{*this, "Command1"};
   CheckBox chkLoadTipsAtStartup{*this, "chkLoadTipsAtStartup"};
 

@@ -6,7 +6,6 @@
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "maintenance/LogSwap.h"
-#include "modemlog/LogExamination.h"
 #include "settings/UserParameters.h"
 #include "ui/HelpNumbers.h"
 #include "ui/frmFind.h"
@@ -35,10 +34,6 @@ constexpr char ArchiveFilter[] = "Qelmark Modem Log Archive (*.qel)|*.qel";
 frmViewLog::frmViewLog(Windows& owner) : Window("frmViewLog", owner) {
   HelpContextID = HelpLogViewer;
   StatusBar1.SetPanelCount(ArchivePanel);
-  mnuSave.Click = [this] { mnuSave_Click(); };
-  mnuSaveArchive.Click = [this] { mnuSaveArchive_Click(); };
-  mnuExit.Click = [this] { Unload(); };
-  mnuCopy.Click = [this] { mnuCopy_Click(); };
   mnuCut.Click = [this] {
     mnuCopy_Click();
     TextViewLog.ReplaceSelection("");
@@ -47,14 +42,10 @@ frmViewLog::frmViewLog(Windows& owner) : Window("frmViewLog", owner) {
   mnuSelectAll.Click = [this] { TextViewLog.Select(0, static_cast<int>(TextViewLog.Text().size())); };
   mnuTop.Click = [this] { TextViewLog.Select(0, 0); };
   mnuBottom.Click = [this] { TextViewLog.Select(static_cast<int>(TextViewLog.Text().size()), 0); };
-  mnuSearchFind.Click = [this] { mnuSearchFind_Click(); };
-  mnuSearchFindNext.Click = [this] { mnuSearchFindNext_Click(); };
-  mnuFont.Click = [this] { mnuFont_Click(); };
   mnuSaveSettings.Click = [this] {
     windowSettings.ViewLogSettings.SaveSettings = !windowSettings.ViewLogSettings.SaveSettings;
     mnuSaveSettings.Checked = windowSettings.ViewLogSettings.SaveSettings;
   };
-  mnuRestore.Click = [this] { mnuRestore_Click(); };
   TextViewLog.Change = [this] {
     if (ViewingLog && !loading) EnableSave(true);
   };

@@ -1,7 +1,6 @@
 // Another value for a while.
 #pragma once
 
-#include <type_traits>
 #include <utility>
 
 namespace qel {

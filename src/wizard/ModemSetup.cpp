@@ -1,11 +1,9 @@
 #include "wizard/ModemSetup.h"
 
 #include "core/ErrorHandler.h"
-#include "core/Places.h"
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
 #include "modemlog/NewLog.h"
-#include "settings/StoredValues.h"
 #include "settings/UserParameters.h"
 #include "values/CodePage.h"
 
