@@ -8,7 +8,6 @@
 #include "analysis/ConnectionNotes.h"
 #include "analysis/Period.h"
 #include "modemlog/DialledNumber.h"
-#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "reports/DetailLines.h"
 #include "reports/UseByService.h"
@@ -79,18 +78,14 @@ std::string JsonText(const std::string& text) {
   return quoted + '"';
 }
 
-struct CsvValue {
-  std::string operator()(const std::string& text) const { return CsvText(text); }
-  std::string operator()(long number) const { return std::to_string(number); }
-  std::string operator()(double number) const { return PlainNumber(number); }
-  std::string operator()(const Words& words) const { return CsvText(Joined(words, " ")); }
-};
+struct ValueText {
+  const bool csv;  // else JSON
 
-struct JsonValue {
-  std::string operator()(const std::string& text) const { return JsonText(text); }
+  std::string operator()(const std::string& text) const { return csv ? CsvText(text) : JsonText(text); }
   std::string operator()(long number) const { return std::to_string(number); }
   std::string operator()(double number) const { return PlainNumber(number); }
   std::string operator()(const Words& words) const {
+    if (csv) return CsvText(Joined(words, " "));
     Words quoted;
     for (const auto& word : words) quoted.push_back(JsonText(word));
     return "[" + Joined(quoted, ", ") + "]";
@@ -102,8 +97,7 @@ std::string RecordText(const Record& record, ExportFormat format) {
   const bool csv = format == ExportFormat::Csv;
   Words fields;
   for (const auto& field : record)
-    fields.push_back(csv ? std::visit(CsvValue(), field.Value)
-                         : JsonText(field.Name) + ": " + std::visit(JsonValue(), field.Value));
+    fields.push_back((csv ? "" : JsonText(field.Name) + ": ") + std::visit(ValueText{csv}, field.Value));
   return csv ? Joined(fields, ",") + "\r\n" : "{" + Joined(fields, ", ") + "}";
 }
 
