@@ -11,7 +11,6 @@ namespace {
 
 enum DialOption { FixedCharge = 1, TariffCharge = 2 };
 
-constexpr int LastMinute = 59;  // seconds that a tariff's end includes
 constexpr int LastSecondOfDay = SecondsPerDay - 1;
 
 bool IsByTime(const TariffRecord& tariff) {
@@ -69,13 +68,13 @@ class TariffWalk {
 
   Outcome Try(const TariffRecord& tariff) {
     if (!DayMatches(settings, day, tariff.AppliesDays)) return Outcome::Miss;
-    if (SecondOfDay(tariff.AppliesTimeStart) > second) return Outcome::CheckEnd;
+    if (FirstSecond(tariff) > second) return Outcome::CheckEnd;
     const bool withinOneDay = endDay <= period.PeriodEnd && day >= period.PeriodStart && endDay == day;
     return withinOneDay ? TryWithinOneDay(tariff) : TryAcrossDays(tariff);
   }
 
   Outcome TryWithinOneDay(const TariffRecord& tariff) {
-    const int segmentEnd = SecondOfDay(tariff.AppliesTimeEnd) + LastMinute;
+    const int segmentEnd = LastSecond(tariff);
     if (endSecond <= segmentEnd) {
       Price(tariff, endSecond, UnitNote::Once);
       second = endSecond;
@@ -95,9 +94,8 @@ class TariffWalk {
       return Outcome::SameTariffAgain;
     }
     if (day > period.PeriodEnd) return Outcome::CheckEnd;
-    const int tariffEnd = SecondOfDay(tariff.AppliesTimeEnd);
-    int segmentEnd = tariffEnd + LastMinute;
-    if (endDay < day && endSecond <= tariffEnd) {
+    int segmentEnd = LastSecond(tariff);
+    if (endDay < day && endSecond <= SecondOfDay(tariff.AppliesTimeEnd)) {
       segmentEnd = endSecond;
       covered = true;
     }

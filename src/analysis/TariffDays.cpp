@@ -55,6 +55,14 @@ Span SpanOf(std::string_view days) {
           EndOf(days.substr(between + Between.size()), LastThree(days))};
 }
 
+// 1 to 7, the position of a day by its short or full name in the user's language or in English, or 8.
+int PositionOf(std::string_view name) {
+  const Int16 brief = GetDayIndex(std::string(name));
+  if (brief < NoDay) return brief;
+  const Int16 full = PositionIn(Region.LongDays, name);
+  return full < NoDay ? full : PositionIn(English.LongDays, name);
+}
+
 }  // namespace
 
 bool DayMatches(const Settings& settings, Date date, const std::string& appliesDays) {
@@ -86,6 +94,18 @@ std::string DaysInUsersWords(const std::string& appliesDays) {
 bool AreKnownDays(const std::string& appliesDays) {
   return appliesDays == "Holidays" || appliesDays == "Everyday" || DayIndex(appliesDays) > 0 ||
          SpanOf(appliesDays).first < NoDay;
+}
+
+unsigned DaysNamed(const std::string& appliesDays) {
+  if (appliesDays == "Everyday") return 127;
+  const auto between = appliesDays.find(Between);
+  const int first = PositionOf(appliesDays.substr(0, between));
+  const int last =
+      between == std::string::npos ? first : PositionOf(appliesDays.substr(between + Between.size()));
+  if (first >= NoDay || last >= NoDay) return 0;
+  unsigned days = 1u << (last - 1);
+  for (int day = first; day != last; day = day % 7 + 1) days |= 1u << (day - 1);
+  return days;
 }
 
 }  // namespace qel
