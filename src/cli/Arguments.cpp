@@ -13,7 +13,7 @@ struct OptionRow {
   const char* value;  // what the usage calls it; nullptr for an option without one
   const char* explanation;
   Take take;
-  bool ofReport = true;  // and so nothing beside --import
+  enum Use { OfReport, OfCheckToo, Alone } use = OfReport;  // what may stand beside --check, and --import
 };
 
 bool AllDigits(const std::string& text) {
@@ -56,9 +56,9 @@ const Choice<OutputFormat> Formats[] = {{"text", OutputFormat::Text},
 
 const OptionRow Rows[] = {
     {"--log", "FILE", "the modem log to read (default: that of the settings)",
-     [](Arguments& a, const std::string& value) { a.log = value; }},
+     [](Arguments& a, const std::string& value) { a.log = value; }, OptionRow::OfCheckToo},
     {"--settings", "FILE.reg", "services, tariffs and options; never written to",
-     [](Arguments& a, const std::string& value) { a.settings = value; }},
+     [](Arguments& a, const std::string& value) { a.settings = value; }, OptionRow::OfCheckToo},
     {"--from", "YYYY-MM-DD", "first day of the report (default: the log's first)",
      [](Arguments& a, const std::string& value) { a.from = IsoDateOf(value); }},
     {"--to", "YYYY-MM-DD", "last day of the report (default: the log's last)",
@@ -66,17 +66,20 @@ const OptionRow Rows[] = {
     {"--report", "summary|details", "each service (default), or each connection",
      [](Arguments& a, const std::string& value) { a.report = Choose(Reports, "--report", value); }},
     {"--format", "text|csv|json|html", "how it is written, in UTF-8 (default: text)",
-     [](Arguments& a, const std::string& value) { a.format = Choose(Formats, "--format", value); }},
+     [](Arguments& a, const std::string& value) { a.format = Choose(Formats, "--format", value); },
+     OptionRow::OfCheckToo},
     {"--output", "FILE", "where it is written (default: standard output)",
-     [](Arguments& a, const std::string& value) { a.output = value; }},
+     [](Arguments& a, const std::string& value) { a.output = value; }, OptionRow::OfCheckToo},
     {"--stats", nullptr, "print the log's statistics in place of a report",
      [](Arguments& a, const std::string&) { a.stats = true; }},
+    {"--check", nullptr, "print what is doubtful in the settings in place of a report",
+     [](Arguments& a, const std::string&) { a.check = true; }, OptionRow::OfCheckToo},
     {"--import", "FILE.reg", "take exported settings into your own, and nothing else",
-     [](Arguments& a, const std::string& value) { a.import = value; }, false},
+     [](Arguments& a, const std::string& value) { a.import = value; }, OptionRow::Alone},
     {"--help", nullptr, "print this help, as -h does",
-     [](Arguments& a, const std::string&) { a.help = true; }, false},
+     [](Arguments& a, const std::string&) { a.help = true; }, OptionRow::Alone},
     {"--version", nullptr, "print the version", [](Arguments& a, const std::string&) { a.version = true; },
-     false},
+     OptionRow::Alone},
 };
 
 const OptionRow& RowOf(const std::string& name) {
@@ -94,7 +97,8 @@ std::string Shown(const OptionRow& row) {
 
 Arguments ParseArguments(const std::vector<std::string>& words) {
   Arguments arguments;
-  const char* ofReport = nullptr;  // an option that was given for a report
+  const char* ofReport = nullptr;      // an option that was given for a report
+  const char* ofReportOnly = nullptr;  // and goes with no check
   for (std::size_t i = 0; i < words.size(); ++i) {
     const auto equals = words[i].starts_with("--") ? words[i].find('=') : std::string::npos;
     const OptionRow& row = RowOf(words[i].substr(0, equals));
@@ -108,10 +112,15 @@ Arguments ParseArguments(const std::vector<std::string>& words) {
     }
     if (row.value && value.empty()) throw ArgumentError(Shown(row) + ": the value is empty");
     row.take(arguments, value);
-    if (row.ofReport) ofReport = row.name;
+    if (row.use != OptionRow::Alone) ofReport = row.name;
+    if (row.use == OptionRow::OfReport) ofReportOnly = row.name;
   }
   if (arguments.import && ofReport)
     throw ArgumentError(std::string("--import makes no report and takes no ") + ofReport);
+  if (arguments.check && ofReportOnly)
+    throw ArgumentError(std::string("--check makes no report and takes no ") + ofReportOnly);
+  if (arguments.check && (arguments.format == OutputFormat::Csv || arguments.format == OutputFormat::Html))
+    throw ArgumentError("--check writes text or json");
   if (arguments.from && arguments.to && *arguments.from > *arguments.to)
     throw ArgumentError("--from is a later day than --to");
   return arguments;
@@ -145,7 +154,7 @@ std::string HelpText() {
   return text +
          "\nExit status: 0 a whole report, 1 no report, 2 wrong arguments, 3 a report that\n"
          "is incomplete because the connection limit was reached. Of an import: 0 taken,\n"
-         "1 not taken.\n";
+         "1 not taken. Of a check: 0 nothing found, 1 something found or no check.\n";
 }
 
 }  // namespace qel

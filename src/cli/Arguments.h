@@ -24,6 +24,7 @@ struct Arguments {
   std::optional<std::string> output;
   std::optional<std::string> import;
   bool stats = false;
+  bool check = false;
   bool help = false;
   bool version = false;
 };

@@ -6,6 +6,7 @@
 #include "cli/LogSelection.h"
 #include "cli/PeriodSelection.h"
 #include "cli/ReportOutput.h"
+#include "cli/SettingsCheckRun.h"
 #include "core/Places.h"
 #include "core/Surroundings.h"
 #include "platform/Files.h"
@@ -20,8 +21,10 @@ namespace qel {
 namespace {
 
 // Reads the store, or the file named in its place. What cannot be read is complained of: a store leaves the
-// built-in settings, a named file is no answer to what was asked, and False.
-bool OpenSettings(RegistryStore& store, const std::optional<std::string>& named) {
+// built-in settings to a report, but is no answer to a check; a named file is none to either, and False.
+bool OpenSettings(RegistryStore& store, const Arguments& arguments) {
+  const auto& named = arguments.settings;
+  const bool needed = named || arguments.check;
   const std::string path = named.value_or(SettingsStorePath());
   try {
     if (named && !PathExists(path)) RaiseErrno(ENOENT, path);
@@ -29,8 +32,8 @@ bool OpenSettings(RegistryStore& store, const std::optional<std::string>& named)
     return true;
   } catch (const RunTimeError& error) {
     Complain("cannot read the settings in " + ShownPath(path) + ": " + ReasonOf(error) +
-             (named ? "" : "; the built-in ones hold"));
-    return !named;
+             (needed ? "" : "; the built-in ones hold"));
+    return !needed;
   }
 }
 
@@ -67,8 +70,9 @@ void TellDifferences(const ReportOf& report) {
 ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   const Surroundings around(host, host);
   Session session;
-  if (!OpenSettings(session.store, arguments.settings)) return NoReport;
+  if (!OpenSettings(session.store, arguments)) return NoReport;
   LoadSettings(session);
+  if (arguments.check) return RunSettingsCheck(session, arguments);
   if (!SelectLog(session, arguments.log)) return NoReport;
   if (arguments.output && !MayWriteTo(*arguments.output, session.logFile, arguments.settings))
     return NoReport;

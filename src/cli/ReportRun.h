@@ -6,7 +6,14 @@
 
 namespace qel {
 
-enum ExitStatus : int { WholeReport = 0, NoReport = 1, WrongArguments = 2, IncompleteReport = 3 };
+enum ExitStatus : int {
+  WholeReport = 0,
+  NothingFound = 0,  // by a check
+  NoReport = 1,
+  SomethingFound = 1,
+  WrongArguments = 2,
+  IncompleteReport = 3
+};
 
 // Runs by the arguments and says on standard error why there is no report, if there is none. Never writes to
 // the settings. `host` becomes the program's host and display and must outlive it. Throws ProgramEnd where an

@@ -61,23 +61,6 @@ std::string CsvText(const std::string& text) {
   return quoted + '"';
 }
 
-std::string JsonText(const std::string& text) {
-  std::string quoted = "\"";
-  for (const char c : text) {
-    if (c == '"' || c == '\\') {
-      quoted += '\\';
-      quoted += c;
-    } else if (static_cast<unsigned char>(c) < 32) {
-      char escape[8];
-      std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
-      quoted += escape;
-    } else {
-      quoted += c;
-    }
-  }
-  return quoted + '"';
-}
-
 struct ValueText {
   const bool csv;  // else JSON
 
@@ -186,6 +169,23 @@ Record DetailRecord(const Settings& settings, const DetailLine& line) {
 }
 
 }  // namespace
+
+std::string JsonText(const std::string& text) {
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') {
+      quoted += '\\';
+      quoted += c;
+    } else if (static_cast<unsigned char>(c) < 32) {
+      char escape[8];
+      std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
+      quoted += escape;
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted + '"';
+}
 
 std::string IsoDate(Date date) { return FormatDate(date, "yyyy\\-mm\\-dd"); }
 

@@ -13,6 +13,9 @@ namespace qel {
 
 enum class ExportFormat { Csv, Json };
 
+// Text in UTF-8 as JSON writes it, in quotation marks.
+std::string JsonText(const std::string& text);
+
 // "1998-10-05"
 std::string IsoDate(Date date);
 

@@ -1,0 +1,56 @@
+#include "cli/SettingsCheckRun.h"
+
+#include "analysis/SettingsCheck.h"
+#include "cli/ReportOutput.h"
+#include "platform/Clock.h"
+#include "reports/ReportExport.h"
+#include "values/CodePage.h"
+
+namespace qel {
+
+namespace {
+
+std::string FindingsText(const std::vector<Finding>& findings) {
+  if (findings.empty()) return "Nothing found.\n";
+  std::string text;
+  for (const auto& finding : findings)
+    text += std::string(NameOf(finding.Kind)) + ": " + ToCleanUtf8(finding.Text) + "\n";
+  return text;
+}
+
+std::string DaysAsJson(DaySet days) {
+  std::string text;
+  for (int day = 0; day < DayCount; ++day)
+    if (days >> day & 1) text += (text.empty() ? "" : ", ") + JsonText(DayName(day));
+  return "[" + text + "]";
+}
+
+std::string FindingAsJson(const Finding& finding) {
+  const auto clock = [&](int MinuteSpan::*end) {
+    return finding.Minutes ? JsonText(ClockText((*finding.Minutes).*end)) : "null";
+  };
+  return "{\"service\": " + (finding.Service.empty() ? "null" : JsonText(ToCleanUtf8(finding.Service))) +
+         ", \"kind\": " + JsonText(NameOf(finding.Kind)) + ", \"days\": " + DaysAsJson(finding.Days) +
+         ", \"from\": " + clock(&MinuteSpan::From) + ", \"to\": " + clock(&MinuteSpan::To) +
+         ", \"text\": " + JsonText(ToCleanUtf8(finding.Text)) + "}";
+}
+
+std::string FindingsAsJson(const std::vector<Finding>& findings) {
+  std::string text;
+  for (const auto& finding : findings) text += (text.empty() ? "\n    " : ",\n    ") + FindingAsJson(finding);
+  return "{\n  \"findings\": [" + text + (text.empty() ? "]\n}\n" : "\n  ]\n}\n");
+}
+
+}  // namespace
+
+ExitStatus RunSettingsCheck(Session& session, const Arguments& arguments) {
+  if (arguments.output && !MayWriteTo(*arguments.output, session.logFile, arguments.settings))
+    return NoReport;
+  const auto findings = CheckSettings(session.settings, Today());
+  const std::string text =
+      arguments.format == OutputFormat::Json ? FindingsAsJson(findings) : FindingsText(findings);
+  if (!WriteOut(text, arguments.output)) return NoReport;
+  return findings.empty() ? NothingFound : SomethingFound;
+}
+
+}  // namespace qel
