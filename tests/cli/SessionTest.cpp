@@ -49,6 +49,6 @@ TEST_P(Session, IsAsBefore) {
   ExpectFile(file, Play(folder.Content("source/tests/" + file)));
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Session, ::testing::Values("refusals", "reports", "import"), NameOf);
+INSTANTIATE_TEST_SUITE_P(Of, Session, ::testing::Values("refusals", "reports", "import", "check"), NameOf);
 
 }  // namespace qel
