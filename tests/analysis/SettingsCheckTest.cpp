@@ -68,12 +68,12 @@ TEST_F(AnalysisTest, CheckFindsWhatCallsInEachMinuteOfAWeekArePricedBy) {
   RandomTariffs random(7);
   SetPeriod(Jan(4), Jan(12));
   const Pricing pricing(settings, period);
-  // The number of the tariff that all of a call is priced by, or 0.
+  // The number of the tariff that all of a call is priced by, or 0. A second at midnight is never charged.
   const auto pricedBy = [&](Date day, int minute, int seconds) {
     const Date start = AddSeconds(day, minute * 60), end = AddSeconds(start, seconds);
     const double cost = pricing.GetDialupCost("555", WholeDay(start), start - WholeDay(start), WholeDay(end),
                                               end - WholeDay(end), nullptr);
-    const double number = cost / (1 + 10 * seconds);
+    const double number = cost / (1 + 10 * (seconds - (WholeDay(end) > WholeDay(start) ? 1 : 0)));
     return number == std::floor(number) ? static_cast<int>(number) : 0;
   };
   for (int set = 0, sets = wanted ? std::stoi(wanted) : 30; set < sets; ++set) {
