@@ -27,8 +27,8 @@ _qelreport() {
       ;;
     --from | --to) ;;
     *)
-      mapfile -t COMPREPLY < <(compgen -W '--log --settings --from --to --report --format --output --stats --import
-        --help -h --version' -- "$word")
+      mapfile -t COMPREPLY < <(compgen -W '--log --settings --from --to --report --format --output --stats --check
+        --import --help -h --version' -- "$word")
       ;;
   esac
 }

@@ -10,6 +10,7 @@ _arguments \
   '--format=[how the report is written]:format:(text csv json html)' \
   '--output=[where the report is written]:file:_files' \
   '--stats[print the statistics of the log instead]' \
+  '--check[print what is doubtful in the settings instead]' \
   '--import=[take exported settings into your own]:settings:_files -g "*.(#i)reg"' \
   '--help[print the help]' \
   '-h[print the help]' \
