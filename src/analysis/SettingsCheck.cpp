@@ -74,8 +74,8 @@ void FindNameClashes(const Settings& settings, std::vector<Finding>& findings) {
 }  // namespace
 
 const char* NameOf(FindingKind kind) {
-  constexpr const char* names[] = {"gap",     "unreached",     "runs-over",    "range",
-                                   "no-cost", "shared-number", "past-holiday", "name-clash"};
+  constexpr const char* names[] = {"gap",           "unreached",    "runs-over",  "range",  "no-cost",
+                                   "shared-number", "past-holiday", "name-clash", "markers"};
   return names[static_cast<int>(kind)];
 }
 

@@ -19,6 +19,7 @@ enum class FindingKind {
   SharedNumber,  // a number of two services
   PastHoliday,   // holidays that are past
   NameClash,     // two values with one name in the store
+  Markers,       // a text by which log lines are recognised, and the log words them otherwise
 };
 
 // "gap", "unreached", "runs-over", ...

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 
+#include "analysis/MarkersCheck.h"
 #include "cli/CommandLineHost.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Files.h"
@@ -15,6 +16,8 @@ bool Refuse(const LogFile& logFile, const std::string& why) {
   Complain(ShownPath(logFile.CurrentLogPath) + ": " + why);
   return false;
 }
+
+}  // namespace
 
 bool CanBeRead(const LogFile& logFile) {
   if (IsStream(logFile.CurrentLogPath))
@@ -30,16 +33,18 @@ bool CanBeRead(const LogFile& logFile) {
   }
 }
 
-}  // namespace
-
-bool SelectLog(Session& session, const std::optional<std::string>& named) {
-  LogFile& logFile = session.logFile;
-  const LogFindings& findings = session.findings;
+void NameLog(Session& session, const std::optional<std::string>& named) {
   if (named)
     session.SetCurrentLog(*named);
   else
     session.SetCurrentLog(session.settings.ModemLogDir, session.settings.ModemLogFile);
-  logFile.ArchiveOpen = named.has_value();
+  session.logFile.ArchiveOpen = named.has_value();
+}
+
+bool SelectLog(Session& session, const std::optional<std::string>& named) {
+  const LogFile& logFile = session.logFile;
+  const LogFindings& findings = session.findings;
+  NameLog(session, named);
   if (!CanBeRead(logFile)) return false;
   session.Examine(logFile.ArchiveOpen ? LogHealth::Sound : LogHealth::Unknown);
   if (findings.LogCorrupt)
@@ -47,6 +52,8 @@ bool SelectLog(Session& session, const std::optional<std::string>& named) {
   if (findings.LogEmpty) return Refuse(logFile, "the log is empty");
   if (findings.LogInvalid)
     return Refuse(logFile, "this is no modem log: its first or last entry has no date");
+  if (TimeInPlaceOfDate(logFile.CurrentLogPath))
+    return Refuse(logFile, "its lines begin with the time where the date should stand, so no call has a day");
   if (findings.LogTooBig && !logFile.ArchiveOpen) ShowLogTooBig();
   return true;
 }

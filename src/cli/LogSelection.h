@@ -12,4 +12,10 @@ namespace qel {
 // corruption, and gathers its statistics. False with a complaint where there is nothing to report on.
 bool SelectLog(Session& session, const std::optional<std::string>& named);
 
+// Its first step, without a look at the file.
+void NameLog(Session& session, const std::optional<std::string>& named);
+
+// Whether the log in hand can be read; says on standard error why not.
+bool CanBeRead(const LogFile& logFile);
+
 }  // namespace qel

@@ -1,8 +1,12 @@
 #include "cli/SettingsCheckRun.h"
 
-#include "analysis/SettingsCheck.h"
+#include <algorithm>
+
+#include "analysis/MarkersCheck.h"
+#include "cli/LogSelection.h"
 #include "cli/ReportOutput.h"
 #include "platform/Clock.h"
+#include "platform/Files.h"
 #include "reports/ReportExport.h"
 #include "values/CodePage.h"
 
@@ -41,16 +45,28 @@ std::string FindingsAsJson(const std::vector<Finding>& findings) {
   return "{\n  \"findings\": [" + text + (text.empty() ? "]\n}\n" : "\n  ]\n}\n");
 }
 
+// The texts of the log beside the log, where there is one: a default log that is missing is no fault. False
+// where it cannot be read, which is said.
+bool AddMarkers(Session& session, const std::optional<std::string>& named, std::vector<Finding>& findings) {
+  const LogFile& logFile = session.logFile;
+  if (!named && !PathExists(logFile.CurrentLogPath)) return true;
+  if (!CanBeRead(logFile)) return false;
+  std::ranges::move(CheckMarkers(session.settings, logFile.CurrentLogPath), std::back_inserter(findings));
+  return true;
+}
+
 }  // namespace
 
 ExitStatus RunSettingsCheck(Session& session, const Arguments& arguments) {
+  NameLog(session, arguments.log);
   if (arguments.output && !MayWriteTo(*arguments.output, session.logFile, arguments.settings))
     return NoReport;
-  const auto findings = CheckSettings(session.settings, Today());
+  auto findings = CheckSettings(session.settings, Today());
+  const bool logRead = AddMarkers(session, arguments.log, findings);
   const std::string text =
       arguments.format == OutputFormat::Json ? FindingsAsJson(findings) : FindingsText(findings);
   if (!WriteOut(text, arguments.output)) return NoReport;
-  return findings.empty() ? NothingFound : SomethingFound;
+  return findings.empty() && logRead ? NothingFound : SomethingFound;
 }
 
 }  // namespace qel

@@ -68,6 +68,8 @@ Date GetLineDate(std::string_view line) {
   }
 }
 
+bool BeginsWithTime(std::string_view line) { return IsLaidOutAs("00:00:00", line.substr(0, 8)); }
+
 Date TimeOfLine(std::string_view line) {
   const auto blank = line.find(' ');
   const std::size_t start = blank == std::string_view::npos ? 0 : blank + 1;

@@ -17,6 +17,10 @@ inline constexpr std::size_t DateLength = 10;
 // the calendar has. Month 13 and day 32 carry over; nothing here rejects them.
 Date GetLineDate(std::string_view line);
 
+// Whether a line has its time of day where the date belongs. Read as a date it makes some day of 1930 to
+// 2029.
+bool BeginsWithTime(std::string_view line);
+
 // The time of day between the first blank and the first "." behind it. Raises 5 (invalid call) where there is
 // no ".", 13 (type mismatch) where the text is no time.
 Date TimeOfLine(std::string_view line);

@@ -1,0 +1,30 @@
+// The seven texts by which lines of a log are recognised, beside what a log holds: drivers word their lines
+// in several ways, and a text that is found nowhere leaves connections without numbers, ends or data.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "analysis/SettingsCheck.h"
+
+namespace qel {
+
+// A text that no line of the log holds, though some line looks like what it is to find.
+struct MissingMarker {
+  std::string Settings::*Marker;
+  std::string Instead;  // a text that finds such lines
+  std::string Line;     // the first of them
+};
+
+// The first entry of a log whose entries, or the first ten of them, begin with the time of day where the date
+// belongs. Raises as the readers do.
+std::optional<std::string> TimeInPlaceOfDate(const std::string& logPath);
+
+// Reads the log once, and once more where a text is not found. Raises as the readers do.
+std::vector<MissingMarker> MissingMarkers(const Settings& settings, const std::string& logPath);
+
+// Both in sentences.
+std::vector<Finding> CheckMarkers(const Settings& settings, const std::string& logPath);
+
+}  // namespace qel
