@@ -13,6 +13,7 @@ namespace {
 
 constexpr int ByTariffs = 2;
 constexpr DaySet Week = 127;
+constexpr MinuteSpan WholeDayLong = {0, 1439};
 
 MinuteSpan Minutes(int firstSecond, int lastSecond) {
   return {firstSecond / 60, std::min(lastSecond, SecondsPerDay - 1) / 60};
@@ -47,7 +48,7 @@ std::string On(DaySet days) {
 }
 
 std::string InWords(const MinuteSpan& minutes) {
-  if (minutes == MinuteSpan{0, 1439}) return "at any time";
+  if (minutes == WholeDayLong) return "at any time";
   return "from " + ClockText(minutes.From) + " to " + ClockText(minutes.To);
 }
 
@@ -127,13 +128,19 @@ class TariffCheck {
       if (begin >= 0)
         Show(gaps, {Minutes(begin, SecondsPerDay - 1), NoTariff, NoTariff, false, BitOf(days[day])});
     }
-    for (const auto& gap : gaps)
-      Add(FindingKind::Gap, gap.Days, gap.Minutes,
-          "Calls to " + name + " that begin " + On(gap.Days) + " " + InWords(gap.Minutes) +
-              " have no tariff: they are charged nothing for the call, however long they last, and no report "
-              "says so. Calls that run into that time pay for what lies before it alone, and the Details "
-              "mark "
-              "those that pay anything 'Incomplete Tariff'.");
+    for (const auto& gap : gaps) Add(FindingKind::Gap, gap.Days, gap.Minutes, Told(gap));
+  }
+
+  std::string Told(const Shown& gap) const {
+    if ((gap.Days & Week) == Week && gap.Minutes == WholeDayLong)
+      return "No tariff of " + name +
+             " holds at any time: nothing is charged for its calls, and no report says so.";
+    return "Calls to " + name + " that begin " + On(gap.Days) + " " + InWords(gap.Minutes) +
+           " have no tariff: they are charged nothing for the call, however long they last, and no report "
+           "says so. "
+           "Calls that run into that time pay for what lies before it alone, and the Details mark those that "
+           "pay "
+           "anything 'Incomplete Tariff'.";
   }
 
   void FindRange(int t) {
