@@ -84,6 +84,26 @@ const char* DayName(int day) {
   return names[day];
 }
 
+std::string DaysInWords(DaySet days) {
+  std::vector<std::string> words;
+  for (int day = 0; day < HolidayBit; ++day) {
+    int last = day;
+    while (last < HolidayBit && days >> last & 1) ++last;
+    if (last - day >= 3) {
+      words.push_back(std::string(DayName(day)) + " to " + DayName(last - 1));
+      day = last;
+    } else if (last > day) {
+      words.emplace_back(DayName(day));
+    }
+  }
+  if ((days & Week) == Week) words = {"every day"};
+  if (days >> HolidayBit & 1) words.emplace_back("holidays");
+  std::string text;
+  for (std::size_t i = 0; i < words.size(); ++i)
+    text += (i == 0 ? "" : i + 1 == words.size() ? " and " : ", ") + words[i];
+  return text == "every day and holidays" ? "every day" : text;
+}
+
 std::string ClockText(int minute) {
   const auto twoDigits = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };
   return twoDigits(minute / 60) + ":" + twoDigits(minute % 60);

@@ -29,15 +29,20 @@ const char* NameOf(FindingKind kind);
 using DaySet = unsigned;
 inline constexpr int DayCount = 8;
 inline constexpr int HolidayBit = 7;
+inline constexpr DaySet Week = 127;
 
 // "Mon" to "Sun", "Holiday"; `day` is 0 to 7.
 const char* DayName(int day);
+
+// "Tue to Sun", "Sat, Sun and holidays", "every day".
+std::string DaysInWords(DaySet days);
 
 // Minutes of the day, both included: 0 to 1439.
 struct MinuteSpan {
   int From, To;
   bool operator==(const MinuteSpan&) const = default;
 };
+inline constexpr int LastMinuteOfDay = 1439;
 
 // "08:05"
 std::string ClockText(int minute);

@@ -12,8 +12,7 @@ namespace qel {
 namespace {
 
 constexpr int ByTariffs = 2;
-constexpr DaySet Week = 127;
-constexpr MinuteSpan WholeDayLong = {0, 1439};
+constexpr MinuteSpan WholeDayLong = {0, LastMinuteOfDay};
 
 MinuteSpan Minutes(int firstSecond, int lastSecond) {
   return {firstSecond / 60, std::min(lastSecond, SecondsPerDay - 1) / 60};
@@ -21,29 +20,8 @@ MinuteSpan Minutes(int firstSecond, int lastSecond) {
 
 DaySet BitOf(const KindOfDay& kind) { return 1u << (kind.Holiday ? HolidayBit : kind.Weekday - 1); }
 
-// "Tue to Sun", "Sat, Sun and holidays", "every day".
-std::string InWords(DaySet days) {
-  std::vector<std::string> words;
-  for (int day = 0; day < HolidayBit; ++day) {
-    int last = day;
-    while (last < HolidayBit && days >> last & 1) ++last;
-    if (last - day >= 3) {
-      words.push_back(std::string(DayName(day)) + " to " + DayName(last - 1));
-      day = last;
-    } else if (last > day) {
-      words.emplace_back(DayName(day));
-    }
-  }
-  if ((days & Week) == Week) words = {"every day"};
-  if (days >> HolidayBit & 1) words.emplace_back("holidays");
-  std::string text;
-  for (std::size_t i = 0; i < words.size(); ++i)
-    text += (i == 0 ? "" : i + 1 == words.size() ? " and " : ", ") + words[i];
-  return text == "every day and holidays" ? "every day" : text;
-}
-
 std::string On(DaySet days) {
-  const std::string words = InWords(days);
+  const std::string words = DaysInWords(days);
   return words.starts_with("every") ? words : "on " + words;
 }
 
