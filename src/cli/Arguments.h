@@ -7,12 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "reports/WrittenReport.h"
 #include "values/Calendar.h"
 
 namespace qel {
-
-enum class ReportKind { Summary, Details };
-enum class OutputFormat { Text, Csv, Json, Html };
 
 struct Arguments {
   std::optional<std::string> log;  // file paths are the bytes that were given

@@ -6,11 +6,9 @@
 #include "cli/CommandLineHost.h"
 #include "core/Places.h"
 #include "platform/Files.h"
-#include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"
 #include "reports/LogStatistics.h"
 #include "reports/ReportExport.h"
-#include "reports/SummaryReport.h"
 #include "values/CodePage.h"
 
 namespace qel {
@@ -22,10 +20,6 @@ void WriteToStandardOutput(const std::string& text) {
   if (!written || std::fflush(stdout) != 0) RaiseErrno(errno, "standard output");
 }
 
-ExportFormat ExportFormatOf(OutputFormat format) {
-  return format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
-}
-
 std::string StatisticsText(const LogFile& logFile, const LogFindings& findings) {
   std::string text;
   for (const auto& figure : LogStatistics(logFile, findings))
@@ -35,25 +29,13 @@ std::string StatisticsText(const LogFile& logFile, const LogFindings& findings) 
 
 }  // namespace
 
-std::string ReportOutput(Session& session, ReportKind report, OutputFormat format) {
-  const bool summary = report == ReportKind::Summary;
-  const ReportOf of = session.Reported();
-  const LogFile& logFile = session.logFile;
-  if (format == OutputFormat::Html) return summary ? SummaryPage(of, logFile) : DetailsPage(of, logFile);
-  if (format != OutputFormat::Text) {
-    const ExportFormat as = ExportFormatOf(format);
-    return summary ? ExportSummary(of, as) : ExportDetails(of, as);
-  }
-  ReportDocument document = summary ? DisplaySummaryReport(of) : DisplayDetailReport(of);
-  return ToCleanUtf8(document.ReportText += NewLine);
-}
-
 std::string StatisticsOutput(const Session& session, OutputFormat format) {
   const LogFile& logFile = session.logFile;
   const LogFindings& findings = session.findings;
   if (format == OutputFormat::Text) return StatisticsText(logFile, findings);
+  const ExportFormat as = format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
   return format == OutputFormat::Html ? StatisticsPage(logFile, findings)
-                                      : ExportStatistics(logFile, findings, ExportFormatOf(format));
+                                      : ExportStatistics(logFile, findings, as);
 }
 
 bool MayWriteTo(const std::string& path, const LogFile& logFile, const std::optional<std::string>& settings) {

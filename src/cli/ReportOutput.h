@@ -9,9 +9,6 @@
 
 namespace qel {
 
-// The report of the latest analysis; as text, character for character what the report window saves.
-std::string ReportOutput(Session& session, ReportKind report, OutputFormat format);
-
 // The statistics of the log in hand.
 std::string StatisticsOutput(const Session& session, OutputFormat format);
 

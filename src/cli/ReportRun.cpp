@@ -87,7 +87,9 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
              " has no date; the log is damaged and must be repaired first");
   if (!host.ReportReady()) return NoReport;
   if (arguments.report == ReportKind::Summary) TellDifferences(session.Reported());
-  if (!WriteOut(ReportOutput(session, arguments.report, arguments.format), arguments.output)) return NoReport;
+  const std::string report =
+      WrittenReport(session.Reported(), session.logFile, arguments.report, arguments.format);
+  if (!WriteOut(report, arguments.output)) return NoReport;
   return session.analysis.ConnectionsExceeded ? IncompleteReport : WholeReport;
 }
 

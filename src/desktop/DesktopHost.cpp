@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QMimeData>
 #include <QPalette>
 #include <QProcess>
 #include <QUrl>
@@ -45,6 +46,13 @@ void DesktopHost::SetMousePointer(MousePointer shape) {
 
 void DesktopHost::SetClipboardText(const std::string& text) {
   QApplication::clipboard()->setText(LinesToQt(text));
+}
+
+void DesktopHost::SetClipboardPage(const std::string& text, const std::string& html) {
+  auto* const content = new QMimeData;  // the clipboard's from here on
+  content->setText(LinesToQt(text));
+  content->setHtml(QString::fromStdString(html));
+  QApplication::clipboard()->setMimeData(content);
 }
 
 void DesktopHost::PlaySoundFile(const std::string& path) { PlaySound(path); }

@@ -20,6 +20,7 @@ class DesktopHost : public WindowHost {
   void Paint() override;
   void SetMousePointer(MousePointer shape) override;
   void SetClipboardText(const std::string& text) override;
+  void SetClipboardPage(const std::string& text, const std::string& html) override;
   std::string ClipboardText() override;
   void PlaySoundFile(const std::string& path) override;
   void Beep() override;

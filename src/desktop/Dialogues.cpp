@@ -95,36 +95,72 @@ void AddHelpButton(QMessageBox& box, int context, EventLoop& loop) {
                    [context, &loop] { loop.Dispatch([context] { CurrentHost().ShowHelp(context); }); });
 }
 
-// The name with the extension that its kind of file is listed by.
-QString Extended(const QString& name, const QString& suffix) {
-  const bool has = suffix.isEmpty() || name.endsWith('.' + suffix, Qt::CaseInsensitive);
-  return has || name.isEmpty() ? name : name + '.' + suffix;
+// "Text (*.txt;*.log)|*.txt;*.log|All (*.*)|*.*" as "Text (*.txt *.log)" and "All (*)".
+QStringList KindsOf(const std::string& filter) {
+  const QStringList parts = ToQt(filter).split(u'|');
+  QStringList kinds;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    QString name = parts[i];
+    name.remove(QRegularExpression(R"(\s*\([^)]*\)\s*$)"));
+    kinds += name + " (" + QString(parts[i + 1]).replace(u';', u' ').replace("*.*", "*") + ')';
+  }
+  return kinds;
 }
 
-// Before the toolkit asks whether to write over a file, the name is the whole one.
+// What a name to save under gets: "txt" of "Text (*.txt *.log)".
+QString SuffixOf(const QString& kind) {
+  static const QRegularExpression first(R"(\(\*\.(\w+))");
+  return first.match(kind).captured(1);
+}
+
+void Begin(QFileDialog& dialogue, const std::string& folder, const QString& name) {
+  if (!folder.empty()) dialogue.setDirectory(QFile::decodeName(folder.c_str()));
+  if (!name.isEmpty()) dialogue.selectFile(name);
+}
+
+// Names have the extension that their kind of file is listed by. Before the toolkit asks whether to write
+// over a file, the name is the whole one.
 class SaveDialogue : public QFileDialog {
  public:
-  explicit SaveDialogue(QString suffix) : suffix(std::move(suffix)) {
+  explicit SaveDialogue(const FileDialog& wanted) {
     setAcceptMode(QFileDialog::AcceptSave);
-    setDefaultSuffix(this->suffix);  // for a dialogue of the desktop's own, which has no such field
+    setNameFilters(KindsOf(wanted.Filter));
+    setDefaultSuffix(Suffix());  // for a dialogue of the desktop's own, which has no such field
+    connect(this, &QFileDialog::filterSelected, this, [this] { TakeKind(); });
+    Begin(*this, wanted.Folder, Extended(QFile::decodeName(wanted.FileName.c_str())));
   }
 
   void accept() override {
-    auto* const field = findChild<QLineEdit*>("fileNameEdit");
-    if (field && !QFileInfo(directory(), field->text()).isDir())
-      field->setText(Extended(field->text(), suffix));
+    if (Field() && !QFileInfo(directory(), Field()->text()).isDir())
+      Field()->setText(Extended(Field()->text()));
     QFileDialog::accept();
   }
 
  private:
-  QString suffix;
+  QLineEdit* Field() const { return findChild<QLineEdit*>("fileNameEdit"); }
+  QString Suffix() const { return SuffixOf(selectedNameFilter()); }
+
+  // Of the kinds that are offered, the one that a name says itself to be of.
+  QString SuffixIn(const QString& name) const {
+    for (const QString& kind : nameFilters())
+      if (const QString suffix = SuffixOf(kind); name.endsWith('.' + suffix, Qt::CaseInsensitive))
+        return suffix;
+    return "";
+  }
+  QString Extended(const QString& name) const {
+    const bool has = Suffix().isEmpty() || !SuffixIn(name).isEmpty();
+    return has || name.isEmpty() ? name : name + '.' + Suffix();
+  }
+  void TakeKind() {
+    setDefaultSuffix(Suffix());
+    if (!Field()) return;
+    QString name = Field()->text();
+    if (const QString old = SuffixIn(name); !old.isEmpty()) name.chop(old.size() + 1);
+    Field()->setText(Extended(name));
+  }
 };
 
-std::optional<std::string> AskFile(const FileDialog& wanted, QFileDialog& dialogue) {
-  if (!wanted.Folder.empty()) dialogue.setDirectory(QFile::decodeName(wanted.Folder.c_str()));
-  if (const QString name = QFile::decodeName(wanted.FileName.c_str()); !name.isEmpty())
-    dialogue.selectFile(Extended(name, dialogue.defaultSuffix()));
-  dialogue.setNameFilter(ToolkitFilter(wanted.Filter));
+std::optional<std::string> PathOf(QFileDialog& dialogue) {
   if (RunDialogue(dialogue) != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return std::nullopt;
   return QFile::encodeName(QDir::toNativeSeparators(dialogue.selectedFiles().front())).toStdString();
 }
@@ -163,33 +199,27 @@ Answer ShowMessageBox(const Message& message, EventLoop& loop) {
 std::optional<std::string> AskFileToOpen(const FileDialog& wanted) {
   QFileDialog dialogue;
   dialogue.setFileMode(QFileDialog::ExistingFile);
-  return AskFile(wanted, dialogue);
+  dialogue.setNameFilter(ToolkitFilter(wanted.Filter));
+  Begin(dialogue, wanted.Folder, QFile::decodeName(wanted.FileName.c_str()));
+  return PathOf(dialogue);
 }
 
 std::optional<std::string> AskFileToSave(const FileDialog& wanted) {
-  SaveDialogue dialogue(SuffixOf(wanted.Filter));
-  return AskFile(wanted, dialogue);
+  SaveDialogue dialogue(wanted);
+  return PathOf(dialogue);
 }
 
 QString ToolkitFilter(const std::string& filter) {
-  const QStringList parts = ToQt(filter).split(u'|');
-  QStringList shown, names, all;
-  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-    const QString patterns = QString(parts[i + 1]).replace(u';', u' ').replace("*.*", "*");
-    QString name = parts[i];
-    name.remove(QRegularExpression(R"(\s*\([^)]*\)\s*$)"));
-    shown += name + " (" + patterns + ')';
+  QStringList shown = KindsOf(filter), names, all;
+  for (const QString& kind : shown) {
+    const qsizetype bracket = kind.lastIndexOf(u'(');
+    const QString patterns = kind.sliced(bracket + 1).chopped(1);
     if (patterns == u"*") continue;
-    names += name.trimmed();
+    names += kind.first(bracket).trimmed();
     all += patterns;
   }
   if (names.size() > 1) shown.prepend(names.join(", ") + " (" + all.join(u' ') + ')');
   return shown.join(";;");
-}
-
-QString SuffixOf(const std::string& filter) {
-  const QRegularExpression first(R"(\|\*\.(\w+))");
-  return first.match(ToQt(filter)).captured(1);
 }
 
 }  // namespace qel

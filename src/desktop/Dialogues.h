@@ -24,8 +24,4 @@ std::optional<std::string> AskFileToSave(const FileDialog& wanted);
 // Where there are several kinds of files, all of them together come first.
 QString ToolkitFilter(const std::string& filter);
 
-// What a name to save under gets that has no extension, so that the filter lists it again: "txt" of the
-// above.
-QString SuffixOf(const std::string& filter);
-
 }  // namespace qel

@@ -2,7 +2,6 @@
 // for all changes that an event makes.
 
 #include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QItemSelectionModel>
@@ -14,6 +13,7 @@
 #include <set>
 
 #include "controls/ListView.h"
+#include "core/Surroundings.h"
 #include "desktop/ControlFace.h"
 #include "desktop/ListRows.h"
 #include "desktop/QtValues.h"
@@ -66,7 +66,7 @@ class ListViewFace : public ControlFace {
     if (event.type() == QEvent::MouseButtonPress) hasSelected = false;
     if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut) ShowLater();
     if (event.type() == QEvent::KeyPress && static_cast<QKeyEvent&>(event).matches(QKeySequence::Copy)) {
-      QApplication::clipboard()->setText(SelectedText());
+      CopySelected();
       return true;
     }
     if (event.type() != QEvent::ToolTip || &watched != view.viewport())
@@ -150,18 +150,20 @@ class ListViewFace : public ControlFace {
     }
   }
 
-  // The selected rows as tables take them: cells divided by tabs, without the columns that are hidden.
-  QString SelectedText() const {
+  // The selected rows as tables take them, without the columns that are hidden: cells divided by tabs, and
+  // as a table.
+  void CopySelected() const {
     std::set<int> selected;
     for (const QModelIndex& cell : view.selectionModel()->selectedIndexes()) selected.insert(cell.row());
-    QString text;
+    QString text, table;
     for (const int row : selected) {
       QStringList cells;
       for (int column = 0; column < rows.columnCount(); ++column)
         if (!header.isSectionHidden(column)) cells += rows.index(row, column).data().toString().trimmed();
       text += cells.join(u'\t') + u'\n';
+      table += "<tr><td>" + cells.join(u'\t').toHtmlEscaped().replace(u'\t', "</td><td>") + "</td></tr>\n";
     }
-    return text;
+    CurrentHost().SetClipboardPage(FromQt(text), "<table>\n" + table.toStdString() + "</table>\n");
   }
 
   void TakeRow(int row) {

@@ -30,7 +30,9 @@ struct Message {
 
 // What a file dialogue begins with.
 struct FileDialog {
-  std::string Filter;    // "Text (*.txt)|*.txt|All Files (*.*)|*.*"; names to save under get its extension
+  // "Text (*.txt)|*.txt|CSV (*.csv)|*.csv". Names to save under get the extension of the kind that the user
+  // chooses, the first one at the beginning, unless they have that of another kind.
+  std::string Filter;
   std::string Folder;    // where it opens; a file path, as all paths in the system's bytes
   std::string FileName;  // the name it proposes, in the system's bytes too
 };
@@ -78,6 +80,10 @@ class Host {
   virtual void Paint() {}
   virtual void SetMousePointer(MousePointer) {}
   virtual void SetClipboardText(const std::string&) {}
+  // A page in HTML and UTF-8 beside its text, for programs that take one.
+  virtual void SetClipboardPage(const std::string& text, const std::string& /*html*/) {
+    SetClipboardText(text);
+  }
   virtual std::string ClipboardText() { return ""; }
   // Plays a sound file and returns when it has ended; silence where it cannot.
   virtual void PlaySoundFile(const std::string&) {}

@@ -158,6 +158,8 @@ void frmReport::BuildReport(const Kind& kind) {
 
 void frmReport::ShowDocument(const Kind& kind) {
   ReportDocument document = kind.Build(session.Reported());
+  shownSettings = settings;
+  shownPeriod = period;
   (&kind == &Summary ? analysis.SummaryBuilt : analysis.DetailBuilt) = true;
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   Report = std::move(document);

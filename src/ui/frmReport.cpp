@@ -21,6 +21,23 @@ constexpr int PrintLeft = 500;  // twips
 // Report windows name what they show, and so do the documents that they print.
 std::string CaptionOf(const std::string& file) { return "QEL Report - (" + PathText(file) + ")"; }
 
+constexpr char TextFilter[] = "Text (*.txt)|*.txt";
+
+// What else an analysis can be saved as.
+constexpr struct {
+  const char* Extension;
+  const char* Filter;
+  OutputFormat Format;
+} FigureFiles[] = {{".HTML", "|Web Page (*.html)|*.html", OutputFormat::Html},
+                   {".CSV", "|CSV (*.csv)|*.csv", OutputFormat::Csv},
+                   {".JSON", "|JSON (*.json)|*.json", OutputFormat::Json}};
+
+OutputFormat FormatOf(const std::string& path) {
+  for (const auto& kind : FigureFiles)
+    if (UpperCase(path).ends_with(kind.Extension)) return kind.Format;
+  return OutputFormat::Text;
+}
+
 }  // namespace
 
 frmReport::frmReport(Windows& owner) : Window("frmReport", owner) {
@@ -143,16 +160,48 @@ std::string frmReport::ProposedName() const {
   return ToUtf8(name);
 }
 
+// Of the analysis that is shown, if there is one and it still stands.
+bool frmReport::HasFigures() const {
+  return content == Content::Analysis && !AnalysisUnderWay && (analysis.SummaryBuilt || analysis.DetailBuilt);
+}
+
+// The report that the user sees, whatever dates and options have become since; its text in the window's
+// bytes.
+std::string frmReport::Written(OutputFormat format) {
+  if (content == Content::File) return Report.ReportText;
+  if (format == OutputFormat::Text || !HasFigures()) return Report.ReportText + NewLine;
+  const Meanwhile here(CurrentSurroundings().Display, this);
+  const Meanwhile now(building, true);
+  LogFile analysed = logFile;  // another one may have been opened since
+  analysed.CurrentLogFile = fileName;
+  return WrittenReport({analysis, shownSettings, shownPeriod}, analysed,
+                       mnuDetails.Checked ? ReportKind::Details : ReportKind::Summary, format);
+}
+
 void frmReport::mnuSaveAS_Click() {
   SetTrace("frmReport", "mnuSaveAS_Click");
   StatusUpdate();
-  const std::optional<std::string> path = CurrentHost().AskSaveFile(
-      {.Filter = "Text (*.txt)|*.txt", .Folder = places.AppPath, .FileName = ProposedName()});
+  std::string filter = TextFilter;
+  if (HasFigures())
+    for (const auto& kind : FigureFiles) filter += kind.Filter;
+  const std::optional<std::string> path =
+      CurrentHost().AskSaveFile({.Filter = filter, .Folder = places.AppPath, .FileName = ProposedName()});
   if (!path) return;
   try {
-    ReplaceFile(*path, content == Content::File ? Report.ReportText : Report.ReportText + NewLine);
+    ReplaceFile(*path, Written(FormatOf(*path)));
   } catch (const RunTimeError& error) {
     TellFailure("saved", error);
+  }
+}
+
+void frmReport::mnuCopy_Click() {
+  SetTrace("frmReport", "mnuCopy_Click");
+  StatusUpdate();
+  if (!HasFigures()) return CurrentHost().SetClipboardText(Report.ReportText);
+  try {
+    CurrentHost().SetClipboardPage(Report.ReportText, Written(OutputFormat::Html));
+  } catch (const RunTimeError& error) {
+    TellFailure("copied", error);
   }
 }
 

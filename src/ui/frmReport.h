@@ -13,6 +13,7 @@
 #include "controls/TextControls.h"
 #include "core/Display.h"
 #include "reports/ReportDocument.h"
+#include "reports/WrittenReport.h"
 #include "ui/Windows.h"
 #include "values/RunTimeError.h"
 
@@ -43,6 +44,7 @@ class frmReport : public Window, private Display {
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuSaveAS{*this, "mnuSaveAS", [this] { mnuSaveAS_Click(); }};
+  MenuItem mnuCopy{*this, "mnuCopy", [this] { mnuCopy_Click(); }};
   MenuItem mnuPrint{*this, "mnuPrint", [this] { mnuPrint_Click(); }};
   MenuItem mnuExit{*this, "mnuExit", [this] { mnuExit_Click(); }};
   MenuItem mnuView{*this, "mnuView"};
@@ -102,6 +104,7 @@ class frmReport : public Window, private Display {
 
   void Toolbar1_ButtonClick(const std::string& key);
   void mnuSaveAS_Click();
+  void mnuCopy_Click();
   void mnuPrint_Click();
   void mnuExit_Click();
   void mnuSummary_Click();
@@ -123,6 +126,8 @@ class frmReport : public Window, private Display {
   void BringToFront();
   void TellFailure(const std::string& what, const RunTimeError& error);
   std::string ProposedName() const;
+  bool HasFigures() const;
+  std::string Written(OutputFormat format);
 
   ReportViewSettings& SettingsOf(const Kind& kind) { return windowSettings.*kind.Settings; }
   const Kind* CheckedReport() const;  // nullptr where neither is checked
@@ -139,6 +144,8 @@ class frmReport : public Window, private Display {
   void ChangeFontSize(float by);
 
   Content content = Content::Nothing;
+  Settings shownSettings;  // and period: what the report that is shown was built with
+  Period shownPeriod;
   std::string fileName;  // of the log that was analysed, or of the report that was opened
   bool AutoArrangeOn = false;
   bool building = false;  // a report; it yields, and coming to the front then must not build it anew

@@ -1,4 +1,7 @@
 #include <QBuffer>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPdfWriter>
 #include <QTimer>
@@ -162,6 +165,33 @@ TEST_F(HostOfDesktop, FiltersAndFailuresAreThoseOfThePlatform) {
     Box().buttons().front()->click();
   });
   host.OpenDocument("https://qel.example/");
+}
+
+// The name follows the kind that is chosen, unless it says itself of which kind it is.
+TEST_F(HostOfDesktop, ANameToSaveUnderGetsTheExtensionOfItsKind) {
+  const TemporaryFolder folder;
+  const struct {
+    const char *kind, *typed, *saved;
+  } cases[] = {{"", "", "10.98 - 11.98.txt"},
+               {"Page (*.html)", "", "10.98 - 11.98.html"},
+               {"Page (*.html)", "a.b", "a.b.html"},
+               {"Page (*.html)", "a.TXT", "a.TXT"}};
+  for (const auto& c : cases) {
+    Then([&c] {
+      auto& dialogue = *qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      auto& kinds = *dialogue.findChild<QComboBox*>("fileTypeCombo");
+      if (*c.kind) {
+        kinds.setCurrentText(c.kind);
+        emit kinds.textActivated(c.kind);
+        emit kinds.activated(kinds.currentIndex());
+      }
+      auto& field = *dialogue.findChild<QLineEdit*>("fileNameEdit");
+      if (*c.typed) field.setText(c.typed);
+      QTest::keyClick(&field, Qt::Key_Return);
+    });
+    EXPECT_EQ(host.AskSaveFile({"Text (*.txt)|*.txt|Page (*.html)|*.html", folder.Path(), "10.98 - 11.98"}),
+              folder.Path(c.saved));
+  }
 }
 
 // The number of pages of a job in 10 points on A4.

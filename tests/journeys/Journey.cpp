@@ -288,6 +288,12 @@ void Journey::SetClipboardText(const std::string& text) {
   TellLines(text);
 }
 
+void Journey::SetClipboardPage(const std::string& text, const std::string& html) {
+  const auto title = html.find("<title>") + 7;
+  Tell("page for the clipboard: " + html.substr(title, html.find("</title>") - title));
+  SetClipboardText(text);
+}
+
 void Journey::PlaySoundFile(const std::string& path) {
   Tell("sound " + path);
   AtWork();

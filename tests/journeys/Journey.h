@@ -100,6 +100,7 @@ class Journey : public WindowHost {
   bool IsLocked(LockKey key) override { return locked == (key == LockKey::Caps ? "Caps" : "Scroll"); }
   void SetMousePointer(MousePointer shape) override;
   void SetClipboardText(const std::string& text) override;
+  void SetClipboardPage(const std::string& text, const std::string& html) override;
   void PlaySoundFile(const std::string& path) override;
   void Beep() override { Tell("beep"); }
   std::optional<std::string> AskOpenFile(const FileDialog& dialog) override;

@@ -1,0 +1,23 @@
+#include "reports/WrittenReport.h"
+
+#include "reports/DetailReport.h"
+#include "reports/HtmlReport.h"
+#include "reports/ReportExport.h"
+#include "reports/SummaryReport.h"
+#include "values/CodePage.h"
+
+namespace qel {
+
+std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report,
+                          OutputFormat format) {
+  const bool summary = report == ReportKind::Summary;
+  if (format == OutputFormat::Html) return summary ? SummaryPage(of, logFile) : DetailsPage(of, logFile);
+  if (format != OutputFormat::Text) {
+    const ExportFormat as = format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
+    return summary ? ExportSummary(of, as) : ExportDetails(of, as);
+  }
+  ReportDocument document = summary ? DisplaySummaryReport(of) : DisplayDetailReport(of);
+  return ToCleanUtf8(document.ReportText += NewLine);
+}
+
+}  // namespace qel

@@ -1,0 +1,17 @@
+// The reports as files: which kinds there are, and what each holds. All of it is UTF-8.
+#pragma once
+
+#include <string>
+
+#include "modemlog/LogFile.h"
+#include "reports/ReportOf.h"
+
+namespace qel {
+
+enum class ReportKind { Summary, Details };
+enum class OutputFormat { Text, Csv, Json, Html };
+
+// A report of an analysis of that log.
+std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report, OutputFormat format);
+
+}  // namespace qel
