@@ -1,6 +1,7 @@
 #include "reports/HtmlCharts.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <string_view>
 
@@ -16,16 +17,19 @@ constexpr double LetterWidth = 7;
 constexpr double PanelHeight = 120, PanelTitle = 30, TickSpace = 26;
 constexpr double WidestBar = 36, BarShare = 0.78;  // of the room that a bar has
 constexpr double LegendHeight = 34, StackRow = 32, StackBar = 18;
+constexpr double DayRoom = 17, DaySide = 15, MarkSpace = 22, BandSpace = 14;
+constexpr std::size_t WeekDays = 7;
+constexpr int Shades = 4;
 constexpr std::size_t LongestName = 24;  // characters of a stack's name
 
-std::string Number(double number) {
+std::string Number(double number, int decimals = 1) {
   char text[400];
-  std::snprintf(text, sizeof text, "%.1f", number);
+  std::snprintf(text, sizeof text, "%.*f", decimals, number);
   return text;
 }
 
-std::string Attribute(const char* name, double number) {
-  return std::string(" ") + name + "=\"" + Number(number) + "\"";
+std::string Attribute(const char* name, double number, int decimals = 1) {
+  return std::string(" ") + name + "=\"" + Number(number, decimals) + "\"";
 }
 
 std::string Begin(const ChartTexts& texts, double height) {
@@ -108,6 +112,37 @@ std::string PanelText(const ChartPanel& panel, const Slots& slots, double top) {
   return text;
 }
 
+// The darkness of a day: 0 for nothing, then by quarters of the highest.
+int ShadeOf(double value, double highest) {
+  return value > 0 ? std::clamp(static_cast<int>(std::ceil(Shades * value / highest)), 1, Shades) : 0;
+}
+
+std::string DayText(const char* style, const Box& box, const ChartDay& day, int shade) {
+  if (shade == 0) return "<rect class=\"nothing\"" + BoxAttributes(box) + "/>\n";
+  std::string text = BarOf(style, box, day.Words);
+  return text.insert(5, Attribute("fill-opacity", static_cast<double>(shade) / Shades, 2));
+}
+
+std::string RowNames(const std::vector<std::string>& names, double top) {
+  std::string text;
+  for (std::size_t row = 0; row < names.size(); ++row)
+    text += Words("start", 0, top + static_cast<double>(row) * DayRoom + 12, names[row]);
+  return text;
+}
+
+// What each shade goes up to.
+std::string ShadeLegend(const char* style, double left, double top, double highest,
+                        const std::function<std::string(double)>& shown) {
+  std::string text;
+  for (int shade = 1; shade <= Shades; ++shade) {
+    const std::string words = "to " + shown(highest * shade / Shades);
+    text += DayText(style, {left, top, DaySide, DaySide}, {0, words, ""}, shade) +
+            Words("name", left + DayRoom + 4, top + 12, words);
+    left += DayRoom + 4 + WidthOf(words) + 24;
+  }
+  return text;
+}
+
 std::string Legend(const std::vector<StackPart>& parts, double left) {
   std::string text;
   for (const auto& part : parts) {
@@ -157,6 +192,32 @@ std::string BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& pan
   const double floor = top - 14;
   for (const auto& tick : ticks) text += TickText(tick.Label, slots.Middle(tick.Bar), floor);
   return Begin(texts, floor + TickSpace) + text + "</svg>\n";
+}
+
+std::string CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
+                          const std::function<std::string(double)>& shown) {
+  double left = 0, highest = 0;
+  for (const auto& name : calendar.Rows) left = std::max(left, WidthOf(name) + 8);
+  for (const auto& day : calendar.Days) highest = std::max(highest, day.Value);
+  const auto weeksPerBand = static_cast<std::size_t>((Width - left) / DayRoom);
+  const double bandHeight = MarkSpace + static_cast<double>(WeekDays) * DayRoom + BandSpace;
+  std::string text;
+  std::size_t band = 0;
+  for (std::size_t i = 0; i < calendar.Days.size(); ++i) {
+    const ChartDay& day = calendar.Days[i];
+    const std::size_t place = i + calendar.FirstRow, row = place % WeekDays, week = place / WeekDays;
+    band = week / weeksPerBand;
+    const double x = left + static_cast<double>(week % weeksPerBand) * DayRoom;
+    const double top = static_cast<double>(band) * bandHeight + MarkSpace;
+    const bool beginsBand = i == 0 || (row == 0 && week % weeksPerBand == 0);
+    if (beginsBand) text += RowNames(calendar.Rows, top);
+    if (!day.Mark.empty()) text += Words("start", std::min(x, Width - WidthOf(day.Mark)), top - 6, day.Mark);
+    text += DayText(calendar.Style, {x, top + static_cast<double>(row) * DayRoom, DaySide, DaySide}, day,
+                    ShadeOf(day.Value, highest));
+  }
+  const double floor = static_cast<double>(band + 1) * bandHeight;
+  return Begin(texts, floor + LegendHeight - 8) + text +
+         ShadeLegend(calendar.Style, left, floor, highest, shown) + "</svg>\n";
 }
 
 std::string StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,24 @@ struct ChartTick {
 // Panels one below the other over one axis. They must have equally many bars, one at least.
 std::string BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
                      const std::vector<ChartTick>& ticks);
+
+struct ChartDay {
+  double Value;
+  std::string Words;
+  std::string Mark;  // above its week; empty for most
+};
+
+// Days by weeks: a column for each week, a row for each of its days, shaded by value. `firstRow` is the row
+// of the first day, from 0; `rows` names all seven.
+struct ChartCalendar {
+  const char* Style;  // class of its days: "time", "cost"
+  std::size_t FirstRow;
+  std::vector<std::string> Rows;
+  std::vector<ChartDay> Days;  // one at least
+};
+
+std::string CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
+                          const std::function<std::string(double)>& shown);
 
 struct StackPart {
   std::string Name;

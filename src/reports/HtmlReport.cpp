@@ -188,7 +188,8 @@ std::string ReportPage(const ReportOf& of, const LogFile& logFile, const std::st
   } else {
     const bool withCosts = of.settings.CalcCosts;
     body += KeyFigures(of, TotalsOf(of, use)) + SummaryTable(of, use) +
-            (withCosts ? CostByService(use) : "") + UseOverPeriod(times, withCosts) + UseByHour(times);
+            (withCosts ? CostByService(use) : "") + UseOverPeriod(times, withCosts) +
+            UseByCalendar(times, withCosts) + UseByHour(times);
     if (withConnections) body += Section("connections", connections.Finish());
   }
   return HtmlPage("QELMARK - " + title, body + "</main>\n");

@@ -73,6 +73,7 @@ svg .cost { fill: var(--cost); }
 svg .service { fill: var(--service); }
 svg .dialup { fill: var(--dialup); }
 svg .data { fill: var(--data); }
+svg .nothing { fill: var(--line); }
 svg .hatch { stroke: var(--over); stroke-opacity: .35; stroke-width: 1.2; }
 svg .dot { fill: var(--over); fill-opacity: .45; }
 svg .bar:hover { opacity: .75; }

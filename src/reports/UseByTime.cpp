@@ -38,23 +38,28 @@ UseByTime::UseByTime(Date start, Date end) : start(start), length(LengthFor(Days
     if (spans.empty() || BeginsSpan(day, length)) spans.push_back({.First = day});
     spans.back().Last = day;
     spanOfDay.push_back(spans.size() - 1);
+    days.push_back({day, day});
   }
 }
 
-UseSpan& UseByTime::SpanOf(Date day) {
-  const int index = DaysBetween(start, day), last = static_cast<int>(spanOfDay.size()) - 1;
-  return spans[spanOfDay[static_cast<std::size_t>(std::clamp(index, 0, last))]];
+void UseByTime::Count(Date day, double seconds, double cost) {
+  const int index = DaysBetween(start, day), last = static_cast<int>(days.size()) - 1;
+  const auto at = static_cast<std::size_t>(std::clamp(index, 0, last));
+  for (UseSpan* use : {&days[at], &spans[spanOfDay[at]]}) {
+    use->Seconds += seconds;
+    use->Cost += cost;
+  }
 }
 
 void UseByTime::Add(const DetailLine& line) {
   const ConnectionRecord& connection = line.Connection;
-  SpanOf(connection.StartDate).Cost += line.ConnectionCost;
+  Count(connection.StartDate, 0, line.ConnectionCost);
   const bool beganBefore = connection.StartDate < start;  // the line then counts from the midnight behind
   Date day = beganBefore ? connection.StartDate + 1 : connection.StartDate;
   int second = beganBefore ? 0 : SecondOfDay(connection.StartTime);
   for (int left = line.Seconds; left != 0;) {
     const int piece = std::min(left, SecondsPerHour - second % SecondsPerHour);
-    SpanOf(day).Seconds += piece;
+    Count(day, piece, 0);
     hourSeconds[static_cast<std::size_t>(second / SecondsPerHour)] += piece;
     left -= piece;
     second += piece;

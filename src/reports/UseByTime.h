@@ -33,14 +33,15 @@ class UseByTime {
 
   SpanLength Length() const { return length; }
   const std::vector<UseSpan>& Spans() const { return spans; }
+  const std::vector<UseSpan>& Days() const { return days; }  // one each
   const std::array<double, 24>& HourSeconds() const { return hourSeconds; }
 
  private:
-  UseSpan& SpanOf(Date day);
+  void Count(Date day, double seconds, double cost);
 
   const Date start;
   SpanLength length;
-  std::vector<UseSpan> spans;
+  std::vector<UseSpan> spans, days;
   std::vector<std::size_t> spanOfDay;  // by days since the start
   std::array<double, 24> hourSeconds{};
 };

@@ -1,6 +1,7 @@
 #include "reports/UseCharts.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 #include <vector>
 
@@ -18,6 +19,21 @@ namespace {
 constexpr std::size_t MostTicks = 9;
 constexpr std::size_t MostStacks = 15;
 constexpr std::size_t HoursBetweenTicks = 2;
+
+constexpr std::size_t DaysPerWeek = 7;
+constexpr std::size_t MostCalendarDays = 3660;
+constexpr Date SomeMonday = 2;  // the first day of all that is one
+
+std::size_t RowOf(Date day) { return static_cast<std::size_t>(Weekday(day) - 1); }
+
+// The month above the week that it begins in, or the period, if that leaves it room; with the year in
+// January.
+std::string MonthMark(Date day, bool isFirst) {
+  constexpr int lastWithRoom = 14;
+  const CalendarDay parts = DayOf(day);
+  if (parts.day > (isFirst ? lastWithRoom : 1)) return "";
+  return FormatDate(day, parts.month == 1 ? "mmm yyyy" : "mmm");
+}
 
 std::string TimeText(double seconds) { return FormatTime(static_cast<float>(seconds), false); }
 
@@ -137,6 +153,44 @@ std::string UseByHour(const UseByTime& use) {
   return Figure("By hour of the day", BarChart({"By hour of the day", PeakWords(panel)}, {panel}, ticks),
                 "Time counts in the hours in which it passed, over the whole period.",
                 table.Finish({"TOTALS:", TimeText(Sum(seconds))}));
+}
+
+std::string UseByCalendar(const UseByTime& use, bool withCosts) {
+  const std::vector<UseSpan>& days = use.Days();
+  if (days.size() <= DaysPerWeek || days.size() > MostCalendarDays) return "";
+  std::array<UseSpan, DaysPerWeek> weekdays{};
+  UseSpan sum;
+  for (const auto& day : days)
+    for (UseSpan* to : {&weekdays[RowOf(day.First)], &sum}) {
+      to->Seconds += day.Seconds;
+      to->Cost += day.Cost;
+    }
+  const bool byCost = withCosts && sum.Cost > 0;
+  if (!byCost && !(sum.Seconds > 0)) return "";
+  const auto value = byCost ? &UseSpan::Cost : &UseSpan::Seconds;
+  const auto shown = byCost ? MoneyText : TimeText;
+
+  ChartCalendar calendar{byCost ? "cost" : "time", RowOf(days.front().First), {}, {}};
+  HtmlTable table("By day of the week",
+                  withCosts ? std::vector<HtmlColumn>{{"Day", true}, {"Connected time"}, {"Cost"}}
+                            : std::vector<HtmlColumn>{{"Day", true}, {"Connected time"}});
+  std::size_t most = 0;
+  for (std::size_t row = 0; row < DaysPerWeek; ++row) {
+    calendar.Rows.push_back(FormatDate(SomeMonday + static_cast<Date>(row), "ddd"));
+    table.AddRow({FormatDate(SomeMonday + static_cast<Date>(row), "dddd"), TimeText(weekdays[row].Seconds),
+                  MoneyText(weekdays[row].Cost)});
+    if (weekdays[row].*value > weekdays[most].*value) most = row;
+  }
+  for (const auto& day : days)
+    calendar.Days.push_back(
+        {day.*value,
+         FormatDate(day.First, "ddd") + " " + FormatDate(day.First, "Short Date") + ": " + shown(day.*value),
+         MonthMark(day.First, &day == &days.front())});
+  const std::string caption = "Most " + std::string(byCost ? "money was spent" : "time was used") + " on " +
+                              FormatDate(SomeMonday + static_cast<Date>(most), "dddd") + ": " +
+                              shown(weekdays[most].*value) + ".";
+  return Figure("By day of the week", CalendarChart({"By day of the week", caption}, calendar, shown),
+                caption, table.Finish({"TOTALS:", TimeText(sum.Seconds), MoneyText(sum.Cost)}));
 }
 
 std::string CostByService(const UseByService& use) {

@@ -12,6 +12,9 @@ namespace qel {
 // Markup; empty where there is nothing to draw.
 std::string UseOverPeriod(const UseByTime& use, bool withCosts);
 std::string UseByHour(const UseByTime& use);
+// Days by weeks and the weekdays' sums, by cost, or by time where `withCosts` is false or nothing cost
+// anything; for periods of more than a week and of no more years than a picture has room for.
+std::string UseByCalendar(const UseByTime& use, bool withCosts);
 
 std::string CostByService(const UseByService& use);
 
