@@ -27,7 +27,7 @@ _qelreport() {
       ;;
     --from | --to) ;;
     *)
-      mapfile -t COMPREPLY < <(compgen -W '--log --settings --from --to --report --format --output --stats --check
+      mapfile -t COMPREPLY < <(compgen -W '--log --settings --from --to --report --explain --format --output --stats --check
         --import --help -h --version' -- "$word")
       ;;
   esac

@@ -7,6 +7,7 @@ _arguments \
   '--from=[first day of the report]:YYYY-MM-DD: ' \
   '--to=[last day of the report]:YYYY-MM-DD: ' \
   '--report=[what a line is for]:report:(summary details)' \
+  '--explain=-[why connections cost what they cost; all, or that of a number]::number: ' \
   '--format=[how the report is written]:format:(text csv json html)' \
   '--output=[where the report is written]:file:_files' \
   '--stats[print the statistics of the log instead]' \

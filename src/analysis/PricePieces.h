@@ -49,6 +49,13 @@ struct PricePiece {
   UnitNote Note = UnitNote::Always;      // of tariff time
   double UsedBefore = 0,
          UsedAfter = 0;  // seconds or bytes of the charging period; the piece's call between them
+
+  // Whether it has a rate.
+  bool IsCharged() const {
+    using enum PieceKind;
+    return Kind != FirstSeconds && Kind != OutsidePeriod && Kind != NoTariff && Kind != TakenPositive &&
+           Kind != Blocks && Kind != FreeTime && Kind != Allowance;
+  }
 };
 
 using PricePieces = std::vector<PricePiece>;

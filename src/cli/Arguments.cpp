@@ -10,7 +10,8 @@ using Take = void (*)(Arguments&, const std::string& value);
 
 struct OptionRow {
   const char* name;
-  const char* value;  // what the usage calls it; nullptr for an option without one
+  const char*
+      value;  // what the usage calls it, "[N]" if it may be left out; nullptr for an option without one
   const char* explanation;
   Take take;
   enum Use { OfReport, OfCheckToo, Alone } use = OfReport;  // what may stand beside --check, and --import
@@ -30,6 +31,14 @@ Date IsoDateOf(const std::string& text) {
       return DateSerial(year, month, day);
   }
   throw ArgumentError("'" + text + "' is no date; write it as YYYY-MM-DD");
+}
+
+std::optional<int> ConnectionNumberOf(const std::string& text) {
+  constexpr std::size_t mostDigits = 9;
+  if (text.empty()) return std::nullopt;
+  if (!AllDigits(text) || text.size() > mostDigits)
+    throw ArgumentError("'" + text + "' is no number of a connection");
+  return std::stoi(text);
 }
 
 template <typename Value>
@@ -65,6 +74,10 @@ const OptionRow Rows[] = {
      [](Arguments& a, const std::string& value) { a.to = IsoDateOf(value); }},
     {"--report", "summary|details", "each service (default), or each connection",
      [](Arguments& a, const std::string& value) { a.report = Choose(Reports, "--report", value); }},
+    {"--explain", "[N]", "the price of each connection of the details, or of number N",
+     [](Arguments& a, const std::string& value) {
+       a.explain = {true, ConnectionNumberOf(value)};
+     }},
     {"--format", "text|csv|json|html", "how it is written, in UTF-8 (default: text)",
      [](Arguments& a, const std::string& value) { a.format = Choose(Formats, "--format", value); },
      OptionRow::OfCheckToo},
@@ -102,15 +115,19 @@ Arguments ParseArguments(const std::vector<std::string>& words) {
   for (std::size_t i = 0; i < words.size(); ++i) {
     const auto equals = words[i].starts_with("--") ? words[i].find('=') : std::string::npos;
     const OptionRow& row = RowOf(words[i].substr(0, equals));
+    const bool mayLackValue = row.value && *row.value == '[';
     std::string value;
     if (equals != std::string::npos) {
       if (!row.value) throw ArgumentError(std::string(row.name) + " takes no value");
       value = words[i].substr(equals + 1);
+    } else if (mayLackValue) {
+      if (i + 1 < words.size() && AllDigits(words[i + 1])) value = words[++i];
     } else if (row.value) {
       if (++i == words.size()) throw ArgumentError(Shown(row) + ": the value is missing");
       value = words[i];
     }
-    if (row.value && value.empty()) throw ArgumentError(Shown(row) + ": the value is empty");
+    const bool lacksValue = mayLackValue && equals == std::string::npos;
+    if (row.value && value.empty() && !lacksValue) throw ArgumentError(Shown(row) + ": the value is empty");
     row.take(arguments, value);
     if (row.use != OptionRow::Alone) ofReport = row.name;
     if (row.use == OptionRow::OfReport) ofReportOnly = row.name;
@@ -121,6 +138,8 @@ Arguments ParseArguments(const std::vector<std::string>& words) {
     throw ArgumentError(std::string("--check makes no report and takes no ") + ofReportOnly);
   if (arguments.check && (arguments.format == OutputFormat::Csv || arguments.format == OutputFormat::Html))
     throw ArgumentError("--check writes text or json");
+  if (arguments.explain.Wanted && arguments.report != ReportKind::Details)
+    throw ArgumentError("--explain tells of connections and goes with --report details");
   if (arguments.from && arguments.to && *arguments.from > *arguments.to)
     throw ArgumentError("--from is a later day than --to");
   return arguments;

@@ -19,6 +19,7 @@ struct Arguments {
   std::optional<Date> to;
   ReportKind report = ReportKind::Summary;
   OutputFormat format = OutputFormat::Text;
+  Explaining explain;
   std::optional<std::string> output;
   std::optional<std::string> import;
   bool stats = false;
@@ -33,8 +34,8 @@ class ArgumentError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Takes "--option value" and "--option=value"; of an option given twice the last one counts. Raises
-// ArgumentError.
+// Takes "--option value" and "--option=value"; of an option given twice the last one counts. A value that may
+// be left out is a number, so that it is told from what follows. Raises ArgumentError.
 Arguments ParseArguments(const std::vector<std::string>& words);
 
 // "usage: qelreport [--log FILE] ...", in lines of a terminal's width.

@@ -12,6 +12,7 @@
 #include "platform/Files.h"
 #include "registry/RegistryText.h"
 #include "registry/StoredRegion.h"
+#include "reports/DetailLines.h"
 #include "reports/SummaryDifference.h"
 #include "settings/UserParameters.h"
 #include "values/CodePage.h"
@@ -65,6 +66,15 @@ void TellDifferences(const ReportOf& report) {
   if (!text.empty()) Complain(ToCleanUtf8(text));
 }
 
+bool HasConnection(const ReportOf& report, const std::optional<int>& number) {
+  const int last = report.analysis.ConnectionCount;
+  if (!number || IsReported(report, *number)) return true;
+  Complain(
+      "--explain " + std::to_string(*number) + ": the report " +
+      (last == 0 ? "has no connections" : "has no such connection; the last one is " + std::to_string(last)));
+  return false;
+}
+
 }  // namespace
 
 ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
@@ -86,9 +96,10 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
              std::to_string(session.analysis.EntriesProcessed + 1) +
              " has no date; the log is damaged and must be repaired first");
   if (!host.ReportReady()) return NoReport;
+  if (!HasConnection(session.Reported(), arguments.explain.Only)) return NoReport;
   if (arguments.report == ReportKind::Summary) TellDifferences(session.Reported());
-  const std::string report =
-      WrittenReport(session.Reported(), session.logFile, arguments.report, arguments.format);
+  const std::string report = WrittenReport(session.Reported(), session.logFile, arguments.report,
+                                           arguments.format, arguments.explain);
   if (!WriteOut(report, arguments.output)) return NoReport;
   return session.analysis.ConnectionsExceeded ? IncompleteReport : WholeReport;
 }

@@ -131,6 +131,13 @@ void ForgetEarlierUser(ConnectionRecord& connection) {
 
 }  // namespace
 
+bool IsReported(const ReportOf& of, int number) {
+  if (number < 1 || number > of.analysis.ConnectionCount) return false;
+  const ConnectionRecord& connection = of.analysis.Connections[number];
+  const bool onlyDialled = connection.StartDate == 0;
+  return !onlyDialled && !IsPassedOver(of.settings, connection);
+}
+
 bool IsPassedOver(const Settings& settings, const ConnectionRecord& connection) {
   return !settings.ShowErrors && connection.HasError();
 }
@@ -144,8 +151,8 @@ void ForEachConnection(const ReportOf& of, const DetailVisit& visit) {
   CallCosts costs = of.LastCosts;
   DetailWalk walk(of, costs);
   walk.ForEach([&](Int16 index) {
+    if (!IsReported(of, index)) return;
     ConnectionRecord connection = of.analysis.Connections[index];
-    if (connection.StartDate == 0) return;  // dialled, and no more
     ForgetEarlierUser(connection);
     const bool answered = connection.Answered;
     walk.Visit(std::move(connection), index, [&](DetailLine line) {

@@ -37,6 +37,9 @@ void ForEachConnection(const ReportOf& of, const DetailVisit& visit);
 // nothing, and its three parts are those of the connection before.
 void ForEachDetailLine(const ReportOf& of, const DetailVisit& visit);
 
+// Whether ForEachConnection comes to a connection of this number.
+bool IsReported(const ReportOf& of, int number);
+
 // A connection with errors that the user does not want to see.
 bool IsPassedOver(const Settings& settings, const ConnectionRecord& connection);
 

@@ -54,7 +54,7 @@ struct LineTexts {
 
 class DetailBuilder : ReportOf {
  public:
-  explicit DetailBuilder(const ReportOf& of) : ReportOf(of) {}
+  DetailBuilder(const ReportOf& of, const Explaining& explaining) : ReportOf(of), explaining(explaining) {}
   ReportDocument Build();
 
  private:
@@ -63,6 +63,7 @@ class DetailBuilder : ReportOf {
   std::string Header() const;
   void AddLine(const DetailLine& line);
   std::string TextOf(const DetailLine& line, const LineTexts& texts) const;
+  std::string ExplanationOf(const DetailLine& line) const;
   ReportRow FirstRow(const DetailLine& line, const LineTexts& texts) const;
   ReportRow SecondRow(const DetailLine& line, const LineTexts& texts) const;
   void AddTotalsRow();
@@ -70,6 +71,7 @@ class DetailBuilder : ReportOf {
   int NotesItem() const { return settings.CalcCosts ? CostItem + 1 : CostItem; }
   std::string TotalTime() const { return FormatTime(totalSeconds, false); }
 
+  const Explaining explaining;
   ReportDocument document;
   std::string body;
   const int costExtra = settings.CalcCosts ? CostWidth() : 0;
@@ -120,7 +122,27 @@ std::string DetailBuilder::TextOf(const DetailLine& line, const LineTexts& texts
   text += Blanks(4) + Dashes(49 + costExtra) + NewLine;
   text += Blanks(4) + Blanks(49 - static_cast<int>(texts.Duration.size())) + texts.Duration;
   if (settings.CalcCosts) text += CostCell(texts.Cost);
-  return text + NewLine + NewLine;
+  return text + NewLine + NewLine + (explaining.Wanted ? ExplanationOf(line) : "");
+}
+
+// The sentences in a column between the parts' names and the amounts.
+std::string DetailBuilder::ExplanationOf(const DetailLine& line) const {
+  constexpr int left = 13;
+  constexpr std::size_t width = 53 - left;
+  std::string text = Blanks(4) + PriceTitle(settings, line) + ":" + NewLine, before;
+  for (const auto& piece : PriceLines(settings, line)) {
+    std::string name = std::exchange(before, piece.Part) == piece.Part ? "" : piece.Part;
+    for (std::string rest = piece.Text; !rest.empty(); name.clear()) {
+      const auto blank = rest.size() <= width ? rest.size() : rest.rfind(' ', width);
+      const std::string words = rest.substr(0, blank == std::string::npos ? width : blank);
+      rest = std::string(Trim(rest.substr(words.size())));
+      text += Blanks(4) + name + Blanks(left - 4 - static_cast<int>(name.size())) + words;
+      if (rest.empty() && !piece.Cost.empty())
+        text += Blanks(static_cast<int>(width - words.size())) + CostCell(piece.Cost);
+      text += NewLine;
+    }
+  }
+  return text + NewLine;
 }
 
 ReportRow DetailBuilder::FirstRow(const DetailLine& line, const LineTexts& texts) const {
@@ -185,7 +207,9 @@ ReportDocument DetailBuilder::Build() {
   document.FillLabels(*this, "Details");
   document.fraNoConn = analysis.ConnectionCount == 0;
   CurrentDisplay().ShowProgress(true);
-  ForEachDetailLine(*this, [this](const DetailLine& line) { AddLine(line); });
+  ForEachDetailLine(*this, [this](const DetailLine& line) {
+    if (explaining.Includes(line)) AddLine(line);
+  });
   if (analysis.ConnectionCount > 0) {
     document.AddDottedRow();
     AddTotalsRow();
@@ -199,10 +223,12 @@ ReportDocument DetailBuilder::Build() {
 
 }  // namespace
 
-ReportDocument DisplayDetailReport(const ReportOf& of) {
+ReportDocument DisplayDetailReport(const ReportOf& of) { return DisplayDetailReport(of, {}); }
+
+ReportDocument DisplayDetailReport(const ReportOf& of, const Explaining& explaining) {
   SetTrace("QELAnalyse", "DisplayDetailReport");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  ReportDocument document = DetailBuilder(of).Build();
+  ReportDocument document = DetailBuilder(of, explaining).Build();
   CurrentHost().SetMousePointer(MousePointer::Default);
   return document;
 }

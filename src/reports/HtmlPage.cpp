@@ -53,6 +53,10 @@ HtmlTable::HtmlTable(const std::string& caption, std::vector<HtmlColumn> shown) 
 
 void HtmlTable::AddMarkup(const std::vector<std::string>& cells) { text += RowText(cells); }
 
+void HtmlTable::AddWideMarkup(const std::string& cell) {
+  text += "<tr><td class=\"t\" colspan=\"" + std::to_string(columns.size()) + "\">" + cell + "</td></tr>\n";
+}
+
 std::string HtmlTable::Finish(const std::vector<std::string>& totals) {
   text += "</tbody>\n";
   if (!totals.empty()) text += "<tfoot>\n" + RowText(MarkupOf(totals)) + "</tfoot>\n";

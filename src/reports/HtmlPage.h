@@ -33,6 +33,8 @@ class HtmlTable {
   // A row may end early; cells that have no column are left out.
   void AddRow(const std::vector<std::string>& cells) { AddMarkup(MarkupOf(cells)); }
   void AddMarkup(const std::vector<std::string>& cells);
+  // A row of one cell as wide as the table.
+  void AddWideMarkup(const std::string& cell);
 
   // The whole table, below it the row of totals.
   std::string Finish(const std::vector<std::string>& totals = {});

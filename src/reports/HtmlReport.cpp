@@ -120,12 +120,20 @@ std::string KeyFigures(const ReportOf& of, const Cells& totals) {
   return text + "</div>\n";
 }
 
+// To unfold: the pieces of a connection's price.
+std::string ExplanationOf(const Settings& settings, const DetailLine& line) {
+  const std::string title = PriceTitle(settings, line);
+  HtmlTable table(title, {{"Part", true}, {"Amount"}, {"Reason", true}});
+  for (const auto& [part, text, cost] : PriceLines(settings, line)) table.AddRow({part, cost, text});
+  return "<details><summary>" + title + "</summary>" + table.Finish() + "</details>";
+}
+
 class ConnectionTable {
  public:
   explicit ConnectionTable(const Settings& settings)
       : settings(settings), table("Connections", Columns(settings)) {}
 
-  void Add(const DetailLine& line) {
+  void Add(const DetailLine& line, bool explained) {
     const ConnectionRecord& c = line.Connection;
     const double costs[] = {line.Costs.DialCostNow, line.Costs.ServiceCostNow, line.Costs.DataCostNow,
                             line.ConnectionCost};
@@ -134,6 +142,7 @@ class ConnectionTable {
     AddCosts(cells, costs);
     cells.emplace_back(Trim(TidyNotes(c.Notes)));
     table.AddRow(cells);
+    if (explained) table.AddWideMarkup(ExplanationOf(settings, line));
     seconds += line.Seconds;
     for (std::size_t i = 0; i < std::size(costs); ++i) totals[i] += costs[i];
   }
@@ -170,16 +179,17 @@ class ConnectionTable {
 };
 
 std::string ReportPage(const ReportOf& of, const LogFile& logFile, const std::string& title,
-                       bool withConnections) {
+                       bool withConnections, const Explaining& explaining = {}) {
   SetTrace("HtmlReport", "ReportPage");
   UseByService use(of.settings);
   UseByTime times(of.period.PeriodStart, of.period.PeriodEnd);
   ConnectionTable connections(of.settings);
   CurrentDisplay().ShowProgress(true);
   ForEachConnection(of, [&](const DetailLine& line) {
+    if (!explaining.Includes(line)) return;
     use.Add(line);
     times.Add(line);
-    if (withConnections) connections.Add(line);
+    if (withConnections) connections.Add(line, explaining.Wanted);
   });
   CurrentDisplay().ShowProgress(false);
   std::string body = ReportHeading(of, logFile, title) + "<main>\n" + Warnings(of);
@@ -201,8 +211,8 @@ std::string SummaryPage(const ReportOf& of, const LogFile& logFile) {
   return ReportPage(of, logFile, "Summary Report", false);
 }
 
-std::string DetailsPage(const ReportOf& of, const LogFile& logFile) {
-  return ReportPage(of, logFile, "Details Report", true);
+std::string DetailsPage(const ReportOf& of, const LogFile& logFile, const Explaining& explaining) {
+  return ReportPage(of, logFile, "Details Report", true, explaining);
 }
 
 std::string StatisticsPage(const LogFile& logFile, const LogFindings& findings) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "modemlog/LogFile.h"
+#include "reports/PriceExplained.h"
 #include "reports/ReportOf.h"
 
 namespace qel {
@@ -12,8 +13,8 @@ namespace qel {
 // An analysis of a log: totals, services, charts. A period without connections gives a page that says so.
 std::string SummaryPage(const ReportOf& of, const LogFile& logFile);
 
-// The same, and behind it a row for each connection.
-std::string DetailsPage(const ReportOf& of, const LogFile& logFile);
+// The same, and behind it a row for each connection; explained, with a part to unfold below it.
+std::string DetailsPage(const ReportOf& of, const LogFile& logFile, const Explaining& explaining = {});
 
 // The statistics of a log.
 std::string StatisticsPage(const LogFile& logFile, const LogFindings& findings);

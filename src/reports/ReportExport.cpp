@@ -1,6 +1,8 @@
 #include "reports/ReportExport.h"
 
 #include <cstdio>
+#include <cstdlib>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -22,11 +24,14 @@ namespace {
 
 using Words = std::vector<std::string>;
 
+struct Field;
+using Record = std::vector<Field>;
+struct NotApplicable {};  // empty in CSV, left out of JSON
+
 struct Field {
   const char* Name;
-  std::variant<std::string, long, double, Words> Value;
+  std::variant<std::string, long, double, Words, NotApplicable, std::vector<Record>> Value;
 };
-using Record = std::vector<Field>;
 
 std::string IsoMoment(Date date, Date time) {
   const ClockTime clock = TimeOf(time);
@@ -61,6 +66,8 @@ std::string CsvText(const std::string& text) {
   return quoted + '"';
 }
 
+std::string RecordText(const Record& record, ExportFormat format);
+
 struct ValueText {
   const bool csv;  // else JSON
 
@@ -73,6 +80,12 @@ struct ValueText {
     for (const auto& word : words) quoted.push_back(JsonText(word));
     return "[" + Joined(quoted, ", ") + "]";
   }
+  std::string operator()(NotApplicable) const { return ""; }
+  std::string operator()(const std::vector<Record>& records) const {
+    Words objects;
+    for (const auto& record : records) objects.push_back("\n      " + RecordText(record, ExportFormat::Json));
+    return "[" + Joined(objects, ",") + "]";
+  }
 };
 
 // A record as one line of CSV or one object of JSON.
@@ -80,7 +93,8 @@ std::string RecordText(const Record& record, ExportFormat format) {
   const bool csv = format == ExportFormat::Csv;
   Words fields;
   for (const auto& field : record)
-    fields.push_back((csv ? "" : JsonText(field.Name) + ": ") + std::visit(ValueText{csv}, field.Value));
+    if (csv || !std::holds_alternative<NotApplicable>(field.Value))
+      fields.push_back((csv ? "" : JsonText(field.Name) + ": ") + std::visit(ValueText{csv}, field.Value));
   return csv ? Joined(fields, ",") + "\r\n" : "{" + Joined(fields, ", ") + "}";
 }
 
@@ -168,6 +182,52 @@ Record DetailRecord(const Settings& settings, const DetailLine& line) {
           {"flags", FlagsOf(c)}};
 }
 
+double AsPrinted(double number) { return std::strtod(PlainNumber(number).c_str(), nullptr); }
+
+Field If(bool applies, Field field) {
+  if (!applies) field.Value = NotApplicable();
+  return field;
+}
+
+Record PieceRecord(const ExplainedPiece& explained) {
+  static constexpr const char* parts[] = {"dialup", "service", "data"};
+  const PricePiece& piece = *explained.Piece;
+  const bool hasTimes = piece.From != 0, isOfTime = hasTimes || piece.Seconds != 0;
+  return {{"part", parts[static_cast<std::size_t>(explained.Part)]},
+          {"cost", explained.Cost},
+          If(hasTimes, {"from", IsoMoment(piece.From, piece.From)}),
+          If(hasTimes, {"to", IsoMoment(piece.To, piece.To)}),
+          If(piece.Tariff, {"tariff", piece.Tariff ? ToCleanUtf8(piece.Tariff->Description) : ""}),
+          If(isOfTime, {"seconds", SecondsOf(piece)}),
+          If(piece.Units != 0, {"units", long{piece.Units}}),
+          If(piece.Bytes != 0, {"bytes", piece.Bytes}),
+          If(piece.IsCharged(), {"rate", piece.Rate}),
+          {"text", ToCleanUtf8(explained.Text)}};
+}
+
+// A piece beside the connection that it is of.
+Record PieceOfConnection(const DetailLine& line, const ExplainedPiece& explained) {
+  const Record piece = PieceRecord(explained);
+  Record record = {{"connection", long{line.Index}}, {"number", ToCleanUtf8(line.Connection.Number)}};
+  record.insert(record.end(), piece.begin(), piece.end());
+  return record;
+}
+
+void AddExplained(ReportWriter& writer, const Settings& settings, const DetailLine& line,
+                  ExportFormat format) {
+  const auto explained = ExplainPrice(settings, line, AsPrinted);
+  if (format == ExportFormat::Csv) {
+    for (const auto& piece : explained) writer.Add(PieceOfConnection(line, piece));
+    return;
+  }
+  std::vector<Record> pieces;
+  for (const auto& piece : explained) pieces.push_back(PieceRecord(piece));
+  Record record = DetailRecord(settings, line);
+  record.insert(record.begin(), {"connection", long{line.Index}});
+  record.push_back({"pieces", std::move(pieces)});
+  writer.Add(record);
+}
+
 }  // namespace
 
 std::string JsonText(const std::string& text) {
@@ -208,10 +268,22 @@ std::string ExportStatistics(const LogFile& logFile, const LogFindings& findings
   return format == ExportFormat::Csv ? CsvNames(record) + text : text + "\n";
 }
 
-std::string ExportDetails(const ReportOf& of, ExportFormat format) {
+std::string ExportDetails(const ReportOf& of, ExportFormat format, const Explaining& explaining) {
+  const ConnectionRecord none;
+  const CallPieces noPieces;
+  const PricePiece noPiece{};
+  const DetailLine noLine{none, noPieces};
+  const bool byPiece = explaining.Wanted && format == ExportFormat::Csv;
   ReportWriter writer(of, format, "details", "connections",
-                      DetailRecord(of.settings, {ConnectionRecord(), CallPieces()}));
-  ForEachConnection(of, [&](const DetailLine& line) { writer.Add(DetailRecord(of.settings, line)); });
+                      byPiece ? PieceOfConnection(noLine, {PricePart::Dialup, &noPiece, 0, ""})
+                              : DetailRecord(of.settings, noLine));
+  ForEachConnection(of, [&](const DetailLine& line) {
+    if (!explaining.Includes(line)) return;
+    if (explaining.Wanted)
+      AddExplained(writer, of.settings, line, format);
+    else
+      writer.Add(DetailRecord(of.settings, line));
+  });
   return writer.Finish();
 }
 

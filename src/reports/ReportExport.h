@@ -7,6 +7,7 @@
 #include <string>
 
 #include "modemlog/LogFile.h"
+#include "reports/PriceExplained.h"
 #include "reports/ReportOf.h"
 
 namespace qel {
@@ -25,7 +26,11 @@ std::string ExportSummary(const ReportOf& of, ExportFormat format);
 // One record for each connection: start, end, number, service, seconds inside the period, bytes read and
 // written, dial-up, service, data and total cost, notes, and flags: "answered", "no-dial", "no-disconnect",
 // "incomplete-tariff", divided by blanks in CSV.
-std::string ExportDetails(const ReportOf& of, ExportFormat format);
+//
+// Explained, a connection has its number too and the pieces of its price: part ("dialup", "service" or
+// "data"), cost, and what applies of times, tariff, seconds, units, bytes, rate, and a text. As printed they
+// sum to each part of the cost. In CSV a record is a piece, not a connection.
+std::string ExportDetails(const ReportOf& of, ExportFormat format, const Explaining& explaining = {});
 
 // One record of a log's statistics: path, length, entries, first and last date, span in days.
 std::string ExportStatistics(const LogFile& logFile, const LogFindings& findings, ExportFormat format);

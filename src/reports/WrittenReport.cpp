@@ -8,15 +8,16 @@
 
 namespace qel {
 
-std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report,
-                          OutputFormat format) {
+std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report, OutputFormat format,
+                          const Explaining& explaining) {
   const bool summary = report == ReportKind::Summary;
-  if (format == OutputFormat::Html) return summary ? SummaryPage(of, logFile) : DetailsPage(of, logFile);
+  if (format == OutputFormat::Html)
+    return summary ? SummaryPage(of, logFile) : DetailsPage(of, logFile, explaining);
   if (format != OutputFormat::Text) {
     const ExportFormat as = format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
-    return summary ? ExportSummary(of, as) : ExportDetails(of, as);
+    return summary ? ExportSummary(of, as) : ExportDetails(of, as, explaining);
   }
-  ReportDocument document = summary ? DisplaySummaryReport(of) : DisplayDetailReport(of);
+  ReportDocument document = summary ? DisplaySummaryReport(of) : DisplayDetailReport(of, explaining);
   return ToCleanUtf8(document.ReportText += NewLine);
 }
 

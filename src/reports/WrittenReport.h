@@ -4,6 +4,7 @@
 #include <string>
 
 #include "modemlog/LogFile.h"
+#include "reports/PriceExplained.h"
 #include "reports/ReportOf.h"
 
 namespace qel {
@@ -11,7 +12,8 @@ namespace qel {
 enum class ReportKind { Summary, Details };
 enum class OutputFormat { Text, Csv, Json, Html };
 
-// A report of an analysis of that log.
-std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report, OutputFormat format);
+// A report of an analysis of that log. Only Details are explained.
+std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report, OutputFormat format,
+                          const Explaining& explaining = {});
 
 }  // namespace qel

@@ -45,22 +45,23 @@ std::string GridText(const ReportDocument& document) {
   return text + "\nselected " + std::to_string(document.SelectedRow) + "\n";
 }
 
-// "summary.grid" is that form of the summary.
+// "summary.grid" is that form of the summary; "explained" are the details with their prices.
 std::string Output(Session& session, const std::string& document) {
   const std::string report = document.substr(0, document.find('.')),
                     form = document.substr(report.size() + 1);
+  const Explaining explaining{report == "explained"};
   if (form == "csv" || form == "json") {
     const ExportFormat format = form == "csv" ? ExportFormat::Csv : ExportFormat::Json;
     if (report == "statistics") return ExportStatistics(session.logFile, session.findings, format);
     return report == "summary" ? ExportSummary(session.Reported(), format)
-                               : ExportDetails(session.Reported(), format);
+                               : ExportDetails(session.Reported(), format, explaining);
   }
   if (form == "html")
     return report == "statistics" ? StatisticsPage(session.logFile, session.findings)
            : report == "summary"  ? SummaryPage(session.Reported(), session.logFile)
-                                  : DetailsPage(session.Reported(), session.logFile);
+                                  : DetailsPage(session.Reported(), session.logFile, explaining);
   const ReportDocument text = report == "summary" ? DisplaySummaryReport(session.Reported())
-                                                  : DisplayDetailReport(session.Reported());
+                                                  : DisplayDetailReport(session.Reported(), explaining);
   return form == "grid" ? GridText(text) : text.ReportText;
 }
 

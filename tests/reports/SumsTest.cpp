@@ -1,10 +1,12 @@
 // Parts sum to totals and all forms tell the same, over many logs; what the Summary tells otherwise is said.
+#include <cmath>
 #include <random>
 #include <set>
 
 #include "analysis/AnalysisTest.h"
 #include "reports/Documents.h"
 #include "reports/HtmlReport.h"
+#include "reports/PriceExplained.h"
 #include "reports/ReportExport.h"
 #include "reports/SummaryDifference.h"
 #include "reports/UseByService.h"
@@ -56,6 +58,8 @@ class Sums : public FreshProgram {
     folder.Put(name + "-details.html", DetailsPage(session->Reported(), logFile));
   }
 };
+
+double ToTheCent(double amount) { return std::round(amount * 100) / 100; }
 
 }  // namespace
 
@@ -136,6 +140,12 @@ TEST_F(AnalysisTest, PiecesSumToEachPartOfTheCostAndTellOfTheWholeCall) {
     ForEachConnection({result, settings, period}, [&](const DetailLine& line) {
       const ConnectionRecord& c = line.Connection;
       SCOPED_TRACE(tariffs + " round " + std::to_string(round) + ", " + std::to_string(line.Index));
+      double shown[3] = {};
+      for (const auto& [part, piece, cost, text] : ExplainPrice(settings, line, ToTheCent))
+        shown[static_cast<int>(part)] += cost;
+      EXPECT_NEAR(shown[0], ToTheCent(line.Costs.DialCostNow), 1e-9);
+      EXPECT_NEAR(shown[1], ToTheCent(line.Costs.ServiceCostNow), 1e-9);
+      EXPECT_NEAR(shown[2], ToTheCent(line.Costs.DataCostNow), 1e-9);
       const auto& [call, time, data] = line.Pieces;
       for (const auto& [pieces, cost] : {std::pair(&call, line.Costs.DialCostNow),
                                          {&time, line.Costs.ServiceCostNow},
