@@ -9,6 +9,7 @@
 #include "desktop/forms/ui_frmHelp.h"
 #include "desktop/forms/ui_frmMain.h"
 #include "desktop/forms/ui_frmPreConfigure.h"
+#include "desktop/forms/ui_frmPrice.h"
 #include "desktop/forms/ui_frmPurge.h"
 #include "desktop/forms/ui_frmReport.h"
 #include "desktop/forms/ui_frmService.h"
@@ -32,6 +33,7 @@ std::vector<WindowDesign> ProgramWindows() {
       {"frmHelp", MakeWindow<QWidget, Ui::frmHelp>},
       {"frmMain", MakeWindow<QMainWindow, Ui::frmMain>},
       {"frmPreConfigure", MakeWindow<QDialog, Ui::frmPreConfigure>},
+      {"frmPrice", MakeWindow<QDialog, Ui::frmPrice>},
       {"frmPurge", MakeWindow<QDialog, Ui::frmPurge>},
       {"frmReport", MakeWindow<QMainWindow, Ui::frmReport>},
       {"frmService", MakeWindow<QDialog, Ui::frmService>},

@@ -10,6 +10,7 @@ enum HelpContext {
   HelpAbout = 9,
   HelpMainWindow = 10,
   HelpReportWindow = 20,
+  HelpPrice = 25,
   HelpService = 60,  // the first tab; the others follow
   HelpTariff = 64,
   HelpLogViewer = 80,

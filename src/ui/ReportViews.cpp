@@ -8,6 +8,7 @@
 #include "reports/DetailReport.h"
 #include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
+#include "ui/frmPrice.h"
 #include "ui/frmReport.h"
 #include "values/NumberConversion.h"
 
@@ -117,7 +118,7 @@ void frmReport::ChooseReport(const Kind& kind) {
   const bool details = &kind == &Details;
   mnuSummary.Checked = Toolbar1.Button("Summary").Pressed = !details;
   mnuDetails.Checked = Toolbar1.Button("Detail").Pressed = details;
-  EnableNumberColumn(details && mnuListView.Checked);
+  EnableConnections(details && mnuListView.Checked);
   BuildReport(kind);
   ApplySettings(kind);
   Form_Resize();
@@ -129,7 +130,7 @@ void frmReport::ChooseFormat(bool list) {
   ShowFormat(list);
   mnuFont.Enabled = mnuAutoArrange.Enabled = list;
   Toolbar1.Button("Bigger").Enabled = Toolbar1.Button("Smaller").Enabled = list;
-  EnableNumberColumn(list && !mnuSummary.Checked);
+  EnableConnections(list && !mnuSummary.Checked);
   if (list) ApplySettings(mnuSummary.Checked ? Summary : Details);
   Form_Resize();
   SetNumberColumn();
@@ -255,8 +256,8 @@ void frmReport::Form_Resize() {
   }
 }
 
-void frmReport::EnableNumberColumn(bool enabled) {
-  mnuNumConnections.Enabled = Toolbar1.Button("ShowNums").Enabled = enabled;
+void frmReport::EnableConnections(bool enabled) {
+  mnuNumConnections.Enabled = mnuExplain.Enabled = Toolbar1.Button("ShowNums").Enabled = enabled;
 }
 
 void frmReport::SetNumberColumn() {
@@ -269,6 +270,28 @@ void frmReport::mnuNumConnections_Click() {
   if (!mnuNumConnections.Enabled) return;
   mnuNumConnections.Checked = Toolbar1.Button("ShowNums").Pressed = !mnuNumConnections.Checked;
   SetNumberColumn();
+}
+
+// Of a connection's two rows, and the blank one above them, the first bears its number.
+int frmReport::SelectedConnection() const {
+  const int row = ListView1.SelectedRow();
+  if (row == 0) return 0;
+  for (const int at : {row, row - 1, row + 1})
+    if (at >= 1 && at <= ListView1.RowCount() && !ListView1.Row(at).Text.empty())
+      return static_cast<int>(Val(ListView1.Row(at).Text));
+  return 0;
+}
+
+void frmReport::SelectConnection(int number) {
+  if (!mnuExplain.Enabled || SelectedConnection() == number) return;
+  for (int row = 1; row <= ListView1.RowCount(); ++row)
+    if (Val(ListView1.Row(row).Text) == number) return ListView1.SelectRow(row);
+}
+
+void frmReport::mnuExplain_Click() {
+  const int connection = SelectedConnection();
+  if (mnuExplain.Enabled && connection != 0 && HasFigures() && !building)
+    windows.PriceForm->ShowPrice({analysis, shownSettings, shownPeriod}, connection);
 }
 
 void frmReport::mnuAutoArrange_Click() {

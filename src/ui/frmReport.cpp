@@ -49,6 +49,12 @@ frmReport::frmReport(Windows& owner) : Window("frmReport", owner) {
   StatusBar1.SetPanelCount(3);
   Toolbar1.ButtonClick = [this](const std::string& key) { Toolbar1_ButtonClick(key); };
   ListView1.ColumnClick = [this](int column) { ListView1_ColumnClick(column); };
+  ListView1.DblClick = [this] { mnuExplain_Click(); };
+  ListView1.KeyDown = [this](KeyPress& press) {
+    if (press.key != Key::Enter) return;
+    press.Handled = true;
+    mnuExplain_Click();
+  };
 }
 
 void frmReport::Toolbar1_ButtonClick(const std::string& key) {
@@ -145,7 +151,7 @@ void frmReport::OpenReport(const std::string& path) {
 // What has no meaning for the text of a file.
 void frmReport::EnableAnalysis(bool enabled) {
   for (Control* item : {&mnuSummary, &mnuDetails, &mnuRefresh, &mnuFormatStd, &mnuListView,
-                        &mnuNumConnections, &mnuAutoArrange, &mnuFont})
+                        &mnuNumConnections, &mnuExplain, &mnuAutoArrange, &mnuFont})
     item->Enabled = enabled;
   for (const char* key : {"Summary", "Detail", "Standard", "List View", "Bigger", "Smaller", "ShowNums"})
     Toolbar1.Button(key).Enabled = enabled;

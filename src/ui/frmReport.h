@@ -36,6 +36,8 @@ class frmReport : public Window, private Display {
   // Reads the window back into the settings of the report that is shown, if one is.
   void StoreSettings();
   void StatusUpdate();
+  // In the list of the Details; nothing where it does not hold the connection.
+  void SelectConnection(int number);
 
   // Connections and totals are half made: no report is built of them.
   bool AnalysisUnderWay = false;
@@ -52,6 +54,7 @@ class frmReport : public Window, private Display {
   MenuItem mnuDetails{*this, "mnuDetails", [this] { mnuDetails_Click(); }};
   MenuItem mnuRefresh{*this, "mnuRefresh",
                       [this] { mnuSummary.Checked ? mnuSummary_Click() : mnuDetails_Click(); }};
+  MenuItem mnuExplain{*this, "mnuExplain", [this] { mnuExplain_Click(); }};
   MenuItem mnuOptions{*this, "mnuOptions"};
   MenuItem mnuFormatStd{*this, "mnuFormatStd", [this] { mnuFormatStd_Click(); }};
   MenuItem mnuListView{*this, "mnuListView", [this] { mnuListView_Click(); }};
@@ -117,6 +120,7 @@ class frmReport : public Window, private Display {
   void mnuFontDecrease_Click();
   void mnuSaveSettings_Click();
   void ListView1_ColumnClick(int column);
+  void mnuExplain_Click();
 
   // Of the Display: the progress of a report that is being built.
   void ShowProgress(bool visible) override;
@@ -139,7 +143,8 @@ class frmReport : public Window, private Display {
   void ShowDifferences(const Kind& kind);
   void ApplySettings(const Kind& kind);
   void ApplyListSettings(const Kind& kind);
-  void EnableNumberColumn(bool enabled);
+  void EnableConnections(bool enabled);
+  int SelectedConnection() const;
   void SetNumberColumn();
   void ChangeFontSize(float by);
 

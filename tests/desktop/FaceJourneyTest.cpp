@@ -29,7 +29,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "ended-rewrites", "ending", "exporting-and-importing", "first-days", "first-report",
                     "holidays", "holidays-gone-by", "long-logs", "no-log", "optimizing", "options",
                     "options-after-damage", "options-cancelled", "options-default-log", "options-mistyped",
-                    "pasting-dates", "purging", "purging-by-keyboard", "reading-again",
+                    "pasting-dates", "price-of-a-call", "purging", "purging-by-keyboard", "reading-again",
                     "region-of-the-options", "region-of-the-service", "repair", "repair-that-fails",
                     "saving-the-edited-log", "searching", "service-by-keyboard", "service-editor",
                     "service-new", "service-warnings", "services", "services-beyond-the-most",

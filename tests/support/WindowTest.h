@@ -11,6 +11,7 @@
 #include "ui/frmHelp.h"
 #include "ui/frmMain.h"
 #include "ui/frmPreConfigure.h"
+#include "ui/frmPrice.h"
 #include "ui/frmPurge.h"
 #include "ui/frmReport.h"
 #include "ui/frmService.h"
