@@ -125,7 +125,7 @@ std::string ExplanationOf(const Settings& settings, const DetailLine& line) {
   const std::string title = PriceTitle(settings, line);
   HtmlTable table(title, {{"Part", true}, {"Amount"}, {"Reason", true}});
   for (const auto& [part, text, cost] : PriceLines(settings, line)) table.AddRow({part, cost, text});
-  return "<details><summary>" + title + "</summary>" + table.Finish() + "</details>";
+  return "<details><summary>" + HtmlText(title) + "</summary>" + table.Finish() + "</details>";
 }
 
 class ConnectionTable {
