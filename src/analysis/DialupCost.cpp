@@ -9,8 +9,6 @@ namespace qel {
 
 namespace {
 
-enum DialOption { FixedCharge = 1, TariffCharge = 2 };
-
 constexpr int LastSecondOfDay = SecondsPerDay - 1;
 
 bool IsByTime(const TariffRecord& tariff) {
@@ -190,9 +188,9 @@ double Pricing::GetDialupCost(const std::string& number, Date startDate, Date st
                               Date endTime, PricePieces* pieces) const {
   TraceProcedure("GetDialupCost");
   const ServiceRecord* service = ServiceOf(number);
-  if (service && service->DialOption == TariffCharge)
+  if (service && service->DialOption == ServiceRecord::ByTariffs)
     return TariffWalk(settings, period, *service, startDate, startTime, endDate, endTime, pieces).Cost();
-  if (service && service->DialOption != FixedCharge) return 0;
+  if (service && service->DialOption != ServiceRecord::FixedCharge) return 0;
   const double cost = service ? service->DialFixedTariff : settings.DialCost;
   const auto kind = service ? PieceKind::FixedCharge : PieceKind::DefaultRate;
   if (pieces) pieces->push_back({.Kind = kind, .Cost = cost, .Rate = cost});

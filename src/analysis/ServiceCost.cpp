@@ -9,8 +9,6 @@ namespace qel {
 
 namespace {
 
-enum ServiceOption { FlatRate = 1, FlexibleRate = 2 };
-
 double SecondsToHours(float seconds) { return seconds / 3600.0; }
 
 double Charge(PricePiece piece, PricePieces* pieces) {
@@ -58,9 +56,9 @@ double Pricing::GetServiceCost(const std::string& number, Int32 seconds, Date da
     return Charge({.Kind = PieceKind::DefaultRate, .Rate = settings.CostPerHour, .Seconds = seconds}, pieces);
   const double rate = settings.Services[index].ServiceRate;
   switch (settings.Services[index].ServiceOption) {
-    case FlatRate:
+    case ServiceRecord::FlatRate:
       return Charge({.Kind = PieceKind::FlatRate, .Rate = rate, .Seconds = seconds}, pieces);
-    case FlexibleRate:
+    case ServiceRecord::FlexibleRate:
       return FlexibleCost(index, seconds, date, pieces);
     default:
       return 0;

@@ -12,8 +12,6 @@ namespace {
 
 std::string NameOf(const ServiceRecord& service) { return std::string(Trim(service.ServiceName)); }
 
-std::string IsoDay(Date day) { return FormatDate(day, "yyyy\\-mm\\-dd"); }
-
 void FindNoCost(const ServiceRecord& service, std::vector<Finding>& findings) {
   if (!CostsNothing(service)) return;
   findings.push_back(
@@ -45,9 +43,9 @@ void FindPastHolidays(const Settings& settings, Date today, std::vector<Finding>
   if (past.empty()) return;
   std::ranges::sort(past);
   const bool one = past.size() == 1, all = static_cast<int>(past.size()) == settings.UsedHolidays;
-  std::string text = one ? "The holiday of " + IsoDay(past[0]) + " is past: it matters"
-                         : std::to_string(past.size()) + " holidays, from " + IsoDay(past.front()) + " to " +
-                               IsoDay(past.back()) + ", are past: they matter";
+  std::string text = one ? "The holiday of " + IsoDate(past[0]) + " is past: it matters"
+                         : std::to_string(past.size()) + " holidays, from " + IsoDate(past.front()) + " to " +
+                               IsoDate(past.back()) + ", are past: they matter";
   text += " only to calls of that time.";
   if (all) text += " No call from today on is charged as on a holiday.";
   findings.push_back({FindingKind::PastHoliday, "", 1u << HolidayBit, std::nullopt, text});
@@ -56,13 +54,14 @@ void FindPastHolidays(const Settings& settings, Date today, std::vector<Finding>
 // The second rate of service 1 and the first one of service 21 have one name. It changes a price only where
 // such a rate is in use.
 void FindNameClashes(const Settings& settings, std::vector<Finding>& findings) {
-  constexpr int byFlexibleRate = 2;
   for (int i = 0; i < settings.UsedServices; ++i)
     for (int k = 0; k < settings.UsedServices; ++k) {
       const std::string name = "FlexRate2" + std::to_string(i + 1);
       const ServiceRecord &second = settings.Services[i], &first = settings.Services[k];
       if (name != "FlexRate" + std::to_string(k + 1)) continue;
-      if (second.ServiceOption != byFlexibleRate && first.ServiceOption != byFlexibleRate) continue;
+      if (second.ServiceOption != ServiceRecord::FlexibleRate &&
+          first.ServiceOption != ServiceRecord::FlexibleRate)
+        continue;
       findings.push_back({FindingKind::NameClash, NameOf(second), 0, std::nullopt,
                           "The second rate of " + NameOf(second) + " and the first of " + NameOf(first) +
                               " are both stored as " + name + ": a program that does not know " +
@@ -96,12 +95,12 @@ std::string DaysInWords(DaySet days) {
       words.emplace_back(DayName(day));
     }
   }
-  if ((days & Week) == Week) words = {"every day"};
+  if ((days & Week) == Week) return "every day";
   if (days >> HolidayBit & 1) words.emplace_back("holidays");
   std::string text;
   for (std::size_t i = 0; i < words.size(); ++i)
     text += (i == 0 ? "" : i + 1 == words.size() ? " and " : ", ") + words[i];
-  return text == "every day and holidays" ? "every day" : text;
+  return text;
 }
 
 std::string ClockText(int minute) {

@@ -11,7 +11,6 @@ namespace qel {
 
 namespace {
 
-constexpr int ByTariffs = 2;
 constexpr MinuteSpan WholeDayLong = {0, LastMinuteOfDay};
 
 MinuteSpan Minutes(int firstSecond, int lastSecond) {
@@ -115,10 +114,8 @@ class TariffCheck {
              " holds at any time: nothing is charged for its calls, and no report says so.";
     return "Calls to " + name + " that begin " + On(gap.Days) + " " + InWords(gap.Minutes) +
            " have no tariff: they are charged nothing for the call, however long they last, and no report "
-           "says so. "
-           "Calls that run into that time pay for what lies before it alone, and the Details mark those that "
-           "pay "
-           "anything 'Incomplete Tariff'.";
+           "says so. Calls that run into that time pay for what lies before it alone, and the Details mark "
+           "those that pay anything 'Incomplete Tariff'.";
   }
 
   void FindRange(int t) {
@@ -229,7 +226,7 @@ class TariffCheck {
 }  // namespace
 
 std::vector<Finding> CheckTariffs(const Settings& settings, const ServiceRecord& service, Date today) {
-  if (service.DialOption != ByTariffs) return {};
+  if (service.DialOption != ServiceRecord::ByTariffs) return {};
   return TariffCheck(settings, service, today).Findings();
 }
 

@@ -10,8 +10,7 @@ using Take = void (*)(Arguments&, const std::string& value);
 
 struct OptionRow {
   const char* name;
-  const char*
-      value;  // what the usage calls it, "[N]" if it may be left out; nullptr for an option without one
+  const char* value;  // what the usage calls it, "[N]" if it may be left out; nullptr for none
   const char* explanation;
   Take take;
   enum Use { OfReport, OfCheckToo, Alone } use = OfReport;  // what may stand beside --check, and --import

@@ -7,7 +7,7 @@
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
-#include "reports/ReportExport.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 

@@ -33,9 +33,8 @@ std::string StatisticsOutput(const Session& session, OutputFormat format) {
   const LogFile& logFile = session.logFile;
   const LogFindings& findings = session.findings;
   if (format == OutputFormat::Text) return StatisticsText(logFile, findings);
-  const ExportFormat as = format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
   return format == OutputFormat::Html ? StatisticsPage(logFile, findings)
-                                      : ExportStatistics(logFile, findings, as);
+                                      : ExportStatistics(logFile, findings, ExportFormatOf(format));
 }
 
 bool MayWriteTo(const std::string& path, const LogFile& logFile, const std::optional<std::string>& settings) {

@@ -49,11 +49,10 @@ void LoadSettings(Session& session) {
 // Tariffs keep their days in the words of whoever wrote them, and a run by a schedule often has no language.
 // Such a tariff would change the costs without a word.
 void TellUnknownDays(const Settings& settings) {
-  constexpr int byTariffs = 2;
   for (Int16 i = 0; i < settings.UsedServices; ++i)
     for (Int16 t = 0; t < settings.Services[i].UsedTariffs; ++t) {
       const TariffRecord& tariff = settings.Services[i].Tariffs[t];
-      if (settings.Services[i].DialOption == byTariffs && !AreKnownDays(tariff.AppliesDays))
+      if (settings.Services[i].DialOption == ServiceRecord::ByTariffs && !AreKnownDays(tariff.AppliesDays))
         Complain(ToUtf8(settings.Services[i].ServiceName + ": the tariff '" + tariff.Description +
                         "' never holds: '" + tariff.AppliesDays +
                         "' names no days in English or in the language of this run"));

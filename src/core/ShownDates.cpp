@@ -93,6 +93,10 @@ std::string TimeFormat(bool forceAMPM) {
   return forceAMPM ? "h" + divider + "mm" + divider + "ss AMPM" : "Long Time";
 }
 
+std::string MomentText(Date date, Date time, bool forceAMPM) {
+  return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat(forceAMPM));
+}
+
 std::string FormatTime(float seconds, bool noHours) {
   double rest = seconds;
   const auto takeWhole = [&rest](double unit) {

@@ -18,6 +18,8 @@ std::string format_date(Date date);
 
 // The mask of clock times in reports: the region's, or a 12 hour one.
 std::string TimeFormat(bool forceAMPM);
+// Short date and time of day: "10/6/1998 12:49:48 AM".
+std::string MomentText(Date date, Date time, bool forceAMPM);
 
 // Hours, minutes and seconds of two digits at least. Without hours, whole hours are left out without a trace:
 // for lengths known to be short.

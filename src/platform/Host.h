@@ -41,8 +41,8 @@ struct FileDialog {
 struct PrintJob {
   std::string Title;  // of the document
   std::string Text;   // lines end in CR LF
-  qel::Font Font;
-  int Left = 0;  // twips from the edge of the page's printable area
+  qel::Font Font = {"Courier New", 10};
+  int Left = 500;  // twips from the edge of the page's printable area
 };
 
 // The colour that windows and buttons are drawn in where the display shows what the program was made for.

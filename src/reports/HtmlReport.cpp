@@ -16,7 +16,6 @@
 #include "reports/UseCharts.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
-#include "values/DateFormat.h"
 #include "values/NumberConversion.h"
 #include "values/NumberFormat.h"
 
@@ -138,7 +137,8 @@ class ConnectionTable {
     const double costs[] = {line.Costs.DialCostNow, line.Costs.ServiceCostNow, line.Costs.DataCostNow,
                             line.ConnectionCost};
     Cells cells = {std::to_string(line.Index), GetServiceName(settings, c.Number),
-                   Moment(c.StartDate, c.StartTime), Moment(c.EndDate, c.EndTime), TimeText(line.Seconds)};
+                   MomentText(c.StartDate, c.StartTime, settings.ForceAMPM),
+                   MomentText(c.EndDate, c.EndTime, settings.ForceAMPM), TimeText(line.Seconds)};
     AddCosts(cells, costs);
     cells.emplace_back(Trim(TidyNotes(c.Notes)));
     table.AddRow(cells);
@@ -161,10 +161,6 @@ class ConnectionTable {
       for (const char* title : {"Dial-up", "Service", "Data", "Cost"}) columns.push_back({title});
     columns.push_back({"Notes", true});
     return columns;
-  }
-
-  std::string Moment(Date date, Date time) const {
-    return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat(settings.ForceAMPM));
   }
 
   void AddCosts(Cells& cells, const double (&costs)[4]) const {

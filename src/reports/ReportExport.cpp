@@ -247,8 +247,6 @@ std::string JsonText(const std::string& text) {
   return quoted + '"';
 }
 
-std::string IsoDate(Date date) { return FormatDate(date, "yyyy\\-mm\\-dd"); }
-
 std::string ExportSummary(const ReportOf& of, ExportFormat format) {
   UseByService use(of.settings);
   ForEachConnection(of, [&use](const DetailLine& line) { use.Add(line); });

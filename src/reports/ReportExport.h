@@ -17,9 +17,6 @@ enum class ExportFormat { Csv, Json };
 // Text in UTF-8 as JSON writes it, in quotation marks.
 std::string JsonText(const std::string& text);
 
-// "1998-10-05"
-std::string IsoDate(Date date);
-
 // One record for each service that had a connection: name, number, sessions, time, bytes, blocks, costs.
 std::string ExportSummary(const ReportOf& of, ExportFormat format);
 

@@ -158,7 +158,8 @@ std::string DifferenceOf(const ServiceUse& summary, const ServiceUse& connection
 bool HasLimits(const Settings& settings, const ServiceKey& key) {
   if (key.Index < 0) return false;
   const ServiceRecord& service = settings.Services[key.Index];
-  return service.ServiceOption == 2 || (service.PerMeg != 0 && service.MegPeriod != "Session");
+  return service.ServiceOption == ServiceRecord::FlexibleRate ||
+         (service.PerMeg != 0 && service.MegPeriod != "Session");
 }
 
 // Where no call is counted otherwise, the figures themselves tell why they differ.

@@ -2,11 +2,14 @@
 
 #include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"
-#include "reports/ReportExport.h"
 #include "reports/SummaryReport.h"
 #include "values/CodePage.h"
 
 namespace qel {
+
+ExportFormat ExportFormatOf(OutputFormat format) {
+  return format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
+}
 
 std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report, OutputFormat format,
                           const Explaining& explaining) {
@@ -14,7 +17,7 @@ std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind
   if (format == OutputFormat::Html)
     return summary ? SummaryPage(of, logFile) : DetailsPage(of, logFile, explaining);
   if (format != OutputFormat::Text) {
-    const ExportFormat as = format == OutputFormat::Csv ? ExportFormat::Csv : ExportFormat::Json;
+    const ExportFormat as = ExportFormatOf(format);
     return summary ? ExportSummary(of, as) : ExportDetails(of, as, explaining);
   }
   ReportDocument document = summary ? DisplaySummaryReport(of) : DisplayDetailReport(of, explaining);

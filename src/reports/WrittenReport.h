@@ -4,13 +4,15 @@
 #include <string>
 
 #include "modemlog/LogFile.h"
-#include "reports/PriceExplained.h"
-#include "reports/ReportOf.h"
+#include "reports/ReportExport.h"
 
 namespace qel {
 
 enum class ReportKind { Summary, Details };
 enum class OutputFormat { Text, Csv, Json, Html };
+
+// Of a form that is CSV or JSON.
+ExportFormat ExportFormatOf(OutputFormat format);
 
 // A report of an analysis of that log. Only Details are explained.
 std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report, OutputFormat format,

@@ -5,16 +5,17 @@ namespace qel {
 namespace {
 
 bool CallCosts(const ServiceRecord& service) {
-  if (service.DialOption == 1) return service.DialFixedTariff != 0;
+  if (service.DialOption == ServiceRecord::FixedCharge) return service.DialFixedTariff != 0;
   bool costs = false;
-  for (int i = 0; service.DialOption == 2 && i < service.UsedTariffs; ++i)
+  for (int i = 0; service.DialOption == ServiceRecord::ByTariffs && i < service.UsedTariffs; ++i)
     costs = costs || service.Tariffs[i].DialRate != 0 || service.Tariffs[i].PerMinuteRate != 0;
   return costs;
 }
 
 bool TimeCosts(const ServiceRecord& service) {
-  if (service.ServiceOption == 1) return service.ServiceRate != 0;
-  return service.ServiceOption == 2 && (service.FlexRate != 0 || service.FlexRate2 != 0);
+  if (service.ServiceOption == ServiceRecord::FlatRate) return service.ServiceRate != 0;
+  return service.ServiceOption == ServiceRecord::FlexibleRate &&
+         (service.FlexRate != 0 || service.FlexRate2 != 0);
 }
 
 }  // namespace

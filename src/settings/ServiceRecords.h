@@ -34,11 +34,13 @@ struct ServiceRecord {
   std::string ServiceName;
   std::string ServiceNumber;
   std::string ServiceAltNumber;
-  Int16 DialOption = 0;  // 1: DialFixedTariff per call; 2: Tariffs
+  static constexpr int FixedCharge = 1, ByTariffs = 2;
+  Int16 DialOption = 0;  // FixedCharge: DialFixedTariff per call; ByTariffs: Tariffs
   double DialFixedTariff = 0;
   BoundedArray<TariffRecord> Tariffs;  // 0 to 9, the first UsedTariffs in use; their order is their priority
   Int16 UsedTariffs = 0;
-  Int16 ServiceOption = 0;  // 1: ServiceRate; 2: FlexRate up to UpToHours per PenaltyPeriod, then FlexRate2
+  static constexpr int FlatRate = 1, FlexibleRate = 2;
+  Int16 ServiceOption = 0;  // FlatRate: ServiceRate; FlexibleRate: FlexRate up to UpToHours, then FlexRate2
   double ServiceRate = 0;   // rates are per hour
   double FlexRate = 0;
   Int16 UpToHours = 0;

@@ -10,19 +10,12 @@
 #include "ui/HelpNumbers.h"
 #include "ui/frmReport.h"
 #include "values/CodePage.h"
-#include "values/DateFormat.h"
 
 namespace qel {
 
 namespace {
 
-constexpr int PrintLeft = 500;  // twips
-
 std::string AsHtml(const std::string& text) { return FromUtf8Lossy(HtmlText(text)); }
-
-std::string Moment(const Settings& settings, Date date, Date time) {
-  return FormatDate(date, "Short Date") + " " + FormatDate(time, TimeFormat(settings.ForceAMPM));
-}
 
 std::string Row(const std::string& part, const std::string& text, const std::string& cost) {
   return "<tr><td>" + AsHtml(part) + "</td><td>" + AsHtml(text) + "</td><td align=\"right\">" + AsHtml(cost) +
@@ -31,12 +24,12 @@ std::string Row(const std::string& part, const std::string& text, const std::str
 
 std::string PriceHtml(const Settings& settings, const DetailLine& line) {
   const ConnectionRecord& c = line.Connection;
-  std::string html =
-      "<h2>" + AsHtml(PriceTitle(settings, line)) + "</h2><p><b>" +
-      AsHtml(GetServiceName(settings, c.Number)) + "</b><br/>" +
-      AsHtml(Moment(settings, c.StartDate, c.StartTime) + " to " + Moment(settings, c.EndDate, c.EndTime) +
-             ", " + FormatTime(static_cast<float>(line.Seconds), false)) +
-      "</p><table width=\"100%\"><tr><th>Part</th><th>Reason</th><th>Amount</th></tr>";
+  std::string html = "<h2>" + AsHtml(PriceTitle(settings, line)) + "</h2><p><b>" +
+                     AsHtml(GetServiceName(settings, c.Number)) + "</b><br/>" +
+                     AsHtml(MomentText(c.StartDate, c.StartTime, settings.ForceAMPM) + " to " +
+                            MomentText(c.EndDate, c.EndTime, settings.ForceAMPM) + ", " +
+                            FormatTime(static_cast<float>(line.Seconds), false)) +
+                     "</p><table width=\"100%\"><tr><th>Part</th><th>Reason</th><th>Amount</th></tr>";
   std::string before;
   for (const auto& [part, text, cost] : PriceLines(settings, line)) {
     html += Row(part == before ? "" : part, text, cost);
@@ -105,9 +98,7 @@ void frmPrice::btnCopy_Click() {
 
 void frmPrice::btnPrint_Click() {
   SetTrace("frmPrice", "btnPrint_Click");
-  Attempt([this] {
-    CurrentHost().Print({.Title = Caption, .Text = Text(), .Font = {"Courier New", 10}, .Left = PrintLeft});
-  });
+  Attempt([this] { CurrentHost().Print({.Title = Caption, .Text = Text()}); });
 }
 
 }  // namespace qel

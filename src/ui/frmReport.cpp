@@ -16,8 +16,6 @@ namespace qel {
 
 namespace {
 
-constexpr int PrintLeft = 500;  // twips
-
 // Report windows name what they show, and so do the documents that they print.
 std::string CaptionOf(const std::string& file) { return "QEL Report - (" + PathText(file) + ")"; }
 
@@ -215,8 +213,7 @@ void frmReport::mnuPrint_Click() {
   SetTrace("frmReport", "mnuPrint_Click");
   StatusUpdate();
   try {
-    CurrentHost().Print(
-        {.Title = Caption, .Text = Report.ReportText, .Font = {"Courier New", 10}, .Left = PrintLeft});
+    CurrentHost().Print({.Title = Caption, .Text = Report.ReportText});
   } catch (const RunTimeError& error) {
     TellFailure("printed", error);
   }

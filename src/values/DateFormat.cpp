@@ -244,4 +244,6 @@ std::string FormatDate(Date date, std::string_view mask) {
   return MaskWriter(date, mask).Write();
 }
 
+std::string IsoDate(Date date) { return FormatDate(date, "yyyy\\-mm\\-dd"); }
+
 }  // namespace qel

@@ -24,6 +24,9 @@ namespace qel {
 // Raises 6 (overflow) outside the years 100 to 9999.
 std::string FormatDate(Date date, std::string_view mask);
 
+// "1998-10-05". Raises as FormatDate does.
+std::string IsoDate(Date date);
+
 // Formats by a pattern of the regional settings ("M/d/yyyy", "dddd, MMMM dd, yyyy", "h:mm:ss tt"), in which
 // capital M is the month, small m the minute, H the hour of 24, h that of 12, tt the day half, and a text
 // between single quotes stands for itself. Raises 6 (overflow) outside the years 100 to 9999.

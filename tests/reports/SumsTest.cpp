@@ -12,6 +12,7 @@
 #include "reports/UseByService.h"
 #include "settings/UserParameters.h"
 #include "support/Expected.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 
