@@ -61,6 +61,16 @@ std::string BarOf(const char* style, const Box& box, const std::string& words) {
          HtmlText(words) + "</title></rect>\n";
 }
 
+ChartPlace PlaceOf(const Box& box, const std::string& words, std::size_t item) {
+  return {box.X, box.Y, box.Width, box.Height, words, item};
+}
+
+void Finish(ChartPicture& picture, const ChartTexts& texts, double height) {
+  picture.Markup = Begin(texts, height) + picture.Markup + "</svg>\n";
+  picture.Width = Width;
+  picture.Height = height;
+}
+
 // The pattern of a part, drawn over its bar.
 std::string Pattern(std::string_view style, const Box& box) {
   if (style != "service" && style != "data") return "";
@@ -95,9 +105,10 @@ std::string TickText(const std::string& label, double x, double y) {
   return Line("axis", x, y, x, y + 5) + Words("middle", textX, y + 19, label);
 }
 
-std::string PanelText(const ChartPanel& panel, const Slots& slots, double top) {
+void DrawPanel(ChartPicture& picture, const ChartPanel& panel, const Slots& slots, double top) {
   const double floor = top + PanelTitle + PanelHeight;
-  std::string text = Words("name", 0, top + 13, panel.Title);
+  std::string& text = picture.Markup;
+  text += Words("name", 0, top + 13, panel.Title);
   for (int i = 0; i <= panel.Scale.Steps; ++i) {
     const double y = floor - PanelHeight * i / panel.Scale.Steps;
     text += Line(i == 0 ? "axis" : "grid", slots.Left, y, Width, y);
@@ -107,9 +118,10 @@ std::string PanelText(const ChartPanel& panel, const Slots& slots, double top) {
     const double height = PanelHeight * panel.Values[i] / panel.Scale.Top();
     if (!(height > 0)) continue;
     const double width = slots.BarWidth();
-    text += BarOf(panel.Style, {slots.Middle(i) - width / 2, floor - height, width, height}, panel.Words[i]);
+    const Box box{slots.Middle(i) - width / 2, floor - height, width, height};
+    text += BarOf(panel.Style, box, panel.Words[i]);
+    picture.Places.push_back(PlaceOf(box, panel.Words[i], i));
   }
-  return text;
 }
 
 // The darkness of a day: 0 for nothing, then by quarters of the highest.
@@ -159,49 +171,53 @@ std::string ShownName(const Stack& stack) {
   return isLong ? stack.Name.substr(0, LongestName - 3) + "..." : stack.Name;
 }
 
-std::string StackText(const Stack& stack, const std::vector<StackPart>& parts, const ChartScale& scale,
-                      const Box& room) {
-  std::string text = Words("name", 0, room.Y + room.Height - 4, ShownName(stack));
+void DrawStack(ChartPicture& picture, const std::vector<Stack>& stacks, std::size_t item,
+               const std::vector<StackPart>& parts, const ChartScale& scale, const Box& room) {
+  const Stack& stack = stacks[item];
+  std::string& text = picture.Markup;
+  text += Words("name", 0, room.Y + room.Height - 4, ShownName(stack));
   double x = room.X;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const double width = room.Width * stack.Values[i] / scale.Top();
     if (!(width > 0)) continue;
     // A seam of the paper's colour, where there is room for it.
     const Box box{x, room.Y, std::max(width - 1, width / 2), room.Height};
-    text +=
-        BarOf(parts[i].Style, box, stack.Name + ", " + parts[i].Name + ": " + scale.Label(stack.Values[i]));
-    text += Pattern(parts[i].Style, box);
+    const std::string words = stack.Name + ", " + parts[i].Name + ": " + scale.Label(stack.Values[i]);
+    text += BarOf(parts[i].Style, box, words) + Pattern(parts[i].Style, box);
+    picture.Places.push_back(PlaceOf(box, words, item));
     x += width;
   }
-  return text + Words("name", x + 8, room.Y + room.Height - 4, stack.Total);
+  text += Words("name", x + 8, room.Y + room.Height - 4, stack.Total);
 }
 
 }  // namespace
 
-std::string BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
-                     const std::vector<ChartTick>& ticks) {
+ChartPicture BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
+                      const std::vector<ChartTick>& ticks) {
   double left = 0;
   for (const auto& panel : panels) left = std::max(left, WidestLabel(panel.Scale) + 12);
   const Slots slots(left, panels.front().Values.size());
-  std::string text;
+  ChartPicture picture;
   double top = 0;
   for (const auto& panel : panels) {
-    text += PanelText(panel, slots, top);
+    DrawPanel(picture, panel, slots, top);
     top += PanelTitle + PanelHeight + 14;
   }
   const double floor = top - 14;
-  for (const auto& tick : ticks) text += TickText(tick.Label, slots.Middle(tick.Bar), floor);
-  return Begin(texts, floor + TickSpace) + text + "</svg>\n";
+  for (const auto& tick : ticks) picture.Markup += TickText(tick.Label, slots.Middle(tick.Bar), floor);
+  Finish(picture, texts, floor + TickSpace);
+  return picture;
 }
 
-std::string CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
-                          const std::function<std::string(double)>& shown) {
+ChartPicture CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
+                           const std::function<std::string(double)>& shown) {
   double left = 0, highest = 0;
   for (const auto& name : calendar.Rows) left = std::max(left, WidthOf(name) + 8);
   for (const auto& day : calendar.Days) highest = std::max(highest, day.Value);
   const auto weeksPerBand = static_cast<std::size_t>((Width - left) / DayRoom);
   const double bandHeight = MarkSpace + static_cast<double>(WeekDays) * DayRoom + BandSpace;
-  std::string text;
+  ChartPicture picture;
+  std::string& text = picture.Markup;
   std::size_t band = 0;
   for (std::size_t i = 0; i < calendar.Days.size(); ++i) {
     const ChartDay& day = calendar.Days[i];
@@ -212,16 +228,18 @@ std::string CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar
     const bool beginsBand = i == 0 || (row == 0 && week % weeksPerBand == 0);
     if (beginsBand) text += RowNames(calendar.Rows, top);
     if (!day.Mark.empty()) text += Words("start", std::min(x, Width - WidthOf(day.Mark)), top - 6, day.Mark);
-    text += DayText(calendar.Style, {x, top + static_cast<double>(row) * DayRoom, DaySide, DaySide}, day,
-                    ShadeOf(day.Value, highest));
+    const Box box{x, top + static_cast<double>(row) * DayRoom, DaySide, DaySide};
+    text += DayText(calendar.Style, box, day, ShadeOf(day.Value, highest));
+    picture.Places.push_back(PlaceOf(box, day.Words, i));
   }
   const double floor = static_cast<double>(band + 1) * bandHeight;
-  return Begin(texts, floor + LegendHeight - 8) + text +
-         ShadeLegend(calendar.Style, left, floor, highest, shown) + "</svg>\n";
+  text += ShadeLegend(calendar.Style, left, floor, highest, shown);
+  Finish(picture, texts, floor + LegendHeight - 8);
+  return picture;
 }
 
-std::string StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
-                        const std::vector<Stack>& stacks, const ChartScale& scale) {
+ChartPicture StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
+                         const std::vector<Stack>& stacks, const ChartScale& scale) {
   double left = 0, right = WidthOf(scale.Label(scale.Top())) / 2;
   for (const auto& stack : stacks) {
     left = std::max(left, WidthOf(ShownName(stack)) + 20);
@@ -229,18 +247,21 @@ std::string StackedBars(const ChartTexts& texts, const std::vector<StackPart>& p
   }
   const double width = Width - left - right;
   const double floor = LegendHeight + StackRow * static_cast<double>(stacks.size());
-  std::string text = PatternDefinitions + Legend(parts, left);
+  ChartPicture picture;
+  std::string& text = picture.Markup;
+  text = PatternDefinitions + Legend(parts, left);
   for (int i = 0; i <= scale.Steps; ++i) {
     const double x = left + width * i / scale.Steps;
     text += Line(i == 0 ? "axis" : "grid", x, LegendHeight - 4, x, floor);
     text += Words("middle", x, floor + 18, scale.Label(i * scale.Step));
   }
   double y = LegendHeight + (StackRow - StackBar) / 2 - 2;
-  for (const auto& stack : stacks) {
-    text += StackText(stack, parts, scale, {left, y, width, StackBar});
+  for (std::size_t i = 0; i < stacks.size(); ++i) {
+    DrawStack(picture, stacks, i, parts, scale, {left, y, width, StackBar});
     y += StackRow;
   }
-  return Begin(texts, floor + TickSpace) + text + "</svg>\n";
+  Finish(picture, texts, floor + TickSpace);
+  return picture;
 }
 
 }  // namespace qel

@@ -17,6 +17,19 @@ struct ChartTexts {
   std::string Title, Description;
 };
 
+// Where a bar, a part of one or a day stands in its picture, and what it says.
+struct ChartPlace {
+  double X, Y, Width, Height;  // units of the picture
+  std::string Words;           // Windows-1252
+  std::size_t Item;            // the bar, day or stack, from 0
+};
+
+struct ChartPicture {
+  std::string Markup;  // one <svg> element
+  double Width = 0, Height = 0;
+  std::vector<ChartPlace> Places;
+};
+
 // One row of upright bars; its bars are those of the other panels' of the same place.
 struct ChartPanel {
   std::string Title;
@@ -33,8 +46,8 @@ struct ChartTick {
 };
 
 // Panels one below the other over one axis. They must have equally many bars, one at least.
-std::string BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
-                     const std::vector<ChartTick>& ticks);
+ChartPicture BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
+                      const std::vector<ChartTick>& ticks);
 
 struct ChartDay {
   double Value;
@@ -51,8 +64,8 @@ struct ChartCalendar {
   std::vector<ChartDay> Days;  // one at least
 };
 
-std::string CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
-                          const std::function<std::string(double)>& shown);
+ChartPicture CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
+                           const std::function<std::string(double)>& shown);
 
 struct StackPart {
   std::string Name;
@@ -66,7 +79,7 @@ struct Stack {
 };
 
 // One lying bar for each stack, divided into its parts, and a legend of them.
-std::string StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
-                        const std::vector<Stack>& stacks, const ChartScale& scale);
+ChartPicture StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
+                         const std::vector<Stack>& stacks, const ChartScale& scale);
 
 }  // namespace qel

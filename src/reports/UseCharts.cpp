@@ -64,11 +64,11 @@ std::vector<ChartTick> TicksOf(const UseByTime& use) {
   return ticks;
 }
 
-std::string Figure(const std::string& heading, const std::string& chart, const std::string& caption,
+std::string Figure(const std::string& heading, const ChartPicture& chart, const std::string& caption,
                    const std::string& table) {
   return "<figure>\n<figcaption><h2>" + HtmlText(heading) + "</h2>" + HtmlText(caption) +
-         "</figcaption>\n<div class=\"wide\">" + chart + "</div>\n<details><summary>Figures</summary>\n" +
-         table + "</details>\n</figure>\n";
+         "</figcaption>\n<div class=\"wide\">" + chart.Markup +
+         "</div>\n<details><summary>Figures</summary>\n" + table + "</details>\n</figure>\n";
 }
 
 double Highest(const std::vector<double>& values) { return *std::max_element(values.begin(), values.end()); }
