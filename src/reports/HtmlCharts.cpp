@@ -11,8 +11,7 @@ namespace qel {
 
 namespace {
 
-// All lengths are units of the picture, which is drawn about as wide as it is on a page of full width.
-constexpr double Width = 960;
+// All lengths are units of the drawing.
 constexpr double LetterWidth = 7;
 constexpr double PanelHeight = 120, PanelTitle = 30, TickSpace = 26;
 constexpr double WidestBar = 36, BarShare = 0.78;  // of the room that a bar has
@@ -22,19 +21,23 @@ constexpr std::size_t WeekDays = 7;
 constexpr int Shades = 4;
 constexpr std::size_t LongestName = 24;  // characters of a stack's name
 
-std::string Number(double number, int decimals = 1) {
+std::string Number(double number) {
   char text[400];
-  std::snprintf(text, sizeof text, "%.*f", decimals, number);
+  std::snprintf(text, sizeof text, "%.1f", number);
   return text;
 }
 
-std::string Attribute(const char* name, double number, int decimals = 1) {
-  return std::string(" ") + name + "=\"" + Number(number, decimals) + "\"";
+std::string Attribute(const char* name, double number) {
+  return std::string(" ") + name + "=\"" + Number(number) + "\"";
 }
 
-std::string Begin(const ChartTexts& texts, double height) {
-  return "<svg role=\"img\" viewBox=\"0 0 " + Number(Width) + " " + Number(height) + "\">\n<title>" +
-         HtmlText(texts.Title) + "</title>\n<desc>" + HtmlText(texts.Description) + "</desc>\n";
+Drawing Begin(const ChartTexts& texts) {
+  return {.Heading = texts.Title,
+          .Caption = texts.Caption,
+          .Width = texts.Width,
+          .Height = 0,
+          .Markup = "",
+          .Places = {}};
 }
 
 std::string Line(const char* style, double x1, double y1, double x2, double y2) {
@@ -56,19 +59,20 @@ std::string BoxAttributes(const Box& box) {
          Attribute("height", box.Height);
 }
 
-std::string BarOf(const char* style, const Box& box, const std::string& words) {
-  return std::string("<rect class=\"bar ") + style + "\"" + BoxAttributes(box) + "><title>" +
-         HtmlText(words) + "</title></rect>\n";
+std::string BarOf(const std::string& style, const Box& box, const std::string& words) {
+  return "<rect class=\"bar " + style + "\"" + BoxAttributes(box) + "><title>" + HtmlText(words) +
+         "</title></rect>\n";
 }
 
-ChartPlace PlaceOf(const Box& box, const std::string& words, std::size_t item) {
-  return {box.X, box.Y, box.Width, box.Height, words, item};
+DrawnPlace PlaceOf(const Box& box, const std::string& words, int target) {
+  return {box.X, box.Y, box.Width, box.Height, words, target};
 }
 
-void Finish(ChartPicture& picture, const ChartTexts& texts, double height) {
-  picture.Markup = Begin(texts, height) + picture.Markup + "</svg>\n";
-  picture.Width = Width;
-  picture.Height = height;
+void Finish(Drawing& drawing, const ChartTexts& texts, double height) {
+  drawing.Markup = "<svg role=\"img\" viewBox=\"0 0 " + Number(drawing.Width) + " " + Number(height) +
+                   "\">\n<title>" + HtmlText(texts.Title) + "</title>\n<desc>" + HtmlText(texts.Description) +
+                   "</desc>\n" + drawing.Markup + "</svg>\n";
+  drawing.Height = height;
 }
 
 // The pattern of a part, drawn over its bar.
@@ -94,24 +98,25 @@ double WidestLabel(const ChartScale& scale) {
 
 // Where the bars stand.
 struct Slots {
-  Slots(double left, std::size_t count) : Left(left), Room((Width - left) / static_cast<double>(count)) {}
+  Slots(double left, double right, std::size_t count)
+      : Left(left), Right(right), Room((right - left) / static_cast<double>(count)) {}
   double Middle(std::size_t bar) const { return Left + (static_cast<double>(bar) + 0.5) * Room; }
   double BarWidth() const { return std::min(WidestBar, Room * BarShare); }
-  double Left, Room;
+  double Left, Right, Room;
 };
 
-std::string TickText(const std::string& label, double x, double y) {
-  const double textX = std::min(x, Width - WidthOf(label) / 2);
+std::string TickText(const std::string& label, double x, double y, double right) {
+  const double textX = std::min(x, right - WidthOf(label) / 2);
   return Line("axis", x, y, x, y + 5) + Words("middle", textX, y + 19, label);
 }
 
-void DrawPanel(ChartPicture& picture, const ChartPanel& panel, const Slots& slots, double top) {
+void DrawPanel(Drawing& drawing, const ChartPanel& panel, const Slots& slots, double top) {
   const double floor = top + PanelTitle + PanelHeight;
-  std::string& text = picture.Markup;
+  std::string& text = drawing.Markup;
   text += Words("name", 0, top + 13, panel.Title);
   for (int i = 0; i <= panel.Scale.Steps; ++i) {
     const double y = floor - PanelHeight * i / panel.Scale.Steps;
-    text += Line(i == 0 ? "axis" : "grid", slots.Left, y, Width, y);
+    text += Line(i == 0 ? "axis" : "grid", slots.Left, y, slots.Right, y);
     text += Words("end", slots.Left - 8, y + 4, panel.Scale.Label(i * panel.Scale.Step));
   }
   for (std::size_t i = 0; i < panel.Values.size(); ++i) {
@@ -120,7 +125,7 @@ void DrawPanel(ChartPicture& picture, const ChartPanel& panel, const Slots& slot
     const double width = slots.BarWidth();
     const Box box{slots.Middle(i) - width / 2, floor - height, width, height};
     text += BarOf(panel.Style, box, panel.Words[i]);
-    picture.Places.push_back(PlaceOf(box, panel.Words[i], i));
+    drawing.Places.push_back(PlaceOf(box, panel.Words[i], panel.Targets.empty() ? 0 : panel.Targets[i]));
   }
 }
 
@@ -129,10 +134,9 @@ int ShadeOf(double value, double highest) {
   return value > 0 ? std::clamp(static_cast<int>(std::ceil(Shades * value / highest)), 1, Shades) : 0;
 }
 
-std::string DayText(const char* style, const Box& box, const ChartDay& day, int shade) {
+std::string DayText(const std::string& style, const Box& box, const ChartDay& day, int shade) {
   if (shade == 0) return "<rect class=\"nothing\"" + BoxAttributes(box) + "/>\n";
-  std::string text = BarOf(style, box, day.Words);
-  return text.insert(5, Attribute("fill-opacity", static_cast<double>(shade) / Shades, 2));
+  return BarOf(style + " shade" + std::to_string(shade), box, day.Words);
 }
 
 std::string RowNames(const std::vector<std::string>& names, double top) {
@@ -171,10 +175,9 @@ std::string ShownName(const Stack& stack) {
   return isLong ? stack.Name.substr(0, LongestName - 3) + "..." : stack.Name;
 }
 
-void DrawStack(ChartPicture& picture, const std::vector<Stack>& stacks, std::size_t item,
-               const std::vector<StackPart>& parts, const ChartScale& scale, const Box& room) {
-  const Stack& stack = stacks[item];
-  std::string& text = picture.Markup;
+void DrawStack(Drawing& drawing, const Stack& stack, const std::vector<StackPart>& parts,
+               const ChartScale& scale, const Box& room) {
+  std::string& text = drawing.Markup;
   text += Words("name", 0, room.Y + room.Height - 4, ShownName(stack));
   double x = room.X;
   for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -184,7 +187,7 @@ void DrawStack(ChartPicture& picture, const std::vector<Stack>& stacks, std::siz
     const Box box{x, room.Y, std::max(width - 1, width / 2), room.Height};
     const std::string words = stack.Name + ", " + parts[i].Name + ": " + scale.Label(stack.Values[i]);
     text += BarOf(parts[i].Style, box, words) + Pattern(parts[i].Style, box);
-    picture.Places.push_back(PlaceOf(box, words, item));
+    drawing.Places.push_back(PlaceOf(box, words, stack.Target));
     x += width;
   }
   text += Words("name", x + 8, room.Y + room.Height - 4, stack.Total);
@@ -192,32 +195,33 @@ void DrawStack(ChartPicture& picture, const std::vector<Stack>& stacks, std::siz
 
 }  // namespace
 
-ChartPicture BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
-                      const std::vector<ChartTick>& ticks) {
+Drawing BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
+                 const std::vector<ChartTick>& ticks) {
   double left = 0;
   for (const auto& panel : panels) left = std::max(left, WidestLabel(panel.Scale) + 12);
-  const Slots slots(left, panels.front().Values.size());
-  ChartPicture picture;
+  const Slots slots(left, texts.Width, panels.front().Values.size());
+  Drawing drawing = Begin(texts);
   double top = 0;
   for (const auto& panel : panels) {
-    DrawPanel(picture, panel, slots, top);
+    DrawPanel(drawing, panel, slots, top);
     top += PanelTitle + PanelHeight + 14;
   }
   const double floor = top - 14;
-  for (const auto& tick : ticks) picture.Markup += TickText(tick.Label, slots.Middle(tick.Bar), floor);
-  Finish(picture, texts, floor + TickSpace);
-  return picture;
+  for (const auto& tick : ticks)
+    drawing.Markup += TickText(tick.Label, slots.Middle(tick.Bar), floor, texts.Width);
+  Finish(drawing, texts, floor + TickSpace);
+  return drawing;
 }
 
-ChartPicture CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
-                           const std::function<std::string(double)>& shown) {
+Drawing CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
+                      const std::function<std::string(double)>& shown) {
   double left = 0, highest = 0;
   for (const auto& name : calendar.Rows) left = std::max(left, WidthOf(name) + 8);
   for (const auto& day : calendar.Days) highest = std::max(highest, day.Value);
-  const auto weeksPerBand = static_cast<std::size_t>((Width - left) / DayRoom);
+  const auto weeksPerBand = static_cast<std::size_t>((texts.Width - left) / DayRoom);
   const double bandHeight = MarkSpace + static_cast<double>(WeekDays) * DayRoom + BandSpace;
-  ChartPicture picture;
-  std::string& text = picture.Markup;
+  Drawing drawing = Begin(texts);
+  std::string& text = drawing.Markup;
   std::size_t band = 0;
   for (std::size_t i = 0; i < calendar.Days.size(); ++i) {
     const ChartDay& day = calendar.Days[i];
@@ -227,28 +231,29 @@ ChartPicture CalendarChart(const ChartTexts& texts, const ChartCalendar& calenda
     const double top = static_cast<double>(band) * bandHeight + MarkSpace;
     const bool beginsBand = i == 0 || (row == 0 && week % weeksPerBand == 0);
     if (beginsBand) text += RowNames(calendar.Rows, top);
-    if (!day.Mark.empty()) text += Words("start", std::min(x, Width - WidthOf(day.Mark)), top - 6, day.Mark);
+    if (!day.Mark.empty())
+      text += Words("start", std::min(x, texts.Width - WidthOf(day.Mark)), top - 6, day.Mark);
     const Box box{x, top + static_cast<double>(row) * DayRoom, DaySide, DaySide};
     text += DayText(calendar.Style, box, day, ShadeOf(day.Value, highest));
-    picture.Places.push_back(PlaceOf(box, day.Words, i));
+    drawing.Places.push_back(PlaceOf(box, day.Words, day.Target));
   }
   const double floor = static_cast<double>(band + 1) * bandHeight;
   text += ShadeLegend(calendar.Style, left, floor, highest, shown);
-  Finish(picture, texts, floor + LegendHeight - 8);
-  return picture;
+  Finish(drawing, texts, floor + LegendHeight - 8);
+  return drawing;
 }
 
-ChartPicture StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
-                         const std::vector<Stack>& stacks, const ChartScale& scale) {
+Drawing StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
+                    const std::vector<Stack>& stacks, const ChartScale& scale) {
   double left = 0, right = WidthOf(scale.Label(scale.Top())) / 2;
   for (const auto& stack : stacks) {
     left = std::max(left, WidthOf(ShownName(stack)) + 20);
     right = std::max(right, WidthOf(stack.Total) + 16);  // behind a bar of full length
   }
-  const double width = Width - left - right;
+  const double width = texts.Width - left - right;
   const double floor = LegendHeight + StackRow * static_cast<double>(stacks.size());
-  ChartPicture picture;
-  std::string& text = picture.Markup;
+  Drawing drawing = Begin(texts);
+  std::string& text = drawing.Markup;
   text = PatternDefinitions + Legend(parts, left);
   for (int i = 0; i <= scale.Steps; ++i) {
     const double x = left + width * i / scale.Steps;
@@ -256,12 +261,12 @@ ChartPicture StackedBars(const ChartTexts& texts, const std::vector<StackPart>& 
     text += Words("middle", x, floor + 18, scale.Label(i * scale.Step));
   }
   double y = LegendHeight + (StackRow - StackBar) / 2 - 2;
-  for (std::size_t i = 0; i < stacks.size(); ++i) {
-    DrawStack(picture, stacks, i, parts, scale, {left, y, width, StackBar});
+  for (const auto& stack : stacks) {
+    DrawStack(drawing, stack, parts, scale, {left, y, width, StackBar});
     y += StackRow;
   }
-  Finish(picture, texts, floor + TickSpace);
-  return picture;
+  Finish(drawing, texts, floor + TickSpace);
+  return drawing;
 }
 
 }  // namespace qel

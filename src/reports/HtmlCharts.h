@@ -9,25 +9,15 @@
 #include <string>
 #include <vector>
 
+#include "platform/Drawing.h"
 #include "reports/ChartScale.h"
 
 namespace qel {
 
+// `Title` and `Caption` stand around the drawing.
 struct ChartTexts {
-  std::string Title, Description;
-};
-
-// Where a bar, a part of one or a day stands in its picture, and what it says.
-struct ChartPlace {
-  double X, Y, Width, Height;  // units of the picture
-  std::string Words;           // Windows-1252
-  std::size_t Item;            // the bar, day or stack, from 0
-};
-
-struct ChartPicture {
-  std::string Markup;  // one <svg> element
-  double Width = 0, Height = 0;
-  std::vector<ChartPlace> Places;
+  std::string Title, Caption, Description;
+  double Width;  // of the drawing
 };
 
 // One row of upright bars; its bars are those of the other panels' of the same place.
@@ -37,6 +27,7 @@ struct ChartPanel {
   ChartScale Scale;
   std::vector<double> Values;
   std::vector<std::string> Words;  // what each bar says
+  std::vector<int> Targets;        // what each leads to; may be left out
 };
 
 // A word below a bar.
@@ -46,13 +37,14 @@ struct ChartTick {
 };
 
 // Panels one below the other over one axis. They must have equally many bars, one at least.
-ChartPicture BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
-                      const std::vector<ChartTick>& ticks);
+Drawing BarChart(const ChartTexts& texts, const std::vector<ChartPanel>& panels,
+                 const std::vector<ChartTick>& ticks);
 
 struct ChartDay {
   double Value;
   std::string Words;
   std::string Mark;  // above its week; empty for most
+  int Target = 0;
 };
 
 // Days by weeks: a column for each week, a row for each of its days, shaded by value. `firstRow` is the row
@@ -64,8 +56,8 @@ struct ChartCalendar {
   std::vector<ChartDay> Days;  // one at least
 };
 
-ChartPicture CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
-                           const std::function<std::string(double)>& shown);
+Drawing CalendarChart(const ChartTexts& texts, const ChartCalendar& calendar,
+                      const std::function<std::string(double)>& shown);
 
 struct StackPart {
   std::string Name;
@@ -76,10 +68,11 @@ struct Stack {
   std::string Name;
   std::vector<double> Values;  // by part
   std::string Total;
+  int Target = 0;
 };
 
 // One lying bar for each stack, divided into its parts, and a legend of them.
-ChartPicture StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
-                         const std::vector<Stack>& stacks, const ChartScale& scale);
+Drawing StackedBars(const ChartTexts& texts, const std::vector<StackPart>& parts,
+                    const std::vector<Stack>& stacks, const ChartScale& scale);
 
 }  // namespace qel

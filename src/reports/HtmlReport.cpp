@@ -25,6 +25,8 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
+constexpr double DrawingWidth = 960;  // about as wide as a page
+
 std::string Paragraph(const std::string& text, const char* style = "") {
   const std::string attribute = *style ? std::string(" class=\"") + style + "\"" : "";
   return "<p" + attribute + ">" + HtmlText(text) + "</p>\n";
@@ -37,6 +39,12 @@ std::string Section(const char* style, const std::string& markup) {
 std::string Heading(const std::string& title, const std::string& below) {
   return "<header>\n" + Paragraph("QELMARK", "brand") + "<h1>" + HtmlText(title) + "</h1>\n" + below +
          "</header>\n";
+}
+
+std::string Figure(const UseChart& chart) {
+  return "<figure>\n<figcaption><h2>" + HtmlText(chart.Picture.Heading) + "</h2>" +
+         HtmlText(chart.Picture.Caption) + "</figcaption>\n<div class=\"wide\">" + chart.Picture.Markup +
+         "</div>\n<details><summary>Figures</summary>\n" + chart.Table + "</details>\n</figure>\n";
 }
 
 std::string LogName(const LogFile& logFile) {
@@ -192,10 +200,9 @@ std::string ReportPage(const ReportOf& of, const LogFile& logFile, const std::st
   if (use.Services().empty()) {
     body += Paragraph("No connections were made during this period.");
   } else {
-    const bool withCosts = of.settings.CalcCosts;
-    body += KeyFigures(of, TotalsOf(of, use)) + SummaryTable(of, use) +
-            (withCosts ? CostByService(use) : "") + UseOverPeriod(times, withCosts) +
-            UseByCalendar(times, withCosts) + UseByHour(times);
+    body += KeyFigures(of, TotalsOf(of, use)) + SummaryTable(of, use);
+    for (const auto& chart : UseCharts(use, times, of.settings.CalcCosts, DrawingWidth))
+      body += Figure(chart);
     if (withConnections) body += Section("connections", connections.Finish());
   }
   return HtmlPage("QELMARK - " + title, body + "</main>\n");

@@ -73,6 +73,9 @@ svg .cost { fill: var(--cost); }
 svg .service { fill: var(--service); }
 svg .dialup { fill: var(--dialup); }
 svg .data { fill: var(--data); }
+svg .shade1 { fill-opacity: .25; }
+svg .shade2 { fill-opacity: .5; }
+svg .shade3 { fill-opacity: .75; }
 svg .nothing { fill: var(--line); }
 svg .hatch { stroke: var(--over); stroke-opacity: .35; stroke-width: 1.2; }
 svg .dot { fill: var(--over); fill-opacity: .45; }

@@ -18,6 +18,7 @@ ServiceUse UseOf(const Settings& settings, const DetailLine& line) {
   use.Key = KeyOf(settings, c.Number);
   use.Number = use.Key.Index < 0 ? use.Key.Number : c.Number;
   use.Service = GetServiceName(settings, use.Number);
+  use.Connection = line.Index;
   use.Sessions = 1;
   use.Seconds = line.Seconds;
   use.BytesRead = c.BytesRead;

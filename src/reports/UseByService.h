@@ -27,6 +27,7 @@ ServiceKey KeyOf(const Settings& settings, const std::string& number);
 struct ServiceUse {
   ServiceKey Key;
   std::string Service, Number;  // the name to show; the number that was dialled first
+  int Connection = 0;           // number of the first one
   long Sessions = 0, Seconds = 0, BytesRead = 0, Blocks = 0, BlockMinutes = 0, FreeSeconds = 0;
   double DialCost = 0, ServiceCost = 0, DataCost = 0, TotalCost = 0;  // in the user's currency
 

@@ -42,24 +42,25 @@ UseByTime::UseByTime(Date start, Date end) : start(start), length(LengthFor(Days
   }
 }
 
-void UseByTime::Count(Date day, double seconds, double cost) {
+void UseByTime::Count(Date day, double seconds, double cost, int connection) {
   const int index = DaysBetween(start, day), last = static_cast<int>(days.size()) - 1;
   const auto at = static_cast<std::size_t>(std::clamp(index, 0, last));
   for (UseSpan* use : {&days[at], &spans[spanOfDay[at]]}) {
     use->Seconds += seconds;
     use->Cost += cost;
+    if (use->Connection == 0) use->Connection = connection;
   }
 }
 
 void UseByTime::Add(const DetailLine& line) {
   const ConnectionRecord& connection = line.Connection;
-  Count(connection.StartDate, 0, line.ConnectionCost);
+  Count(connection.StartDate, 0, line.ConnectionCost, line.Index);
   const bool beganBefore = connection.StartDate < start;  // the line then counts from the midnight behind
   Date day = beganBefore ? connection.StartDate + 1 : connection.StartDate;
   int second = beganBefore ? 0 : SecondOfDay(connection.StartTime);
   for (int left = line.Seconds; left != 0;) {
     const int piece = std::min(left, SecondsPerHour - second % SecondsPerHour);
-    Count(day, piece, 0);
+    Count(day, piece, 0, line.Index);
     hourSeconds[static_cast<std::size_t>(second / SecondsPerHour)] += piece;
     left -= piece;
     second += piece;

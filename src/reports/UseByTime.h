@@ -18,7 +18,8 @@ enum class SpanLength { Day, Week, Month, Year };
 struct UseSpan {
   Date First = 0, Last = 0;  // whole days, both inside
   double Seconds = 0;
-  double Cost = 0;  // in the user's currency
+  double Cost = 0;     // in the user's currency
+  int Connection = 0;  // number of the first one that counts in it; 0 for none
 };
 
 class UseByTime {
@@ -37,7 +38,7 @@ class UseByTime {
   const std::array<double, 24>& HourSeconds() const { return hourSeconds; }
 
  private:
-  void Count(Date day, double seconds, double cost);
+  void Count(Date day, double seconds, double cost, int connection);
 
   const Date start;
   SpanLength length;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "core/ShownDates.h"
@@ -64,20 +66,13 @@ std::vector<ChartTick> TicksOf(const UseByTime& use) {
   return ticks;
 }
 
-std::string Figure(const std::string& heading, const ChartPicture& chart, const std::string& caption,
-                   const std::string& table) {
-  return "<figure>\n<figcaption><h2>" + HtmlText(heading) + "</h2>" + HtmlText(caption) +
-         "</figcaption>\n<div class=\"wide\">" + chart.Markup +
-         "</div>\n<details><summary>Figures</summary>\n" + table + "</details>\n</figure>\n";
-}
-
 double Highest(const std::vector<double>& values) { return *std::max_element(values.begin(), values.end()); }
 double Sum(const std::vector<double>& values) { return std::accumulate(values.begin(), values.end(), 0.0); }
 
 ChartPanel PanelOf(const char* title, const char* style, std::vector<double> values,
                    const std::vector<std::string>& names, ChartScale (*scale)(double),
-                   std::string (*shown)(double)) {
-  ChartPanel panel{title, style, scale(Highest(values)), std::move(values), {}};
+                   std::string (*shown)(double), const std::vector<int>& targets) {
+  ChartPanel panel{title, style, scale(Highest(values)), std::move(values), {}, targets};
   for (std::size_t i = 0; i < names.size(); ++i)
     panel.Words.push_back(names[i] + ": " + shown(panel.Values[i]));
   return panel;
@@ -108,23 +103,26 @@ std::vector<ServiceUse> Dearest(std::vector<ServiceUse> services) {
   return services;
 }
 
-}  // namespace
+// How each is drawn, if there is anything to draw.
+using MaybeChart = std::optional<UseChart>;
 
-std::string UseOverPeriod(const UseByTime& use, bool withCosts) {
+MaybeChart UseOverPeriod(const UseByTime& use, bool withCosts, double width) {
   const SpanWords& words = WordsFor(use.Length());
   std::vector<std::string> names;
   std::vector<double> seconds, costs;
+  std::vector<int> targets;
   for (const auto& span : use.Spans()) {
     names.push_back(FormatDate(span.First, words.Mask));
     seconds.push_back(span.Seconds);
     costs.push_back(span.Cost);
+    targets.push_back(span.Connection);
   }
   std::vector<ChartPanel> panels;
   if (Highest(seconds) > 0)
-    panels.push_back(PanelOf("Connected time", "time", seconds, names, TimeScale, TimeText));
+    panels.push_back(PanelOf("Connected time", "time", seconds, names, TimeScale, TimeText, targets));
   if (withCosts && Highest(costs) > 0)
-    panels.push_back(PanelOf("Cost", "cost", costs, names, MoneyScale, MoneyText));
-  if (panels.empty()) return "";
+    panels.push_back(PanelOf("Cost", "cost", costs, names, MoneyScale, MoneyText, targets));
+  if (panels.empty()) return {};
   std::vector<HtmlColumn> columns = {{words.Column, true}, {"Connected time"}};
   if (withCosts) columns.push_back({"Cost"});
   HtmlTable table(words.Title, columns);
@@ -132,15 +130,15 @@ std::string UseOverPeriod(const UseByTime& use, bool withCosts) {
     table.AddRow({names[i], TimeText(seconds[i]), MoneyText(costs[i])});
   std::string caption = "Time counts on the days in which it passed.";
   if (withCosts) caption += " Cost counts on the day on which the connection began.";
-  ChartTexts texts{words.Title, ""};
+  ChartTexts texts{words.Title, caption, "", width};
   for (const auto& panel : panels) texts.Description += PeakWords(panel) + " ";
-  return Figure(words.Title, BarChart(texts, panels, TicksOf(use)), caption,
-                table.Finish({"TOTALS:", TimeText(Sum(seconds)), MoneyText(Sum(costs))}));
+  return UseChart{BarChart(texts, panels, TicksOf(use)),
+                  table.Finish({"TOTALS:", TimeText(Sum(seconds)), MoneyText(Sum(costs))})};
 }
 
-std::string UseByHour(const UseByTime& use) {
+MaybeChart UseByHour(const UseByTime& use, double width) {
   const std::vector<double> seconds(use.HourSeconds().begin(), use.HourSeconds().end());
-  if (!(Highest(seconds) > 0)) return "";
+  if (!(Highest(seconds) > 0)) return {};
   std::vector<std::string> names;
   std::vector<ChartTick> ticks;
   HtmlTable table("By hour of the day", {{"Hour from", true}, {"Connected time"}});
@@ -149,15 +147,19 @@ std::string UseByHour(const UseByTime& use) {
     table.AddRow({names.back(), TimeText(seconds[hour])});
     if (hour % HoursBetweenTicks == 0) ticks.push_back({hour, names.back()});
   }
-  const ChartPanel panel = PanelOf("Connected time", "time", seconds, names, TimeScale, TimeText);
-  return Figure("By hour of the day", BarChart({"By hour of the day", PeakWords(panel)}, {panel}, ticks),
-                "Time counts in the hours in which it passed, over the whole period.",
-                table.Finish({"TOTALS:", TimeText(Sum(seconds))}));
+  const ChartPanel panel = PanelOf("Connected time", "time", seconds, names, TimeScale, TimeText, {});
+  return UseChart{
+      BarChart({"By hour of the day", "Time counts in the hours in which it passed, over the whole period.",
+                PeakWords(panel), width},
+               {panel}, ticks),
+      table.Finish({"TOTALS:", TimeText(Sum(seconds))})};
 }
 
-std::string UseByCalendar(const UseByTime& use, bool withCosts) {
+// Days by weeks and the weekdays' sums, by cost, or by time where `withCosts` is false or nothing cost
+// anything; for periods of more than a week and of no more years than a picture has room for.
+MaybeChart UseByCalendar(const UseByTime& use, bool withCosts, double width) {
   const std::vector<UseSpan>& days = use.Days();
-  if (days.size() <= DaysPerWeek || days.size() > MostCalendarDays) return "";
+  if (days.size() <= DaysPerWeek || days.size() > MostCalendarDays) return {};
   std::array<UseSpan, DaysPerWeek> weekdays{};
   UseSpan sum;
   for (const auto& day : days)
@@ -166,7 +168,7 @@ std::string UseByCalendar(const UseByTime& use, bool withCosts) {
       to->Cost += day.Cost;
     }
   const bool byCost = withCosts && sum.Cost > 0;
-  if (!byCost && !(sum.Seconds > 0)) return "";
+  if (!byCost && !(sum.Seconds > 0)) return {};
   const auto value = byCost ? &UseSpan::Cost : &UseSpan::Seconds;
   const auto shown = byCost ? MoneyText : TimeText;
 
@@ -185,33 +187,58 @@ std::string UseByCalendar(const UseByTime& use, bool withCosts) {
     calendar.Days.push_back(
         {day.*value,
          FormatDate(day.First, "ddd") + " " + FormatDate(day.First, "Short Date") + ": " + shown(day.*value),
-         MonthMark(day.First, &day == &days.front())});
+         MonthMark(day.First, &day == &days.front()), day.Connection});
   const std::string caption = "Most " + std::string(byCost ? "money was spent" : "time was used") + " on " +
                               FormatDate(SomeMonday + static_cast<Date>(most), "dddd") + ": " +
                               shown(weekdays[most].*value) + ".";
-  return Figure("By day of the week", CalendarChart({"By day of the week", caption}, calendar, shown),
-                caption, table.Finish({"TOTALS:", TimeText(sum.Seconds), MoneyText(sum.Cost)}));
+  return UseChart{CalendarChart({"By day of the week", caption, caption, width}, calendar, shown),
+                  table.Finish({"TOTALS:", TimeText(sum.Seconds), MoneyText(sum.Cost)})};
 }
 
-std::string CostByService(const UseByService& use) {
+MaybeChart CostByService(const UseByService& use, double width) {
   const std::vector<ServiceUse> drawn = Dearest(use.Services());
-  if (drawn.empty() || !(drawn.front().TotalCost > 0)) return "";
+  if (drawn.empty() || !(drawn.front().TotalCost > 0)) return {};
   const std::vector<StackPart> parts = {{"Dial-up", "dialup"}, {"Service", "service"}, {"Data", "data"}};
   std::vector<Stack> stacks;
   double widest = 0;
   for (const auto& service : drawn) {
     const std::vector<double> costs = {service.DialCost, service.ServiceCost, service.DataCost};
-    stacks.push_back({service.Service, costs, MoneyText(service.TotalCost)});
+    stacks.push_back({service.Service, costs, MoneyText(service.TotalCost), service.Connection});
     widest = std::max(widest, Sum(costs));
   }
-  const ChartTexts texts{"Cost by service",
-                         "The dearest is " + drawn.front().Service + " at " + stacks.front().Total + "."};
   std::string caption = "Each bar is divided into dial-up, service and data, in this order.";
   if (drawn.size() < use.Services().size())
     caption += " Drawn are the " + std::to_string(drawn.size()) + " dearest of " +
                std::to_string(use.Services().size()) + "; the figures tell of all.";
-  return Figure("Cost by service", StackedBars(texts, parts, stacks, MoneyScale(widest)), caption,
-                CostTable(use));
+  const ChartTexts texts{"Cost by service", caption,
+                         "The dearest is " + drawn.front().Service + " at " + stacks.front().Total + ".",
+                         width};
+  return UseChart{StackedBars(texts, parts, stacks, MoneyScale(widest)), CostTable(use)};
+}
+
+}  // namespace
+
+std::vector<UseChart> UseCharts(const UseByService& services, const UseByTime& times, bool withCosts,
+                                double width) {
+  std::vector<UseChart> charts;
+  for (MaybeChart chart :
+       {withCosts ? CostByService(services, width) : std::nullopt, UseOverPeriod(times, withCosts, width),
+        UseByCalendar(times, withCosts, width), UseByHour(times, width)})
+    if (chart) charts.push_back(std::move(*chart));
+  return charts;
+}
+
+std::vector<Drawing> ReportDrawings(const ReportOf& of, double width) {
+  UseByService services(of.settings);
+  UseByTime times(of.period.PeriodStart, of.period.PeriodEnd);
+  ForEachConnection(of, [&](const DetailLine& line) {
+    services.Add(line);
+    times.Add(line);
+  });
+  std::vector<Drawing> drawings;
+  for (auto& chart : UseCharts(services, times, of.settings.CalcCosts, width))
+    drawings.push_back(std::move(chart.Picture));
+  return drawings;
 }
 
 }  // namespace qel

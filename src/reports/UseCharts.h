@@ -1,21 +1,27 @@
-// The drawn part of a page: charts of use and cost, each with its figures in a table that the reader can
-// open.
+// The drawn part of a report: charts of use and cost, each with its figures in a table. What a bar or a day
+// leads to is the first connection that counts in it.
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "platform/Drawing.h"
+#include "reports/ReportOf.h"
 #include "reports/UseByService.h"
 #include "reports/UseByTime.h"
 
 namespace qel {
 
-// Markup; empty where there is nothing to draw.
-std::string UseOverPeriod(const UseByTime& use, bool withCosts);
-std::string UseByHour(const UseByTime& use);
-// Days by weeks and the weekdays' sums, by cost, or by time where `withCosts` is false or nothing cost
-// anything; for periods of more than a week and of no more years than a picture has room for.
-std::string UseByCalendar(const UseByTime& use, bool withCosts);
+struct UseChart {
+  Drawing Picture;
+  std::string Table;  // markup
+};
 
-std::string CostByService(const UseByService& use);
+// Those that there is something to draw for, in the order in which they are read. `width` is that of each.
+std::vector<UseChart> UseCharts(const UseByService& services, const UseByTime& times, bool withCosts,
+                                double width);
+
+// Of all connections of a report.
+std::vector<Drawing> ReportDrawings(const ReportOf& of, double width);
 
 }  // namespace qel
