@@ -39,7 +39,9 @@ void Control::UserDblClick() {
 }
 
 void Control::UserKey(KeyPress& press) {
-  if (Usable()) KeyDown(press);
+  if (!Usable()) return;
+  KeyDown(press);
+  if (!press.Handled && Usable()) TakeKey(press);
 }
 
 }  // namespace qel

@@ -19,7 +19,7 @@ class Control;
 enum class SystemColour { Default, WindowText, WindowBackground, MenuBackground, GreyText, Warning, Refused };
 
 // Keys that handlers ask for by name; any other key comes as the character it types.
-enum class Key { Other, Enter, Escape, Up, Down, PageUp, PageDown, Home, End, F1, F3, Delete };
+enum class Key { Other, Enter, Escape, Up, Down, Left, Right, PageUp, PageDown, Home, End, F1, F3, Delete };
 
 struct KeyPress {
   Key key = Key::Other;
@@ -90,6 +90,8 @@ class Control {
   virtual bool TakesFocus() const { return true; }
   // What a click, and gaining and losing the focus, do to the control itself, before its event.
   virtual void TakeClick() {}
+  // A key that the window has left to the control.
+  virtual void TakeKey(KeyPress&) {}
   virtual void TakeEntry() {}
   virtual void TakeExit() {}
   void ShowChange() const {

@@ -25,7 +25,7 @@ namespace qel {
 namespace {
 
 constexpr auto MakeFaceOfKind = {FaceOfLabel, FaceOfTextField, FaceOfTextArea, FaceOfDocument, FaceOfButton,
-                                 FaceOfBar,   FaceOfList,      FaceOfListView, FaceOfPicker};
+                                 FaceOfBar,   FaceOfList,      FaceOfListView, FaceOfDrawings, FaceOfPicker};
 
 constexpr int FramingTime = 200;  // milliseconds
 

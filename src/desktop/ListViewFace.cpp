@@ -145,8 +145,10 @@ class ListViewFace : public ControlFace {
       view.setCurrentIndex({});  // else the view picks the first row when it gets the focus
     } else if (selection.currentIndex().row() != row || !selection.hasSelection()) {
       const int leading = std::max(0, header.logicalIndexAt(0));
-      view.setCurrentIndex(rows.index(row, leading));
-      view.scrollTo(rows.index(row, leading));
+      const QModelIndex cell = rows.index(row, leading);
+      const bool isSeen = view.viewport()->rect().contains(view.visualRect(cell));
+      view.setCurrentIndex(cell);
+      view.scrollTo(cell, isSeen ? QTreeView::EnsureVisible : QTreeView::PositionAtCenter);
     }
   }
 

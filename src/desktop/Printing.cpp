@@ -9,8 +9,10 @@
 #include <QScreen>
 #include <QTextDocument>
 #include <algorithm>
+#include <cmath>
 
 #include "desktop/Dialogues.h"
+#include "desktop/DrawnBlock.h"
 #include "desktop/QtValues.h"
 
 namespace qel {
@@ -42,6 +44,33 @@ QFont FittedType(const QString& text, QFont type, qreal room, QPaintDevice& devi
   while (type.pointSizeF() > SmallestType && QFontMetricsF(type, &device).horizontalAdvance(line) > room)
     type.setPointSizeF(std::max(SmallestType, type.pointSizeF() - 0.25));
   return type;
+}
+
+// Below a text of that height, whose last page the painter stands on, in the colours of paper.
+void PrintDrawings(const PrintJob& job, QPagedPaintDevice& printer, QPainter& painter, const QSizeF& page,
+                   double textHeight) {
+  constexpr double unitsPerInch = 96, between = 20;
+  const double scale = printer.logicalDpiX() / unitsPerInch;
+  painter.scale(scale, scale);
+  const QSizeF room = page / scale;
+  const QPalette paper(Qt::black, Qt::white, Qt::white, Qt::black, Qt::gray, Qt::black, Qt::white);
+  QFont type("Arial");
+  type.setPixelSize(DrawnBlock::TypeSize);
+  double pageTop = (std::ceil(textHeight / page.height()) - 1) * room.height(), top = textHeight / scale;
+  for (const Drawing& drawing : job.Drawings) {
+    DrawnBlock block(drawing, paper);
+    const double fitting = std::min(1.0, room.width() / drawing.Width);
+    block.LayOut({0, top}, fitting, type);
+    if (block.Room().bottom() > pageTop + room.height() && top > pageTop) {
+      printer.newPage();
+      painter.translate(0, -room.height());
+      pageTop += room.height();
+      top = pageTop;
+      block.LayOut({0, top}, fitting, type);
+    }
+    block.Paint(painter);
+    top = block.Room().bottom() + between;
+  }
 }
 
 }  // namespace
@@ -79,6 +108,7 @@ void PrintPages(const PrintJob& job, QPagedPaintDevice& printer) {
     }
     document.drawContents(&painter, QRectF(QPointF(0, number * page.height()), page));
   }
+  PrintDrawings(job, printer, painter, page, document.size().height());
 }
 
 }  // namespace qel

@@ -15,18 +15,11 @@ const struct {
   int toolkit;
   Key model;
 } Keys[] = {
-    {Qt::Key_Return, Key::Enter},
-    {Qt::Key_Enter, Key::Enter},
-    {Qt::Key_Escape, Key::Escape},
-    {Qt::Key_Up, Key::Up},
-    {Qt::Key_Down, Key::Down},
-    {Qt::Key_PageUp, Key::PageUp},
-    {Qt::Key_PageDown, Key::PageDown},
-    {Qt::Key_Home, Key::Home},
-    {Qt::Key_End, Key::End},
-    {Qt::Key_F1, Key::F1},
-    {Qt::Key_F3, Key::F3},
-    {Qt::Key_Delete, Key::Delete},
+    {Qt::Key_Return, Key::Enter}, {Qt::Key_Enter, Key::Enter},   {Qt::Key_Escape, Key::Escape},
+    {Qt::Key_Up, Key::Up},        {Qt::Key_Down, Key::Down},     {Qt::Key_Left, Key::Left},
+    {Qt::Key_Right, Key::Right},  {Qt::Key_PageUp, Key::PageUp}, {Qt::Key_PageDown, Key::PageDown},
+    {Qt::Key_Home, Key::Home},    {Qt::Key_End, Key::End},       {Qt::Key_F1, Key::F1},
+    {Qt::Key_F3, Key::F3},        {Qt::Key_Delete, Key::Delete},
 };
 
 char CharacterOf(const QKeyEvent& event) {

@@ -6,7 +6,9 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "platform/Drawing.h"
 #include "platform/Font.h"
 #include "values/RunTimeError.h"
 
@@ -37,12 +39,13 @@ struct FileDialog {
   std::string FileName;  // the name it proposes, in the system's bytes too
 };
 
-// Text for the printer: Windows-1252, fixed pitch.
+// Text for the printer, Windows-1252, fixed pitch, and drawings below it.
 struct PrintJob {
   std::string Title;  // of the document
   std::string Text;   // lines end in CR LF
   qel::Font Font = {"Courier New", 10};
-  int Left = 500;  // twips from the edge of the page's printable area
+  int Left = 500;                      // twips from the edge of the page's printable area
+  std::vector<Drawing> Drawings = {};  // each whole on its page
 };
 
 // The colour that windows and buttons are drawn in where the display shows what the program was made for.

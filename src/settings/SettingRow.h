@@ -57,6 +57,7 @@ struct SettingRow {
   const char* WriteName = nullptr;  // where it is not Name
   // Where another value has this one's name: the digits before the number of the service that it belongs to.
   const char* RivalDigits = nullptr;
+  bool OnlyWhereSet = false;  // an empty value that the store does not have is not put there
 };
 
 template <auto Member>

@@ -103,6 +103,7 @@ struct WindowSettings {
   ReportViewSettings DetailViewSettings;
   Option SaveReportSettings;
   Option ReportListView;
+  bool ReportCharts = false;  // instead of either format
   Option ReportAutoArrange;
   std::array<RecentFile, 5> RecentFiles;
 };

@@ -84,6 +84,14 @@ const SettingRow<ViewLogRecord> ViewLog[] = {
 const SettingRow<WindowSettings> ViewReport[] = {
     Row<&WindowSettings::SaveReportSettings>("SaveSettings", StoredAs::Word, true),
     Row<&WindowSettings::ReportListView>("ListView", StoredAs::Word, true),
+    {"Charts",
+     StoredAs::Word,
+     MemberOf<&WindowSettings::ReportCharts>::PlaceIn,
+     {},
+     false,
+     nullptr,
+     nullptr,
+     true},
     Row<&WindowSettings::ReportAutoArrange>("AutoArrange", StoredAs::Word, false),
 };
 

@@ -24,7 +24,11 @@ void Load(RegistryStore& store, const std::string& keyName, const SettingRow<Rec
 
 template <class Record>
 void Store(RegistryStore& store, const std::string& keyName, const SettingRow<Record>& row, Record& record) {
-  Attempt([&] { StoreSetting(store, keyName, row.Name, row.As, row.PlaceIn(record)); });
+  Attempt([&] {
+    const bool isEmpty = row.OnlyWhereSet && IsMissing(row.PlaceIn(record)) &&
+                         QueryValue(store, SettingsRoot, keyName, row.Name).index() == 0;
+    if (!isEmpty) StoreSetting(store, keyName, row.Name, row.As, row.PlaceIn(record));
+  });
 }
 
 // These two give the name of the key.

@@ -1,4 +1,5 @@
-// The four views of the report window: two reports in two formats, and what the window remembers of each.
+// The views of the report window: two reports as text, list and charts, and what the window remembers of
+// each.
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "reports/DetailReport.h"
 #include "reports/SummaryDifference.h"
 #include "reports/SummaryReport.h"
+#include "reports/UseCharts.h"
 #include "ui/frmPrice.h"
 #include "ui/frmReport.h"
 #include "values/NumberConversion.h"
@@ -105,12 +107,28 @@ void frmReport::mnuDetails_Click() {
 
 void frmReport::mnuListView_Click() {
   SetTrace("frmReport", "mnuListView_Click");
-  ChooseFormat(true);
+  ChooseView(View::List);
 }
 
 void frmReport::mnuFormatStd_Click() {
   SetTrace("frmReport", "mnuFormatStd_Click");
-  ChooseFormat(false);
+  ChooseView(View::Text);
+}
+
+void frmReport::mnuCharts_Click() {
+  SetTrace("frmReport", "mnuCharts_Click");
+  ChooseView(View::Charts);
+  ReportCharts.SetFocus();
+}
+
+// Opens the Details at the connection.
+void frmReport::ReportCharts_TargetClick(int connection) {
+  SetTrace("frmReport", "ReportCharts_TargetClick");
+  StoreSettings();
+  ChooseView(View::List);
+  if (!mnuDetails.Checked) ChooseReport(Details);
+  SelectConnection(connection);
+  ListView1.SetFocus();
 }
 
 void frmReport::ChooseReport(const Kind& kind) {
@@ -125,9 +143,16 @@ void frmReport::ChooseReport(const Kind& kind) {
   StatusUpdate();
 }
 
-void frmReport::ChooseFormat(bool list) {
-  windowSettings.ReportListView = list;
-  ShowFormat(list);
+frmReport::View frmReport::RememberedView() const {
+  if (windowSettings.ReportCharts) return View::Charts;
+  return windowSettings.ReportListView ? View::List : View::Text;
+}
+
+void frmReport::ChooseView(View view) {
+  const bool list = view == View::List;
+  windowSettings.ReportCharts = view == View::Charts;
+  if (view != View::Charts) windowSettings.ReportListView = list;
+  ShowView(view);
   mnuFont.Enabled = mnuAutoArrange.Enabled = list;
   Toolbar1.Button("Bigger").Enabled = Toolbar1.Button("Smaller").Enabled = list;
   EnableConnections(list && !mnuSummary.Checked);
@@ -137,11 +162,24 @@ void frmReport::ChooseFormat(bool list) {
   StatusUpdate();
 }
 
-void frmReport::ShowFormat(bool list) {
-  ReportTextBox.Visible = !list;
-  ListView1.Visible = fraReportHeader.Visible = list;
-  mnuListView.Checked = Toolbar1.Button("List View").Pressed = list;
-  mnuFormatStd.Checked = Toolbar1.Button("Standard").Pressed = !list;
+void frmReport::ShowView(View view) {
+  ReportTextBox.Visible = view == View::Text;
+  ListView1.Visible = view == View::List;
+  ReportCharts.Visible = view == View::Charts;
+  fraReportHeader.Visible = view != View::Text;
+  mnuListView.Checked = Toolbar1.Button("List View").Pressed = view == View::List;
+  mnuFormatStd.Checked = Toolbar1.Button("Standard").Pressed = view == View::Text;
+  mnuCharts.Checked = Toolbar1.Button("Charts").Pressed = view == View::Charts;
+  DrawCharts();
+}
+
+// Of the report that is shown, and only while they are seen.
+void frmReport::DrawCharts() {
+  constexpr double width = 720;  // about a window's
+  if (!mnuCharts.Checked || !HasFigures()) return ReportCharts.SetDrawings({});
+  const Meanwhile here(CurrentSurroundings().Display, this);
+  const Meanwhile now(building, true);
+  ReportCharts.SetDrawings(ReportDrawings({analysis, shownSettings, shownPeriod}, width));
 }
 
 void frmReport::BuildReport(const Kind& kind) {
@@ -179,6 +217,7 @@ void frmReport::ShowDocument(const Kind& kind) {
   ListView1.SetRows(ListRows(std::exchange(Report.Rows, {})));
   ListView1.SelectRow(Report.SelectedRow);
   content = Content::Analysis;
+  DrawCharts();
 }
 
 // As many services as a window has room for; the tool tip tells of all.
@@ -238,7 +277,11 @@ void frmReport::StoreSettings() {
 
 void frmReport::StatusUpdate() {
   const bool list = mnuListView.Checked;
-  StatusBar1.SetPanel(1, list ? " List View Format" : " Standard Format");
+  const std::string told = ReportCharts.Told();
+  StatusBar1.SetPanel(1, list                 ? " List View Format"
+                         : !mnuCharts.Checked ? " Standard Format"
+                         : told.empty()       ? " Charts"
+                                              : " " + told);
   StatusBar1.SetPanel(2, !list ? "" : AutoArrangeOn ? " Auto Arrange On" : " Auto Arrange Off");
   StatusBar1.SetPanel(3, list ? " Font Size " + NumberText(ListView1.Font->Size) : "");
 }

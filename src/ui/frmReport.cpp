@@ -3,6 +3,7 @@
 #include <map>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "core/Surroundings.h"
 #include "platform/Files.h"
@@ -26,9 +27,9 @@ constexpr struct {
   const char* Extension;
   const char* Filter;
   OutputFormat Format;
-} FigureFiles[] = {{".HTML", "|Web Page (*.html)|*.html", OutputFormat::Html},
-                   {".CSV", "|CSV (*.csv)|*.csv", OutputFormat::Csv},
-                   {".JSON", "|JSON (*.json)|*.json", OutputFormat::Json}};
+} FigureFiles[] = {{".HTML", "Web Page (*.html)|*.html", OutputFormat::Html},
+                   {".CSV", "CSV (*.csv)|*.csv", OutputFormat::Csv},
+                   {".JSON", "JSON (*.json)|*.json", OutputFormat::Json}};
 
 OutputFormat FormatOf(const std::string& path) {
   for (const auto& kind : FigureFiles)
@@ -53,6 +54,8 @@ frmReport::frmReport(Windows& owner) : Window("frmReport", owner) {
     press.Handled = true;
     mnuExplain_Click();
   };
+  ReportCharts.PlaceChange = [this] { StatusUpdate(); };
+  ReportCharts.TargetClick = [this](int connection) { ReportCharts_TargetClick(connection); };
 }
 
 void frmReport::Toolbar1_ButtonClick(const std::string& key) {
@@ -67,6 +70,7 @@ void frmReport::Toolbar1_ButtonClick(const std::string& key) {
       {"Bigger", &mnuFontIncrease},
       {"Smaller", &mnuFontDecrease},
       {"ShowNums", &mnuNumConnections},
+      {"Charts", &mnuCharts},
   };
   items.at(key)->Click();
 }
@@ -80,7 +84,7 @@ void frmReport::Form_Load() {
   mnuSummary.Checked = settings.UserReportPref == 0;
   mnuDetails.Checked = settings.UserReportPref == 1;
   // Last, since it applies the settings of the report that is checked.
-  ChooseFormat(windowSettings.ReportListView);
+  ChooseView(RememberedView());
 }
 
 void frmReport::Form_Activate() {
@@ -102,7 +106,6 @@ bool frmReport::Form_Unload() {
   StoreSettings();
   windowSettings.SaveReportSettings = mnuSaveSettings.Checked();
   windowSettings.ReportAutoArrange = mnuAutoArrange.Checked();
-  if (content != Content::File) windowSettings.ReportListView = mnuListView.Checked();
   if (windowSettings.SaveReportSettings)
     session.StoreSettings();
   else
@@ -121,7 +124,7 @@ void frmReport::ShowAnalysis() {
   if (content == Content::File) {
     content = Content::Nothing;
     EnableAnalysis(true);
-    ChooseFormat(windowSettings.ReportListView);
+    ChooseView(RememberedView());
   }
   BringToFront();
 }
@@ -139,8 +142,9 @@ void frmReport::OpenReport(const std::string& path) {
   ReportTextBox.Select(0, 0);
   ListView1.Clear();
   ListView1.SetColumns({});
+  ReportCharts.SetDrawings({});
   RepDifference.Visible = false;
-  ShowFormat(false);
+  ShowView(View::Text);
   EnableAnalysis(false);
   StatusUpdate();
   BringToFront();
@@ -148,10 +152,11 @@ void frmReport::OpenReport(const std::string& path) {
 
 // What has no meaning for the text of a file.
 void frmReport::EnableAnalysis(bool enabled) {
-  for (Control* item : {&mnuSummary, &mnuDetails, &mnuRefresh, &mnuFormatStd, &mnuListView,
+  for (Control* item : {&mnuSummary, &mnuDetails, &mnuRefresh, &mnuFormatStd, &mnuListView, &mnuCharts,
                         &mnuNumConnections, &mnuExplain, &mnuAutoArrange, &mnuFont})
     item->Enabled = enabled;
-  for (const char* key : {"Summary", "Detail", "Standard", "List View", "Bigger", "Smaller", "ShowNums"})
+  for (const char* key :
+       {"Summary", "Detail", "Standard", "List View", "Bigger", "Smaller", "ShowNums", "Charts"})
     Toolbar1.Button(key).Enabled = enabled;
 }
 
@@ -182,14 +187,22 @@ std::string frmReport::Written(OutputFormat format) {
                        mnuDetails.Checked ? ReportKind::Details : ReportKind::Summary, format);
 }
 
+// The kind that shows what the window does stands first.
+std::string frmReport::SaveFilter() const {
+  std::vector<std::string> kinds = {TextFilter};
+  if (HasFigures())
+    for (const auto& kind : FigureFiles) kinds.push_back(kind.Filter);
+  if (mnuCharts.Checked && HasFigures()) std::swap(kinds[0], kinds[1]);
+  std::string filter;
+  for (const auto& kind : kinds) filter += (filter.empty() ? "" : "|") + kind;
+  return filter;
+}
+
 void frmReport::mnuSaveAS_Click() {
   SetTrace("frmReport", "mnuSaveAS_Click");
   StatusUpdate();
-  std::string filter = TextFilter;
-  if (HasFigures())
-    for (const auto& kind : FigureFiles) filter += kind.Filter;
-  const std::optional<std::string> path =
-      CurrentHost().AskSaveFile({.Filter = filter, .Folder = places.AppPath, .FileName = ProposedName()});
+  const std::optional<std::string> path = CurrentHost().AskSaveFile(
+      {.Filter = SaveFilter(), .Folder = places.AppPath, .FileName = ProposedName()});
   if (!path) return;
   try {
     ReplaceFile(*path, Written(FormatOf(*path)));
@@ -209,11 +222,22 @@ void frmReport::mnuCopy_Click() {
   }
 }
 
+// What stands above the charts is the head of the report, with what warns of it.
+std::string frmReport::PrintedText() const {
+  if (!mnuCharts.Checked) return Report.ReportText;
+  std::string text = " " + Report.RepTitle + NewLine + NewLine + " " + Report.RepBegin + " to " +
+                     Report.RepEnd + " (" + Report.RepPeriod + ")" + NewLine;
+  if (Report.fraWarning)
+    text += std::string(" WARNING: Errors found in log. Report may not be accurate.") + NewLine;
+  if (Report.fraNoConn) text += std::string(" No connections made during this period.") + NewLine;
+  return text + NewLine;
+}
+
 void frmReport::mnuPrint_Click() {
   SetTrace("frmReport", "mnuPrint_Click");
   StatusUpdate();
   try {
-    CurrentHost().Print({.Title = Caption, .Text = Report.ReportText});
+    CurrentHost().Print({.Title = Caption, .Text = PrintedText(), .Drawings = ReportCharts.Drawings()});
   } catch (const RunTimeError& error) {
     TellFailure("printed", error);
   }

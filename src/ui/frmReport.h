@@ -1,14 +1,15 @@
-// The report window: Summary and Details of the latest analysis, each as text and as a list; or the text of a
-// report that was saved before.
+// The report window: Summary and Details of the latest analysis, each as text, as a list and as charts; or
+// the text of a report that was saved before.
 //
 // Its handlers are told apart by what they are for: frmReport.cpp (life of the window, saving, printing),
-// ReportViews.cpp (the four views and their settings).
+// ReportViews.cpp (the views and their settings).
 #pragma once
 
 #include <string>
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
+#include "controls/DrawingView.h"
 #include "controls/ListView.h"
 #include "controls/TextControls.h"
 #include "core/Display.h"
@@ -58,6 +59,7 @@ class frmReport : public Window, private Display {
   MenuItem mnuOptions{*this, "mnuOptions"};
   MenuItem mnuFormatStd{*this, "mnuFormatStd", [this] { mnuFormatStd_Click(); }};
   MenuItem mnuListView{*this, "mnuListView", [this] { mnuListView_Click(); }};
+  MenuItem mnuCharts{*this, "mnuCharts", [this] { mnuCharts_Click(); }};
   MenuItem mnuNumConnections{*this, "mnuNumConnections", [this] { mnuNumConnections_Click(); }};
   MenuItem mnuAutoArrange{*this, "mnuAutoArrange", [this] { mnuAutoArrange_Click(); }};
   MenuItem mnuFont{*this, "mnuFont"};
@@ -68,7 +70,7 @@ class frmReport : public Window, private Display {
   Toolbar Toolbar1{*this,
                    "Toolbar1",
                    {"", "Save", "Print", "", "Exit", "", "Summary", "Detail", "", "Standard", "List View", "",
-                    "Bigger", "Smaller", "", "ShowNums"}};
+                    "Bigger", "Smaller", "", "ShowNums", "", "Charts"}};
   ProgressBar ProgressBar1{*this, "ProgressBar1"};
   StatusBar StatusBar1{*this, "StatusBar1"};
   ListView ListView1{*this, "ListView1"};
@@ -85,10 +87,13 @@ class frmReport : public Window, private Display {
   Label RepWarn2{*this, "RepWarn2"};
   Label RepWarn3{*this, "RepWarn3"};
   RichTextBox ReportTextBox{*this, "ReportTextBox"};
+  DrawingView ReportCharts{*this, "ReportCharts"};
 
  private:
   // What the window shows. Until the first report is built it has nothing to store.
   enum class Content { Nothing, Analysis, File };
+
+  enum class View { Text, List, Charts };
 
   // What sets the two reports apart.
   struct Kind {
@@ -114,6 +119,8 @@ class frmReport : public Window, private Display {
   void mnuDetails_Click();
   void mnuFormatStd_Click();
   void mnuListView_Click();
+  void mnuCharts_Click();
+  void ReportCharts_TargetClick(int connection);
   void mnuNumConnections_Click();
   void mnuAutoArrange_Click();
   void mnuFontIncrease_Click();
@@ -132,12 +139,16 @@ class frmReport : public Window, private Display {
   std::string ProposedName() const;
   bool HasFigures() const;
   std::string Written(OutputFormat format);
+  std::string SaveFilter() const;
+  std::string PrintedText() const;
 
   ReportViewSettings& SettingsOf(const Kind& kind) { return windowSettings.*kind.Settings; }
   const Kind* CheckedReport() const;  // nullptr where neither is checked
   void ChooseReport(const Kind& kind);
-  void ChooseFormat(bool list);
-  void ShowFormat(bool list);
+  View RememberedView() const;
+  void ChooseView(View view);
+  void ShowView(View view);
+  void DrawCharts();
   void BuildReport(const Kind& kind);
   void ShowDocument(const Kind& kind);
   void ShowDifferences(const Kind& kind);

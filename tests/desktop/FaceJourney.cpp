@@ -147,7 +147,7 @@ void FaceJourney::Press(Form& form, const std::string& key) {
   if (key.size() == 1)
     QTest::keyClick(focused, key.front());
   else
-    QTest::keySequence(focused, QKeySequence(QString::fromStdString(key)));
+    QTest::keySequence(focused, QKeySequence(QString::fromStdString(key).replace("Page", "Pg")));
   Settle();
 }
 

@@ -24,7 +24,7 @@ TEST_P(FaceJourneys, AreSeenAsTheModelsTellThem) {
 // to option, whose order is the design's.
 INSTANTIATE_TEST_SUITE_P(
     All, FaceJourneys,
-    testing::Values("about", "another-default-log", "archives", "choosing-the-period",
+    testing::Values("about", "another-default-log", "archives", "charts", "choosing-the-period",
                     "clearing-after-an-archive", "clearing-and-purging", "connection-times", "damaged-logs",
                     "ended-rewrites", "ending", "exporting-and-importing", "first-days", "first-report",
                     "holidays", "holidays-gone-by", "long-logs", "no-log", "optimizing", "options",

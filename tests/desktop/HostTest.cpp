@@ -189,13 +189,13 @@ TEST_F(HostOfDesktop, ANameToSaveUnderGetsTheExtensionOfItsKind) {
 }
 
 // The number of pages of a job in 10 points on A4.
-int PagesOf(const std::string& text) {
+int PagesOf(const std::string& text, const std::vector<Drawing>& drawings = {}) {
   QBuffer pdf;
   pdf.open(QIODevice::WriteOnly);
   {
     QPdfWriter writer(&pdf);
     writer.setPageSize(QPageSize(QPageSize::A4));
-    PrintPages({"Report", text, {"", 10}, 567}, writer);
+    PrintPages({"Report", text, {"", 10}, 567, drawings}, writer);
   }
   return static_cast<int>(pdf.data().count("/Type /Page\n"));
 }
@@ -210,12 +210,15 @@ TEST_F(HostOfDesktop, LinesArePrintedWholeWhereTheTypeCanShrinkAndPagesFollow) {
   EXPECT_EQ(PagesOf("one line"), 1);
   EXPECT_LE(PagesOf(longLines), PagesOf(shortLines)) << "smaller, not wrapped";
   EXPECT_EQ(PagesOf(wrapped), 2) << "three lines for one";
+  const Drawing half{"Heading", "Caption", 720, 480, "<svg viewBox=\"0 0 720 480\"></svg>", {}};
+  EXPECT_EQ(PagesOf("head", {half}), 1);
+  EXPECT_EQ(PagesOf("head", {half, half, half}), 2) << "each is whole on its page";
   Then([] {
     QWidget& preview = *QApplication::activeModalWidget();
     EXPECT_GT(preview.height(), preview.screen()->availableSize().height() / 2) << "a page can be read";
     QTest::keyClick(&preview, Qt::Key_Escape);
   });
-  PreviewAndPrint({"Report", shortLines, {"", 10}, 567});
+  PreviewAndPrint({"Report", shortLines, {"", 10}, 567, {}});
 }
 
 }  // namespace

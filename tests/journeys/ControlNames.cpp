@@ -2,6 +2,7 @@
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
+#include "controls/DrawingView.h"
 #include "controls/ListView.h"
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
@@ -39,7 +40,7 @@ std::string KindOf(const Control& control) {
       {Is<RichTextBox>, "text"},  {Is<TextBox>, "field"},   {Is<Toolbar>, "tool bar"},
       {Is<StatusBar>, "status"},  {Is<ProgressBar>, "bar"}, {Is<TabStrip>, "tabs"},
       {Is<ComboBox>, "choice"},   {Is<ListBox>, "list"},    {Is<ListView>, "table"},
-      {Is<Calendar>, "calendar"}, {Is<UpDown>, "up-down"},
+      {Is<Calendar>, "calendar"}, {Is<UpDown>, "up-down"},  {Is<DrawingView>, "charts"},
   };
   for (const auto& row : kinds)
     if (row.is(control)) return row.kind;

@@ -323,6 +323,7 @@ void Journey::Print(const PrintJob& job) {
   Tell("print \"" + ToUtf8(job.Title) + "\", " + job.Font.Name + " " + NumberText(job.Font.Size) + ", " +
        std::to_string(job.Left) + " from the left");
   TellLines(job.Text);
+  for (const Drawing& drawing : job.Drawings) Tell("  drawing \"" + ToUtf8(drawing.Heading) + '"');
 }
 
 }  // namespace qel

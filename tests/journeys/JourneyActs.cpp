@@ -41,10 +41,10 @@ const struct {
   const char* name;
   Key key;
 } KeyNames[] = {
-    {"Enter", Key::Enter}, {"Escape", Key::Escape}, {"Up", Key::Up},
-    {"Down", Key::Down},   {"PageUp", Key::PageUp}, {"PageDown", Key::PageDown},
-    {"Home", Key::Home},   {"End", Key::End},       {"F1", Key::F1},
-    {"F3", Key::F3},       {"Delete", Key::Delete},
+    {"Enter", Key::Enter},   {"Escape", Key::Escape},     {"Up", Key::Up},     {"Down", Key::Down},
+    {"PageUp", Key::PageUp}, {"PageDown", Key::PageDown}, {"Left", Key::Left}, {"Right", Key::Right},
+    {"Home", Key::Home},     {"End", Key::End},           {"F1", Key::F1},     {"F3", Key::F3},
+    {"Delete", Key::Delete},
 };
 
 KeyPress PressOf(std::string name) {

@@ -5,6 +5,7 @@
 
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
+#include "controls/DrawingView.h"
 #include "controls/ListView.h"
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
@@ -111,6 +112,7 @@ class Writer {
     if (const auto* strip = dynamic_cast<const TabStrip*>(&control)) return TabsOf(*strip);
     if (const auto* list = dynamic_cast<const ListBox*>(&control)) return ItemsOf(*list);
     if (const auto* list = dynamic_cast<const ListView*>(&control)) return RowsOf(*list);
+    if (const auto* view = dynamic_cast<const DrawingView*>(&control)) return PlacesOf(*view);
     if (const auto* page = dynamic_cast<const Document*>(&control)) return Lines(page->Html());
     if (const auto* calendar = dynamic_cast<const Calendar*>(&control))
       return DayOf(std::min(calendar->Value(), DateSerial(9999, 12, 31)));
@@ -210,6 +212,22 @@ class Writer {
     if (!withTips) return "";
     return std::string(list.FullRowSelect ? " of whole rows" : "") +
            (list.HideSelection ? "" : " always marked");
+  }
+
+  // What leads to a connection, with its number.
+  std::string PlacesOf(const DrawingView& view) {
+    std::vector<std::string> places = {indent + NameOf(view) + " places"};
+    std::size_t next = 0;
+    for (int i = 0; i < view.PlaceCount(); ++i) {
+      for (; next <= view.DrawingOf(i); ++next)
+        places.push_back(indent + "  " + ToUtf8(view.Drawings()[next].Heading) + ". " +
+                         ToUtf8(view.Drawings()[next].Caption));
+      const int target = view.Place(i).Target;
+      places.push_back(indent + "  | " + ToUtf8(view.Place(i).Words) +
+                       (target == 0 ? "" : " -> " + std::to_string(target)));
+    }
+    shown.push_back({NameOf(view) + " places", std::move(places)});
+    return view.Told().empty() ? "" : " at " + Quoted(view.Told());
   }
 
   // A rule of a hundred dots says as much with four.
