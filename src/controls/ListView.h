@@ -21,6 +21,7 @@ struct ListRow {
   std::string Text;
   std::vector<std::string> SubItems;  // SubItems[0] stands in the second column; may end early
   int SmallIcon = 0;                  // in front of the text; 0 for none
+  int Mark = 0;                       // the colour in front of the text, as a Timetable has it; 0 for none
 };
 
 // Rows and columns count from 1, as users count them. Faces read rows in place: tens of thousands stay fluid.

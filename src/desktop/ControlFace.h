@@ -80,6 +80,7 @@ std::unique_ptr<ControlFace> FaceOfList(FormFace& form, Control& model);
 std::unique_ptr<ControlFace> FaceOfListView(FormFace& form, Control& model);
 std::unique_ptr<ControlFace> FaceOfDrawings(FormFace& form, Control& model);
 std::unique_ptr<ControlFace> FaceOfPicker(FormFace& form, Control& model);
+std::unique_ptr<ControlFace> FaceOfTimetable(FormFace& form, Control& model);
 
 // A face that ties one kind of control to one kind of widget, action or menu.
 template <class Face, class Model, class Shown>

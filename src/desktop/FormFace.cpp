@@ -24,8 +24,9 @@ namespace qel {
 
 namespace {
 
-constexpr auto MakeFaceOfKind = {FaceOfLabel, FaceOfTextField, FaceOfTextArea, FaceOfDocument, FaceOfButton,
-                                 FaceOfBar,   FaceOfList,      FaceOfListView, FaceOfDrawings, FaceOfPicker};
+constexpr auto MakeFaceOfKind = {FaceOfLabel,    FaceOfTextField, FaceOfTextArea, FaceOfDocument,
+                                 FaceOfButton,   FaceOfBar,       FaceOfList,     FaceOfListView,
+                                 FaceOfDrawings, FaceOfPicker,    FaceOfTimetable};
 
 constexpr int FramingTime = 200;  // milliseconds
 

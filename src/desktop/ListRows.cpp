@@ -2,6 +2,7 @@
 
 #include <QIcon>
 
+#include "desktop/Look.h"
 #include "desktop/QtValues.h"
 
 namespace qel {
@@ -35,7 +36,9 @@ QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role
 
 QVariant ListRows::IconOf(const QModelIndex& index) const {
   if (index.column() > 0) return {};
-  const int icon = list.Row(index.row() + 1).SmallIcon;
+  const ListRow& row = list.Row(index.row() + 1);
+  if (row.Mark != 0) return MarkColour(row.Mark - 1);
+  const int icon = row.SmallIcon;
   return icon == 0 ? QVariant() : QIcon(QStringLiteral(":/icons/small%1.svg").arg(icon));
 }
 

@@ -78,6 +78,17 @@ void ApplyLook() {
   QToolTip::setPalette(palette);
 }
 
+QColor MarkColour(int number) {
+  // Far from each other for neighbours, and in lightness too for those who do not see every hue.
+  constexpr QRgb strong[] = {0x0072B2, 0xE69F00, 0x009E73, 0xCC79A7, 0xF0E442,
+                             0x56B4E9, 0xD55E00, 0x7A4FBF, 0x8DB600, 0x8B6F47};
+  const QColor mark(strong[static_cast<std::size_t>(number) % std::size(strong)]);
+  const QColor ground = QApplication::palette().color(QPalette::Base);
+  const auto mixed = [](int of, int with) { return (of * 11 + with * 9) / 20; };
+  return {mixed(mark.red(), ground.red()), mixed(mark.green(), ground.green()),
+          mixed(mark.blue(), ground.blue())};
+}
+
 QColor ColourOf(SystemColour role) {
   const QPalette palette = QApplication::palette();
   switch (role) {

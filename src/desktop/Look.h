@@ -13,4 +13,8 @@ void ApplyLook();
 // The colour that a role has on the user's screen; the text colour for the default one.
 QColor ColourOf(SystemColour role);
 
+// A ground that tells one thing from others in a list and a picture, on which text of the window can be read
+// whether the window is light or dark. Ten differ.
+QColor MarkColour(int number);
+
 }  // namespace qel

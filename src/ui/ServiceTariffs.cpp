@@ -3,9 +3,12 @@
 
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
+#include "platform/Clock.h"
 #include "ui/TariffList.h"
+#include "ui/WeekAtAGlance.h"
 #include "ui/frmService.h"
 #include "ui/frmTariff.h"
+#include "values/CodePage.h"
 #include "values/Region.h"
 
 namespace qel {
@@ -20,8 +23,9 @@ void frmService::WireTariffs() {
 
 void frmService::SetTariffColumns() {
   lstDialTimeTariff.FullRowSelect = true;
+  txtDialTimeTariffNotes.Locked = true;
   lstDialTimeTariff.HideSelection = false;  // the buttons below it work on that row
-  lstDialTimeTariff.SetColumns({{"Description", 1600},
+  lstDialTimeTariff.SetColumns({{"Description", 1900},
                                 {"Days", 1080},
                                 {"Hours", 1900},
                                 {Region.CurrencySymbol + "/Call", 860},
@@ -40,11 +44,32 @@ void frmService::DisplayTariffs() {
   for (int i = 0; i < TariffCopyCount; ++i) {
     ListRow row;
     Attempt([&] { row = TariffRow(TariffCopy[i]); });
+    row.Mark = i + 1;
     rows.push_back(row);
   }
   lstDialTimeTariff.SetRows(rows);
   if (lstDialTimeTariff.Usable() && SelectedTariff <= TariffCopyCount)
     lstDialTimeTariff.SelectRow(SelectedTariff);
+  ShowWeek();
+}
+
+// Damaged tariffs, of which no week can be made, show none.
+void frmService::ShowWeek() {
+  ServiceRecord service;
+  service.ServiceName = txtDescription.Text;
+  service.DialOption = 2;
+  service.UsedTariffs = TariffCopyCount;
+  Timetable::Content week;
+  std::string notes;
+  IgnoreErrors([&] {
+    for (int i = 0; i < TariffCopyCount; ++i) service.Tariffs[i] = TariffCopy[i];
+    week = TimetableOf(WeekOf(*Edited, service, Today()), service);
+    for (const Finding& finding : CheckTariffs(*Edited, service, Today()))
+      notes += (notes.empty() ? "" : NewLine) + finding.Text;
+    if (notes.empty()) notes = "Every minute of the week has its tariff, and every tariff its minutes.";
+  });
+  weekDialTimeTariff.Shows = week;
+  txtDialTimeTariffNotes.Text = notes;
 }
 
 void frmService::ShowTariffCount() {

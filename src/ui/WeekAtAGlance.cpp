@@ -69,4 +69,17 @@ std::string InWords(const WeekAtAGlance& week, const ServiceRecord& service) {
   return text;
 }
 
+Timetable::Content TimetableOf(const WeekAtAGlance& week, const ServiceRecord& service) {
+  Timetable::Content content{{}, {}, "no tariff", InWords(week, service)};
+  for (int t = 0; t < service.UsedTariffs; ++t) content.Holders.push_back(service.Tariffs[t].Description);
+  for (int day = 0; day < DayCount; ++day) {
+    const auto& stretches = week.Days[static_cast<std::size_t>(day)];
+    if (stretches.empty()) continue;
+    auto& row = content.Days.emplace_back(Timetable::Day{DayName(day), {}});
+    for (const auto& [minutes, tariff] : stretches)
+      row.Stretches.push_back({minutes.From, minutes.To, tariff});
+  }
+  return content;
+}
+
 }  // namespace qel

@@ -8,6 +8,7 @@
 
 #include "analysis/SettingsCheck.h"
 #include "analysis/TariffWeek.h"
+#include "controls/Timetable.h"
 
 namespace qel {
 
@@ -29,5 +30,8 @@ WeekAtAGlance WeekOf(const Settings& settings, const ServiceRecord& service, Dat
 // The same for who cannot see it: "Mon to Fri: Economy from 00:00 to 07:59, Peak from 08:00 to 23:59. Sat and
 // Sun: no tariff." Days that are alike are told together.
 std::string InWords(const WeekAtAGlance& week, const ServiceRecord& service);
+
+// As a control shows it.
+Timetable::Content TimetableOf(const WeekAtAGlance& week, const ServiceRecord& service);
 
 }  // namespace qel

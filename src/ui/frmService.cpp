@@ -87,6 +87,7 @@ void frmService::TabStrip1_Click() {
       txtDescription.SetFocus();
       break;
     case 2:
+      ShowWeek();
       optDialCost_Click(DialOption - 1);
       break;
     case 3:

@@ -12,6 +12,7 @@
 #include "controls/ListView.h"
 #include "controls/Lists.h"
 #include "controls/TextControls.h"
+#include "controls/Timetable.h"
 #include "ui/FieldRule.h"
 #include "ui/Windows.h"
 
@@ -50,6 +51,8 @@ class frmService : public Window {
   Button btnDialTimeTariffDelete{fraTimeTariff, "btnDialTimeTariffDelete",
                                  [this] { btnDialTimeTariffDelete_Click(); }};
   Label lblDialTimeTariff9{fraTimeTariff, "lblDialTimeTariff9"};
+  Timetable weekDialTimeTariff{fraTimeTariff, "weekDialTimeTariff"};        // which tariff has which hours
+  TextBox txtDialTimeTariffNotes{fraTimeTariff, "txtDialTimeTariffNotes"};  // what is doubtful in them
 
   // Service Cost
   std::array<OptionButton, 2> optServiceCost{
@@ -165,6 +168,7 @@ class frmService : public Window {
   void SetTariffColumns();
   void SortTariffs();
   void DisplayTariffs();
+  void ShowWeek();
   void ShowTariffCount();
   void ColourTariffCount();
   void ShowTariffSummary();

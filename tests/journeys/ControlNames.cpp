@@ -7,6 +7,7 @@
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
+#include "controls/Timetable.h"
 
 namespace qel {
 
@@ -34,13 +35,14 @@ std::string KindOf(const Control& control) {
     bool (*is)(const Control&);
     const char* kind;
   } kinds[] = {
-      {Is<Button>, "button"},     {Is<CheckBox>, "check"},  {Is<OptionButton>, "option"},
-      {Is<MenuItem>, "menu"},     {Is<Frame>, "frame"},     {Is<Picture>, "picture"},
-      {Is<Timer>, "timer"},       {Is<Label>, "label"},     {Is<Document>, "page"},
-      {Is<RichTextBox>, "text"},  {Is<TextBox>, "field"},   {Is<Toolbar>, "tool bar"},
-      {Is<StatusBar>, "status"},  {Is<ProgressBar>, "bar"}, {Is<TabStrip>, "tabs"},
-      {Is<ComboBox>, "choice"},   {Is<ListBox>, "list"},    {Is<ListView>, "table"},
-      {Is<Calendar>, "calendar"}, {Is<UpDown>, "up-down"},  {Is<DrawingView>, "charts"},
+      {Is<Button>, "button"},       {Is<CheckBox>, "check"},    {Is<OptionButton>, "option"},
+      {Is<MenuItem>, "menu"},       {Is<Frame>, "frame"},       {Is<Picture>, "picture"},
+      {Is<Timer>, "timer"},         {Is<Label>, "label"},       {Is<Document>, "page"},
+      {Is<Timetable>, "timetable"}, {Is<RichTextBox>, "text"},  {Is<TextBox>, "field"},
+      {Is<Toolbar>, "tool bar"},    {Is<StatusBar>, "status"},  {Is<ProgressBar>, "bar"},
+      {Is<TabStrip>, "tabs"},       {Is<ComboBox>, "choice"},   {Is<ListBox>, "list"},
+      {Is<ListView>, "table"},      {Is<Calendar>, "calendar"}, {Is<UpDown>, "up-down"},
+      {Is<DrawingView>, "charts"},
   };
   for (const auto& row : kinds)
     if (row.is(control)) return row.kind;

@@ -10,6 +10,7 @@
 #include "controls/Lists.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
+#include "controls/Timetable.h"
 #include "journeys/ControlNames.h"
 #include "journeys/Design.h"
 #include "support/Text.h"
@@ -113,6 +114,8 @@ class Writer {
     if (const auto* list = dynamic_cast<const ListBox*>(&control)) return ItemsOf(*list);
     if (const auto* list = dynamic_cast<const ListView*>(&control)) return RowsOf(*list);
     if (const auto* view = dynamic_cast<const DrawingView*>(&control)) return PlacesOf(*view);
+    if (const auto* table = dynamic_cast<const Timetable*>(&control))
+      return " " + Quoted(table->Shows().InWords);
     if (const auto* page = dynamic_cast<const Document*>(&control)) return Lines(page->Html());
     if (const auto* calendar = dynamic_cast<const Calendar*>(&control))
       return DayOf(std::min(calendar->Value(), DateSerial(9999, 12, 31)));

@@ -1,0 +1,32 @@
+// Days by the hour.
+
+#include "desktop/ControlFace.h"
+#include "desktop/TimetableWidget.h"
+
+namespace qel {
+
+namespace {
+
+class TimetableFace : public ControlFace {
+ public:
+  TimetableFace(FormFace& form, Timetable& model, TimetableWidget& picture)
+      : ControlFace(form, model, &picture), model(model), picture(picture) {}
+
+ private:
+  void Push() override {
+    ControlFace::Push();
+    picture.Show(model.Shows);
+  }
+  Timetable& model;
+  TimetableWidget& picture;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlFace> FaceOfTimetable(FormFace& form, Control& control) {
+  auto* const model = dynamic_cast<Timetable*>(&control);
+  auto* const picture = model ? dynamic_cast<TimetableWidget*>(form.ObjectOf(control)) : nullptr;
+  return picture ? std::make_unique<TimetableFace>(form, *model, *picture) : nullptr;
+}
+
+}  // namespace qel
