@@ -60,6 +60,15 @@ const std::vector<MarkerRow>& Markers() {
   return rows;
 }
 
+// A line of a log to show to people: its beginning, without what a terminal could take for a command.
+std::string Shown(const std::string& line) {
+  constexpr std::size_t most = 120;
+  std::string text = line.size() > most ? line.substr(0, most) + "..." : line;
+  std::ranges::replace_if(
+      text, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
+  return text;
+}
+
 // What may be meant by a text that is not found: itself in capitals, since small letters never are, and what
 // drivers write.
 struct Candidates {
@@ -81,18 +90,10 @@ struct Candidates {
   void Tell(std::vector<MissingMarker>& missing) const {
     const auto found = std::ranges::find_if(lines, [](const auto& line) { return !line.empty(); });
     if (found == lines.end()) return;
-    missing.push_back({row.marker, texts[static_cast<std::size_t>(found - lines.begin())], *found});
+    missing.push_back(
+        {row.marker, row.name, texts[static_cast<std::size_t>(found - lines.begin())], Shown(*found)});
   }
 };
-
-// A line of a log to show to people: its beginning, without what a terminal could take for a command.
-std::string Shown(const std::string& line) {
-  constexpr std::size_t most = 120;
-  std::string text = line.size() > most ? line.substr(0, most) + "..." : line;
-  std::ranges::replace_if(
-      text, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
-  return text;
-}
 
 // The classes of which the log has a line. Nothing is left to look for where all are found.
 unsigned ClassesIn(const std::string& path, const Settings& settings) {
@@ -145,9 +146,8 @@ std::vector<Finding> CheckMarkers(const Settings& settings, const std::string& l
         "': no call has a day, and no report of the log is right.");
   for (const auto& missing : MissingMarkers(settings, logPath)) {
     const auto row = std::ranges::find(Markers(), missing.Marker, &MarkerRow::marker);
-    add("No line of the log holds the " + std::string(row->name) + " text '" + settings.*missing.Marker +
-        "', so " + row->effect + ". '" + missing.Instead + "' would find lines like '" + Shown(missing.Line) +
-        "'.");
+    add("No line of the log holds the " + missing.Name + " text '" + settings.*missing.Marker + "', so " +
+        row->effect + ". '" + missing.Instead + "' would find lines like '" + missing.Line + "'.");
   }
   return findings;
 }

@@ -13,8 +13,9 @@ namespace qel {
 // A text that no line of the log holds, though some line looks like what it is to find.
 struct MissingMarker {
   std::string Settings::*Marker;
+  std::string Name;     // "dial", "answer", ...
   std::string Instead;  // a text that finds such lines
-  std::string Line;     // the first of them
+  std::string Line;     // the first of them, as people can read it: cut where it is long
 };
 
 // The first entry of a log whose entries, or the first ten of them, begin with the time of day where the date

@@ -1,4 +1,5 @@
 // The tabs of plain fields: General, Modem, Costs, Errors.
+#include "analysis/MarkersCheck.h"
 #include "core/ErrorHandler.h"
 #include "core/ShownDates.h"
 #include "core/Surroundings.h"
@@ -128,6 +129,7 @@ SetupModem::SetupModem(const SetupTab& tab) : SetupTab(tab) {
       marker.Marker = UpperCase(marker.Field.Text());
       marker.Field.Text = marker.Marker;
     };
+  btnFromLog.Click = [this] { btnFromLog_Click(); };
 }
 
 void SetupModem::Show() {
@@ -136,6 +138,32 @@ void SetupModem::Show() {
 
 void SetupModem::btnDefaults_Click() {
   RestoreModemDefaults(edited);
+  Show();
+}
+
+// Offers texts that find what is in the log in hand, for those that find nothing there.
+void SetupModem::btnFromLog_Click() {
+  SetTrace("frmSetup", "btnFromLog_Click");
+  const std::string& path = windows.session.logFile.CurrentLogPath;
+  std::vector<MissingMarker> missing;
+  CurrentHost().SetMousePointer(MousePointer::Hourglass);
+  const bool read = Attempt([&] { missing = MissingMarkers(edited, path); });
+  CurrentHost().SetMousePointer(MousePointer::Default);
+  if (!read) return;
+  if (missing.empty()) {
+    MsgBox({"No line of " + PathText(FileNamePart(path)) + " looks like one that these texts miss.",
+            ProgramTitle});
+    return;
+  }
+  std::string question = "These texts find nothing in " + PathText(FileNamePart(path)) +
+                         ", though lines look like what they are for:";
+  for (const auto& [marker, name, instead, line] : missing)
+    question +=
+        "\n\nThe " + name + " text: '" + instead + "' instead of '" + edited.*marker + "' finds\n" + line;
+  if (MsgBox({question + "\n\nDo you want to take them?", ProgramTitle, Icon::Question, Buttons::YesNo}) !=
+      Answer::Yes)
+    return;
+  for (const auto& found : missing) edited.*found.Marker = found.Instead;
   Show();
 }
 

@@ -95,6 +95,7 @@ class SetupModem : SetupTab {
   TextBox TextOptRemDisconnect{Page, "TextOptRemDisconnect"};
   TextBox TextOptReads{Page, "TextOptReads"};
   TextBox TextOptWrites{Page, "TextOptWrites"};
+  Button btnFromLog{Page, "btnFromLog"};
 
  private:
   // A text by which lines of the log are recognised, in capitals.
@@ -109,6 +110,8 @@ class SetupModem : SetupTab {
                                             {TextOptRemDisconnect, edited.ModemHostDisconnect},
                                             {TextOptReads, edited.ModemReads},
                                             {TextOptWrites, edited.ModemWrites}}};
+
+  void btnFromLog_Click();
 };
 
 class SetupServices : SetupTab {
