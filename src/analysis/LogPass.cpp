@@ -22,6 +22,11 @@ constexpr int ByteCountWindow = 20;  // seconds behind a connection's end in whi
 constexpr unsigned AnyDisconnect = UserDisconnectLine | HostDisconnectLine;
 constexpr unsigned AnyOpening = ConnectLine | DialLine | AnswerLine;
 
+unsigned ClassesOfTotals(const Settings& settings) {
+  return (FindsRunningTotals(settings.ModemReads) ? ReadsLine : NoClass) |
+         (FindsRunningTotals(settings.ModemWrites) ? WritesLine : NoClass);
+}
+
 bool NextLine(LineReader& log, std::string_view& line) {
   bool found = false;
   Attempt([&] { found = log.Next(line); });
@@ -36,7 +41,8 @@ LogPass::LogPass(Pricing& pricing, const LogFile& logFile, float entries, Analys
       period(pricing.period),
       logFile(logFile),
       entries(entries),
-      result(result) {}
+      result(result),
+      TotalsClasses(ClassesOfTotals(settings)) {}
 
 void LogPass::Run() {
   MakeArrays();
@@ -81,6 +87,8 @@ void LogPass::ReadLog() {
 void LogPass::ClearAnalysisVars() {
   Connected = false;
   CurrentService = 0;
+  ReadTotal = WriteTotal = std::nullopt;
+  TotalsCounted = false;
 }
 
 void LogPass::ClearAnalysisArrays() {
@@ -177,12 +185,15 @@ void LogPass::TakeReads() {
     bytes = GetReadBytes(settings, CurrentLine);
     taken = true;
   });
-  if (!taken) return;
+  if (taken) CountReads(bytes, LastService);
+}
+
+void LogPass::CountReads(Int32 bytes, Int16 slotNumber) {
   Connection().BytesRead = bytes;
-  Attempt([&] { result.ServiceTotals[LastService].BytesRead += bytes; });
+  Attempt([&] { result.ServiceTotals[slotNumber].BytesRead += bytes; });
   Attempt([&] { NoteBytesRead(Connection(), bytes); });
   Attempt([&] {
-    ServiceTotal& slot = result.ServiceTotals[LastService];
+    ServiceTotal& slot = result.ServiceTotals[slotNumber];
     result.LastCosts.DataCostNow = pricing.GetDataCost(slot.Number, bytes, Connection().StartDate);
     slot.TotalCost += result.LastCosts.DataCostNow;
   });
@@ -192,10 +203,20 @@ void LogPass::TakeWrites() {
   TakeLineTime();
   Attempt([this] {
     if (!BelongsToLastConnection()) return;
-    const Int32 bytes = GetWriteBytes(settings, CurrentLine);
-    NoteBytesWritten(Connection(), bytes);
-    Connection().BytesWritten = bytes;
+    CountWrites(GetWriteBytes(settings, CurrentLine));
   });
+}
+
+void LogPass::CountWrites(Int32 bytes) {
+  NoteBytesWritten(Connection(), bytes);
+  Connection().BytesWritten = bytes;
+}
+
+void LogPass::NoteTotals(unsigned classes) {
+  if (classes & TotalsClasses & ReadsLine)
+    Attempt([this] { ReadTotal = GetReadBytes(settings, CurrentLine); });
+  if (classes & TotalsClasses & WritesLine)
+    Attempt([this] { WriteTotal = GetWriteBytes(settings, CurrentLine); });
 }
 
 void LogPass::Idle(unsigned classes) {
@@ -206,6 +227,7 @@ void LogPass::Idle(unsigned classes) {
     Connected = false;
   }
   if (classes & ConnectLine) ConnectWithoutDial();
+  if (TotalsCounted) classes &= ~TotalsClasses;
   if (classes & ReadsLine) TakeReads();
   if (classes & WritesLine) TakeWrites();
 }
@@ -250,6 +272,7 @@ void LogPass::Process(std::string_view line, const LineClassifier& classifier) {
     }
     if (!Connected) return BetweenConnections(classes);
     if (!(classes & AnyOpening)) {
+      NoteTotals(classes);
       if (classes & AnyDisconnect) OrdinaryClose();
       return;
     }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -44,6 +45,12 @@ class LogPass {
   bool BelongsToLastConnection();
   void TakeReads();
   void TakeWrites();
+  void CountReads(Int32 bytes, Int16 slot);
+  void CountWrites(Int32 bytes);
+  // Of drivers that write running totals the last ones before the end of a connection are its data; those
+  // that come behind it tell nothing new.
+  void NoteTotals(unsigned classes);
+  void CountTotals(std::optional<Int32> read, std::optional<Int32> written);
 
   // A dial or an incoming call opens a connection and finds the totals that it belongs to. A dial line with a
   // number that no dial string can be leaves nothing behind. Reaching MaxConnections or MaxServices is told
@@ -84,7 +91,10 @@ class LogPass {
   bool Connected = false;
   Int16 CurrentService;          // slot of the dial under way; 0 none
   Int16 LastService;             // slot of the latest dial; survives the connection, for the byte counts
-  bool AnsweredPending = false;  // the dial under way is an incoming call
+  const unsigned TotalsClasses;  // classes of lines that hold running totals
+  std::optional<Int32> ReadTotal, WriteTotal;  // the last ones of the connection in hand
+  bool TotalsCounted = false;                  // those of the latest connection were
+  bool AnsweredPending = false;                // the dial under way is an incoming call
   bool KeepReading = true;
   Int32 ProgressChunk;  // entries between two words on the progress
   Int32 NextProgress;   // the entry that gives the next one

@@ -181,10 +181,19 @@ void LogPass::CloseBy(const std::function<void(Close&)>& steps) {
 
 void LogPass::OrdinaryClose() {
   TakeLineTime();
-  if (LineDate >= period.PeriodStart)
-    return CloseBy([this](Close& close) { close.Ordinary(LineDate, LineTime); });
+  if (LineDate >= period.PeriodStart) {
+    const auto read = ReadTotal, written = WriteTotal;
+    CloseBy([this](Close& close) { close.Ordinary(LineDate, LineTime); });
+    return CountTotals(read, written);
+  }
   ClearAnalysisVars();
   ForgetTimeBeforePeriod();
+}
+
+void LogPass::CountTotals(std::optional<Int32> read, std::optional<Int32> written) {
+  if (read) CountReads(*read, Connection().Slot);
+  if (written) Attempt([&] { CountWrites(*written); });
+  TotalsCounted = read || written;
 }
 
 void LogPass::CloseNoDisconnect() {

@@ -30,6 +30,10 @@ Date TimeOfLine(std::string_view line);
 Int32 GetReadBytes(const Settings& settings, std::string_view line);
 Int32 GetWriteBytes(const Settings& settings, std::string_view line);
 
+// Whether the counts behind a reads or writes marker are running totals of a connection, as drivers write
+// them while it stands ("Read: Total: 621, Per/Sec: 18"), and not its count once it has ended.
+inline bool FindsRunningTotals(const std::string& marker) { return marker.find("TOTAL") != marker.npos; }
+
 // Whether a line holds nothing but blanks. Such a line is no entry.
 inline bool IsBlankLine(std::string_view line) {
   return (line.empty() || line.front() == ' ') && line.find_first_not_of(' ') == std::string_view::npos;

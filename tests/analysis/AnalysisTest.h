@@ -81,6 +81,8 @@ class AnalysisTest : public FreshProgram {
     service.Block = options["Block"];
     service.MaxCharge = options["Most"];
     service.FreePeriod = options["Free"] > 0;
+    settings.ModemReads = options["Totals"] > 0 ? "READS TOTAL" : "READS";
+    settings.ModemWrites = options["Totals"] > 0 ? "WRITES TOTAL" : "WRITES";
     settings.NoDisconData = options["Data"];
     settings.ShowErrors = options["HideErrors"] == 0;
     period.PeriodEnd = Jan(options["To"] > 0 ? static_cast<int>(options["To"]) : 6);
