@@ -41,12 +41,12 @@ void NameLog(Session& session, const std::optional<std::string>& named) {
   session.logFile.ArchiveOpen = named.has_value();
 }
 
-bool SelectLog(Session& session, const std::optional<std::string>& named) {
+bool SelectLog(Session& session, const std::optional<std::string>& named, EntryCount count) {
   const LogFile& logFile = session.logFile;
   const LogFindings& findings = session.findings;
   NameLog(session, named);
   if (!CanBeRead(logFile)) return false;
-  session.Examine(logFile.ArchiveOpen ? LogHealth::Sound : LogHealth::Unknown);
+  session.Examine(logFile.ArchiveOpen ? LogHealth::Sound : LogHealth::Unknown, count);
   if (findings.LogCorrupt)
     return Refuse(logFile, "the log is corrupt: it holds a byte that no text log can hold");
   if (findings.LogEmpty) return Refuse(logFile, "the log is empty");

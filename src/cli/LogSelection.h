@@ -10,7 +10,7 @@ namespace qel {
 
 // Takes the named file as an opened archive, or else the default log of the settings after the test for
 // corruption, and gathers its statistics. False with a complaint where there is nothing to report on.
-bool SelectLog(Session& session, const std::optional<std::string>& named);
+bool SelectLog(Session& session, const std::optional<std::string>& named, EntryCount count);
 
 // Its first step, without a look at the file.
 void NameLog(Session& session, const std::optional<std::string>& named);

@@ -82,7 +82,8 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   if (!OpenSettings(session.store, arguments)) return NoReport;
   LoadSettings(session);
   if (arguments.check) return RunSettingsCheck(session, arguments);
-  if (!SelectLog(session, arguments.log)) return NoReport;
+  const EntryCount count = arguments.stats ? EntryCount::Wanted : EntryCount::NotWanted;
+  if (!SelectLog(session, arguments.log, count)) return NoReport;
   if (arguments.output && !MayWriteTo(*arguments.output, session.logFile, arguments.settings))
     return NoReport;
   if (arguments.stats)

@@ -1,8 +1,6 @@
 #include "modemlog/LogExamination.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <limits>
 
 #include "core/ErrorHandler.h"
@@ -51,27 +49,52 @@ bool HoldsBadByte(const LogFile& logFile, Int32 length, bool showProgress, int s
   }
 }
 
-void ReadEntries(const LogFile& logFile, LogFindings& findings) {
-  LineReader file(logFile.CurrentLogPath);
-  std::array<char, DateLength> last{};  // as much of the last entry as its date takes
-  std::size_t lastLength = 0;
-  std::int64_t entries = 0;
+// The next line that is no blank one.
+bool NextEntry(LineReader& file, std::string_view& line) {
+  while (file.Next(line))
+    if (!IsBlankLine(line)) return true;
+  return false;
+}
+
+// Of the first entry that has one.
+Date FirstDate(const std::string& path) {
+  LineReader file(path);
   Date first = 0;
-  for (std::string_view line; file.Next(line);) {
-    if (IsBlankLine(line)) continue;
-    if (first < 1) first = GetLineDate(line);
-    ++entries;
-    lastLength = std::min(line.size(), DateLength);
-    if (lastLength == DateLength)
-      std::memcpy(last.data(), line.data(), DateLength);
-    else
-      line.copy(last.data(), lastLength);
+  for (std::string_view line; first < 1 && NextEntry(file, line);) first = GetLineDate(line);
+  file.Close();
+  return first;
+}
+
+// Of the last entry, which is looked for in the file's end, and in ever more of it until it is found.
+Date LastDate(const std::string& path) {
+  const std::int64_t length = FileLength(path);
+  for (std::int64_t end = BlockSize;; end *= 8) {
+    const std::int64_t from = std::max<std::int64_t>(length - end, 0);
+    LineReader file(path, from);
+    std::string_view line;
+    if (from > 0) file.Next(line);  // from within it on
+    std::string last;
+    while (NextEntry(file, line)) last = line.substr(0, DateLength);
+    file.Close();
+    if (!last.empty() || from == 0) return GetLineDate(last);
   }
+}
+
+float CountEntries(const std::string& path) {
+  LineReader file(path);
+  std::int64_t entries = 0;
+  for (std::string_view line; NextEntry(file, line);) ++entries;
   file.Close();
   // A float counter that is stepped by one stops at 2^24.
-  findings.LogEntries = static_cast<float>(std::min<std::int64_t>(entries, 16777216));
+  return static_cast<float>(std::min<std::int64_t>(entries, 16777216));
+}
+
+void ReadEntries(const LogFile& logFile, EntryCount count, LogFindings& findings) {
+  const std::string& path = logFile.CurrentLogPath;
+  const Date first = FirstDate(path), last = LastDate(path);
+  findings.LogEntries = count == EntryCount::Wanted ? CountEntries(path) : 0;
   findings.FirstEntryDate = first;
-  findings.LastEntryDate = GetLineDate({last.data(), lastLength});
+  findings.LastEntryDate = last;
 }
 
 // Looks at every byte of the log but its last. True at the first byte below 32 other than tab, line feed and
@@ -101,7 +124,7 @@ bool CheckCorruption(const LogFile& logFile, LogFindings& findings, bool showPro
   return false;
 }
 
-void GetLogStats(const LogFile& logFile, Int32 maxSize, LogFindings& findings) {
+void GetLogStats(const LogFile& logFile, Int32 maxSize, EntryCount count, LogFindings& findings) {
   SetTrace("QELMain", "GetLogStats");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
   CurrentHost().Yield();
@@ -113,7 +136,7 @@ void GetLogStats(const LogFile& logFile, Int32 maxSize, LogFindings& findings) {
     return;
   }
   Attempt([&] { findings.LogTooBig = findings.LogLength >= maxSize * 1024; });
-  Attempt([&] { ReadEntries(logFile, findings); });
+  Attempt([&] { ReadEntries(logFile, count, findings); });
   findings.LogInvalid = findings.FirstEntryDate == 0 || findings.LastEntryDate == 0;
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
@@ -130,7 +153,8 @@ std::string LengthText(std::int64_t bytes) {
          (fits ? "KB)" : "MB)");
 }
 
-void Examine(const LogFile& logFile, Int32 maxSize, LogHealth health, LogFindings& findings) {
+void Examine(const LogFile& logFile, Int32 maxSize, LogHealth health, EntryCount count,
+             LogFindings& findings) {
   findings.LogExists = findings.LogCorrupt = findings.LogEmpty = false;
   findings.LogLength = 0;
   findings.LogEntries = 0;
@@ -144,7 +168,7 @@ void Examine(const LogFile& logFile, Int32 maxSize, LogHealth health, LogFinding
   const bool told = health == LogHealth::UnknownTold;
   const bool tested = told || health == LogHealth::Unknown;
   findings.LogCorrupt = tested ? CheckCorruption(logFile, findings, told) : health == LogHealth::Corrupt;
-  if (!findings.LogCorrupt) GetLogStats(logFile, maxSize, findings);
+  if (!findings.LogCorrupt) GetLogStats(logFile, maxSize, count, findings);
 }
 
 }  // namespace qel

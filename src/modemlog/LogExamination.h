@@ -17,10 +17,15 @@ std::string LengthText(std::int64_t bytes);
 // window hears of it), and taken as they are known else: an archive may be longer than the test can bear.
 enum class LogHealth { Unknown, UnknownTold, Sound, Corrupt };
 
+// Whether somebody shows how many entries a log has: counting them takes reading all of it, where its dates
+// stand at its two ends.
+enum class EntryCount { Wanted, NotWanted };
+
 // Examines a log, the one way for all: whether it is there, corrupt, and unless it is, its statistics; from
 // `maxSize` kilobytes on it is too big. Sets all that LogFindings has of it. What is corrupt has no
 // statistics: they would call it invalid, and its repair would be out of reach. An empty log keeps being too
 // big or invalid.
-void Examine(const LogFile& logFile, Int32 maxSize, LogHealth health, LogFindings& findings);
+void Examine(const LogFile& logFile, Int32 maxSize, LogHealth health, EntryCount count,
+             LogFindings& findings);
 
 }  // namespace qel

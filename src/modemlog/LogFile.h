@@ -23,7 +23,7 @@ struct LogFindings {
   bool LogInvalid = false;  // the first or the last entry has no date
 
   Int32 LogLength;          // bytes; a longer archive counts as 2147483647
-  float LogEntries = 0;     // lines that are not blank; exact up to 16777216
+  float LogEntries = 0;     // lines that are not blank; exact up to 16777216; 0 where nobody counts them
   Date FirstEntryDate = 0;  // of the first entry that has a date; 0 when none has
   Date LastEntryDate = 0;   // of the last entry; 0 when it has none
 };

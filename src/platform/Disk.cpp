@@ -31,6 +31,7 @@ int Disk::Open(const std::string& path, int flags, mode_t mode) {
   return ::open(path.c_str(), flags | O_CLOEXEC, mode);
 }
 ssize_t Disk::Read(int file, void* buffer, std::size_t size) { return ::read(file, buffer, size); }
+off_t Disk::Seek(int file, off_t position) { return ::lseek(file, position, SEEK_SET); }
 ssize_t Disk::Write(int file, const void* data, std::size_t size) { return ::write(file, data, size); }
 int Disk::Sync(int file) { return ::fsync(file); }
 int Disk::SetMode(int file, mode_t mode) { return ::fchmod(file, mode); }

@@ -21,6 +21,7 @@ class Disk {
   virtual ~Disk() = default;
   virtual int Open(const std::string& path, int flags, mode_t mode);
   virtual ssize_t Read(int file, void* buffer, std::size_t size);
+  virtual off_t Seek(int file, off_t position);  // counted from the beginning
   virtual ssize_t Write(int file, const void* data, std::size_t size);
   virtual int Sync(int file);
   virtual int SetMode(int file, mode_t mode);

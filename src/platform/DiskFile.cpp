@@ -39,6 +39,10 @@ std::size_t DiskFile::Read(char* buffer, std::size_t size) {
   return static_cast<std::size_t>(count);
 }
 
+void DiskFile::SeekTo(std::int64_t position) {
+  if (CurrentDisk().Seek(Handle(), position) < 0) RaiseDiskError(errno, path);
+}
+
 std::size_t DiskFile::WriteSome(std::string_view text) {
   const int to = Handle();
   const ssize_t count = Repeated([&] { return CurrentDisk().Write(to, text.data(), text.size()); });

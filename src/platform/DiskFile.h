@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -30,6 +31,9 @@ class DiskFile {
 
   // The number of bytes read, 0 at the end of the file.
   std::size_t Read(char* buffer, std::size_t size);
+
+  // Reads on from a place, in bytes from the beginning.
+  void SeekTo(std::int64_t position);
 
   // The number of bytes written, at least one.
   std::size_t WriteSome(std::string_view text);

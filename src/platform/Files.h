@@ -82,7 +82,8 @@ void CloseAllFiles();
 // The file is read in blocks of 256 KB; only a longer line takes more memory.
 class LineReader : public OpenFile {
  public:
-  explicit LineReader(const std::string& path);
+  // Begins `from` bytes behind the file's beginning.
+  explicit LineReader(const std::string& path, std::int64_t from = 0);
 
   // The next line without its end, valid until the next call; false at the end of the file.
   bool Next(std::string_view& line) {
@@ -93,6 +94,14 @@ class LineReader : public OpenFile {
     HandOut(line, static_cast<std::size_t>(feed - from));
     return true;
   }
+
+  // What is read already and not handed out, from the beginning of a line on. Nothing where the file is
+  // closed.
+  std::string_view Held() const {
+    return file.IsOpen() ? std::string_view(buffer.data() + begin, end - begin) : std::string_view();
+  }
+  // Steps over some of it, which must be whole lines.
+  void PassOver(std::size_t bytes) { begin += bytes; }
 
   void Close() { file.Close(); }
 

@@ -6,7 +6,10 @@
 
 namespace qel {
 
-LineReader::LineReader(const std::string& path) : buffer(BlockSize) { OpenWith(path, O_RDONLY); }
+LineReader::LineReader(const std::string& path, std::int64_t from) : buffer(BlockSize) {
+  OpenWith(path, O_RDONLY);
+  if (from > 0) file.SeekTo(from);
+}
 
 bool LineReader::NextOverBlocks(std::string_view& line) {
   for (;;) {

@@ -26,7 +26,9 @@ void Session::SetCurrentLog(const std::string& folder, const std::string& file) 
 
 void Session::SetCurrentLog(const std::string& path) { SetCurrentLog(FolderPart(path), FileNamePart(path)); }
 
-void Session::Examine(LogHealth health) { qel::Examine(logFile, settings.MaxLogSize, health, findings); }
+void Session::Examine(LogHealth health, EntryCount count) {
+  qel::Examine(logFile, settings.MaxLogSize, health, count, findings);
+}
 
 void Session::ProcessLog() {
   Pricing pricing(settings, period);

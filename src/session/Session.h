@@ -40,7 +40,7 @@ struct Session {
   void SetCurrentLog(const std::string& folder, const std::string& file);
   void SetCurrentLog(const std::string& path);
   // Finds out what there is to know of it.
-  void Examine(LogHealth health);
+  void Examine(LogHealth health, EntryCount count = EntryCount::Wanted);
   // For the tools that rewrite it.
   LogInHand InHand() const { return {logFile.CurrentLogPath, places.AppPath, findings.LogEntries}; }
 

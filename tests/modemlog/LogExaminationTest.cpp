@@ -102,6 +102,18 @@ TEST_F(LogExaminationTest, AByteThatNoTextHoldsIsCorruptionUnlessItIsTheLast) {
   EXPECT_THROW(left.Next(line), RunTimeError) << "open files are closed";
 }
 
+TEST_F(LogExaminationTest, TheLastEntryIsFoundHoweverFarFromTheEndItBegins) {
+  for (const std::size_t length : {std::size_t{0}, BlockSize - 12, BlockSize - 11, 9 * BlockSize})
+    for (const std::string& end : {std::string("\n"), std::string(length, '\n'), std::string(length, ' ')}) {
+      OpenLog("01-05-1999 A\n01-06-1999" + std::string(length, ' ') + "B\n" + end);
+      EXPECT_EQ(findings.LastEntryDate, findings.FirstEntryDate + 1) << length;
+      EXPECT_EQ(findings.LogEntries, 2);
+      session->Examine(LogHealth::Sound, EntryCount::NotWanted);
+      EXPECT_EQ(findings.LastEntryDate, findings.FirstEntryDate + 1) << length;
+      EXPECT_EQ(findings.LogEntries, 0);
+    }
+}
+
 TEST_F(LogExaminationTest, OfANewLogNothingIsKnown) {
   findings.LogExists = findings.LogCorrupt = findings.LogTooBig = findings.LogEmpty = findings.LogInvalid =
       true;

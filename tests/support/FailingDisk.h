@@ -34,6 +34,7 @@ class FailingDisk : public Disk {
   ssize_t Read(int file, void* buffer, std::size_t size) override {
     return Fails() ? -1 : beneath.Read(file, buffer, size);
   }
+  off_t Seek(int file, off_t position) override { return Fails() ? -1 : beneath.Seek(file, position); }
   // Half of the data gets to the disk before the failure, as when it fills.
   ssize_t Write(int file, const void* data, std::size_t size) override {
     if (halfWritten) {

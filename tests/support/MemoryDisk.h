@@ -62,6 +62,10 @@ class MemoryDisk : public Disk {
     from.position += count;
     return static_cast<ssize_t>(count);
   }
+  off_t Seek(int file, off_t position) override {
+    open.at(file).position = static_cast<std::size_t>(position);
+    return position;
+  }
   ssize_t Write(int file, const void* data, std::size_t size) override {
     Append(At(file), std::string(static_cast<const char*>(data), size));
     return static_cast<ssize_t>(size);
