@@ -73,13 +73,16 @@ void LogPass::ReadLog() {
   std::optional<LineReader> log;
   std::optional<LineClassifier> classifier;
   const bool opened = Attempt([&] {
-    classifier.emplace(settings);
+    classifier.emplace(ResponsesOf(settings));
     log.emplace(logFile.CurrentLogPath);
   });
   if (!opened) return;
+  std::optional<LogSieve> sieve;
   for (std::string_view line; KeepReading && NextLine(*log, line);) {
+    if (!sieve && !Attempt([&] { sieve.emplace(ResponsesOf(settings), log->Held()); })) return;
     Process(line, *classifier);
     if (result.ServicesExceeded || result.ConnectionsExceeded) KeepReading = false;
+    if (KeepReading) PassOver(*log, *sieve);
   }
   Attempt([&log] { log->Close(); });
 }
@@ -141,16 +144,20 @@ bool LogPass::TakeLine(std::string_view line) {
     result.UndatedLineMet = true;
     return false;
   }
+  CountEntry();
+  return true;
+}
+
+void LogPass::CountEntry() {
   Attempt([this] { ++result.EntriesProcessed; });
   Attempt([this] { TellProgress(); });
-  return true;
 }
 
 // The line in capitals, and its place in the trace: nothing can fail in a line of no class.
 bool LogPass::TakeText(std::string_view line) {
   TraceProcedure("Process");
   return Attempt([&] {
-    TraceStep("Log Entry:" + Str(result.EntriesProcessed));
+    TraceStep("Log Entry: " + std::to_string(result.EntriesProcessed));
     CurrentLine = UpperCase(line);
   });
 }
@@ -257,27 +264,34 @@ void LogPass::BetweenConnections(unsigned classes) {
 
 void LogPass::Process(std::string_view line, const LineClassifier& classifier) {
   if (!TakeLine(line)) return;
-  bool classified = false;
-  unsigned classes = NoClass;
-  for (;;) {
-    if (LineDate > period.PeriodEnd && !Connected) {
-      KeepReading = false;
-      return;
-    }
-    if (LineDate < period.PeriodStart - settings.MaxConnectDays) return;
-    if (!classified) {
-      classified = true;
-      classes = classifier.ClassesOf(line);
-      if (classes != NoClass && !TakeText(line)) return;
-    }
-    if (!Connected) return BetweenConnections(classes);
+  if (IsBehindPeriod()) {
+    KeepReading = false;
+    return;
+  }
+  if (IsTooOld()) return;
+  const unsigned classes = classifier.ClassesOf(line);
+  if (Connected && !(classes & (AnyOpening | AnyDisconnect | TotalsClasses))) return;
+  if (classes != NoClass && !TakeText(line)) return;
+  if (Connected) {
     if (!(classes & AnyOpening)) {
       NoteTotals(classes);
       if (classes & AnyDisconnect) OrdinaryClose();
       return;
     }
     CloseNoDisconnect();  // the disconnect entry is lost; the line is handled anew
+    KeepReading = !IsBehindPeriod();
   }
+  if (KeepReading) BetweenConnections(classes);
+}
+
+// They have the date of the line in hand and no class.
+void LogPass::PassOver(LineReader& log, const LogSieve& sieve) {
+  if (IsBehindPeriod()) return;  // the next line ends the pass
+  const Passed passed = sieve.Pass(log.Held(), LineDateText);
+  if (passed.Lines == 0) return;
+  log.PassOver(passed.Bytes);
+  for (std::size_t i = 0; i < passed.Lines; ++i) CountEntry();
+  if (!Connected && !IsTooOld()) BetweenConnections(NoClass);
 }
 
 }  // namespace qel

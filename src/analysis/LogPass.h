@@ -12,6 +12,8 @@
 #include "analysis/Pricing.h"
 #include "modemlog/LineClassifier.h"
 #include "modemlog/LogFile.h"
+#include "modemlog/LogSieve.h"
+#include "platform/Files.h"
 
 namespace qel {
 
@@ -35,10 +37,15 @@ class LogPass {
   void Process(std::string_view line, const LineClassifier& classifier);
   bool TakeLine(std::string_view line);
   bool TakeText(std::string_view line);
+  void CountEntry();
   void TakeLineTime();
   Date DateOf(std::string_view line);
   void TellProgress();
   void BetweenConnections(unsigned classes);
+  // Handles the lines of the log's next ones that the sieve passes.
+  void PassOver(LineReader& log, const LogSieve& sieve);
+  bool IsBehindPeriod() const { return LineDate > period.PeriodEnd && !Connected; }
+  bool IsTooOld() const { return LineDate < period.PeriodStart - settings.MaxConnectDays; }
   void Idle(unsigned classes);
   void Dialling(unsigned classes);
   void ConnectWithoutDial();

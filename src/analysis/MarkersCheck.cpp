@@ -97,7 +97,7 @@ struct Candidates {
 
 // The classes of which the log has a line. Nothing is left to look for where all are found.
 unsigned ClassesIn(const std::string& path, const Settings& settings) {
-  const LineClassifier classifier(settings);
+  const LineClassifier classifier(ResponsesOf(settings));
   constexpr unsigned all = 2 * WritesLine - 1;
   LineReader log(path);
   unsigned found = NoClass;

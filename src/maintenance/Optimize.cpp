@@ -17,7 +17,7 @@ void DoOptimize(const LogInHand& inHand, const Settings& settings, bool isArchiv
                          .Finished = "Finished Optimizing Modem Log File!",
                          .FailureTitle = "Optimization Failed",
                          .FailureText = "QEL was unable to optimize your modem log file!"};
-  const LineClassifier classifier(settings);
+  const LineClassifier classifier(ResponsesOf(settings));
   RunTool(optimize, inHand, [&classifier](std::string_view line) -> std::optional<std::string> {
     const unsigned classes = classifier.ClassesOf(line);
     if (line.empty() || classes == NoClass) return std::nullopt;

@@ -29,12 +29,13 @@ std::string SpellingsOf(char capital) {
 
 }  // namespace
 
-LineClassifier::LineClassifier(const Settings& settings)
-    : LineClassifier({settings.ModemDial, settings.ModemAnswer, settings.ModemConnect,
-                      settings.ModemUserDisconnect, settings.ModemHostDisconnect, settings.ModemReads,
-                      settings.ModemWrites}) {}
+Responses ResponsesOf(const Settings& settings) {
+  return {settings.ModemDial,           settings.ModemAnswer,         settings.ModemConnect,
+          settings.ModemUserDisconnect, settings.ModemHostDisconnect, settings.ModemReads,
+          settings.ModemWrites};
+}
 
-LineClassifier::LineClassifier(const std::array<std::string, 7>& texts) {
+LineClassifier::LineClassifier(const Responses& texts) {
   for (std::size_t i = 0; i < texts.size(); ++i) {
     responses[i] = {texts[i], 1u << i};
     if (texts[i].empty()) {

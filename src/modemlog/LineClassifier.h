@@ -22,6 +22,10 @@ enum LineClass : unsigned {
   WritesLine = 64,
 };
 
+// The response strings of the settings, in the order of the classes.
+using Responses = std::array<std::string, 7>;
+Responses ResponsesOf(const Settings& settings);
+
 // Searches as if the line were in capital letters: a response string with a small letter is never found, an
 // empty one is found in every line.
 //
@@ -30,9 +34,7 @@ enum LineClass : unsigned {
 // that do.
 class LineClassifier {
  public:
-  // By the response strings of the settings.
-  explicit LineClassifier(const Settings& settings);
-  explicit LineClassifier(const std::array<std::string, 7>& responses);
+  explicit LineClassifier(const Responses& responses);
 
   // A set of LineClass.
   unsigned ClassesOf(std::string_view line) const;

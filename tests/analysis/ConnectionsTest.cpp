@@ -58,6 +58,25 @@ TEST_F(ConnectionsTest, LongLinesAndNulsAreTextABadTimeOrNumberIsToldAnUndatedLi
   EXPECT_TRUE(findings.LogCorrupt);
 }
 
+TEST_F(ConnectionsTest, ChatterChangesNothingButTheCountOfEntriesWhereverBlocksEnd) {
+  const std::string call = LogText("5 10:00 D555; 5 10:00:10 C; 5 10:30 U; 5 10:30:01 R20480");
+  Run(call);
+  const auto expected = State(*session, *pricing).Lines();
+  const int entries = analysis.EntriesProcessed;
+  for (std::size_t length = 0; length < 60; length += 7) {
+    std::string log;
+    int lines = 0;
+    for (std::size_t at = 0; at < call.size(); at = call.find('\n', at) + 1) {
+      for (int i = 0; i < 3000; ++i, ++lines) log += "01-05-1999" + std::string(length, ' ') + "x\r\n";
+      log += call.substr(at, call.find('\n', at) + 1 - at);
+    }
+    Run(log);
+    EXPECT_EQ(analysis.EntriesProcessed, entries + lines);
+    analysis.EntriesProcessed = entries;
+    EXPECT_EQ(State(*session, *pricing).Lines(), expected);
+  }
+}
+
 TEST_F(ConnectionsTest, FreeTimeIsTheOverlapOfTimesOfDay) {
   service.FreePeriod = true;
   for (const auto& [from, to, call, seconds] : Cases("analysis/FreeTimes")) {
