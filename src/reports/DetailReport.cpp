@@ -52,14 +52,18 @@ struct LineTexts {
   std::string Duration, Cost;
 };
 
+enum class Grid { None, Filled };
+
 class DetailBuilder : ReportOf {
  public:
-  DetailBuilder(const ReportOf& of, const Explaining& explaining) : ReportOf(of), explaining(explaining) {}
+  DetailBuilder(const ReportOf& of, Grid grid, const Explaining& explaining)
+      : ReportOf(of), grid(grid), explaining(explaining) {}
   ReportDocument Build();
 
  private:
   void FillColumns();
   void MakeRoom(std::size_t characters);
+  void AddRows(ReportRow first, ReportRow second);
   std::string Header() const;
   void AddLine(const DetailLine& line);
   std::string TextOf(const DetailLine& line, const LineTexts& texts) const;
@@ -71,9 +75,9 @@ class DetailBuilder : ReportOf {
   int NotesItem() const { return settings.CalcCosts ? CostItem + 1 : CostItem; }
   std::string TotalTime() const { return FormatTime(totalSeconds, false); }
 
+  const Grid grid;
   const Explaining explaining;
   ReportDocument document;
-  std::string body;
   const int costExtra = settings.CalcCosts ? CostWidth() : 0;
   float totalSeconds = 0;
   CallCosts totals;
@@ -93,9 +97,17 @@ void DetailBuilder::MakeRoom(std::size_t characters) {
   constexpr std::size_t rowsALine = 3, charactersALine = 260;
   const auto lines = static_cast<std::size_t>(int{analysis.ConnectionCount});
   auto& rows = document.Rows;
-  if (rows.capacity() < rows.size() + rowsALine) rows.reserve(rows.size() + lines * rowsALine + 2);
-  if (body.capacity() < body.size() + characters)
-    body.reserve(body.size() + characters + lines * charactersALine);
+  auto& text = document.ReportText;
+  if (grid == Grid::Filled && rows.capacity() < rows.size() + rowsALine)
+    rows.reserve(rows.size() + lines * rowsALine + 2);
+  if (text.capacity() < text.size() + characters)
+    text.reserve(text.size() + characters + lines * charactersALine);
+}
+
+void DetailBuilder::AddRows(ReportRow first, ReportRow second) {
+  document.AddRow();
+  document.Rows.push_back(std::move(first));
+  document.Rows.push_back(std::move(second));
 }
 
 std::string DetailBuilder::Header() const {
@@ -175,12 +187,9 @@ ReportRow DetailBuilder::SecondRow(const DetailLine& line, const LineTexts& text
 void DetailBuilder::AddLine(const DetailLine& line) {
   const LineTexts texts(settings, line);
   const std::string text = TextOf(line, texts);
-  ReportRow first = FirstRow(line, texts), second = SecondRow(line, texts);
   MakeRoom(text.size());
-  body += text;
-  document.AddRow();
-  document.Rows.push_back(std::move(first));
-  document.Rows.push_back(std::move(second));
+  if (grid == Grid::Filled) AddRows(FirstRow(line, texts), SecondRow(line, texts));
+  document.ReportText += text;
   for (const auto part : {&CallCosts::DialCostNow, &CallCosts::ServiceCostNow, &CallCosts::DataCostNow})
     totals.*part += line.Costs.*part;
   totalCost += line.ConnectionCost;
@@ -206,6 +215,7 @@ ReportDocument DetailBuilder::Build() {
   FillColumns();
   document.FillLabels(*this, "Details");
   document.fraNoConn = analysis.ConnectionCount == 0;
+  document.ReportText = Header();
   CurrentDisplay().ShowProgress(true);
   ForEachDetailLine(*this, [this](const DetailLine& line) {
     if (explaining.Includes(line)) AddLine(line);
@@ -214,23 +224,25 @@ ReportDocument DetailBuilder::Build() {
     document.AddDottedRow();
     AddTotalsRow();
   }
-  body += TotalsLine() + NewLine + NewLine;
-  document.ReportText = std::move(body);
-  document.ReportText.insert(0, Header());
+  document.ReportText += TotalsLine() + NewLine + NewLine;
   CurrentDisplay().ShowProgress(false);
   return std::move(document);
 }
 
-}  // namespace
-
-ReportDocument DisplayDetailReport(const ReportOf& of) { return DisplayDetailReport(of, {}); }
-
-ReportDocument DisplayDetailReport(const ReportOf& of, const Explaining& explaining) {
+ReportDocument BuildReport(const ReportOf& of, Grid grid, const Explaining& explaining) {
   SetTrace("QELAnalyse", "DisplayDetailReport");
   CurrentHost().SetMousePointer(MousePointer::Hourglass);
-  ReportDocument document = DetailBuilder(of, explaining).Build();
+  ReportDocument document = DetailBuilder(of, grid, explaining).Build();
   CurrentHost().SetMousePointer(MousePointer::Default);
   return document;
+}
+
+}  // namespace
+
+ReportDocument DisplayDetailReport(const ReportOf& of) { return BuildReport(of, Grid::Filled, {}); }
+
+std::string DetailReportText(const ReportOf& of, const Explaining& explaining) {
+  return BuildReport(of, Grid::None, explaining).ReportText;
 }
 
 }  // namespace qel

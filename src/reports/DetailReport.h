@@ -9,7 +9,9 @@ namespace qel {
 
 // Builds the report. It prices each connection itself, so its totals are its own and not the analysis's.
 ReportDocument DisplayDetailReport(const ReportOf& of);
-// With the price of each connection explained below it, in the text; or a report of one connection alone.
-ReportDocument DisplayDetailReport(const ReportOf& of, const Explaining& explaining);
+
+// Its text, for where nobody looks at the grid; with the price of each connection explained below it, or of
+// one connection alone.
+std::string DetailReportText(const ReportOf& of, const Explaining& explaining = {});
 
 }  // namespace qel

@@ -1,5 +1,7 @@
 #include "reports/WrittenReport.h"
 
+#include <algorithm>
+
 #include "reports/DetailReport.h"
 #include "reports/HtmlReport.h"
 #include "reports/SummaryReport.h"
@@ -20,8 +22,12 @@ std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind
     const ExportFormat as = ExportFormatOf(format);
     return summary ? ExportSummary(of, as) : ExportDetails(of, as, explaining);
   }
-  ReportDocument document = summary ? DisplaySummaryReport(of) : DisplayDetailReport(of, explaining);
-  return ToCleanUtf8(document.ReportText += NewLine);
+  std::string text = summary ? DisplaySummaryReport(of).ReportText : DetailReportText(of, explaining);
+  text += NewLine;
+  // UTF-8 leaves plain ASCII as it is: a long report then lies in memory once.
+  const bool isAscii = std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) > 127; });
+  if (!isAscii) text = ToCleanUtf8(text);
+  return text;
 }
 
 }  // namespace qel

@@ -87,7 +87,7 @@ void frmPrice::GoTo(int connection) {
 
 std::string frmPrice::Text() {
   std::string text;
-  LeavingTheReport(*of, [&] { text = DisplayDetailReport(*of, {true, shown}).ReportText; });
+  LeavingTheReport(*of, [&] { text = DetailReportText(*of, {true, shown}); });
   return text;
 }
 

@@ -60,8 +60,9 @@ std::string Output(Session& session, const std::string& document) {
     return report == "statistics" ? StatisticsPage(session.logFile, session.findings)
            : report == "summary"  ? SummaryPage(session.Reported(), session.logFile)
                                   : DetailsPage(session.Reported(), session.logFile, explaining);
+  if (form == "txt" && report != "summary") return DetailReportText(session.Reported(), explaining);
   const ReportDocument text = report == "summary" ? DisplaySummaryReport(session.Reported())
-                                                  : DisplayDetailReport(session.Reported(), explaining);
+                                                  : DisplayDetailReport(session.Reported());
   return form == "grid" ? GridText(text) : text.ReportText;
 }
 
