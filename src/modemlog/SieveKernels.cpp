@@ -4,8 +4,8 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
-#ifdef __SSE2__
-#include <emmintrin.h>
+#ifdef __x86_64__
+#include <immintrin.h>
 #endif
 
 #include "modemlog/LogLine.h"
@@ -15,13 +15,35 @@ namespace qel {
 
 namespace {
 
-using Bytes [[gnu::vector_size(16)]] = signed char;
+// Each machine has a vector of bytes, and gives a bit for each byte of a comparison, which are 0 or -1; the
+// lowest is that of the first byte.
+struct AnyMachine {
+  using Bytes [[gnu::vector_size(16)]] = signed char;
+  static std::uint32_t BitsOf(const Bytes& compared) {
+    constexpr Bytes place = {1, 2, 4, 8, 16, 32, 64, -128, 1, 2, 4, 8, 16, 32, 64, -128};
+    const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(compared & place);
+    constexpr std::uint64_t sum = 0x0101010101010101;  // of all bytes, in the highest one
+    return static_cast<std::uint32_t>(halves[0] * sum >> 56 | halves[1] * sum >> 56 << 8);
+  }
+};
 
-Bytes BytesAt(const char* place) {
-  Bytes bytes;
-  std::memcpy(&bytes, place, sizeof bytes);
-  return bytes;
-}
+#ifdef __x86_64__
+struct Sse2 {
+  using Bytes = AnyMachine::Bytes;
+  static std::uint32_t BitsOf(const Bytes& compared) {
+    return static_cast<std::uint32_t>(_mm_movemask_epi8(std::bit_cast<__m128i>(compared)));
+  }
+};
+
+struct Avx2 {
+  using Bytes [[gnu::vector_size(32)]] = signed char;
+  [[gnu::target("avx2")]] static std::uint32_t BitsOf(const Bytes& compared) {
+    __m256i bytes;
+    std::memcpy(&bytes, &compared, sizeof bytes);
+    return static_cast<std::uint32_t>(_mm256_movemask_epi8(bytes));
+  }
+};
+#endif
 
 // The ten characters of a date as two numbers that overlap, which compare at once.
 struct DateBytes {
@@ -36,43 +58,24 @@ DateBytes DateAt(const char* place) {
   return bytes;
 }
 
-// A bit for each byte of a comparison, which are 0 or -1; the lowest is that of the first byte.
-struct AnyMachine {
-  static std::uint32_t BitsOf(Bytes compared) {
-    constexpr Bytes place = {1, 2, 4, 8, 16, 32, 64, -128, 1, 2, 4, 8, 16, 32, 64, -128};
-    const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(compared & place);
-    constexpr std::uint64_t sum = 0x0101010101010101;  // of all bytes, in the highest one
-    return static_cast<std::uint32_t>(halves[0] * sum >> 56 | halves[1] * sum >> 56 << 8);
-  }
-};
-
-#ifdef __SSE2__
-struct Sse2 {
-  static std::uint32_t BitsOf(Bytes compared) {
-    return static_cast<std::uint32_t>(_mm_movemask_epi8(std::bit_cast<__m128i>(compared)));
-  }
-};
-#endif
-
-// Where one of the pairs begins in the block.
-Bytes PairsIn(const char* block, const LogSieve::Pairs& pairs) {
-  const Bytes first = BytesAt(block) | 0x20, second = BytesAt(block + 1) | 0x20;
-  Bytes found{};
-  for (const auto& pair : pairs) found |= (first == pair.First) & (second == pair.Second);
-  return found;
-}
-
+// Stands in the function of each machine, so that it is compiled for that.
 template <typename Machine>
-Passed PassBlocks(std::string_view text, const char* date, const LogSieve::Pairs& pairs) {
-  constexpr std::size_t behind = DateLength;  // is looked at too
-  Passed passed;
+[[gnu::always_inline]] inline Passed PassBlocks(std::string_view text, const char* date,
+                                                const LogSieve::Pairs& pairs) {
+  using Bytes = typename Machine::Bytes;
+  constexpr std::size_t behind = DateLength;  // the block is looked at too
   const DateBytes wanted = DateAt(date);
+  Passed passed;
   if (text.size() < behind || DateAt(text.data()) != wanted) return passed;
   for (std::size_t at = 0; at + sizeof(Bytes) + behind <= text.size(); at += sizeof(Bytes)) {
-    const char* const block = text.data() + at;
-    const std::uint32_t found = Machine::BitsOf(PairsIn(block, pairs));
-    const std::uint32_t beforeFound = (found & (0 - found)) - 1;
-    std::uint32_t feeds = Machine::BitsOf(BytesAt(block) == '\n') & beforeFound;
+    Bytes block, next;  // next: the same, one byte further on
+    std::memcpy(&block, text.data() + at, sizeof block);
+    std::memcpy(&next, text.data() + at + 1, sizeof next);
+    const Bytes first = block | 0x20, second = next | 0x20;
+    Bytes begun{};  // where one of the pairs begins
+    for (const auto& pair : pairs) begun |= (first == pair.First) & (second == pair.Second);
+    const std::uint32_t found = Machine::BitsOf(begun), beforeFound = (found & (0 - found)) - 1;
+    std::uint32_t feeds = Machine::BitsOf(block == '\n') & beforeFound;
     for (; feeds != 0; feeds &= feeds - 1) {
       passed = {at + static_cast<std::size_t>(std::countr_zero(feeds)) + 1, passed.Lines + 1};
       if (DateAt(text.data() + passed.Bytes) != wanted) return passed;
@@ -82,12 +85,28 @@ Passed PassBlocks(std::string_view text, const char* date, const LogSieve::Pairs
   return passed;
 }
 
+Passed PassOnAny(std::string_view text, const char* date, const LogSieve::Pairs& pairs) {
+  return PassBlocks<AnyMachine>(text, date, pairs);
+}
+
+#ifdef __x86_64__
+Passed PassBySse2(std::string_view text, const char* date, const LogSieve::Pairs& pairs) {
+  return PassBlocks<Sse2>(text, date, pairs);
+}
+
+[[gnu::target("avx2")]] Passed PassByAvx2(std::string_view text, const char* date,
+                                          const LogSieve::Pairs& pairs) {
+  return PassBlocks<Avx2>(text, date, pairs);
+}
+#endif
+
 }  // namespace
 
 std::vector<LogSieve::Kernel> LogSieve::Kernels() {
-  std::vector<Kernel> kernels{PassBlocks<AnyMachine>};
-#ifdef __SSE2__
-  kernels.push_back(PassBlocks<Sse2>);
+  std::vector<Kernel> kernels{PassOnAny};
+#ifdef __x86_64__
+  kernels.push_back(PassBySse2);
+  if (__builtin_cpu_supports("avx2")) kernels.push_back(PassByAvx2);
 #endif
   return kernels;
 }
