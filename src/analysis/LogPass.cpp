@@ -1,5 +1,6 @@
 #include "analysis/LogPass.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <optional>
@@ -157,8 +158,13 @@ void LogPass::CountEntry() {
 bool LogPass::TakeText(std::string_view line) {
   TraceProcedure("Process");
   return Attempt([&] {
-    TraceStep("Log Entry: " + std::to_string(result.EntriesProcessed));
-    CurrentLine = UpperCase(line);
+    std::string& step = CurrentSurroundings().StepTrace;  // the room that it has serves for all lines
+    step = "Log Entry: ";
+    step += std::to_string(result.EntriesProcessed);
+    CurrentLine.resize(line.size());
+    std::ranges::transform(line, CurrentLine.begin(), [](char c) {
+      return static_cast<char>(UpperCase(static_cast<unsigned char>(c)));
+    });
   });
 }
 
@@ -290,7 +296,10 @@ void LogPass::PassOver(LineReader& log, const LogSieve& sieve) {
   const Passed passed = sieve.Pass(log.Held(), LineDateText);
   if (passed.Lines == 0) return;
   log.PassOver(passed.Bytes);
-  for (std::size_t i = 0; i < passed.Lines; ++i) CountEntry();
+  if (ProgressChunk < 1)  // nobody waits for one of them
+    Attempt([&] { result.EntriesProcessed += Int32(passed.Lines); });
+  else
+    for (std::size_t i = 0; i < passed.Lines; ++i) CountEntry();
   if (!Connected && !IsTooOld()) BetweenConnections(NoClass);
 }
 
