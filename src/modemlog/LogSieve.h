@@ -38,9 +38,9 @@ class LogSieve {
   // `sample` is some of the log, of which the first 64 KB tell which pairs are rare.
   LogSieve(const Responses& responses, std::string_view sample, Kernel kernel = Kernels().back());
 
-  // Passes lines from the beginning of `text`, which is that of a line, as long as they begin with the ten
-  // characters `date` and LineClassifier finds no class for them. A date of another length passes nothing,
-  // nor do strings that no pair stands for.
+  // Passes lines from the beginning of `text`, which is that of a line, as long as they begin with `date`,
+  // the first ten characters of some line, and LineClassifier finds no class for them. A date of another
+  // length passes nothing, nor do strings that no pair stands for.
   Passed Pass(std::string_view text, std::string_view date) const;
 
  private:
