@@ -16,7 +16,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     rest.remove_prefix(std::min(rest.size(), response.size() + 1));
   }
   const std::string_view date = rest.substr(0, std::min(DateLength, rest.find('\n')));
-  PassedByAll(responses, rest, rest, date);
-  PassedByAll(responses, "", rest, date);
+  PassedByAll(responses, size % 2 ? rest : "", rest, date);
   return 0;
 }

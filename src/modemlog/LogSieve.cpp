@@ -1,6 +1,6 @@
 #include "modemlog/LogSieve.h"
 
-#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 
@@ -27,14 +27,16 @@ PairCounts CountPairs(std::string_view sample) {
   return counts;
 }
 
-// Whether all letters with this capital differ in that one bit.
-bool IsFoldable(char capital) {
-  for (unsigned letter = 0; letter < UpperCaseTable.size(); ++letter)
-    if (UpperCaseTable[letter] == static_cast<unsigned char>(capital) &&
-        (letter | SmallLetter) != Folded(capital))
-      return false;
-  return true;
-}
+// By capital: whether all its letters differ in that one bit alone.
+constexpr std::array<bool, 256> IsFoldable = [] {
+  std::array<bool, 256> foldable{};
+  foldable.fill(true);
+  for (unsigned letter = 0; letter < 256; ++letter) {
+    const unsigned capital = UpperCaseTable[letter];
+    if ((letter | SmallLetter) != (capital | SmallLetter)) foldable[capital] = false;
+  }
+  return foldable;
+}();
 
 // The rarest pair of a text; nothing where it has none that can be looked for.
 std::optional<LogSieve::Pair> RarestPair(const std::string& text, const PairCounts& counts) {
@@ -42,8 +44,10 @@ std::optional<LogSieve::Pair> RarestPair(const std::string& text, const PairCoun
   unsigned least = 0;
   for (std::size_t i = 1; i < text.size(); ++i) {
     const char first = text[i - 1], second = text[i];
+    if (!IsFoldable[static_cast<unsigned char>(first)] || !IsFoldable[static_cast<unsigned char>(second)])
+      continue;
     const unsigned count = counts[PairIndex(first, second)];
-    if ((rarest && count >= least) || !IsFoldable(first) || !IsFoldable(second)) continue;
+    if (rarest && count >= least) continue;
     rarest = {static_cast<signed char>(Folded(first)), static_cast<signed char>(Folded(second))};
     least = count;
   }
