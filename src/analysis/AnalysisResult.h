@@ -2,7 +2,9 @@
 // made from them.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "values/BoundedArray.h"
 #include "values/Calendar.h"
@@ -32,9 +34,9 @@ struct ConnectionRecord {
   bool Answered = false;
   Int32 BytesRead;
   Int32 BytesWritten;
-  Int32 FreeSeconds;       // in the service's free period
-  Int16 Slot;              // of ServiceTotals, in which it was counted
-  std::string SlotNumber;  // which the slot had when it was
+  Int32 FreeSeconds;             // in the service's free period
+  Int16 Slot;                    // of ServiceTotals, in which it was counted
+  std::uint32_t SlotNumber = 0;  // of SlotNumbers: which the slot had when it was
 
   // Its notes tell of an error.
   bool HasError() const {
@@ -66,6 +68,7 @@ struct AnalysisResult {
   Int16 ConnectionCount;                       // the last one in use
   BoundedArray<ServiceTotal> ServiceTotals;    // 0 to MaxServices; 0 is the group "Unknown"
   Int16 TotalsCount;                           // the highest slot in use
+  std::vector<std::string> SlotNumbers{""};    // that connections were counted under, each once
   Int32 EntriesProcessed;
   bool ServicesExceeded = false, ConnectionsExceeded = false;
   bool LogErrorsFound = false;    // a connection was closed without a disconnect line

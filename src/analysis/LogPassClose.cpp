@@ -1,7 +1,9 @@
 // How a pass closes a connection: it is priced and added to the totals.
 //
 // What fails is left out and nothing else: each attempt below has one effect, which it works out before.
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <optional>
 
 #include "analysis/ConnectionNotes.h"
@@ -136,12 +138,19 @@ class LogPass::Close {
 
   void AddTimeToSlot() {
     Attempt([this] {
+      connection.SlotNumber = SlotNumberIndex();
       connection.Slot = number;
-      connection.SlotNumber = slot.Number;
     });
     Attempt([this] { ++slot.Connections; });
     Attempt([this] { slot.Seconds += ConnectSeconds; });
     Attempt([this] { slot.Blocks += BlockCount; });
+  }
+
+  std::uint32_t SlotNumberIndex() {
+    auto& numbers = result.SlotNumbers;
+    const auto found = std::ranges::find(numbers, slot.Number) - numbers.begin();
+    if (found == std::ssize(numbers)) numbers.push_back(slot.Number);
+    return static_cast<std::uint32_t>(found);
   }
 
   void PriceEstimatedData() {

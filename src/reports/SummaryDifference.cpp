@@ -101,7 +101,7 @@ void Comparisons::AddCountedElsewhere(const ConnectionRecord& connection) {
         HasNumber(settings, KeyOf(settings, holder), number) ? ", which has that number too" : leftOver;
     AddReason(Of(number), "its " + calls + " are counted under " + Of(holder).Name() + why);
     AddReason(Of(holder), calls + (number.empty() ? "" : " of " + Of(number).Name()) + " are counted here");
-  } else if (KeyOf(settings, connection.SlotNumber) != KeyOf(settings, number)) {
+  } else if (KeyOf(settings, analysis.SlotNumbers[connection.SlotNumber]) != KeyOf(settings, number)) {
     AddReason(Of(number), calls + " are not priced as its own" + leftOver);
   }
 }

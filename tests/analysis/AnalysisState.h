@@ -18,7 +18,8 @@ class State {
   State(const Session& session, Pricing& pricing) : period(session.period) {
     const AnalysisResult& analysis = session.analysis;
     for (int i = 0; i <= analysis.Connections.Last(); ++i)
-      Tell("Connections[" + std::to_string(i) + "]", analysis.Connections[i]);
+      Tell("Connections[" + std::to_string(i) + "]", analysis.Connections[i],
+           analysis.SlotNumbers[analysis.Connections[i].SlotNumber]);
     for (int i = 0; i <= analysis.ServiceTotals.Last(); ++i)
       Tell("Slots[" + std::to_string(i) + "]", analysis.ServiceTotals[i]);
     for (int service = 0; service < session.settings.UsedServices; ++service)
@@ -93,11 +94,11 @@ class State {
     return std::to_string(seconds) + "s " + TidyNotes(c.Notes) + "|";
   }
 
-  void Tell(const std::string& record, const ConnectionRecord& c) {
+  void Tell(const std::string& record, const ConnectionRecord& c, const std::string& slotNumber) {
     Field(record)("Start", Stamp(c.StartDate, c.StartTime))("End", Stamp(c.EndDate, c.EndTime))(
         "Number", c.Number)("Answered", c.Answered)("BytesRead", c.BytesRead)("BytesWritten", c.BytesWritten)(
-        "FreeSeconds", c.FreeSeconds)("Slot", c.Slot)("SlotNumber", c.SlotNumber)("Notes", c.Notes)("Shown",
-                                                                                                    Shown(c));
+        "FreeSeconds", c.FreeSeconds)("Slot", c.Slot)("SlotNumber", slotNumber)("Notes", c.Notes)("Shown",
+                                                                                                  Shown(c));
   }
 
   void Tell(const std::string& record, const ServiceTotal& s) {
