@@ -15,20 +15,20 @@ _qelreport() {
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -f -- "$word")
       ;;
-    --settings | --import)
+    --settings | --compare | --import)
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -d -- "$word"; compgen -f -X '!*.[Rr][Ee][Gg]' -- "$word")
       ;;
     --report)
-      mapfile -t COMPREPLY < <(compgen -W 'summary details' -- "$word")
+      mapfile -t COMPREPLY < <(compgen -W 'summary details compare' -- "$word")
       ;;
     --format)
       mapfile -t COMPREPLY < <(compgen -W 'text csv json html' -- "$word")
       ;;
     --from | --to) ;;
     *)
-      mapfile -t COMPREPLY < <(compgen -W '--log --settings --from --to --report --explain --format --output --stats --check
-        --import --help -h --version' -- "$word")
+      mapfile -t COMPREPLY < <(compgen -W '--log --settings --from --to --report --explain --compare --format --output --stats
+        --check --import --help -h --version' -- "$word")
       ;;
   esac
 }

@@ -56,7 +56,8 @@ Value Choose(const Choice<Value> (&choices)[N], const char* option, const std::s
   throw ArgumentError(std::string(option) + " is one of " + names + ", not '" + text + "'");
 }
 
-const Choice<ReportKind> Reports[] = {{"summary", ReportKind::Summary}, {"details", ReportKind::Details}};
+const Choice<ReportKind> Reports[] = {
+    {"summary", ReportKind::Summary}, {"details", ReportKind::Details}, {"compare", ReportKind::Compare}};
 const Choice<OutputFormat> Formats[] = {{"text", OutputFormat::Text},
                                         {"csv", OutputFormat::Csv},
                                         {"json", OutputFormat::Json},
@@ -71,12 +72,14 @@ const OptionRow Rows[] = {
      [](Arguments& a, const std::string& value) { a.from = IsoDateOf(value); }},
     {"--to", "YYYY-MM-DD", "last day of the report (default: the log's last)",
      [](Arguments& a, const std::string& value) { a.to = IsoDateOf(value); }},
-    {"--report", "summary|details", "each service (default), or each connection",
+    {"--report", "summary|details|compare", "services (default), connections, or costs elsewhere",
      [](Arguments& a, const std::string& value) { a.report = Choose(Reports, "--report", value); }},
     {"--explain", "[N]", "the price of each connection of the details, or of number N",
      [](Arguments& a, const std::string& value) {
        a.explain = {true, ConnectionNumberOf(value)};
      }},
+    {"--compare", "FILE.reg", "prices the log under these settings too; may be given again",
+     [](Arguments& a, const std::string& value) { a.compare.push_back(value); }},
     {"--format", "text|csv|json|html", "how it is written, in UTF-8 (default: text)",
      [](Arguments& a, const std::string& value) { a.format = Choose(Formats, "--format", value); },
      OptionRow::OfCheckToo},
@@ -137,6 +140,11 @@ Arguments ParseArguments(const std::vector<std::string>& words) {
     throw ArgumentError(std::string("--check makes no report and takes no ") + ofReportOnly);
   if (arguments.check && (arguments.format == OutputFormat::Csv || arguments.format == OutputFormat::Html))
     throw ArgumentError("--check writes text or json");
+  if (!arguments.compare.empty() &&
+      (arguments.stats || arguments.report.value_or(ReportKind::Compare) != ReportKind::Compare))
+    throw ArgumentError("--compare makes a report of its own and goes with --report compare alone");
+  if (!arguments.report)
+    arguments.report = arguments.compare.empty() ? ReportKind::Summary : ReportKind::Compare;
   if (arguments.explain.Wanted && arguments.report != ReportKind::Details)
     throw ArgumentError("--explain tells of connections and goes with --report details");
   if (arguments.from && arguments.to && *arguments.from > *arguments.to)

@@ -17,7 +17,8 @@ struct Arguments {
   std::optional<std::string> settings;
   std::optional<Date> from;
   std::optional<Date> to;
-  ReportKind report = ReportKind::Summary;
+  std::optional<ReportKind> report;  // has one once the whole line is taken
+  std::vector<std::string> compare;  // settings to price under too
   OutputFormat format = OutputFormat::Text;
   Explaining explain;
   std::optional<std::string> output;
@@ -34,8 +35,9 @@ class ArgumentError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Takes "--option value" and "--option=value"; of an option given twice the last one counts. A value that may
-// be left out is a number, so that it is told from what follows. Raises ArgumentError.
+// Takes "--option value" and "--option=value"; of an option given twice the last one counts, but of
+// --compare all do. A value that may be left out is a number, so that it is told from what follows. Raises
+// ArgumentError.
 Arguments ParseArguments(const std::vector<std::string>& words);
 
 // "usage: qelreport [--log FILE] ...", in lines of a terminal's width.

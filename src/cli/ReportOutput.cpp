@@ -37,11 +37,12 @@ std::string StatisticsOutput(const Session& session, OutputFormat format) {
                                       : ExportStatistics(logFile, findings, ExportFormatOf(format));
 }
 
-bool MayWriteTo(const std::string& path, const LogFile& logFile, const std::optional<std::string>& settings) {
-  const std::string read[] = {logFile.CurrentLogPath, settings.value_or(SettingsStorePath())};
+bool MayWriteTo(const LogFile& logFile, const Arguments& arguments) {
+  std::vector<std::string> read = arguments.compare;
+  read.insert(read.end(), {logFile.CurrentLogPath, arguments.settings.value_or(SettingsStorePath())});
   for (const auto& file : read)
-    if (IsSameFile(path, file)) {
-      Complain("--output " + ShownPath(path) + " would overwrite what the report is made from");
+    if (IsSameFile(*arguments.output, file)) {
+      Complain("--output " + ShownPath(*arguments.output) + " would overwrite what the report is made from");
       return false;
     }
   return true;

@@ -12,8 +12,9 @@ namespace qel {
 // The statistics of the log in hand.
 std::string StatisticsOutput(const Session& session, OutputFormat format);
 
-// False with a complaint where writing to `path` would destroy the log or the settings that the run reads.
-bool MayWriteTo(const std::string& path, const LogFile& logFile, const std::optional<std::string>& settings);
+// False with a complaint where writing to the output named would destroy the log or settings that the run
+// reads.
+bool MayWriteTo(const LogFile& logFile, const Arguments& arguments);
 
 // Writes to the file, which keeps its old content until the new one is whole, or to standard output. False
 // with a complaint where that fails.

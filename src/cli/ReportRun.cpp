@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "analysis/TariffDays.h"
+#include "cli/ComparisonRun.h"
 #include "cli/LogSelection.h"
 #include "cli/PeriodSelection.h"
 #include "cli/ReportOutput.h"
@@ -46,19 +47,6 @@ void LoadSettings(Session& session) {
   SettleMissingLogPath(session.settings, session.places);
 }
 
-// Tariffs keep their days in the words of whoever wrote them, and a run by a schedule often has no language.
-// Such a tariff would change the costs without a word.
-void TellUnknownDays(const Settings& settings) {
-  for (Int16 i = 0; i < settings.UsedServices; ++i)
-    for (Int16 t = 0; t < settings.Services[i].UsedTariffs; ++t) {
-      const TariffRecord& tariff = settings.Services[i].Tariffs[t];
-      if (settings.Services[i].DialOption == ServiceRecord::ByTariffs && !AreKnownDays(tariff.AppliesDays))
-        Complain(ToUtf8(settings.Services[i].ServiceName + ": the tariff '" + tariff.Description +
-                        "' never holds: '" + tariff.AppliesDays +
-                        "' names no days in English or in the language of this run"));
-    }
-}
-
 void TellDifferences(const ReportOf& report) {
   std::string text;
   for (const auto& line : SummaryDifferences(report)) text += (text.empty() ? "" : "\n  ") + line;
@@ -76,6 +64,17 @@ bool HasConnection(const ReportOf& report, const std::optional<int>& number) {
 
 }  // namespace
 
+void TellUnknownDays(const Settings& settings) {
+  for (Int16 i = 0; i < settings.UsedServices; ++i)
+    for (Int16 t = 0; t < settings.Services[i].UsedTariffs; ++t) {
+      const TariffRecord& tariff = settings.Services[i].Tariffs[t];
+      if (settings.Services[i].DialOption == ServiceRecord::ByTariffs && !AreKnownDays(tariff.AppliesDays))
+        Complain(ToUtf8(settings.Services[i].ServiceName + ": the tariff '" + tariff.Description +
+                        "' never holds: '" + tariff.AppliesDays +
+                        "' names no days in English or in the language of this run"));
+    }
+}
+
 ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   const Surroundings around(host, host);
   Session session;
@@ -84,8 +83,7 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   if (arguments.check) return RunSettingsCheck(session, arguments);
   const EntryCount count = arguments.stats ? EntryCount::Wanted : EntryCount::NotWanted;
   if (!SelectLog(session, arguments.log, count)) return NoReport;
-  if (arguments.output && !MayWriteTo(*arguments.output, session.logFile, arguments.settings))
-    return NoReport;
+  if (arguments.output && !MayWriteTo(session.logFile, arguments)) return NoReport;
   if (arguments.stats)
     return WriteOut(StatisticsOutput(session, arguments.format), arguments.output) ? WholeReport : NoReport;
   if (!ChoosePeriod(session, arguments)) return NoReport;
@@ -98,7 +96,8 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   if (!host.ReportReady()) return NoReport;
   if (!HasConnection(session.Reported(), arguments.explain.Only)) return NoReport;
   if (arguments.report == ReportKind::Summary) TellDifferences(session.Reported());
-  const std::string report = WrittenReport(session.Reported(), session.logFile, arguments.report,
+  if (arguments.report == ReportKind::Compare) return RunComparison(session, arguments);
+  const std::string report = WrittenReport(session.Reported(), session.logFile, *arguments.report,
                                            arguments.format, arguments.explain);
   if (!WriteOut(report, arguments.output)) return NoReport;
   return session.analysis.ConnectionsExceeded ? IncompleteReport : WholeReport;

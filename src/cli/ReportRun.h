@@ -3,6 +3,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/CommandLineHost.h"
+#include "settings/Settings.h"
 
 namespace qel {
 
@@ -19,5 +20,9 @@ enum ExitStatus : int {
 // the settings. `host` becomes the program's host and display and must outlive it. Throws ProgramEnd where an
 // error dialogue ends the run.
 ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host);
+
+// Tariffs keep their days in the words of whoever wrote them, and a run by a schedule often has no language.
+// Such a tariff would change the costs without a word; this has one on standard error.
+void TellUnknownDays(const Settings& settings);
 
 }  // namespace qel

@@ -59,8 +59,7 @@ bool AddMarkers(Session& session, const std::optional<std::string>& named, std::
 
 ExitStatus RunSettingsCheck(Session& session, const Arguments& arguments) {
   NameLog(session, arguments.log);
-  if (arguments.output && !MayWriteTo(*arguments.output, session.logFile, arguments.settings))
-    return NoReport;
+  if (arguments.output && !MayWriteTo(session.logFile, arguments)) return NoReport;
   auto findings = CheckSettings(session.settings, Today());
   const bool logRead = AddMarkers(session, arguments.log, findings);
   const std::string text =

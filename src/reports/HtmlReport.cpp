@@ -218,6 +218,18 @@ std::string DetailsPage(const ReportOf& of, const LogFile& logFile, const Explai
   return ReportPage(of, logFile, "Details Report", true, explaining);
 }
 
+std::string ComparisonPage(const ReportOf& of, const LogFile& logFile, const Comparison& comparison) {
+  const std::string title = "Compare Report";
+  std::string body = ReportHeading(of, logFile, title) + "<main>\n" + Warnings(of);
+  for (const auto& compared : ComparisonTables(of, comparison)) {
+    HtmlTable table(compared.Caption,
+                    {{compared.NameTitle, true}, {"Cost"}, {"Difference a month"}, {"Remark", true}});
+    for (const auto& row : compared.Rows) table.AddRow({row.Name, row.Cost, row.Difference, row.Remark});
+    body += Section("services", table.Finish());
+  }
+  return HtmlPage("QELMARK - " + title, body + "</main>\n");
+}
+
 std::string StatisticsPage(const LogFile& logFile, const LogFindings& findings) {
   HtmlTable table("Statistics", {{"Figure", true}, {"Value", true}});
   for (const auto& figure : LogStatistics(logFile, findings))

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "modemlog/LogFile.h"
+#include "reports/ComparisonReport.h"
 #include "reports/PriceExplained.h"
 #include "reports/ReportOf.h"
 
@@ -15,6 +16,9 @@ std::string SummaryPage(const ReportOf& of, const LogFile& logFile);
 
 // The same, and behind it a row for each connection; explained, with a part to unfold below it.
 std::string DetailsPage(const ReportOf& of, const LogFile& logFile, const Explaining& explaining = {});
+
+// What the calls would have cost: the tables of the comparison.
+std::string ComparisonPage(const ReportOf& of, const LogFile& logFile, const Comparison& comparison);
 
 // The statistics of a log.
 std::string StatisticsPage(const LogFile& logFile, const LogFindings& findings);

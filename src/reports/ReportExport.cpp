@@ -12,7 +12,6 @@
 #include "modemlog/DialledNumber.h"
 #include "platform/Files.h"
 #include "reports/DetailLines.h"
-#include "reports/UseByService.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
 #include "values/DateFormat.h"
@@ -30,7 +29,7 @@ struct NotApplicable {};  // empty in CSV, left out of JSON
 
 struct Field {
   const char* Name;
-  std::variant<std::string, long, double, Words, NotApplicable, std::vector<Record>> Value;
+  std::variant<std::string, long, double, bool, Words, NotApplicable, std::vector<Record>> Value;
 };
 
 std::string IsoMoment(Date date, Date time) {
@@ -74,6 +73,7 @@ struct ValueText {
   std::string operator()(const std::string& text) const { return csv ? CsvText(text) : JsonText(text); }
   std::string operator()(long number) const { return std::to_string(number); }
   std::string operator()(double number) const { return PlainNumber(number); }
+  std::string operator()(bool yes) const { return yes ? "true" : "false"; }
   std::string operator()(const Words& words) const {
     if (csv) return CsvText(Joined(words, " "));
     Words quoted;
@@ -105,11 +105,11 @@ std::string CsvNames(const Record& record) {
 }
 
 // A report as text, taking its records one by one. `pattern` is any record: CSV has the names at the top even
-// where no record follows.
+// where no record follows. `ahead` is what JSON has before the first list.
 class ReportWriter {
  public:
   ReportWriter(const ReportOf& of, ExportFormat format, const char* report, const char* records,
-               const Record& pattern)
+               const Record& pattern, const std::string& ahead = "")
       : format(format) {
     if (format == ExportFormat::Csv) {
       text = CsvNames(pattern);
@@ -121,8 +121,15 @@ class ReportWriter {
            ",\n  \"days\": " + std::to_string(of.period.PeriodDays) +
            ",\n  \"currency\": " + JsonText(ToCleanUtf8(Region.CurrencySymbol)) +
            ",\n  \"errors_found\": " + (of.analysis.LogErrorsFound ? "true" : "false") +
-           ",\n  \"complete\": " + (of.analysis.ConnectionsExceeded ? "false" : "true") + ",\n  " +
-           JsonText(records) + ": [";
+           ",\n  \"complete\": " + (of.analysis.ConnectionsExceeded ? "false" : "true") + ahead;
+    Begin(records);
+  }
+
+  // The records from here on are another list of JSON.
+  void Begin(const char* records) {
+    if (format == ExportFormat::Csv) return;
+    text += (open ? Close() : "") + ",\n  " + JsonText(records) + ": [";
+    open = first = true;
   }
 
   void Add(const Record& record) {
@@ -132,14 +139,16 @@ class ReportWriter {
   }
 
   std::string Finish() {
-    if (format == ExportFormat::Json) text += first ? "]\n}\n" : "\n  ]\n}\n";
+    if (format == ExportFormat::Json) text += Close() + "\n}\n";
     return std::move(text);
   }
 
  private:
+  std::string Close() const { return first ? "]" : "\n  ]"; }
+
   const ExportFormat format;
   std::string text;
-  bool first = true;
+  bool open = false, first = true;
 };
 
 Record SummaryRecord(const ServiceUse& use) {
@@ -228,6 +237,55 @@ void AddExplained(ReportWriter& writer, const Settings& settings, const DetailLi
   writer.Add(record);
 }
 
+Record OfferRecord(const ReportOf& of, const ServiceComparison& service, const OfferCost& offer) {
+  const ServiceRecord& whose = of.settings.Services[offer.Service];
+  return {{"offer", ToCleanUtf8(Trim(whose.ServiceName))},
+          {"cost", offer.Cost},
+          {"difference_a_month", AMonth(of.period, offer.Cost - service.Cost)},
+          {"cheapest", offer.Cheapest},
+          {"unpriced", long{offer.Unpriced}}};
+}
+
+std::string NameOf(const ReportOf& of, const ServiceComparison& service) {
+  return ToCleanUtf8(Trim(of.settings.Services[service.Service].ServiceName));
+}
+
+void AddComparedAsJson(ReportWriter& writer, const ReportOf& of, const Comparison& comparison) {
+  for (const auto& service : comparison.Services) {
+    std::vector<Record> offers;
+    for (const auto& offer : service.Offers) offers.push_back(OfferRecord(of, service, offer));
+    writer.Add({{"service", NameOf(of, service)},
+                {"sessions", service.Sessions},
+                {"cost", service.Cost},
+                {"offers", std::move(offers)}});
+  }
+  if (!comparison.Others.empty()) writer.Begin("settings");
+  for (const auto& other : comparison.Others) {
+    std::vector<Record> services;
+    for (const auto& use : other.Services)
+      services.push_back({{"service", ToCleanUtf8(use.Service)}, {"cost", use.TotalCost}});
+    writer.Add({{"file", ShownPath(other.File)}, {"cost", other.Cost}, {"services", std::move(services)}});
+  }
+}
+
+// What the calls of a service cost by an offer, or under the settings of a file.
+Record ComparedRecord(const std::string& file, const std::string& service, long sessions, Record offer) {
+  Record record = {{"file", file}, {"service", service}, {"sessions", sessions}};
+  record.insert(record.begin() + 2, offer.front());
+  record.insert(record.end(), offer.begin() + 1, offer.end());
+  return record;
+}
+
+Record OfOtherSettings(const ReportOf& of, const Comparison& comparison, const ServiceUse& use) {
+  const ServiceUse* own = OwnUse(comparison, use.Service);
+  const double before = own ? own->TotalCost : 0;
+  return {{"offer", NotApplicable()},
+          {"cost", use.TotalCost},
+          If(own != nullptr, {"difference_a_month", AMonth(of.period, use.TotalCost - before)}),
+          {"cheapest", NotApplicable()},
+          {"unpriced", NotApplicable()}};
+}
+
 }  // namespace
 
 std::string JsonText(const std::string& text) {
@@ -282,6 +340,23 @@ std::string ExportDetails(const ReportOf& of, ExportFormat format, const Explain
     else
       writer.Add(DetailRecord(of.settings, line));
   });
+  return writer.Finish();
+}
+
+std::string ExportComparison(const ReportOf& of, ExportFormat format, const Comparison& comparison) {
+  ReportWriter writer(of, format, "compare", "services", ComparedRecord("", "", 0, OfferRecord(of, {}, {})),
+                      ",\n  \"cost\": " + PlainNumber(comparison.Own.Cost));
+  if (format == ExportFormat::Json) {
+    AddComparedAsJson(writer, of, comparison);
+    return writer.Finish();
+  }
+  for (const auto& service : comparison.Services)
+    for (const auto& offer : service.Offers)
+      writer.Add(ComparedRecord("", NameOf(of, service), service.Sessions, OfferRecord(of, service, offer)));
+  for (const auto& other : comparison.Others)
+    for (const auto& use : other.Services)
+      writer.Add(ComparedRecord(ShownPath(other.File), ToCleanUtf8(use.Service), use.Sessions,
+                                OfOtherSettings(of, comparison, use)));
   return writer.Finish();
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "modemlog/LogFile.h"
+#include "reports/ComparisonReport.h"
 #include "reports/PriceExplained.h"
 #include "reports/ReportOf.h"
 
@@ -28,6 +29,12 @@ std::string ExportSummary(const ReportOf& of, ExportFormat format);
 // "data"), cost, and what applies of times, tariff, seconds, units, bytes, rate, and a text. As printed they
 // sum to each part of the cost. In CSV a record is a piece, not a connection.
 std::string ExportDetails(const ReportOf& of, ExportFormat format, const Explaining& explaining = {});
+
+// One record for each service that was called and each service whose costs it is compared with: offer,
+// sessions, cost, difference a month, whether it is the cheapest, and the calls with a time that no tariff of
+// the offer holds. In CSV the services under each of the other settings follow, with the name of their file;
+// in JSON these are a list of their own, where there are any.
+std::string ExportComparison(const ReportOf& of, ExportFormat format, const Comparison& comparison);
 
 // One record of a log's statistics: path, length, entries, first and last date, span in days.
 std::string ExportStatistics(const LogFile& logFile, const LogFindings& findings, ExportFormat format);

@@ -30,4 +30,11 @@ std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind
   return text;
 }
 
+std::string WrittenReport(const ReportOf& of, const LogFile& logFile, const Comparison& comparison,
+                          OutputFormat format) {
+  if (format == OutputFormat::Html) return ComparisonPage(of, logFile, comparison);
+  if (format == OutputFormat::Text) return ToCleanUtf8(ComparisonText(of, comparison));
+  return ExportComparison(of, ExportFormatOf(format), comparison);
+}
+
 }  // namespace qel

@@ -8,14 +8,18 @@
 
 namespace qel {
 
-enum class ReportKind { Summary, Details };
+enum class ReportKind { Summary, Details, Compare };
 enum class OutputFormat { Text, Csv, Json, Html };
 
 // Of a form that is CSV or JSON.
 ExportFormat ExportFormatOf(OutputFormat format);
 
-// A report of an analysis of that log. Only Details are explained.
+// A Summary or Details of an analysis of that log. Only Details are explained.
 std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report, OutputFormat format,
                           const Explaining& explaining = {});
+
+// A comparison of such an analysis.
+std::string WrittenReport(const ReportOf& of, const LogFile& logFile, const Comparison& comparison,
+                          OutputFormat format);
 
 }  // namespace qel
