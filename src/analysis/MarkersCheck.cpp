@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "modemlog/LineClassifier.h"
-#include "modemlog/LogLine.h"
+#include "modemlog/LogExamination.h"
 #include "platform/Files.h"
 #include "values/CodePage.h"
 
@@ -106,19 +106,6 @@ unsigned ClassesIn(const std::string& path, const Settings& settings) {
 }
 
 }  // namespace
-
-std::optional<std::string> TimeInPlaceOfDate(const std::string& logPath) {
-  constexpr int enough = 10;
-  std::optional<std::string> first;
-  LineReader log(logPath);
-  int entries = 0;
-  for (std::string_view line; entries < enough && log.Next(line);) {
-    if (IsBlankLine(line)) continue;
-    if (!BeginsWithTime(line)) return std::nullopt;
-    if (++entries == 1) first = line;
-  }
-  return first;
-}
 
 std::vector<MissingMarker> MissingMarkers(const Settings& settings, const std::string& logPath) {
   const unsigned found = ClassesIn(logPath, settings);

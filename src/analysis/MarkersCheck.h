@@ -18,10 +18,6 @@ struct MissingMarker {
   std::string Line;     // the first of them, as people can read it: cut where it is long
 };
 
-// The first entry of a log whose entries, or the first ten of them, begin with the time of day where the date
-// belongs. Raises as the readers do.
-std::optional<std::string> TimeInPlaceOfDate(const std::string& logPath);
-
 // Reads the log once, and once more where a text is not found. Raises as the readers do.
 std::vector<MissingMarker> MissingMarkers(const Settings& settings, const std::string& logPath);
 

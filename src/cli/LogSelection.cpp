@@ -2,7 +2,6 @@
 
 #include <cerrno>
 
-#include "analysis/MarkersCheck.h"
 #include "cli/CommandLineHost.h"
 #include "modemlog/LogMessages.h"
 #include "platform/Files.h"
@@ -50,10 +49,9 @@ bool SelectLog(Session& session, const std::optional<std::string>& named, EntryC
   if (findings.LogCorrupt)
     return Refuse(logFile, "the log is corrupt: it holds a byte that no text log can hold");
   if (findings.LogEmpty) return Refuse(logFile, "the log is empty");
+  if (findings.TimesForDates) return Refuse(logFile, WhyTimesForDates);
   if (findings.LogInvalid)
     return Refuse(logFile, "this is no modem log: its first or last entry has no date");
-  if (TimeInPlaceOfDate(logFile.CurrentLogPath))
-    return Refuse(logFile, "its lines begin with the time where the date should stand, so no call has a day");
   if (findings.LogTooBig && !logFile.ArchiveOpen) ShowLogTooBig();
   return true;
 }

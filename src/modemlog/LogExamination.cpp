@@ -95,6 +95,7 @@ void ReadEntries(const LogFile& logFile, EntryCount count, LogFindings& findings
   findings.LogEntries = count == EntryCount::Wanted ? CountEntries(path) : 0;
   findings.FirstEntryDate = first;
   findings.LastEntryDate = last;
+  findings.TimesForDates = TimeInPlaceOfDate(path).has_value();
 }
 
 // Looks at every byte of the log but its last. True at the first byte below 32 other than tab, line feed and
@@ -137,7 +138,7 @@ void GetLogStats(const LogFile& logFile, Int32 maxSize, EntryCount count, LogFin
   }
   Attempt([&] { findings.LogTooBig = findings.LogLength >= maxSize * 1024; });
   Attempt([&] { ReadEntries(logFile, count, findings); });
-  findings.LogInvalid = findings.FirstEntryDate == 0 || findings.LastEntryDate == 0;
+  findings.LogInvalid = findings.FirstEntryDate == 0 || findings.LastEntryDate == 0 || findings.TimesForDates;
   CurrentHost().SetMousePointer(MousePointer::Default);
 }
 
@@ -153,9 +154,21 @@ std::string LengthText(std::int64_t bytes) {
          (fits ? "KB)" : "MB)");
 }
 
+std::optional<std::string> TimeInPlaceOfDate(const std::string& logPath) {
+  constexpr int enough = 10;
+  std::optional<std::string> first;
+  LineReader log(logPath);
+  int entries = 0;
+  for (std::string_view line; entries < enough && NextEntry(log, line);) {
+    if (!BeginsWithTime(line)) return std::nullopt;
+    if (++entries == 1) first = line;
+  }
+  return first;
+}
+
 void Examine(const LogFile& logFile, Int32 maxSize, LogHealth health, EntryCount count,
              LogFindings& findings) {
-  findings.LogExists = findings.LogCorrupt = findings.LogEmpty = false;
+  findings.LogExists = findings.LogCorrupt = findings.LogEmpty = findings.TimesForDates = false;
   findings.LogLength = 0;
   findings.LogEntries = 0;
   findings.FirstEntryDate = findings.LastEntryDate = 0;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "modemlog/LogFile.h"
@@ -12,6 +13,10 @@ namespace qel {
 // The length of a log as it is shown: "4058 Bytes (4KB)", to the nearest kilobyte, ties to the even one; in
 // megabytes where 16 bits do not hold the kilobytes.
 std::string LengthText(std::int64_t bytes);
+
+// The first entry of a log whose entries, or the first ten of them, begin with the time of day where the date
+// belongs. Raises as the readers do.
+std::optional<std::string> TimeInPlaceOfDate(const std::string& logPath);
 
 // What is known of a log's bytes before it is examined. They are tested where nothing is (Told: the splash
 // window hears of it), and taken as they are known else: an archive may be longer than the test can bear.

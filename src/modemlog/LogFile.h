@@ -20,7 +20,8 @@ struct LogFindings {
   bool LogCorrupt = false;  // holds a byte that no text log holds, or a line without a date
   bool LogTooBig = false;
   bool LogEmpty = false;
-  bool LogInvalid = false;  // the first or the last entry has no date
+  bool LogInvalid = false;     // the first or the last entry has no date, or a time in its place
+  bool TimesForDates = false;  // the entries, or the first ten, begin with the time where the date belongs
 
   Int32 LogLength;          // bytes; a longer archive counts as 2147483647
   float LogEntries = 0;     // lines that are not blank; exact up to 16777216; 0 where nobody counts them

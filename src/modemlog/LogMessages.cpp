@@ -54,7 +54,11 @@ void ShowLogCorrupt() {
   MsgBox({text, "WARNING", Icon::Critical});
 }
 
-void ShowLogInvalid() {
+void ShowLogInvalid(bool timesForDates) {
+  if (timesForDates)
+    return void(MsgBox({Lines({"INVALID MODEM LOG FILE!", "",
+                               std::string("No report can be made of this log: ") + WhyTimesForDates + "."}),
+                        "WARNING", Icon::Critical}));
   const std::string text = Lines({
       "INVALID MODEM LOG FILE!",
       "",

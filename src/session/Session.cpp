@@ -21,7 +21,7 @@ void Session::SetCurrentLog(const std::string& folder, const std::string& file) 
   logFile.CurrentLogPath = folder + file;
   // What was found in one file says nothing of the next.
   findings.LogExists = findings.LogCorrupt = findings.LogTooBig = findings.LogEmpty = findings.LogInvalid =
-      false;
+      findings.TimesForDates = false;
 }
 
 void Session::SetCurrentLog(const std::string& path) { SetCurrentLog(FolderPart(path), FileNamePart(path)); }

@@ -4,6 +4,8 @@
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
 #include "maintenance/LogSwap.h"
+#include "modemlog/LogExamination.h"
+#include "modemlog/LogMessages.h"
 #include "platform/Files.h"
 #include "platform/TextToDate.h"
 #include "ui/HelpNumbers.h"
@@ -33,12 +35,15 @@ void RefuseStream(const std::string& path) {
   if (IsStream(path)) Raise(BadFileName);
 }
 
-// Whether the file can be read as a log, tried before anything of the current one is given up.
+// Whether the file can be read as a log with days, tried before anything of the current one is given up.
 bool CanBeOpened(const std::string& path) {
-  return Attempt([&path] {
+  bool timesForDates = false;
+  const bool opened = Attempt([&] {
     RefuseStream(path);
-    LineReader(path).Close();
+    timesForDates = TimeInPlaceOfDate(path).has_value();
   });
+  if (timesForDates) ShowLogInvalid(timesForDates);
+  return opened && !timesForDates;
 }
 
 }  // namespace

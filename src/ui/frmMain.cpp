@@ -132,7 +132,7 @@ bool frmMain::TellStateOfLog() {
   const bool invalid = findings.LogInvalid && !logFile.ArchiveOpen;
   const bool missing = !findings.LogExists && !logFile.ArchiveOpen;
   const bool tooBig = findings.LogTooBig && !logFile.ArchiveOpen;
-  if (invalid) ShowLogInvalid();
+  if (invalid) ShowLogInvalid(findings.TimesForDates);
   if (missing && !std::exchange(session.LogMissingShown, true)) ShowLogMissing();
   if (invalid || missing) StatusIndex = 7;
   if (findings.LogCorrupt) {
