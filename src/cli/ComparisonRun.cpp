@@ -14,8 +14,6 @@ namespace qel {
 
 namespace {
 
-constexpr char NoCosts[] = "costs are not calculated by these settings";
-
 // Warnings are of the user's own settings, and nobody has asked for those of others.
 class WithoutWarnings : public CommandLineHost {
  public:
@@ -36,7 +34,7 @@ bool LoadSettings(Session& session, const std::string& file) {
     return false;
   }
   session.LoadSettings();
-  if (!session.settings.CalcCosts) Refuse(file, NoCosts);
+  if (!session.settings.CalcCosts) Refuse(file, WhyNotCompared(session.settings, true));
   return session.settings.CalcCosts;
 }
 
@@ -77,15 +75,12 @@ void TellGaps(const Settings& settings, const std::vector<ServiceComparison>& se
 }  // namespace
 
 ExitStatus RunComparison(Session& session, const Arguments& arguments) {
-  if (!session.settings.CalcCosts) {
-    Complain(std::string("cannot compare: ") + NoCosts);
-    return NoReport;
-  }
   const ReportOf report = session.Reported();
   Comparison comparison{CostUnder(report), CompareTariffs(report), {}};
   const bool compareSettings = !arguments.compare.empty() && !comparison.Own.Services.empty();
-  if (comparison.Services.empty() && !compareSettings) {
-    Complain("cannot compare: no service was called in this period");
+  const std::string why = WhyNotCompared(session.settings, compareSettings || !comparison.Services.empty());
+  if (!why.empty()) {
+    Complain("cannot compare: " + why);
     return NoReport;
   }
   TellGaps(session.settings, comparison.Services);

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 
 #include "desktop/forms/ui_frmAbout.h"
+#include "desktop/forms/ui_frmCompare.h"
 #include "desktop/forms/ui_frmFileRepair.h"
 #include "desktop/forms/ui_frmFind.h"
 #include "desktop/forms/ui_frmHelp.h"
@@ -28,6 +29,7 @@ std::vector<WindowDesign> ProgramWindows() {
   UseIcons();
   return {
       {"frmAbout", MakeWindow<QDialog, Ui::frmAbout>},
+      {"frmCompare", MakeWindow<QDialog, Ui::frmCompare>},
       {"frmFileRepair", MakeWindow<QDialog, Ui::frmFileRepair>},
       {"frmFind", MakeWindow<QDialog, Ui::frmFind>},
       {"frmHelp", MakeWindow<QWidget, Ui::frmHelp>},

@@ -82,6 +82,11 @@ SettingsCost CostUnder(const ReportOf& of, const std::string& file) {
   return {file, use.Services(), use.Totals().TotalCost};
 }
 
+std::string WhyNotCompared(const Settings& settings, bool anyCalls) {
+  if (!settings.CalcCosts) return "costs are not calculated by these settings";
+  return anyCalls ? "" : "no service was called in this period";
+}
+
 const ServiceUse* OwnUse(const Comparison& comparison, const std::string& service) {
   const auto& own = comparison.Own.Services;
   const auto found = std::ranges::find(own, service, &ServiceUse::Service);

@@ -25,6 +25,9 @@ struct Comparison {
   std::vector<SettingsCost> Others;
 };
 
+// Why there is nothing to compare, in Windows-1252; empty where there is.
+std::string WhyNotCompared(const Settings& settings, bool anyCalls);
+
 // The use of a service under the settings in hand; none where it has another name there.
 const ServiceUse* OwnUse(const Comparison& comparison, const std::string& service);
 

@@ -41,10 +41,9 @@ std::string Heading(const std::string& title, const std::string& below) {
          "</header>\n";
 }
 
-std::string Figure(const UseChart& chart) {
-  return "<figure>\n<figcaption><h2>" + HtmlText(chart.Picture.Heading) + "</h2>" +
-         HtmlText(chart.Picture.Caption) + "</figcaption>\n<div class=\"wide\">" + chart.Picture.Markup +
-         "</div>\n<details><summary>Figures</summary>\n" + chart.Table + "</details>\n</figure>\n";
+std::string Figure(const Drawing& picture, const std::string& below = "") {
+  return "<figure>\n<figcaption><h2>" + HtmlText(picture.Heading) + "</h2>" + HtmlText(picture.Caption) +
+         "</figcaption>\n<div class=\"wide\">" + picture.Markup + "</div>\n" + below + "</figure>\n";
 }
 
 std::string LogName(const LogFile& logFile) {
@@ -202,7 +201,7 @@ std::string ReportPage(const ReportOf& of, const LogFile& logFile, const std::st
   } else {
     body += KeyFigures(of, TotalsOf(of, use)) + SummaryTable(of, use);
     for (const auto& chart : UseCharts(use, times, of.settings.CalcCosts, DrawingWidth))
-      body += Figure(chart);
+      body += Figure(chart.Picture, "<details><summary>Figures</summary>\n" + chart.Table + "</details>\n");
     if (withConnections) body += Section("connections", connections.Finish());
   }
   return HtmlPage("QELMARK - " + title, body + "</main>\n");
@@ -227,6 +226,8 @@ std::string ComparisonPage(const ReportOf& of, const LogFile& logFile, const Com
     for (const auto& row : compared.Rows) table.AddRow({row.Name, row.Cost, row.Difference, row.Remark});
     body += Section("services", table.Finish());
   }
+  for (const auto& service : comparison.Services)
+    body += Figure(OffersDrawing(of.settings, service, DrawingWidth));
   return HtmlPage("QELMARK - " + title, body + "</main>\n");
 }
 

@@ -17,7 +17,7 @@ std::string SummaryPage(const ReportOf& of, const LogFile& logFile);
 // The same, and behind it a row for each connection; explained, with a part to unfold below it.
 std::string DetailsPage(const ReportOf& of, const LogFile& logFile, const Explaining& explaining = {});
 
-// What the calls would have cost: the tables of the comparison.
+// What the calls would have cost: the tables of the comparison, and a chart of each service.
 std::string ComparisonPage(const ReportOf& of, const LogFile& logFile, const Comparison& comparison);
 
 // The statistics of a log.

@@ -53,6 +53,8 @@ OfferCost PriceAt(const ReportOf& of, const std::vector<Int16>& calls, int servi
   OfferCost price{.Service = Int16(offer)};
   ForEachConnection({result, settings, of.period}, [&price](const DetailLine& line) {
     price.Cost += line.ConnectionCost;
+    for (const auto part : {&CallCosts::DialCostNow, &CallCosts::ServiceCostNow, &CallCosts::DataCostNow})
+      price.Parts.*part += line.Costs.*part;
     price.Unpriced += std::ranges::any_of(
         line.Pieces.Dialup, [](const PricePiece& piece) { return piece.Kind == PieceKind::NoTariff; });
   });
@@ -115,7 +117,7 @@ std::vector<ServiceComparison> CompareTariffs(const ReportOf& of) {
       ServiceComparison& comparison = own[service];
       comparison.Service = service;
       comparison.Cost += line.ConnectionCost;
-      ++comparison.Sessions;
+      if (comparison.Sessions++ == 0) comparison.Connection = line.Index;
     });
   for (Int16 i = 1; i <= of.analysis.ConnectionCount; ++i) {
     const Int16 service = GetServiceIndex(of.settings, of.analysis.Connections[i].Number);

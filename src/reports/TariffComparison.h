@@ -13,6 +13,7 @@ namespace qel {
 struct OfferCost {
   Int16 Service = 0;      // index into Services of the service whose costs they are
   double Cost = 0;        // in the user's currency
+  CallCosts Parts = {};   // which sum to it but for rounding
   int Unpriced = 0;       // calls with a time that none of its tariffs holds, so that the cost is too low
   bool Failed = false;    // a price was beyond what numbers hold; its part is left out
   bool Cheapest = false;  // of those that price every call, or of all where none does; several may be alike
@@ -20,7 +21,8 @@ struct OfferCost {
 
 // The calls of one service.
 struct ServiceComparison {
-  Int16 Service = 0;  // index into Services
+  Int16 Service = 0;   // index into Services
+  int Connection = 0;  // number of the first one
   long Sessions = 0;
   double Cost = 0;                // its own
   std::vector<OfferCost> Offers;  // in the order of the services, its own among them

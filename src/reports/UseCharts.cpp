@@ -12,6 +12,7 @@
 #include "reports/HtmlCharts.h"
 #include "reports/HtmlPage.h"
 #include "settings/Settings.h"
+#include "values/CodePage.h"
 #include "values/DateFormat.h"
 
 namespace qel {
@@ -195,10 +196,11 @@ MaybeChart UseByCalendar(const UseByTime& use, bool withCosts, double width) {
                   table.Finish({"TOTALS:", TimeText(sum.Seconds), MoneyText(sum.Cost)})};
 }
 
+const std::vector<StackPart> CostParts = {{"Dial-up", "dialup"}, {"Service", "service"}, {"Data", "data"}};
+
 MaybeChart CostByService(const UseByService& use, double width) {
   const std::vector<ServiceUse> drawn = Dearest(use.Services());
   if (drawn.empty() || !(drawn.front().TotalCost > 0)) return {};
-  const std::vector<StackPart> parts = {{"Dial-up", "dialup"}, {"Service", "service"}, {"Data", "data"}};
   std::vector<Stack> stacks;
   double widest = 0;
   for (const auto& service : drawn) {
@@ -213,7 +215,7 @@ MaybeChart CostByService(const UseByService& use, double width) {
   const ChartTexts texts{"Cost by service", caption,
                          "The dearest is " + drawn.front().Service + " at " + stacks.front().Total + ".",
                          width};
-  return UseChart{StackedBars(texts, parts, stacks, MoneyScale(widest)), CostTable(use)};
+  return UseChart{StackedBars(texts, CostParts, stacks, MoneyScale(widest)), CostTable(use)};
 }
 
 }  // namespace
@@ -226,6 +228,23 @@ std::vector<UseChart> UseCharts(const UseByService& services, const UseByTime& t
         UseByCalendar(times, withCosts, width), UseByHour(times, width)})
     if (chart) charts.push_back(std::move(*chart));
   return charts;
+}
+
+Drawing OffersDrawing(const Settings& settings, const ServiceComparison& service, double width) {
+  const auto nameOf = [&](int index) { return std::string(Trim(settings.Services[index].ServiceName)); };
+  std::vector<Stack> stacks;
+  double widest = 0;
+  std::string cheapest;
+  for (const auto& offer : service.Offers) {
+    const std::vector<double> costs = {offer.Parts.DialCostNow, offer.Parts.ServiceCostNow,
+                                       offer.Parts.DataCostNow};
+    stacks.push_back({nameOf(offer.Service), costs, MoneyText(offer.Cost), service.Connection});
+    widest = std::max(widest, Sum(costs));
+    if (offer.Cheapest) cheapest += (cheapest.empty() ? "" : ", ") + nameOf(offer.Service);
+  }
+  const std::string caption = "Cheapest by the costs of " + cheapest + ".";
+  return StackedBars({"Calls of " + nameOf(service.Service), caption, caption, width}, CostParts, stacks,
+                     MoneyScale(widest));
 }
 
 std::vector<Drawing> ReportDrawings(const ReportOf& of, double width) {

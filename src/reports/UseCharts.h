@@ -7,6 +7,7 @@
 
 #include "platform/Drawing.h"
 #include "reports/ReportOf.h"
+#include "reports/TariffComparison.h"
 #include "reports/UseByService.h"
 #include "reports/UseByTime.h"
 
@@ -20,6 +21,9 @@ struct UseChart {
 // Those that there is something to draw for, in the order in which they are read. `width` is that of each.
 std::vector<UseChart> UseCharts(const UseByService& services, const UseByTime& times, bool withCosts,
                                 double width);
+
+// A bar for each offer of a service; all lead to its first connection.
+Drawing OffersDrawing(const Settings& settings, const ServiceComparison& service, double width);
 
 // Of all connections of a report.
 std::vector<Drawing> ReportDrawings(const ReportOf& of, double width);

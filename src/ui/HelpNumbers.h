@@ -11,6 +11,7 @@ enum HelpContext {
   HelpMainWindow = 10,
   HelpReportWindow = 20,
   HelpPrice = 25,
+  HelpCompare = 26,
   HelpService = 60,  // the first tab; the others follow
   HelpTariff = 64,
   HelpLogViewer = 80,

@@ -3,6 +3,7 @@
 #include "core/Surroundings.h"
 #include "core/Version.h"
 #include "maintenance/Optimize.h"
+#include "ui/frmCompare.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmMain.h"
 #include "ui/frmPreConfigure.h"
@@ -97,6 +98,17 @@ void frmMain::mnuRepairLog_Click() {
   SetTrace("frmMain", "mnuRepairLog_Click");
   windows.FileRepairForm->ShowModal();
   ReadLogAgain();
+}
+
+// Of the report of the period, which stands behind it.
+void frmMain::mnuCompare_Click() {
+  if (!btnProcess.Enabled) {
+    MsgBox({"Please choose the days of the report first.", "Compare Tariffs", Icon::Information});
+    return;
+  }
+  btnProcess_Click();
+  SetTrace("frmMain", "mnuCompare_Click");
+  if (!findings.LogCorrupt && !analysis.ServicesExceeded) windows.CompareForm->ShowComparison();
 }
 
 void frmMain::mnuModemWizard_Click() {

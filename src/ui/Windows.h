@@ -25,6 +25,7 @@ struct Windows {
   TheForm<class frmSplash, Windows> SplashForm{*this};
   TheForm<class frmReport, Windows> ReportForm{*this};
   TheForm<class frmPrice, Windows> PriceForm{*this};
+  TheForm<class frmCompare, Windows> CompareForm{*this};
   TheForm<class frmViewLog, Windows> ViewLogForm{*this};
   TheForm<class frmHelp, Windows> HelpForm{*this};
   TheForm<class frmFind, Windows> FindForm{*this};

@@ -47,6 +47,7 @@ class frmMain : public Window, public Display, public PeriodFields {
   MenuItem mnuPurgeLog{*this, "mnuPurgeLog", [this] { mnuPurgeLog_Click(); }};
   MenuItem mnuOptimize{*this, "mnuOptimize", [this] { mnuOptimize_Click(); }};
   MenuItem mnuRepairLog{*this, "mnuRepairLog", [this] { mnuRepairLog_Click(); }};
+  MenuItem mnuCompare{*this, "mnuCompare", [this] { mnuCompare_Click(); }};
   MenuItem mnuModemWizard{*this, "mnuModemWizard", [this] { mnuModemWizard_Click(); }};
   MenuItem mnuQuickDate{*this, "mnuQuickDate"};
   MenuItem mnuToday{*this, "mnuToday"};
@@ -186,6 +187,7 @@ class frmMain : public Window, public Display, public PeriodFields {
   void mnuPurgeLog_Click();
   void mnuOptimize_Click();
   void mnuRepairLog_Click();
+  void mnuCompare_Click();
   void mnuModemWizard_Click();
   void Optimize();
   void DisableControls() { EnableControls(false); }

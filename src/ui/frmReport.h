@@ -39,6 +39,8 @@ class frmReport : public Window, private Display {
   void StatusUpdate();
   // In the list of the Details; nothing where it does not hold the connection.
   void SelectConnection(int number);
+  // The list of the Details, where it stands.
+  void ReportCharts_TargetClick(int connection);
 
   // Connections and totals are half made: no report is built of them.
   bool AnalysisUnderWay = false;
@@ -120,7 +122,6 @@ class frmReport : public Window, private Display {
   void mnuFormatStd_Click();
   void mnuListView_Click();
   void mnuCharts_Click();
-  void ReportCharts_TargetClick(int connection);
   void mnuNumConnections_Click();
   void mnuAutoArrange_Click();
   void mnuFontIncrease_Click();

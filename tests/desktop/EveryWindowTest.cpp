@@ -43,9 +43,9 @@ class EveryWindow : public ProgramTest {
     windows->ServiceForm->NewService = windows->TariffForm->NewTariff = true;
     for (Form* form : std::initializer_list<Form*>{
              &*windows->MainForm, &*windows->SplashForm, &*windows->ReportForm, &*windows->PriceForm,
-             &*windows->AboutForm, &*windows->FileRepairForm, &*windows->PurgeForm, &*windows->ViewLogForm,
-             &*windows->FindForm, &*windows->SetupForm, &*windows->ServiceForm, &*windows->TariffForm,
-             &*windows->TipForm, &*windows->PreConfigureForm, &*windows->HelpForm}) {
+             &*windows->CompareForm, &*windows->AboutForm, &*windows->FileRepairForm, &*windows->PurgeForm,
+             &*windows->ViewLogForm, &*windows->FindForm, &*windows->SetupForm, &*windows->ServiceForm,
+             &*windows->TariffForm, &*windows->TipForm, &*windows->PreConfigureForm, &*windows->HelpForm}) {
       form->Show();
       QTest::qWait(250);  // until its frame is known
       QWidget& window = FaceOf(*form)->Window();

@@ -6,6 +6,7 @@
 
 #include "support/FreshProgram.h"
 #include "ui/frmAbout.h"
+#include "ui/frmCompare.h"
 #include "ui/frmFileRepair.h"
 #include "ui/frmFind.h"
 #include "ui/frmHelp.h"
