@@ -237,7 +237,9 @@ void frmReport::mnuPrint_Click() {
   SetTrace("frmReport", "mnuPrint_Click");
   StatusUpdate();
   try {
-    CurrentHost().Print({.Title = Caption, .Text = PrintedText(), .Drawings = ReportCharts.Drawings()});
+    PrintJob job{.Title = Caption, .Text = PrintedText()};
+    job.Drawings = ReportCharts.Drawings();
+    CurrentHost().Print(job);
   } catch (const RunTimeError& error) {
     TellFailure("printed", error);
   }
