@@ -195,7 +195,9 @@ int PagesOf(const std::string& text, const std::vector<Drawing>& drawings = {}) 
   {
     QPdfWriter writer(&pdf);
     writer.setPageSize(QPageSize(QPageSize::A4));
-    PrintPages({"Report", text, {"", 10}, 567, drawings}, writer);
+    PrintJob job{"Report", text, {"", 10}, 567};
+    job.Drawings = drawings;
+    PrintPages(job, writer);
   }
   return static_cast<int>(pdf.data().count("/Type /Page\n"));
 }
