@@ -3,20 +3,17 @@
 #include <algorithm>
 
 #include "settings/ServiceStore.h"
-#include "values/CodePage.h"
 #include "values/DateFormat.h"
 
 namespace qel {
 
 namespace {
 
-std::string NameOf(const ServiceRecord& service) { return std::string(Trim(service.ServiceName)); }
-
 void FindNoCost(const ServiceRecord& service, std::vector<Finding>& findings) {
   if (!CostsNothing(service)) return;
   findings.push_back(
-      {FindingKind::NoCost, NameOf(service), 0, std::nullopt,
-       "Calls to " + NameOf(service) +
+      {FindingKind::NoCost, ServiceNameOf(service), 0, std::nullopt,
+       "Calls to " + ServiceNameOf(service) +
            " cost nothing: the service has no rate for the call, the time on line or the data."});
 }
 
@@ -29,9 +26,10 @@ void FindSharedNumbers(const Settings& settings, int index, std::vector<Finding>
     for (int i = 0; !number.empty() && i < index; ++i) {
       const ServiceRecord& first = settings.Services[i];
       if (number != first.ServiceNumber && number != first.ServiceAltNumber) continue;
-      findings.push_back({FindingKind::SharedNumber, NameOf(service), 0, std::nullopt,
-                          "Calls to " + number + " are charged as calls to " + NameOf(first) + ": " +
-                              NameOf(service) + " has the same number, but stands behind it in the list."});
+      findings.push_back({FindingKind::SharedNumber, ServiceNameOf(service), 0, std::nullopt,
+                          "Calls to " + number + " are charged as calls to " + ServiceNameOf(first) + ": " +
+                              ServiceNameOf(service) +
+                              " has the same number, but stands behind it in the list."});
       break;
     }
 }
@@ -62,11 +60,12 @@ void FindNameClashes(const Settings& settings, std::vector<Finding>& findings) {
       if (second.ServiceOption != ServiceRecord::FlexibleRate &&
           first.ServiceOption != ServiceRecord::FlexibleRate)
         continue;
-      findings.push_back({FindingKind::NameClash, NameOf(second), 0, std::nullopt,
-                          "The second rate of " + NameOf(second) + " and the first of " + NameOf(first) +
-                              " are both stored as " + name + ": a program that does not know " +
-                              OwnNameBeside(name).value_or(name) + " charges long use of " + NameOf(second) +
-                              " by the rate of " + NameOf(first) + "."});
+      findings.push_back({FindingKind::NameClash, ServiceNameOf(second), 0, std::nullopt,
+                          "The second rate of " + ServiceNameOf(second) + " and the first of " +
+                              ServiceNameOf(first) + " are both stored as " + name +
+                              ": a program that does not know " + OwnNameBeside(name).value_or(name) +
+                              " charges long use of " + ServiceNameOf(second) + " by the rate of " +
+                              ServiceNameOf(first) + "."});
     }
 }
 

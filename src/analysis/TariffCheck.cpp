@@ -5,7 +5,6 @@
 #include "analysis/SettingsCheck.h"
 #include "analysis/TariffDays.h"
 #include "analysis/TariffWeek.h"
-#include "values/CodePage.h"
 
 namespace qel {
 
@@ -33,7 +32,7 @@ class TariffCheck {
  public:
   TariffCheck(const Settings& settings, const ServiceRecord& service, Date today)
       : service(service),
-        name(Trim(service.ServiceName)),
+        name(ServiceNameOf(service)),
         anyHolidays(settings.UsedHolidays > 0),
         assumed(HolidaysOf(settings, today)),
         days(KindsOfDay(assumed, today)),

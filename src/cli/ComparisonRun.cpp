@@ -9,6 +9,7 @@
 #include "registry/StoredRegion.h"
 #include "settings/SettingsExchange.h"
 #include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 
@@ -67,9 +68,8 @@ void TellGaps(const Settings& settings, const std::vector<ServiceComparison>& se
     for (const auto& offer : service.Offers) unpriced[offer.Service] += offer.Unpriced;
   for (const auto& [offer, calls] : unpriced)
     if (calls > 0)
-      Complain(ToUtf8(std::string(Trim(settings.Services[offer].ServiceName)) + ": no tariff holds all of " +
-                      std::to_string(calls) + (calls == 1 ? " call" : " calls") +
-                      ", so that its costs come out too low"));
+      Complain(ToUtf8(ServiceNameOf(settings.Services[offer]) + ": no tariff holds all of " +
+                      Counted(calls, "call") + ", so that its costs come out too low"));
 }
 
 }  // namespace

@@ -7,14 +7,11 @@
 #include "registry/StoredRegion.h"
 #include "settings/SettingsExchange.h"
 #include "values/CodePage.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 
 namespace {
-
-std::string Counted(int count, const char* noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
 
 void TellSetAsideStores(RegistryStore& store) {
   for (const auto& file : store.TakeSetAside())

@@ -86,7 +86,7 @@ std::unique_ptr<ControlFace> FaceOfTimetable(FormFace& form, Control& model);
 template <class Face, class Model, class Shown>
 std::unique_ptr<ControlFace> FaceOf(FormFace& form, Control& control) {
   auto* model = dynamic_cast<Model*>(&control);
-  auto* shown = model ? qobject_cast<Shown*>(form.ObjectOf(control)) : nullptr;
+  auto* shown = model ? dynamic_cast<Shown*>(form.ObjectOf(control)) : nullptr;
   return shown ? std::make_unique<Face>(form, *model, *shown) : nullptr;
 }
 

@@ -95,9 +95,7 @@ class DrawingFace : public ControlFace {
 }  // namespace
 
 std::unique_ptr<ControlFace> FaceOfDrawings(FormFace& form, Control& control) {
-  auto* model = dynamic_cast<DrawingView*>(&control);
-  auto* area = model ? dynamic_cast<DrawingArea*>(form.ObjectOf(control)) : nullptr;
-  return area ? std::make_unique<DrawingFace>(form, *model, *area) : nullptr;
+  return FaceOf<DrawingFace, DrawingView, DrawingArea>(form, control);
 }
 
 }  // namespace qel

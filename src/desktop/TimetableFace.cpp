@@ -17,6 +17,7 @@ class TimetableFace : public ControlFace {
     ControlFace::Push();
     picture.Show(model.Shows);
   }
+
   Timetable& model;
   TimetableWidget& picture;
 };
@@ -24,9 +25,7 @@ class TimetableFace : public ControlFace {
 }  // namespace
 
 std::unique_ptr<ControlFace> FaceOfTimetable(FormFace& form, Control& control) {
-  auto* const model = dynamic_cast<Timetable*>(&control);
-  auto* const picture = model ? dynamic_cast<TimetableWidget*>(form.ObjectOf(control)) : nullptr;
-  return picture ? std::make_unique<TimetableFace>(form, *model, *picture) : nullptr;
+  return FaceOf<TimetableFace, Timetable, TimetableWidget>(form, control);
 }
 
 }  // namespace qel

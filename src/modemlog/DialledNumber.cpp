@@ -36,7 +36,7 @@ Int16 GetServiceIndex(const Settings& settings, const std::string& number) {
 
 std::string GetServiceName(const Settings& settings, const std::string& number) {
   const Int16 index = GetServiceIndex(settings, number);
-  return index < 0 ? number : std::string(Trim(settings.Services[index].ServiceName));
+  return index < 0 ? number : ServiceNameOf(settings.Services[index]);
 }
 
 std::string GetAltNumber(const Settings& settings, const std::string& number) {

@@ -55,17 +55,12 @@ void ShowLogCorrupt() {
 }
 
 void ShowLogInvalid(bool timesForDates) {
-  if (timesForDates)
-    return void(MsgBox({Lines({"INVALID MODEM LOG FILE!", "",
-                               std::string("No report can be made of this log: ") + WhyTimesForDates + "."}),
-                        "WARNING", Icon::Critical}));
-  const std::string text = Lines({
-      "INVALID MODEM LOG FILE!",
-      "",
-      "The current file is NOT a Modem Log File.",
-      "Please review your configuration by clicking ",
-      "on 'QEL Options' in the 'File' menu.",
-  });
+  const std::string heading = "INVALID MODEM LOG FILE!";
+  const std::string text =
+      timesForDates
+          ? Lines({heading, "", std::string("No report can be made of this log: ") + WhyTimesForDates + "."})
+          : Lines({heading, "", "The current file is NOT a Modem Log File.",
+                   "Please review your configuration by clicking ", "on 'QEL Options' in the 'File' menu."});
   MsgBox({text, "WARNING", Icon::Critical});
 }
 

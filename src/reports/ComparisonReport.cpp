@@ -6,14 +6,11 @@
 #include "reports/ReportDocument.h"
 #include "values/CodePage.h"
 #include "values/DateFormat.h"
+#include "values/NumberConversion.h"
 
 namespace qel {
 
 namespace {
-
-std::string Counted(long count, const char* noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
 
 std::string RemarkOn(const OfferCost& offer) {
   std::string remark;
@@ -94,7 +91,7 @@ const ServiceUse* OwnUse(const Comparison& comparison, const std::string& servic
 }
 
 ComparisonTable TableOf(const ReportOf& of, const ServiceComparison& service) {
-  const auto nameOf = [&of](int index) { return std::string(Trim(of.settings.Services[index].ServiceName)); };
+  const auto nameOf = [&of](int index) { return ServiceNameOf(of.settings.Services[index]); };
   ComparisonTable table{
       nameOf(service.Service) + ": " + Counted(service.Sessions, "session") + ", " + MoneyText(service.Cost),
       "Costs of",

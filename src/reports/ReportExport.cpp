@@ -238,8 +238,7 @@ void AddExplained(ReportWriter& writer, const Settings& settings, const DetailLi
 }
 
 Record OfferRecord(const ReportOf& of, const ServiceComparison& service, const OfferCost& offer) {
-  const ServiceRecord& whose = of.settings.Services[offer.Service];
-  return {{"offer", ToCleanUtf8(Trim(whose.ServiceName))},
+  return {{"offer", ToCleanUtf8(ServiceNameOf(of.settings.Services[offer.Service]))},
           {"cost", offer.Cost},
           {"difference_a_month", AMonth(of.period, offer.Cost - service.Cost)},
           {"cheapest", offer.Cheapest},
@@ -247,7 +246,7 @@ Record OfferRecord(const ReportOf& of, const ServiceComparison& service, const O
 }
 
 std::string NameOf(const ReportOf& of, const ServiceComparison& service) {
-  return ToCleanUtf8(Trim(of.settings.Services[service.Service].ServiceName));
+  return ToCleanUtf8(ServiceNameOf(of.settings.Services[service.Service]));
 }
 
 void AddComparedAsJson(ReportWriter& writer, const ReportOf& of, const Comparison& comparison) {

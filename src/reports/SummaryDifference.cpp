@@ -13,6 +13,7 @@
 #include "reports/UseByService.h"
 #include "settings/Settings.h"
 #include "values/CodePage.h"
+#include "values/NumberConversion.h"
 #include "values/NumberFormat.h"
 #include "values/Region.h"
 
@@ -142,9 +143,7 @@ std::string DifferenceOf(const ServiceUse& summary, const ServiceUse& connection
     text += (text.empty() ? "" : ", ") + amount + (difference > 0 ? " more" : " less");
   };
   const long sessions = summary.Sessions - connections.Sessions;
-  if (sessions != 0)
-    add(std::to_string(std::labs(sessions)) + (std::labs(sessions) == 1 ? " session" : " sessions"),
-        static_cast<double>(sessions));
+  if (sessions != 0) add(Counted(std::labs(sessions), "session"), static_cast<double>(sessions));
   const auto seconds = static_cast<double>(summary.Seconds - connections.Seconds);
   if (seconds != 0) add(FormatTime(static_cast<float>(std::fabs(seconds)), false), seconds);
   const auto bytes = static_cast<double>(summary.BytesRead - connections.BytesRead);

@@ -12,7 +12,6 @@
 #include "reports/HtmlCharts.h"
 #include "reports/HtmlPage.h"
 #include "settings/Settings.h"
-#include "values/CodePage.h"
 #include "values/DateFormat.h"
 
 namespace qel {
@@ -231,7 +230,7 @@ std::vector<UseChart> UseCharts(const UseByService& services, const UseByTime& t
 }
 
 Drawing OffersDrawing(const Settings& settings, const ServiceComparison& service, double width) {
-  const auto nameOf = [&](int index) { return std::string(Trim(settings.Services[index].ServiceName)); };
+  const auto nameOf = [&](int index) { return ServiceNameOf(settings.Services[index]); };
   std::vector<Stack> stacks;
   double widest = 0;
   std::string cheapest;

@@ -1,5 +1,7 @@
 #include "settings/ServiceRecords.h"
 
+#include "values/CodePage.h"
+
 namespace qel {
 
 namespace {
@@ -19,6 +21,8 @@ bool TimeCosts(const ServiceRecord& service) {
 }
 
 }  // namespace
+
+std::string ServiceNameOf(const ServiceRecord& service) { return std::string(Trim(service.ServiceName)); }
 
 bool CostsNothing(const ServiceRecord& service) {
   return !CallCosts(service) && !TimeCosts(service) && service.PerMeg == 0;

@@ -65,6 +65,9 @@ struct ServiceRecord {
   bool WarningSound = false;
 };
 
+// As people read it: without blanks around it.
+std::string ServiceNameOf(const ServiceRecord& service);
+
 // Whether nothing that happens with the service is charged: no call, no time on line, no data.
 bool CostsNothing(const ServiceRecord& service);
 

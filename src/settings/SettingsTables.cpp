@@ -84,14 +84,12 @@ const SettingRow<ViewLogRecord> ViewLog[] = {
 const SettingRow<WindowSettings> ViewReport[] = {
     Row<&WindowSettings::SaveReportSettings>("SaveSettings", StoredAs::Word, true),
     Row<&WindowSettings::ReportListView>("ListView", StoredAs::Word, true),
-    {"Charts",
-     StoredAs::Word,
-     MemberOf<&WindowSettings::ReportCharts>::PlaceIn,
-     {},
-     false,
-     nullptr,
-     nullptr,
-     true},
+    {.Name = "Charts",
+     .As = StoredAs::Word,
+     .PlaceIn = MemberOf<&WindowSettings::ReportCharts>::PlaceIn,
+     .Default = {},
+     .Dirty = false,
+     .OnlyWhereSet = true},
     Row<&WindowSettings::ReportAutoArrange>("AutoArrange", StoredAs::Word, false),
 };
 

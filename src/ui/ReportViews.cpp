@@ -122,8 +122,8 @@ void frmReport::mnuCharts_Click() {
 }
 
 // Opens the Details at the connection.
-void frmReport::ReportCharts_TargetClick(int connection) {
-  SetTrace("frmReport", "ReportCharts_TargetClick");
+void frmReport::ShowConnection(int connection) {
+  SetTrace("frmReport", "ShowConnection");
   StoreSettings();
   ChooseView(View::List);
   if (!mnuDetails.Checked) ChooseReport(Details);

@@ -7,7 +7,6 @@
 #include "reports/UseCharts.h"
 #include "ui/HelpNumbers.h"
 #include "ui/frmReport.h"
-#include "values/CodePage.h"
 
 namespace qel {
 
@@ -40,7 +39,7 @@ void frmCompare::ShowComparison() {
   ShowModal();
   if (wanted == 0) return;
   windows.ReportForm->ShowAnalysis();
-  windows.ReportForm->ReportCharts_TargetClick(wanted);
+  windows.ReportForm->ShowConnection(wanted);
 }
 
 void frmCompare::FillOffers() {
@@ -54,7 +53,7 @@ void frmCompare::FillOffers() {
                         {"Remark", 2600}});
   std::vector<ListRow> rows;
   for (const auto& service : services) {
-    const std::string name(Trim(settings.Services[service.Service].ServiceName));
+    const std::string name = ServiceNameOf(settings.Services[service.Service]);
     for (const auto& row : TableOf(session.Reported(), service).Rows)
       rows.push_back({name, {row.Name, row.Cost, row.Difference, row.Remark}});
   }

@@ -55,7 +55,7 @@ frmReport::frmReport(Windows& owner) : Window("frmReport", owner) {
     mnuExplain_Click();
   };
   ReportCharts.PlaceChange = [this] { StatusUpdate(); };
-  ReportCharts.TargetClick = [this](int connection) { ReportCharts_TargetClick(connection); };
+  ReportCharts.TargetClick = [this](int connection) { ShowConnection(connection); };
 }
 
 void frmReport::Toolbar1_ButtonClick(const std::string& key) {

@@ -40,7 +40,7 @@ class frmReport : public Window, private Display {
   // In the list of the Details; nothing where it does not hold the connection.
   void SelectConnection(int number);
   // The list of the Details, where it stands.
-  void ReportCharts_TargetClick(int connection);
+  void ShowConnection(int connection);
 
   // Connections and totals are half made: no report is built of them.
   bool AnalysisUnderWay = false;

@@ -184,6 +184,10 @@ std::string Str(double number) {
 
 std::string NumberText(double number) { return TextOf(number, Region.NumberDecimal); }
 
+std::string Counted(long count, const char* noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
 double XVal(const std::string& text) {
   const auto decimal = text.find(Region.NumberDecimal);
   const auto thousand = Region.NumberThousand.empty() ? std::string::npos : text.find(Region.NumberThousand);

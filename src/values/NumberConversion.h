@@ -19,6 +19,9 @@ std::string Str(double number);
 // and from 1E+15 on: "0.25", "1E+20". Raises 6 (overflow) for an infinite number.
 std::string NumberText(double number);
 
+// "1 call", "2 calls".
+std::string Counted(long count, const char* noun);
+
 // The value of a text in regional form; what follows the number is ignored, an empty text is 0. Thousand
 // separators before the decimal symbol do not end the number; a decimal symbol before the first of them is no
 // regional form, and the text is read as it stands.
