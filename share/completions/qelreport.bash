@@ -28,7 +28,7 @@ _qelreport() {
     --from | --to) ;;
     *)
       mapfile -t COMPREPLY < <(compgen -W '--log --settings --from --to --report --explain --compare --format --output --stats
-        --check --import --help -h --version' -- "$word")
+        --check --follow --import --help -h --version' -- "$word")
       ;;
   esac
 }

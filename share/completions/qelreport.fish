@@ -12,6 +12,7 @@ complete -c qelreport -l format -xa 'text csv json html' -d 'how the report is w
 complete -c qelreport -l output -rF -d 'where the report is written'
 complete -c qelreport -l stats -d 'print the statistics of the log instead'
 complete -c qelreport -l check -d 'print what is doubtful in the settings instead'
+complete -c qelreport -l follow -d 'print a line as each call closes'
 complete -c qelreport -l import -rF -d 'take exported settings into your own'
 complete -c qelreport -s h -l help -d 'print the help'
 complete -c qelreport -l version -d 'print the version'

@@ -13,6 +13,7 @@ _arguments \
   '--output=[where the report is written]:file:_files' \
   '--stats[print the statistics of the log instead]' \
   '--check[print what is doubtful in the settings instead]' \
+  '--follow[print a line as each call closes]' \
   '--import=[take exported settings into your own]:settings:_files -g "*.(#i)reg"' \
   '--help[print the help]' \
   '-h[print the help]' \

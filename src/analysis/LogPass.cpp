@@ -46,7 +46,7 @@ LogPass::LogPass(Pricing& pricing, const LogFile& logFile, float entries, Analys
       TotalsClasses(ClassesOfTotals(settings)) {}
 
 void LogPass::Run() {
-  MakeArrays();
+  Begin();
   TraceStep("Progress Chunk");
   CurrentDisplay().ShowProgress(true);
   ProgressChunk = NextProgress = Int32(std::floor(entries / 10));
@@ -57,7 +57,7 @@ void LogPass::Run() {
   CurrentDisplay().ShowProgress(false);
 }
 
-void LogPass::MakeArrays() {
+void LogPass::Begin() {
   TraceStep("Service Arrays");
   Attempt([this] { result.ServiceTotals.Make(settings.MaxServices); });
   TraceStep("Connection Arrays");
@@ -269,6 +269,7 @@ void LogPass::BetweenConnections(unsigned classes) {
 }
 
 void LogPass::Process(std::string_view line, const LineClassifier& classifier) {
+  KeepReading = true;
   if (!TakeLine(line)) return;
   if (IsBehindPeriod()) {
     KeepReading = false;

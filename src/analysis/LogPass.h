@@ -27,14 +27,16 @@ class LogPass {
   // display of its progress and the user of limits.
   void Run();
 
+  // For a log that grows while it is read: what comes before the first line, and each line as it comes. The
+  // last connection is open while a dial or a call is under way.
+  void Begin();
+  void Process(std::string_view line, const LineClassifier& classifier);
+  bool HasOpenConnection() const { return Connected || CurrentService != 0; }
+
  private:
   class Close;  // of one connection
 
-  void MakeArrays();
   void ReadLog();
-
-  // Handles one line of the open log.
-  void Process(std::string_view line, const LineClassifier& classifier);
   bool TakeLine(std::string_view line);
   bool TakeText(std::string_view line);
   void CountEntry();

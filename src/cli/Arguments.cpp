@@ -13,7 +13,8 @@ struct OptionRow {
   const char* value;  // what the usage calls it, "[N]" if it may be left out; nullptr for none
   const char* explanation;
   Take take;
-  enum Use { OfReport, OfCheckToo, Alone } use = OfReport;  // what may stand beside --check, and --import
+  enum Use : unsigned { Alone = 0, OfReport = 1, OfCheck = 2, OfFollowing = 4, OfAll = 7 };
+  unsigned use = OfReport;  // what it may stand beside
 };
 
 bool AllDigits(const std::string& text) {
@@ -65,15 +66,17 @@ const Choice<OutputFormat> Formats[] = {{"text", OutputFormat::Text},
 
 const OptionRow Rows[] = {
     {"--log", "FILE", "the modem log to read (default: that of the settings)",
-     [](Arguments& a, const std::string& value) { a.log = value; }, OptionRow::OfCheckToo},
+     [](Arguments& a, const std::string& value) { a.log = value; }, OptionRow::OfAll},
     {"--settings", "FILE.reg", "services, tariffs and options; never written to",
-     [](Arguments& a, const std::string& value) { a.settings = value; }, OptionRow::OfCheckToo},
+     [](Arguments& a, const std::string& value) { a.settings = value; }, OptionRow::OfAll},
     {"--from", "YYYY-MM-DD", "first day of the report (default: the log's first)",
-     [](Arguments& a, const std::string& value) { a.from = IsoDateOf(value); }},
+     [](Arguments& a, const std::string& value) { a.from = IsoDateOf(value); },
+     OptionRow::OfReport | OptionRow::OfFollowing},
     {"--to", "YYYY-MM-DD", "last day of the report (default: the log's last)",
      [](Arguments& a, const std::string& value) { a.to = IsoDateOf(value); }},
     {"--report", "summary|details|compare", "services (default), connections, or costs elsewhere",
-     [](Arguments& a, const std::string& value) { a.report = Choose(Reports, "--report", value); }},
+     [](Arguments& a, const std::string& value) { a.report = Choose(Reports, "--report", value); },
+     OptionRow::OfReport | OptionRow::OfFollowing},
     {"--explain", "[N]", "the price of each connection of the details, or of number N",
      [](Arguments& a, const std::string& value) {
        a.explain = {true, ConnectionNumberOf(value)};
@@ -82,13 +85,16 @@ const OptionRow Rows[] = {
      [](Arguments& a, const std::string& value) { a.compare.push_back(value); }},
     {"--format", "text|csv|json|html", "how it is written, in UTF-8 (default: text)",
      [](Arguments& a, const std::string& value) { a.format = Choose(Formats, "--format", value); },
-     OptionRow::OfCheckToo},
+     OptionRow::OfAll},
     {"--output", "FILE", "where it is written (default: standard output)",
-     [](Arguments& a, const std::string& value) { a.output = value; }, OptionRow::OfCheckToo},
+     [](Arguments& a, const std::string& value) { a.output = value; },
+     OptionRow::OfReport | OptionRow::OfCheck},
     {"--stats", nullptr, "print the log's statistics in place of a report",
      [](Arguments& a, const std::string&) { a.stats = true; }},
     {"--check", nullptr, "print what is doubtful in the settings in place of a report",
-     [](Arguments& a, const std::string&) { a.check = true; }, OptionRow::OfCheckToo},
+     [](Arguments& a, const std::string&) { a.check = true; }, OptionRow::OfCheck},
+    {"--follow", nullptr, "print a line as each call closes, until it is interrupted",
+     [](Arguments& a, const std::string&) { a.follow = true; }, OptionRow::OfFollowing},
     {"--import", "FILE.reg", "take exported settings into your own, and nothing else",
      [](Arguments& a, const std::string& value) { a.import = value; }, OptionRow::Alone},
     {"--help", nullptr, "print this help, as -h does",
@@ -112,8 +118,7 @@ std::string Shown(const OptionRow& row) {
 
 Arguments ParseArguments(const std::vector<std::string>& words) {
   Arguments arguments;
-  const char* ofReport = nullptr;      // an option that was given for a report
-  const char* ofReportOnly = nullptr;  // and goes with no check
+  std::vector<const OptionRow*> given;
   for (std::size_t i = 0; i < words.size(); ++i) {
     const auto equals = words[i].starts_with("--") ? words[i].find('=') : std::string::npos;
     const OptionRow& row = RowOf(words[i].substr(0, equals));
@@ -131,13 +136,20 @@ Arguments ParseArguments(const std::vector<std::string>& words) {
     const bool lacksValue = mayLackValue && equals == std::string::npos;
     if (row.value && value.empty() && !lacksValue) throw ArgumentError(Shown(row) + ": the value is empty");
     row.take(arguments, value);
-    if (row.use != OptionRow::Alone) ofReport = row.name;
-    if (row.use == OptionRow::OfReport) ofReportOnly = row.name;
+    given.push_back(&row);
   }
-  if (arguments.import && ofReport)
-    throw ArgumentError(std::string("--import makes no report and takes no ") + ofReport);
-  if (arguments.check && ofReportOnly)
-    throw ArgumentError(std::string("--check makes no report and takes no ") + ofReportOnly);
+  const auto refuse = [&given](const char* option, unsigned use) {
+    for (const OptionRow* row : given)
+      if (row->use != OptionRow::Alone && !(row->use & use))
+        throw ArgumentError(option + (" and takes no " + std::string(row->name)));
+  };
+  if (arguments.import) refuse("--import makes no report", OptionRow::Alone);
+  if (arguments.check) refuse("--check makes no report", OptionRow::OfCheck);
+  if (arguments.follow) refuse("--follow prints calls as they close", OptionRow::OfFollowing);
+  if (arguments.follow && arguments.report.value_or(ReportKind::Details) != ReportKind::Details)
+    throw ArgumentError("--follow prints calls as they close, of --report details alone");
+  if (arguments.follow && arguments.format == OutputFormat::Html)
+    throw ArgumentError("--follow writes text, csv or json");
   if (arguments.check && (arguments.format == OutputFormat::Csv || arguments.format == OutputFormat::Html))
     throw ArgumentError("--check writes text or json");
   if (!arguments.compare.empty() &&
@@ -180,7 +192,8 @@ std::string HelpText() {
   return text +
          "\nExit status: 0 a whole report, 1 no report, 2 wrong arguments, 3 a report that\n"
          "is incomplete because the connection limit was reached. Of an import: 0 taken,\n"
-         "1 not taken. Of a check: 0 nothing found, 1 something found or no check.\n";
+         "1 not taken. Of a check: 0 nothing found, 1 something found or no check.\n"
+         "Of following: 0 interrupted, 1 nothing to follow, 3 the limit was reached.\n";
 }
 
 }  // namespace qel

@@ -25,6 +25,7 @@ struct Arguments {
   std::optional<std::string> import;
   bool stats = false;
   bool check = false;
+  bool follow = false;
   bool help = false;
   bool version = false;
 };

@@ -56,4 +56,15 @@ bool SelectLog(Session& session, const std::optional<std::string>& named, EntryC
   return true;
 }
 
+bool SelectLogToFollow(Session& session, const std::optional<std::string>& named) {
+  const LogFindings& findings = session.findings;
+  NameLog(session, named);
+  if (!CanBeRead(session.logFile)) return false;
+  session.Examine(LogHealth::Sound, EntryCount::NotWanted);
+  if (findings.TimesForDates) return Refuse(session.logFile, WhyTimesForDates);
+  if (!findings.LogEmpty && findings.FirstEntryDate == 0)
+    return Refuse(session.logFile, "this is no modem log: no entry has a date");
+  return true;
+}
+
 }  // namespace qel

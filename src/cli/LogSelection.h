@@ -12,7 +12,10 @@ namespace qel {
 // corruption, and gathers its statistics. False with a complaint where there is nothing to report on.
 bool SelectLog(Session& session, const std::optional<std::string>& named, EntryCount count);
 
-// Its first step, without a look at the file.
+// The same for a log that is to be followed, which may be empty yet, or end in the middle of a line.
+bool SelectLogToFollow(Session& session, const std::optional<std::string>& named);
+
+// Their first step, without a look at the file.
 void NameLog(Session& session, const std::optional<std::string>& named);
 
 // Whether the log in hand can be read; says on standard error why not.

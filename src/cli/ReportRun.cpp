@@ -4,6 +4,7 @@
 
 #include "analysis/TariffDays.h"
 #include "cli/ComparisonRun.h"
+#include "cli/FollowRun.h"
 #include "cli/LogSelection.h"
 #include "cli/PeriodSelection.h"
 #include "cli/ReportOutput.h"
@@ -81,6 +82,7 @@ ExitStatus RunReport(const Arguments& arguments, CommandLineHost& host) {
   if (!OpenSettings(session.store, arguments)) return NoReport;
   LoadSettings(session);
   if (arguments.check) return RunSettingsCheck(session, arguments);
+  if (arguments.follow) return RunFollowing(session, arguments);
   const EntryCount count = arguments.stats ? EntryCount::Wanted : EntryCount::NotWanted;
   if (!SelectLog(session, arguments.log, count)) return NoReport;
   if (arguments.output && !MayWriteTo(session.logFile, arguments)) return NoReport;

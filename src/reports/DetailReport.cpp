@@ -245,4 +245,14 @@ std::string DetailReportText(const ReportOf& of, const Explaining& explaining) {
   return BuildReport(of, Grid::None, explaining).ReportText;
 }
 
+std::string DetailInOneLine(const Settings& settings, const DetailLine& line) {
+  constexpr int momentWidth = 22;
+  const LineTexts texts(settings, line);
+  const std::string moment = texts.Start.Day + " " + texts.Start.Clock;
+  const std::string notes(Trim(TidyNotes(line.Connection.Notes)));
+  return Blanks(momentWidth - static_cast<int>(moment.size())) + moment + "  " + texts.Duration +
+         (settings.CalcCosts ? CostCell(texts.Cost) : "") + "  " + texts.Service +
+         (notes.empty() ? "" : "  " + notes);
+}
+
 }  // namespace qel

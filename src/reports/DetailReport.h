@@ -14,4 +14,8 @@ ReportDocument DisplayDetailReport(const ReportOf& of);
 // one connection alone.
 std::string DetailReportText(const ReportOf& of, const Explaining& explaining = {});
 
+// A connection in one line, without an end: beginning, length, cost where costs are calculated, service,
+// notes.
+std::string DetailInOneLine(const Settings& settings, const DetailLine& line);
+
 }  // namespace qel

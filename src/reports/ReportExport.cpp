@@ -191,6 +191,13 @@ Record DetailRecord(const Settings& settings, const DetailLine& line) {
           {"flags", FlagsOf(c)}};
 }
 
+// For the names of what a connection has.
+struct NoLine {
+  ConnectionRecord Connection;
+  CallPieces Pieces;
+  DetailLine Line{Connection, Pieces};
+};
+
 double AsPrinted(double number) { return std::strtod(PlainNumber(number).c_str(), nullptr); }
 
 Field If(bool applies, Field field) {
@@ -324,14 +331,12 @@ std::string ExportStatistics(const LogFile& logFile, const LogFindings& findings
 }
 
 std::string ExportDetails(const ReportOf& of, ExportFormat format, const Explaining& explaining) {
-  const ConnectionRecord none;
-  const CallPieces noPieces;
+  const NoLine none;
   const PricePiece noPiece{};
-  const DetailLine noLine{none, noPieces};
   const bool byPiece = explaining.Wanted && format == ExportFormat::Csv;
   ReportWriter writer(of, format, "details", "connections",
-                      byPiece ? PieceOfConnection(noLine, {PricePart::Dialup, &noPiece, 0, ""})
-                              : DetailRecord(of.settings, noLine));
+                      byPiece ? PieceOfConnection(none.Line, {PricePart::Dialup, &noPiece, 0, ""})
+                              : DetailRecord(of.settings, none.Line));
   ForEachConnection(of, [&](const DetailLine& line) {
     if (!explaining.Includes(line)) return;
     if (explaining.Wanted)
@@ -340,6 +345,14 @@ std::string ExportDetails(const ReportOf& of, ExportFormat format, const Explain
       writer.Add(DetailRecord(of.settings, line));
   });
   return writer.Finish();
+}
+
+std::string ExportedConnection(const Settings& settings, const DetailLine& line, ExportFormat format) {
+  return RecordText(DetailRecord(settings, line), format) + (format == ExportFormat::Json ? "\n" : "");
+}
+
+std::string ConnectionNames(const Settings& settings, ExportFormat format) {
+  return format == ExportFormat::Csv ? CsvNames(DetailRecord(settings, NoLine().Line)) : "";
 }
 
 std::string ExportComparison(const ReportOf& of, ExportFormat format, const Comparison& comparison) {

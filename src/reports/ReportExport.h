@@ -30,6 +30,11 @@ std::string ExportSummary(const ReportOf& of, ExportFormat format);
 // sum to each part of the cost. In CSV a record is a piece, not a connection.
 std::string ExportDetails(const ReportOf& of, ExportFormat format, const Explaining& explaining = {});
 
+// The record of one connection on a line of its own, for a file that grows by the line; and the line above
+// the first of them, which CSV alone has.
+std::string ExportedConnection(const Settings& settings, const DetailLine& line, ExportFormat format);
+std::string ConnectionNames(const Settings& settings, ExportFormat format);
+
 // One record for each service that was called and each service whose costs it is compared with: offer,
 // sessions, cost, difference a month, whether it is the cheapest, and the calls with a time that no tariff of
 // the offer holds. In CSV the services under each of the other settings follow, with the name of their file;

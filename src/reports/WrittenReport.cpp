@@ -30,6 +30,15 @@ std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind
   return text;
 }
 
+std::string WrittenConnection(const Settings& settings, const DetailLine& line, OutputFormat format) {
+  if (format == OutputFormat::Text) return ToCleanUtf8(DetailInOneLine(settings, line)) + "\n";
+  return ExportedConnection(settings, line, ExportFormatOf(format));
+}
+
+std::string LineAboveConnections(const Settings& settings, OutputFormat format) {
+  return format == OutputFormat::Text ? "" : ConnectionNames(settings, ExportFormatOf(format));
+}
+
 std::string WrittenReport(const ReportOf& of, const LogFile& logFile, const Comparison& comparison,
                           OutputFormat format) {
   if (format == OutputFormat::Html) return ComparisonPage(of, logFile, comparison);

@@ -18,6 +18,10 @@ ExportFormat ExportFormatOf(OutputFormat format);
 std::string WrittenReport(const ReportOf& of, const LogFile& logFile, ReportKind report, OutputFormat format,
                           const Explaining& explaining = {});
 
+// A connection of the Details in one line, and the line above the first one, if there is any. Not for HTML.
+std::string WrittenConnection(const Settings& settings, const DetailLine& line, OutputFormat format);
+std::string LineAboveConnections(const Settings& settings, OutputFormat format);
+
 // A comparison of such an analysis.
 std::string WrittenReport(const ReportOf& of, const LogFile& logFile, const Comparison& comparison,
                           OutputFormat format);
