@@ -44,6 +44,10 @@ Int16 FollowedLog::LastClosed() const {
   return pass->HasOpenConnection() ? result.ConnectionCount - 1 : result.ConnectionCount;
 }
 
+const ConnectionRecord* FollowedLog::OnLine() const {
+  return pass->IsConnected() ? &result.Connections[result.ConnectionCount] : nullptr;
+}
+
 bool FollowedLog::MayGainData(Int16 connection) const {
   const ConnectionRecord& record = result.Connections[connection];
   return connection > 0 && connection == result.ConnectionCount && !(record.ReadNoted && record.WrittenNoted);

@@ -30,6 +30,12 @@ class FollowedLog {
   Int16 LastClosed() const;
   bool MayGainData(Int16 connection) const;
 
+  // The connection of a call that stands, or nullptr; and the result as if it ended at a moment, not before
+  // it began.
+  const ConnectionRecord* OnLine() const;
+  AnalysisResult ClosedAt(Date moment) const { return pass->ClosedAt(moment); }
+  const Pricing& CallPricing() const { return *pricing; }  // before that call
+
   // The first connection that has closed and was not told; what is told up to `last` is not news any more. Of
   // a log that is analysed anew only those are news that ended later than all that were told.
   Int16 FirstUntold() const { return told + 1; }

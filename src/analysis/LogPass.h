@@ -32,6 +32,9 @@ class LogPass {
   void Begin();
   void Process(std::string_view line, const LineClassifier& classifier);
   bool HasOpenConnection() const { return Connected || CurrentService != 0; }
+  bool IsConnected() const { return Connected; }
+  // What would be left behind if the call that stands ended at a moment. The pass itself stays as it is.
+  AnalysisResult ClosedAt(Date moment) const;
 
  private:
   class Close;  // of one connection
@@ -75,6 +78,7 @@ class LogPass {
   // forgotten with all before it), by a line that opens another one, and by the end of the log. The last two
   // estimate the end by NoDisconDuration and NoDisconData.
   void OrdinaryClose();
+  void CloseAtLine();
   void CloseNoDisconnect();
   void CloseAtEndOfLog();
   void ForgetTimeBeforePeriod();

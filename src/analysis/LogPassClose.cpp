@@ -190,6 +190,10 @@ void LogPass::CloseBy(const std::function<void(Close&)>& steps) {
 
 void LogPass::OrdinaryClose() {
   TakeLineTime();
+  CloseAtLine();
+}
+
+void LogPass::CloseAtLine() {
   if (LineDate >= period.PeriodStart) {
     const auto read = ReadTotal, written = WriteTotal;
     CloseBy([this](Close& close) { close.Ordinary(LineDate, LineTime); });
@@ -197,6 +201,19 @@ void LogPass::OrdinaryClose() {
   }
   ClearAnalysisVars();
   ForgetTimeBeforePeriod();
+}
+
+AnalysisResult LogPass::ClosedAt(Date moment) const {
+  AnalysisResult then = result;
+  Pricing trial = pricing;
+  LogPass pass(trial, logFile, entries, then);
+  pass.CurrentService = CurrentService;
+  pass.ReadTotal = ReadTotal;
+  pass.WriteTotal = WriteTotal;
+  pass.LineDate = WholeDay(moment);
+  pass.LineTime = moment - pass.LineDate;
+  pass.CloseAtLine();
+  return then;
 }
 
 void LogPass::CountTotals(std::optional<Int32> read, std::optional<Int32> written) {

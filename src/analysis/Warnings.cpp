@@ -1,5 +1,6 @@
 #include "analysis/Warnings.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -15,11 +16,6 @@
 namespace qel {
 
 namespace {
-
-struct WarningEntry {
-  std::string Name;
-  std::string Text;
-};
 
 enum WarningOption { TotalTime = 0, DialupCosts = 1, ServiceCosts = 2, DataRead = 3 };
 
@@ -44,36 +40,39 @@ std::optional<std::string> ExceededBy(const ServiceTotal& slot, const ServiceRec
   }
 }
 
-void ShowWarnings(const std::vector<WarningEntry>& list) {
+void ShowWarnings(const Settings& settings, const std::vector<Warning>& list) {
   std::string text =
       "One or more dialled service(s) have exceeded a user\n"
       "defined threshold for this reporting period.\n\n";
-  for (const auto& entry : list) text += entry.Name + " - " + entry.Text + "\n";
+  for (const auto& warning : list)
+    text += settings.Services[warning.Service].ServiceName + " - " + warning.Text + "\n";
   MsgBox({text, "User Defined Warnings", Icon::Information});
 }
 
 void CheckAll(const Settings& settings, const AnalysisResult& result) {
-  std::vector<WarningEntry> list;
-  bool play = false, display = false;
+  const auto list = ExceededWarnings(settings, result);
+  const auto someWants = [&](bool ServiceRecord::*wish) {
+    return std::ranges::any_of(list, [&](const Warning& w) { return settings.Services[w.Service].*wish; });
+  };
+  if (someWants(&ServiceRecord::WarningSound)) {
+    CurrentHost().PlaySoundFile(settings.WarningSoundFile);
+    CurrentHost().Yield();
+  }
+  if (someWants(&ServiceRecord::WarningDisplay)) ShowWarnings(settings, list);
+}
+
+}  // namespace
+
+std::vector<Warning> ExceededWarnings(const Settings& settings, const AnalysisResult& result) {
+  std::vector<Warning> list;
   for (int i = 1; i <= settings.MaxServices; ++i) {
     const ServiceTotal& slot = result.ServiceTotals[i];
     const Int16 index = GetServiceIndex(settings, slot.Number);
     if (index < 0 || !settings.Services[index].ShowWarnings) continue;
-    const ServiceRecord& service = settings.Services[index];
-    const auto text = ExceededBy(slot, service);
-    if (!text) continue;
-    list.push_back({service.ServiceName, *text});
-    play = play || service.WarningSound;
-    display = display || service.WarningDisplay;
+    if (const auto text = ExceededBy(slot, settings.Services[index])) list.push_back({index, *text});
   }
-  if (play) {
-    CurrentHost().PlaySoundFile(settings.WarningSoundFile);
-    CurrentHost().Yield();
-  }
-  if (display) ShowWarnings(list);
+  return list;
 }
-
-}  // namespace
 
 void CheckWarnings(const Settings& settings, const AnalysisResult& result) {
   IgnoreErrors([&] { CheckAll(settings, result); });

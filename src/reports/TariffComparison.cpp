@@ -9,22 +9,13 @@
 #include "analysis/Pricing.h"
 #include "core/ErrorHandler.h"
 #include "core/Surroundings.h"
+#include "core/Unattended.h"
 #include "modemlog/DialledNumber.h"
 #include "reports/DetailLines.h"
 
 namespace qel {
 
 namespace {
-
-// Prices are tried without the user: what fails is left out, and known.
-class Unattended : public Host, public Display {
- public:
-  Answer MessageBox(const Message&) override {
-    Failed = true;
-    return Answer::Ignore;
-  }
-  bool Failed = false;
-};
 
 // What the analysis worked out by the service's costs when it closed the connection.
 void CloseAnew(ConnectionRecord& connection, const Pricing& pricing) {

@@ -20,6 +20,7 @@ frmMain::frmMain(Windows& owner)
   Calendar1.Value = Today();
   imgEndArrow.Visible = false;
   ProgressBar1.Visible = false;
+  LabelCall.Visible = LabelCall2.Visible = false;
   WireCommands();
   WirePeriod();
   PicAnimQel.DblClick = [this] { PicAnimQel_DblClick(); };
@@ -38,6 +39,7 @@ void frmMain::Form_Load() {
     MakeDateField(*input);
     input->Text = "";  // the rules run anew, whatever dates stood here
   }
+  followed.reset();
   EnableByLog();
   setLogExtents();
   HideStatDisplay();

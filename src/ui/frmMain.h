@@ -3,21 +3,24 @@
 // Its handlers are told apart by what they are for: frmMain.cpp (life of the window, what is enabled when),
 // MainPeriod.cpp (dates), MainCommands.cpp (menus and tool bar), RecentFiles.cpp, MainOptions.cpp
 // (options and their files), MainTools.cpp (viewer, log tools, wizard),
-// MainStatistics.cpp (panel, status line, animation).
+// MainStatistics.cpp (panel, status line, animation), MainCall.cpp (the call under way).
 #pragma once
 
 #include <array>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 
 #include "analysis/PeriodFields.h"
+#include "analysis/RunningCall.h"
 #include "controls/Bars.h"
 #include "controls/Buttons.h"
 #include "controls/Pickers.h"
 #include "controls/TextControls.h"
 #include "core/Display.h"
 #include "maintenance/ClearAndArchive.h"
+#include "platform/FileWatch.h"
 #include "ui/Windows.h"
 
 namespace qel {
@@ -97,11 +100,15 @@ class frmMain : public Window, public Display, public PeriodFields {
   Label LabelLogLast{*this, "LabelLogLast"}, LabelLogLast2{*this, "LabelLogLast2"};
   Label LabelLogSpan{*this, "LabelLogSpan"}, LabelLogSpan2{*this, "LabelLogSpan2"};
 
+  // The call under way, while there is one.
+  Label LabelCall{*this, "LabelCall"}, LabelCall2{*this, "LabelCall2"};
+
   Picture imgGraphic{*this, "imgGraphic"};  // the drawing that ShowGraphic is about
   Picture PicAnimQel{*this, "PicAnimQel", [this] { TimerAnim.Enabled = !TimerAnim.Enabled; }};
   StatusBar StatusBarMain{*this, "StatusBarMain"};
   ProgressBar ProgressBar1{*this, "ProgressBar1"};
   Timer TimerAnim{*this, "TimerAnim", 100, [this] { TimerAnim_Timer(); }};
+  Timer TimerCall{*this, "TimerCall", 1000, [this] { TimerCall_Timer(); }};
   Timer Timer1{*this, "Timer1", 5000, [this] { Timer1_Timer(); }};
 
   // Whether a timed message stands in the status bar.
@@ -211,10 +218,28 @@ class frmMain : public Window, public Display, public PeriodFields {
   void Timer1_Timer();
   void TimerAnim_Timer();
   void PicAnimQel_DblClick();
+  void TimerCall_Timer();
+  bool FollowLog();
+  void ShowCall(const std::optional<RunningCall>& call);
+  void BeepAtThresholds(const RunningCall& call);
 
   // The default log while an archive is open, and whether it can be gone back to.
   std::string defaultLogFile, defaultLogDir;
   bool defaultLogUsable = false;
+
+  // The default log as it grows, by the settings and for the period as they were when it was begun.
+  struct FollowedNow {
+    FollowedNow(const Settings& settings, const std::string& path, Date from)
+        : settings(settings), from(from), log(this->settings, path, from), watch(path) {}
+    const Settings settings;
+    const Date from;
+    FollowedLog log;
+    FileWatch watch;
+    int looksLeftOut = 0;
+  };
+  std::optional<FollowedNow> followed;
+  Date callStart = 0;              // of the call that is shown
+  std::set<Int16> exceededBefore;  // services whose thresholds it had reached by then
 
   std::optional<ArchiveTry> lastArchive;  // of this run
 
