@@ -50,7 +50,7 @@ void frmCompare::FillOffers() {
                         {"By the costs of", 2000},
                         {"Cost", 1300, ColumnAlign::Right},
                         {"Difference a month", 1900, ColumnAlign::Right},
-                        {"Remark", 2600}});
+                        {"Remark", 3300}});
   std::vector<ListRow> rows;
   for (const auto& service : services) {
     const std::string name = ServiceNameOf(settings.Services[service.Service]);
