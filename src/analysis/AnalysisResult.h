@@ -17,7 +17,7 @@ inline constexpr char AnsweredNumber[] = "Answered Call";
 inline constexpr char UndialledNumber[] = "Unknown Service";
 
 // What the notes of a connection begin with, in the order of their texts in ConnectionNotes.cpp.
-enum class ConnectionKind { Plain, NoCost, NoDialLine, NoDisconnect, IncompleteTariff };
+enum class ConnectionKind : std::uint8_t { Plain, NoCost, NoDialLine, NoDisconnect, IncompleteTariff };
 
 // One rebuilt connection.
 struct ConnectionRecord {
