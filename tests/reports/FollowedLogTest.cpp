@@ -4,7 +4,11 @@
 #include "WeekLog.h"
 #include "analysis/Analyse.h"
 #include "analysis/FollowedLog.h"
+#include "analysis/RunningCall.h"
+#include "core/ShownDates.h"
+#include "platform/TextToDate.h"
 #include "reports/WrittenReport.h"
+#include "values/DateFormat.h"
 
 namespace qel {
 
@@ -99,6 +103,70 @@ TEST_F(FollowedLogTest, ALineWithoutADateIsPassedOverAndALimitEndsIt) {
   Append(whole.substr(second));
   News(log, true);
   EXPECT_TRUE(log.LimitReached());
+}
+
+// At any moment, and what is asked at one moment changes nothing at the next.
+TEST_F(FollowedLogTest, TheCallUnderWayCostsWhatItWouldIfItEndedThen) {
+  std::mt19937 random(15);
+  const Date start = DateSerial(1999, 3, 8) + TimeSerial(17, 30, 0);
+  const std::string before = whole + FormatDate(start, "mm-dd-yyyy hh:nn:ss") + ".00 - ";
+  for (const std::string number : {"5550100", "5550200", "5550999"}) {
+    const std::string dialled = before + "Recv: ATDT" + number + "<cr>\r\n" +
+                                FormatDate(start, "mm-dd-yyyy hh:nn:ss") + ".50 - Connection established\r\n";
+    folder.Put("log", dialled);
+    FollowedLog log(settings, folder.Path("log"), 0);
+    log.ReadOn();
+    for (int i = 0; i < 50; ++i) {
+      const Date now = AddSeconds(start, static_cast<double>(random() % 130000));
+      const auto call = CallUnderWay(log, now);
+      ASSERT_TRUE(call);
+      folder.Put("ended",
+                 dialled + FormatDate(now, "mm-dd-yyyy hh:nn:ss") + ".00 - Hanging up the modem\r\n");
+      FollowedLog ended(settings, folder.Path("ended"), 0);
+      ended.ReadOn();
+      AnalysisResult result = ended.Result();
+      double cost = -1;
+      ForEachConnection({result, settings, ended.FollowedPeriod()},
+                        [&cost](const DetailLine& line) { cost = line.ConnectionCost; });
+      EXPECT_NEAR(call->Cost, cost, 1e-9) << number << " " << MomentText(now, now, false);
+      EXPECT_EQ(call->Seconds, SecondsBetween(start, now));
+    }
+    EXPECT_FALSE(CallUnderWay(log, start + settings.MaxConnectDays + 1));
+  }
+}
+
+TEST_F(FollowedLogTest, TheNextChangeOfThePriceIsTold) {
+  struct Case {
+    Int16 serviceOption;
+    const char *from, *to;  // of the free time
+    const char *now, *change;
+  };
+  const Case cases[] = {
+      {1, "", "", "17:30:00", "3/8/1999 5:31:00 PM Day"},
+      {1, "", "", "17:31:00", "3/8/1999 6:00:00 PM Night"},
+      {1, "", "", "18:00:00", "3/9/1999 8:00:00 AM Day"},
+      {1, "17:45", "20:00", "17:31:10", "3/8/1999 5:45:00 PM free time"},
+      {0, "17:45", "20:00", "17:31:10", "3/8/1999 6:00:00 PM Night"},
+      {2, "", "", "17:50:00", "3/8/1999 6:00:00 PM Night"},
+      {2, "", "", "18:00:01", "3/8/1999 6:30:00 PM more than 1 hour"},
+  };
+  const Date day = DateSerial(1999, 3, 8);
+  folder.Put("log",
+             "03-08-1999 17:30:00.00 - Recv: ATDT5550100<cr>\r\n"
+             "03-08-1999 17:30:00.00 - Connection established\r\n");
+  ServiceRecord& service = settings.Services[0];
+  service.UpToHours = 1;
+  service.PenaltyPeriod = "Day";
+  for (const auto& one : cases) {
+    service.ServiceOption = one.serviceOption;
+    service.FreePeriod = *one.from != 0;
+    if (service.FreePeriod) service.FreeStart = TextToDate(one.from), service.FreeEnd = TextToDate(one.to);
+    FollowedLog log(settings, folder.Path("log"), 0);
+    log.ReadOn();
+    const auto call = CallUnderWay(log, day + TextToDate(one.now));
+    ASSERT_TRUE(call && call->Change) << one.change;
+    EXPECT_EQ(MomentText(call->Change->At, call->Change->At, false) + " " + call->Change->What, one.change);
+  }
 }
 
 }  // namespace qel
