@@ -55,7 +55,7 @@ bool FollowedLog::MayGainData(Int16 connection) const {
 
 Date FollowedLog::EndOf(Int16 connection) const {
   const ConnectionRecord& record = result.Connections[connection];
-  return record.EndDate + record.EndTime;
+  return AtTime(record.EndDate, record.EndTime);
 }
 
 void FollowedLog::Told(Int16 last) {

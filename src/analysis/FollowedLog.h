@@ -17,6 +17,8 @@ class FollowedLog {
   // By `settings`, which must outlive this, in a period that begins on `from`, or with the log's first day
   // where that is 0, and has no end.
   FollowedLog(const Settings& settings, const std::string& path, Date from);
+  FollowedLog(const FollowedLog&) = delete;
+  FollowedLog& operator=(const FollowedLog&) = delete;
 
   // Takes the lines that the log has gained; none behind a limit of the settings. A log that is no longer the
   // same is analysed anew by the next call. Lines without a date are passed over. Raises as FileTail does;

@@ -269,7 +269,7 @@ void LogPass::BetweenConnections(unsigned classes) {
 }
 
 void LogPass::Process(std::string_view line, const LineClassifier& classifier) {
-  KeepReading = true;
+  KeepReading = true;  // whatever the line before said
   if (!TakeLine(line)) return;
   if (IsBehindPeriod()) {
     KeepReading = false;

@@ -16,15 +16,17 @@ constexpr int DaysAhead = 7;
 
 // The next moment behind `now` at which a time of day comes.
 Date Next(Date now, Date timeOfDay) {
-  const Date today = AddSeconds(WholeDay(now), SecondOfDay(timeOfDay));
+  const Date today = AtTime(WholeDay(now), timeOfDay);
   return today > now ? today : today + 1;
 }
 
+Date StartOf(const ConnectionRecord& call) { return AtTime(call.StartDate, call.StartTime); }
+
 class NextChange {
  public:
-  NextChange(const Pricing& pricing, const std::string& number, Date start, Date now)
-      : pricing(pricing), number(number), start(start), now(now) {
-    const Int16 index = GetServiceIndex(pricing.settings, number);
+  NextChange(const Pricing& pricing, const ConnectionRecord& call, Date now)
+      : pricing(pricing), call(call), now(now) {
+    const Int16 index = GetServiceIndex(pricing.settings, call.Number);
     service = index < 0 ? nullptr : &pricing.settings.Services[index];
   }
 
@@ -44,7 +46,7 @@ class NextChange {
   void FindTariff() {
     for (int day = 0; day < DaysAhead && !change; ++day) {
       PricePieces pieces;
-      pricing.GetDialupCost(number, WholeDay(start), start - WholeDay(start), WholeDay(now) + day,
+      pricing.GetDialupCost(call.Number, call.StartDate, call.StartTime, WholeDay(now) + day,
                             TimeSerial(23, 59, 59), &pieces);
       const PricePiece* before = nullptr;
       for (const PricePiece& piece : pieces) {
@@ -76,8 +78,8 @@ class NextChange {
   void FindHours() {
     Pricing trial = pricing;
     PricePieces pieces;
-    const Int32 free = trial.GetFreeSeconds(number, start - WholeDay(start), now - WholeDay(now));
-    trial.GetServiceCost(number, SecondsBetween(start, now) - free, WholeDay(start), &pieces);
+    const Int32 free = trial.GetFreeSeconds(call.Number, call.StartTime, now - WholeDay(now));
+    trial.GetServiceCost(call.Number, SecondsBetween(StartOf(call), now) - free, call.StartDate, &pieces);
     for (const PricePiece& piece : pieces)
       if (piece.Kind == PieceKind::WithinHours)
         Take(AddSeconds(now, service->UpToHours * 3600.0 - piece.UsedAfter),
@@ -85,8 +87,8 @@ class NextChange {
   }
 
   const Pricing& pricing;
-  const std::string& number;
-  const Date start, now;
+  const ConnectionRecord& call;
+  const Date now;
   const ServiceRecord* service;
   std::optional<PriceChange> change;
 };
@@ -100,7 +102,7 @@ std::optional<RunningCall> CallUnderWay(const FollowedLog& log, Date now) {
   if (!connection) return std::nullopt;
   const Settings& settings = log.CallPricing().settings;
   RunningCall call;
-  call.Start = AddSeconds(connection->StartDate, SecondOfDay(connection->StartTime));
+  call.Start = StartOf(*connection);
   call.Number = connection->Number;
   now = std::max(now, call.Start);  // clocks differ
   if (now - call.Start > settings.MaxConnectDays) return std::nullopt;
@@ -109,7 +111,7 @@ std::optional<RunningCall> CallUnderWay(const FollowedLog& log, Date now) {
   const CallCosts& costs = then.LastCosts;
   if (settings.CalcCosts && !connection->Answered) {
     call.Cost = costs.DialCostNow + costs.ServiceCostNow + costs.DataCostNow;
-    IgnoreErrors([&] { call.Change = NextChange(log.CallPricing(), call.Number, call.Start, now).Find(); });
+    IgnoreErrors([&] { call.Change = NextChange(log.CallPricing(), *connection, now).Find(); });
   }
   call.Exceeded = ExceededWarnings(settings, then);
   return call;

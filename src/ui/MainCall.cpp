@@ -39,19 +39,17 @@ std::string TextOf(const Settings& settings, const RunningCall& call) {
 void frmMain::TimerCall_Timer() {
   if (optionsOpen) return;
   std::optional<RunningCall> call;
-  {
-    Unattended nobody;
-    const Surroundings around(nobody, nobody);
-    IgnoreErrors([&] {
-      if (FollowLog()) call = CallUnderWay(followed->log, Now());
-    });
-  }
+  IgnoreErrors([&] {
+    if (FollowLog()) call = CallUnderWay(followed->log, Now());
+  });
   ShowCall(call);
   if (call) BeepAtThresholds(*call);
 }
 
 // Reads what the log has gained. False where it is not followed.
 bool frmMain::FollowLog() {
+  Unattended nobody;
+  const Surroundings around(nobody, nobody);
   if (logFile.ArchiveOpen || !findings.LogExists || findings.LogCorrupt || findings.LogInvalid) {
     followed.reset();
     return false;
